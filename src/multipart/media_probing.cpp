@@ -1,0 +1,110 @@
+/*
+ * Media probes of a body part: how long a clip plays, and whether the handset can show or play a
+ * part at all. Clips are opened in the platform's player engine without any output device.
+ */
+#include "multipart/body_part.h"
+
+#include "platform/comp_util.h"
+#include "platform/player_engine.h"
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPixmap>
+
+#include <limits>
+#include <memory>
+
+namespace {
+
+constexpr int NotMeasured = -1;
+constexpr int DurationStep = 500; // milliseconds
+
+struct EngineDestroyer
+{
+    void operator()(MP_PlayerEngine *engine) const { engine->destroy(); }
+};
+using EnginePointer = std::unique_ptr<MP_PlayerEngine, EngineDestroyer>;
+
+EnginePointer createEngine()
+{
+    return EnginePointer(MP_CreatePlayerEngine(nullptr, nullptr));
+}
+
+bool open(MP_PlayerEngine &engine, const QByteArray &data, const QByteArray &extension)
+{
+    return engine.open(data.constData(), int(data.size()), extension.constData());
+}
+
+// Up to the next step, by the signed remainder: negative durations stay, and so does one whose next
+// step is no int.
+int roundedUp(int duration)
+{
+    const int rest = duration % DurationStep;
+    const int missing = rest > 0 ? DurationStep - rest : 0;
+    return duration > std::numeric_limits<int>::max() - missing ? duration : duration + missing;
+}
+
+// A pixmap without a running GUI would end the process.
+bool isDecodableImage(const QByteArray &data)
+{
+    if (qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
+        QPixmap pixmap;
+        pixmap.loadFromData(data);
+        return pixmap.width() > 0 && pixmap.height() > 0;
+    }
+    const QImage image = QImage::fromData(data);
+    return image.width() > 0 && image.height() > 0;
+}
+
+} // namespace
+
+int MMS_COMP_SMILMultipartBodypart::getPlayDur()
+{
+    if (m_bodyData.isEmpty())
+        return NotMeasured;
+    const EnginePointer engine = createEngine();
+    if (!engine)
+        return NotMeasured;
+    QString extension = MMS_COMP_Util::getFirstSupportExtNameByMIMEType(m_contentType, m_subType);
+    if (extension.isEmpty())
+        extension = MMS_COMP_Util::getExtName(m_contentLocation);
+    if (extension.isEmpty() || !open(*engine, m_bodyData, extension.toLocal8Bit())) {
+        m_mediaCheck = MediaCheck::NotSupported;
+        return NotMeasured;
+    }
+    StaticStreamInfo info;
+    int duration = NotMeasured;
+    if (engine->getStreamInfo(&info) && info.playDuration != 0
+        && info.playDuration != NotMeasured) {
+        m_mediaCheck = MediaCheck::Supported;
+        duration = info.playDuration;
+    }
+    engine->close();
+    return roundedUp(duration);
+}
+
+bool MMS_COMP_SMILMultipartBodypart::isMediaObjectSupported()
+{
+    if (m_mediaCheck != MediaCheck::NotChecked)
+        return m_mediaCheck == MediaCheck::Supported;
+    if (m_contentType == QLatin1String("image")) {
+        const bool supported = isDecodableImage(m_bodyData);
+        m_mediaCheck = supported ? MediaCheck::Supported : MediaCheck::NotSupported;
+        return supported;
+    }
+    if (m_contentType != QLatin1String("audio") && m_contentType != QLatin1String("video"))
+        return true;
+
+    const QString name = m_dispFileName.isEmpty() ? m_contentLocation : m_dispFileName;
+    QString extension =
+        MMS_COMP_Util::getFirstSupportExtNameByMIMEType(m_contentType, m_subType).toLower();
+    if (extension.isEmpty() && name.isEmpty())
+        return false;
+    if (extension.isEmpty())
+        extension = MMS_COMP_Util::getExtName(name); // in the sender's case: the engine is asked so
+    const EnginePointer engine = createEngine();
+    if (!engine || !open(*engine, m_bodyData, extension.toLatin1()))
+        return false;
+    engine->close();
+    return true;
+}

@@ -1,0 +1,216 @@
+#include "multipart/multipart.h"
+
+#include "multipart/multipart_result.h"
+#include "multipart/part_names.h"
+#include "multipart/reference.h"
+#include "platform/email_util.h"
+
+#include <algorithm>
+#include <memory>
+
+using Part = MMS_COMP_SMILMultipartBodypart;
+
+namespace {
+
+constexpr QLatin1String ApplicationType("application");
+constexpr QLatin1String RelatedSubType("vnd.wap.multipart.related");
+constexpr QLatin1String SmilType("application/smil");
+
+bool equalsIgnoringCase(const QString &text, QLatin1String lowerCase)
+{
+    return text.toLower() == lowerCase;
+}
+
+bool matches(const Reference::Matcher &reference, const Part *part)
+{
+    return part && reference.matches(part->getContentID(), part->getContentLocation());
+}
+
+bool isAttachment(const Part *part)
+{
+    return part && part->getDispFileType() == Part::Attachment;
+}
+
+} // namespace
+
+MMS_COMP_SMILMultipart::MMS_COMP_SMILMultipart() : m_extType(SmilType), m_start(QLatin1String(""))
+{
+    setRelatedType();
+    m_parts.setAutoDelete(true);
+}
+
+MMS_COMP_SMILMultipart::MMS_COMP_SMILMultipart(const MMS_COMP_SMILMultipart &source)
+{
+    copyFrom(source);
+}
+
+MMS_COMP_SMILMultipart::~MMS_COMP_SMILMultipart() = default;
+
+void MMS_COMP_SMILMultipart::setRelatedType()
+{
+    QCString text;
+    if (EMAIL_Util::typeEnumToStr(EMAIL_Util::Application, text))
+        m_mimeType = QString::fromLatin1(text);
+    if (EMAIL_Util::subTypeEnumToStr(EMAIL_Util::MultipartRelated, text))
+        m_subType = QString::fromLatin1(text);
+}
+
+void MMS_COMP_SMILMultipart::copyFrom(const MMS_COMP_SMILMultipart &source)
+{
+    m_extType = source.m_extType;
+    m_mimeType = source.m_mimeType;
+    m_subType = source.m_subType;
+    m_start = source.m_start;
+    const int count = source.getPartCount(); // a source that is this message grows meanwhile
+    for (int i = 0; i < count; ++i) {
+        if (const Part *part = source.m_parts.at(i))
+            m_parts.append(new Part(*part));
+    }
+}
+
+void MMS_COMP_SMILMultipart::clear()
+{
+    setRelatedType();
+    m_start = QLatin1String("");
+    m_extType = QLatin1String("");
+    m_parts.clear();
+}
+
+void MMS_COMP_SMILMultipart::appendBodypart(Part *part)
+{
+    if (part)
+        m_parts.append(part);
+}
+
+int MMS_COMP_SMILMultipart::insertBodypart(Part *part, int index)
+{
+    const int place = std::clamp(index, 0, getPartCount());
+    return part && m_parts.insert(place, part) ? MultipartResult::Ok
+                                               : MultipartResult::InsertionRefused;
+}
+
+int MMS_COMP_SMILMultipart::deletePart(int index)
+{
+    Part *part = m_parts.at(index);
+    if (part && part->getRefCount() > 1) {
+        part->setRefCount(part->getRefCount() - 1);
+        return MultipartResult::Ok;
+    }
+    return m_parts.remove(index) ? MultipartResult::Ok : MultipartResult::RemovalRefused;
+}
+
+int MMS_COMP_SMILMultipart::deletePartBySrc(const QString &src)
+{
+    if (src.isEmpty())
+        return MultipartResult::RemovalRefused;
+    const Reference::Matcher reference(src);
+    // The walk visits every remaining part in turn while the place to work at counts the visits, so
+    // each removal sets the two one further apart.
+    int place = 0;
+    for (int walk = 0; walk < m_parts.count(); ++place) {
+        const Part *visited = m_parts.at(walk);
+        if (!matches(reference, visited)) {
+            ++walk;
+            continue;
+        }
+        if (visited->getRefCount() > 1) {
+            if (Part *part = m_parts.at(place))
+                part->setRefCount(part->getRefCount() - 1);
+            return MultipartResult::Ok;
+        }
+        if (!m_parts.remove(place))
+            return MultipartResult::RemovalRefused;
+        if (place > walk)
+            ++walk;
+    }
+    return MultipartResult::Ok;
+}
+
+void MMS_COMP_SMILMultipart::setStart(const QString &start)
+{
+    m_start = start;
+    if (Part *part = getBodyPartBySrc(start, Part::Attachment))
+        part->setDispFileType(Part::Shown);
+}
+
+QString MMS_COMP_SMILMultipart::parseCid(const QString &reference)
+{
+    QStringView rest(reference);
+    if (rest.startsWith(QLatin1Char('<')))
+        rest = rest.sliced(1);
+    if (rest.endsWith(QLatin1Char('>')))
+        rest.chop(1);
+    if (rest.startsWith(QLatin1String("cid:"), Qt::CaseInsensitive))
+        rest = rest.sliced(4);
+    return rest.toString();
+}
+
+bool MMS_COMP_SMILMultipart::isCidEqual(const QString &a, const QString &b)
+{
+    const QString key = Reference::contentIdKey(a);
+    return !key.isEmpty() && key == Reference::contentIdKey(b);
+}
+
+Part *MMS_COMP_SMILMultipart::getBodyPartBySrc(const QString &src, int type) const
+{
+    if (src.isEmpty())
+        return nullptr;
+    const Reference::Matcher reference(src);
+    const auto found = std::find_if(m_parts.begin(), m_parts.end(), [&](const Part *part) {
+        return part && part->getDispFileType() == type && matches(reference, part);
+    });
+    return found != m_parts.end() ? *found : nullptr;
+}
+
+Part *MMS_COMP_SMILMultipart::getSmilPart()
+{
+    if (Part *part = getBodyPartBySrc(m_start, Part::Shown))
+        return part;
+    Part *first = m_parts.at(0);
+    if (!first || !isRelated() || !equalsIgnoringCase(first->getMimeFormat(), SmilType))
+        return nullptr;
+    first->setDispFileType(Part::Shown);
+    return first;
+}
+
+bool MMS_COMP_SMILMultipart::isPartExist(const QString &name) const
+{
+    if (!PartNames::isUsable(name))
+        return true;
+    const Reference::Matcher reference(name);
+    return std::any_of(m_parts.begin(), m_parts.end(),
+                       [&](const Part *part) { return matches(reference, part); });
+}
+
+QString MMS_COMP_SMILMultipart::createUniqueAttchmentLocation(const QString &ext) const
+{
+    return PartNames(*this).uniqueAttachmentLocation(ext);
+}
+
+QString MMS_COMP_SMILMultipart::createUniqueLocation(const QString &name) const
+{
+    return PartNames(*this).uniqueLocation(name);
+}
+
+bool MMS_COMP_SMILMultipart::isRelated() const
+{
+    return equalsIgnoringCase(m_mimeType, ApplicationType)
+        && equalsIgnoringCase(m_subType, RelatedSubType);
+}
+
+int MMS_COMP_SMILMultipart::getAttachmentCount() const
+{
+    return isRelated() ? int(std::count_if(m_parts.begin(), m_parts.end(), isAttachment))
+                       : getPartCount();
+}
+
+Part *MMS_COMP_SMILMultipart::getAttachment(int index) const
+{
+    if (!isRelated() || index < 0)
+        return m_parts.at(index);
+    int left = index;
+    const auto found = std::find_if(m_parts.begin(), m_parts.end(), [&](const Part *part) {
+        return isAttachment(part) && left-- == 0;
+    });
+    return found != m_parts.end() ? *found : nullptr;
+}

@@ -1,0 +1,21 @@
+/*
+ * Result codes of the multipart message, named once.
+ */
+#pragma once
+
+#include "platform/export.h"
+
+/// Results of the multipart message's operations: 0 for success, negative for failure.
+namespace MultipartResult {
+inline constexpr int Ok = 0;
+inline constexpr int NullArgument = -6; ///< null header or null multipart
+inline constexpr int OutOfMemory = -15;
+inline constexpr int CannotEncode = -18; ///< the codec could not write
+inline constexpr int CannotDecode = -19; ///< the codec could not read
+inline constexpr int UnknownCodecResult = -20;
+inline constexpr int InsertionRefused = -21;
+inline constexpr int RemovalRefused = -22; ///< bad index, empty reference or failed removal
+
+/// The meaning of @p code in words, in English and without a full stop; never null.
+QVL_EXPORT const char *meaning(int code);
+} // namespace MultipartResult

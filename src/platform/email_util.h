@@ -1,0 +1,33 @@
+/*
+ * Numbers for MIME types, subtypes, charsets and transfer encodings, as the e-mail system uses
+ * them.
+ */
+#pragma once
+
+#include "platform/export.h"
+#include "platform/qt_names.h"
+
+/**
+ * Code and text tables of the e-mail system.
+ *
+ * Looking a text up ignores its case and gives -1 for a text that is not in the table. Looking a
+ * code up gives false, or an empty text, for a code that is not in the table, and then leaves the
+ * output alone. The rest of the system relies on the codes named below.
+ */
+class QVL_EXPORT EMAIL_Util
+{
+public:
+    /// Codes of main types that the model uses.
+    enum TypeCode { Text = 1, Application = 4, Image = 5, Audio = 6, Video = 7 };
+    /// Codes of subtypes that the model uses.
+    enum SubTypeCode { MultipartRelated = 64, Smil = 66 };
+
+    static int typeStrToEnum(const QCString &text);
+    static bool typeEnumToStr(int code, QCString &text);
+    static int subTypeStrToEnum(const QCString &text);
+    static bool subTypeEnumToStr(int code, QCString &text);
+    /// Charsets have no lookup by text.
+    static bool charsetEnumToStr(int code, QCString &text);
+    static int cteStrToEnum(const QCString &text);
+    static QCString cteEnumToStr(int code);
+};

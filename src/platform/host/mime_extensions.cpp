@@ -1,0 +1,35 @@
+/*
+ * File extensions of media types, looked up in one table both ways.
+ */
+#include "platform/comp_util.h"
+
+#include "platform/host/mime_extension_table.h"
+
+using namespace HostPlatform;
+
+QString MMS_COMP_Util::getFirstSupportExtNameByMIMEType(const QString &type, const QString &subtype)
+{
+    const auto row =
+        std::ranges::find_if(mimeExtensionTable, [&](const MimeExtensionRow &candidate) {
+            return candidate.mediaType.matches(type, subtype);
+        });
+    const bool named = row != mimeExtensionTable.end() && row->naming == Naming::ByExtension;
+    return latin1(named ? row->extensions.preferred() : "");
+}
+
+bool MMS_COMP_Util::getMIMETypeByExtName(const QString &ext, QString &type, QString &subtype)
+{
+    if (ext.isEmpty())
+        return false;
+    const auto row =
+        std::ranges::find_if(mimeExtensionTable, [&](const MimeExtensionRow &candidate) {
+            return std::ranges::any_of(candidate.extensions.all, [&](std::string_view extension) {
+                return isSameToken(ext, extension);
+            });
+        });
+    if (row == mimeExtensionTable.end())
+        return false;
+    type = latin1(row->mediaType.type);
+    subtype = latin1(row->mediaType.subtype);
+    return true;
+}

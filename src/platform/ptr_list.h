@@ -1,0 +1,95 @@
+/*
+ * The pointer list of the published interfaces: an ordered list that deletes what it holds when
+ * auto-delete is on. Message, slide and layout own their children through it.
+ */
+#pragma once
+
+#include <cstddef>
+#include <utility>
+#include <vector>
+
+/**
+ * Ordered list of pointers to T, owning when autoDelete() is on (it starts off).
+ *
+ * Not copyable, so that two lists never believe that they own the same object. Null pointers can
+ * be stored; whoever walks a list guards against them. All index arguments count from 0.
+ */
+template <typename T>
+class QPtrList
+{
+public:
+    QPtrList() = default;
+    QPtrList(const QPtrList &) = delete;
+    QPtrList &operator=(const QPtrList &) = delete;
+    ~QPtrList() { clear(); }
+
+    /// Says whether remove(), clear() and the destructor delete what they take off the list.
+    void setAutoDelete(bool on) { m_autoDelete = on; }
+    bool autoDelete() const { return m_autoDelete; }
+
+    int count() const { return static_cast<int>(m_items.size()); }
+    bool isEmpty() const { return m_items.empty(); }
+
+    /// The pointer at @p index, or null when the index is out of range.
+    T *at(int index) const
+    {
+        return holds(index) ? m_items[static_cast<std::size_t>(index)] : nullptr;
+    }
+
+    /// Adds @p item at the end; the list owns it from here on when auto-delete is on.
+    void append(T *item) { m_items.push_back(item); }
+
+    /// Adds @p item at the front.
+    void prepend(T *item) { m_items.insert(m_items.begin(), item); }
+
+    /// Puts @p item before the one at @p index; false, and nothing taken, unless 0 <= index <=
+    /// count().
+    bool insert(int index, T *item)
+    {
+        if (index < 0 || index > count())
+            return false;
+        m_items.insert(m_items.begin() + index, item);
+        return true;
+    }
+
+    /// Takes the item at @p index off and deletes it when auto-delete is on; false out of range.
+    bool remove(int index)
+    {
+        if (!holds(index))
+            return false;
+        dispose(take(index));
+        return true;
+    }
+
+    /// Takes the item at @p index off without deleting it; null out of range.
+    T *take(int index)
+    {
+        if (!holds(index))
+            return nullptr;
+        T *item = m_items[static_cast<std::size_t>(index)];
+        m_items.erase(m_items.begin() + index);
+        return item;
+    }
+
+    /// Empties the list, deleting the items when auto-delete is on.
+    void clear()
+    {
+        for (T *item : std::exchange(m_items, {}))
+            dispose(item);
+    }
+
+    auto begin() const { return m_items.begin(); }
+    auto end() const { return m_items.end(); }
+
+private:
+    bool holds(int index) const { return index >= 0 && index < count(); }
+
+    void dispose(T *item) const
+    {
+        if (m_autoDelete)
+            delete item;
+    }
+
+    std::vector<T *> m_items;
+    bool m_autoDelete = false;
+};

@@ -1,0 +1,25 @@
+/*
+ * Published type names that today's Qt no longer has, under which callers' source still compiles.
+ */
+#pragma once
+
+#include "platform/ptr_list.h"
+
+#include <QByteArray>
+
+namespace QvlQtNames {
+template <typename T>
+struct ArrayOf;
+template <>
+struct ArrayOf<char>
+{
+    using Type = QByteArray;
+};
+} // namespace QvlQtNames
+
+/// Array of octets: `QArray<char>` is QByteArray. No other element type is used.
+template <typename T>
+using QArray = typename QvlQtNames::ArrayOf<T>::Type;
+
+/// Text in an 8-bit encoding.
+using QCString = QByteArray;

@@ -1,0 +1,38 @@
+/*
+ * Umbrella header: everything that the library publishes.
+ *
+ * A received message goes through MMS_UA_Decoder into a MMS_UA_UAMsg and through
+ * MMS_COMP_SMILMultipartParser::parse() into a MMS_COMP_SMILMultipart; a message to be sent goes
+ * through MMS_COMP_SMILMultipartParser::assembleBody() and MMS_UA_Encoder.
+ */
+#pragma once
+
+#include "multipart/body_part.h"
+#include "multipart/multipart.h"
+#include "multipart/multipart_parser.h"
+#include "multipart/multipart_result.h"
+#include "platform/comp_util.h"
+#include "platform/debug_log.h"
+#include "platform/email_util.h"
+#include "platform/entry.h"
+#include "platform/export.h"
+#include "platform/mime_codes.h"
+#include "platform/msg_header_base.h"
+#include "platform/player_engine.h"
+#include "platform/ptr_list.h"
+#include "platform/qt_names.h"
+#include "platform/setting.h"
+#include "wire/address.h"
+#include "wire/content_type.h"
+#include "wire/field_base.h"
+#include "wire/field_codecs.h"
+#include "wire/field_shapes.h"
+#include "wire/header_decoder.h"
+#include "wire/header_encoder.h"
+#include "wire/header_fields.h"
+#include "wire/header_record.h"
+#include "wire/linear_buffer.h"
+#include "wire/message_types.h"
+#include "wire/multipart_codec.h"
+#include "wire/primitive_values.h"
+#include "wire/wire_result.h"

@@ -1,0 +1,71 @@
+#include "wire/address.h"
+
+#include "wire/primitive_values.h"
+#include "wire/wire_result.h"
+#include "wire/wire_text.h"
+
+#include <algorithm>
+#include <tuple>
+
+namespace {
+
+constexpr QLatin1String PlmnSuffix("/TYPE=PLMN");
+
+bool isAscii(const QByteArray &octets)
+{
+    return std::all_of(octets.begin(), octets.end(),
+                       [](char octet) { return static_cast<unsigned char>(octet) < 0x80; });
+}
+
+} // namespace
+
+unsigned char AddressBinary::readFrom(LinearBuffer *buffer, MMS_UTIL_Entry *entry)
+{
+    QString text;
+    std::ignore = EncodedStringBinary::readFrom(buffer, &text); // cut off: as far as it goes
+    if (const qsizetype suffix = text.indexOf(PlmnSuffix); suffix >= 0) {
+        entry->setType(MMS_UTIL_Entry::Plmn);
+        entry->setAddress(text.left(suffix));
+        return WireResult::Read;
+    }
+    entry->setType(MMS_UTIL_Entry::Email);
+    const qsizetype open = text.indexOf(QLatin1Char('<'));
+    if (open < 0) {
+        entry->setName(QString());
+        entry->setAddress(text);
+        return WireResult::Read;
+    }
+    const qsizetype close = text.indexOf(QLatin1Char('>'));
+    entry->setName(text.left(open));
+    entry->setAddress(close > open ? text.sliced(open + 1, close - open - 1)
+                                   : text.sliced(open + 1));
+    return WireResult::Read;
+}
+
+unsigned char AddressBinary::writeTo(LinearBuffer *buffer, const MMS_UTIL_Entry &entry)
+{
+    switch (entry.getType()) {
+    case MMS_UTIL_Entry::Plmn:
+        return PlainTextBinary::writeTo(buffer, entry.getAddress() + PlmnSuffix);
+    case MMS_UTIL_Entry::Email:
+        return isAscii(WireText::utf8(entry.getAddress()))
+            ? PlainTextBinary::writeTo(buffer, entry.getAddress())
+            : EncodedStringBinary::writeTo(buffer, entry.getAddress());
+    default:
+        return WireResult::CannotWrite;
+    }
+}
+
+int AddressBinary::sizeOf(const MMS_UTIL_Entry &entry)
+{
+    switch (entry.getType()) {
+    case MMS_UTIL_Entry::Plmn:
+        return PlainTextBinary::sizeOf(entry.getAddress() + PlmnSuffix);
+    case MMS_UTIL_Entry::Email:
+        return isAscii(WireText::utf8(entry.getAddress()))
+            ? PlainTextBinary::sizeOf(entry.getAddress())
+            : EncodedStringBinary::sizeOf(entry.getAddress());
+    default:
+        return 0;
+    }
+}

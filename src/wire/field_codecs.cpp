@@ -1,0 +1,147 @@
+#include "wire/field_codecs.h"
+
+#include "wire/date_time.h"
+
+#include <ctime>
+
+using FieldShapes::writeCode;
+
+namespace {
+
+constexpr unsigned char AddressPresent = 128;
+constexpr unsigned char InsertAddress = 129;
+constexpr unsigned char RelativeTime = 129;
+constexpr unsigned char WithoutHighBit = 0x7F;
+
+// Octets of From's value behind its value-length: the token and the address, if any.
+int fromLength(const MMS_UTIL_Entry &from)
+{
+    return from.getAddress().isEmpty() ? 1 : 1 + AddressBinary::sizeOf(from);
+}
+
+int dateSeconds(MMS_UA_UAMsg *msg)
+{
+    return DateTime::toSeconds(msg->getDate());
+}
+
+// Octets of Expiry's value behind its value-length: the token and the seconds.
+int expiryLength(MMS_UA_UAMsg *msg)
+{
+    return 1 + IntegerBinary::sizeOf(msg->getExpiry());
+}
+
+// January 0th is no date. Kept: stored messages hold the seconds that are counted from it.
+QDateTime expiryReference()
+{
+    return QDateTime(QDate(1970, 0, 0), QTime(0, 0, 0, 0));
+}
+
+} // namespace
+
+FieldBase::~FieldBase() = default;
+
+unsigned char VersionField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
+{
+    unsigned char octet = 0;
+    if (!buffer->readByte(&octet))
+        return WireResult::OutOfData;
+    msg->setMMSVersion(octet & WithoutHighBit);
+    msg->addFieldsPresent(headerFieldMask(HeaderFieldCode::MmsVersion));
+    return WireResult::Read;
+}
+
+unsigned char VersionField::writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
+{
+    writeCode(buffer, HeaderFieldCode::MmsVersion);
+    return IntegerBinary::writeTo(buffer, msg->getMMSVersion());
+}
+
+int VersionField::fieldSize(MMS_UA_UAMsg *)
+{
+    return FieldShapes::OctetFieldSize;
+}
+
+unsigned char FromField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
+{
+    int length = 0;
+    const unsigned char result = ValueLengthBinary::readFrom(buffer, &length);
+    unsigned char token = 0;
+    if (!buffer->readByte(&token))
+        return WireResult::OutOfData;
+
+    const auto store = [msg](const MMS_UTIL_Entry &entry) {
+        if (entry.isEmpty())
+            return;
+        msg->setFrom(entry);
+        msg->addFieldsPresent(headerFieldMask(HeaderFieldCode::From));
+    };
+    store(MMS_UTIL_Entry(QStringLiteral("NoBody"), MMS_UTIL_Entry::Absent, QLatin1String("")));
+    if (length < 2 || token != AddressPresent)
+        return result;
+    MMS_UTIL_Entry sender;
+    const unsigned char addressResult = AddressBinary::readFrom(buffer, &sender);
+    store(sender);
+    return addressResult;
+}
+
+unsigned char FromField::writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
+{
+    const MMS_UTIL_Entry from = msg->getFrom();
+    const bool known = !from.getAddress().isEmpty();
+    writeCode(buffer, HeaderFieldCode::From);
+    ValueLengthBinary::writeTo(buffer, fromLength(from));
+    if (!buffer->appendByte(known ? AddressPresent : InsertAddress))
+        return WireResult::OutOfData;
+    return known ? AddressBinary::writeTo(buffer, from) : WireResult::Written;
+}
+
+int FromField::fieldSize(MMS_UA_UAMsg *msg)
+{
+    const int length = fromLength(msg->getFrom());
+    return 1 + ValueLengthBinary::sizeOf(length) + length;
+}
+
+unsigned char MsgDateField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
+{
+    int seconds = 0;
+    const unsigned char result = IntegerBinary::readFrom(buffer, &seconds);
+    tzset();
+    msg->setDate(QDateTime::currentDateTime());
+    msg->addFieldsPresent(headerFieldMask(HeaderFieldCode::Date));
+    return result;
+}
+
+unsigned char MsgDateField::writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
+{
+    writeCode(buffer, HeaderFieldCode::Date);
+    return IntegerBinary::writeTo(buffer, dateSeconds(msg));
+}
+
+int MsgDateField::fieldSize(MMS_UA_UAMsg *msg)
+{
+    return 1 + IntegerBinary::sizeOf(dateSeconds(msg));
+}
+
+unsigned char ExpiryField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
+{
+    QDateTime expiry;
+    const unsigned char result = TimeBinary::readFrom(buffer, &expiry);
+    if (result == WireResult::Read)
+        msg->setExpiry(DateTime::secondsBetween(expiryReference(), expiry));
+    msg->addFieldsPresent(headerFieldMask(HeaderFieldCode::Expiry));
+    return result;
+}
+
+unsigned char ExpiryField::writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
+{
+    writeCode(buffer, HeaderFieldCode::Expiry);
+    ValueLengthBinary::writeTo(buffer, expiryLength(msg));
+    buffer->appendByte(RelativeTime);
+    return IntegerBinary::writeTo(buffer, msg->getExpiry());
+}
+
+int ExpiryField::fieldSize(MMS_UA_UAMsg *msg)
+{
+    const int length = expiryLength(msg);
+    return 1 + ValueLengthBinary::sizeOf(length) + length;
+}

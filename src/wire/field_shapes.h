@@ -1,0 +1,163 @@
+/*
+ * The few shapes that header field values have, each written once over a getter and a setter of the
+ * header record: shapes know octets, the field classes in field_codecs.h know names. Fields that
+ * fit no shape are written out there.
+ */
+#pragma once
+
+#include "wire/address.h"
+#include "wire/field_base.h"
+#include "wire/header_fields.h"
+#include "wire/header_record.h"
+#include "wire/linear_buffer.h"
+#include "wire/primitive_values.h"
+#include "wire/wire_result.h"
+
+namespace FieldShapes {
+
+/// Tokens of a yes-or-no value.
+inline constexpr unsigned char Yes = 128;
+inline constexpr unsigned char No = 129;
+
+/// Octets of a field that is its code and one octet.
+inline constexpr int OctetFieldSize = 2;
+
+/// Appends a field's code, which stands on the wire as a short integer.
+inline void writeCode(LinearBuffer *buffer, unsigned char code)
+{
+    IntegerBinary::writeTo(buffer, code);
+}
+
+/// Appends a field that is its code and one octet.
+inline unsigned char writeOctet(LinearBuffer *buffer, unsigned char code, unsigned char octet)
+{
+    writeCode(buffer, code);
+    buffer->appendByte(octet);
+    return WireResult::Written;
+}
+
+/// One octet, stored and written as it is.
+template <unsigned char Code, auto Get, auto Set>
+class QVL_EXPORT Octet : public FieldBase
+{
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    {
+        unsigned char octet = 0;
+        if (!buffer->readByte(&octet))
+            return WireResult::OutOfData;
+        (msg->*Set)(octet);
+        msg->addFieldsPresent(headerFieldMask(Code));
+        return WireResult::Read;
+    }
+
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    {
+        return writeOctet(buffer, Code, (msg->*Get)());
+    }
+
+    int fieldSize(MMS_UA_UAMsg *) override { return OctetFieldSize; }
+};
+
+/// One octet that is read as a flag: Yes sets it, everything else clears it.
+template <unsigned char Code, auto Get, auto Set, unsigned char WhenSet = Yes,
+          unsigned char WhenClear = No>
+class QVL_EXPORT Flag : public FieldBase
+{
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    {
+        unsigned char octet = 0;
+        if (!buffer->readByte(&octet))
+            return WireResult::OutOfData;
+        (msg->*Set)(octet == Yes);
+        msg->addFieldsPresent(headerFieldMask(Code));
+        return WireResult::Read;
+    }
+
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    {
+        return writeOctet(buffer, Code, (msg->*Get)() ? WhenSet : WhenClear);
+    }
+
+    int fieldSize(MMS_UA_UAMsg *) override { return OctetFieldSize; }
+};
+
+inline bool countsAsAbsent(const QString &text)
+{
+    return text.isEmpty();
+}
+inline bool countsAsAbsent(int value)
+{
+    return value == 0;
+}
+inline bool countsAsAbsent(const QDateTime &value)
+{
+    return value.isNull();
+}
+
+/// A value with a codec of its own, stored and present only when it says something.
+template <unsigned char Code, typename Codec, typename Value, auto Get, auto Set>
+class QVL_EXPORT Optional : public FieldBase
+{
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    {
+        Value value{};
+        const unsigned char result = Codec::readFrom(buffer, &value);
+        if (!countsAsAbsent(value)) {
+            (msg->*Set)(value);
+            msg->addFieldsPresent(headerFieldMask(Code));
+        }
+        return result;
+    }
+
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    {
+        writeCode(buffer, Code);
+        return Codec::writeTo(buffer, (msg->*Get)());
+    }
+
+    int fieldSize(MMS_UA_UAMsg *msg) override { return 1 + Codec::sizeOf((msg->*Get)()); }
+};
+
+using RecipientList = QPtrList<MMS_UTIL_Entry>;
+
+/// A list of addresses, one field each.
+template <unsigned char Code, RecipientList &(MMS_UTIL_MsgHeaderBase::*List)(), auto Add>
+class QVL_EXPORT Recipients : public FieldBase
+{
+public:
+    // The address reader never fails, so a recipient that was cut off counts as one.
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    {
+        MMS_UTIL_Entry entry;
+        const unsigned char result = AddressBinary::readFrom(buffer, &entry);
+        (msg->*Add)(entry);
+        msg->addFieldsPresent(headerFieldMask(Code));
+        return result;
+    }
+
+    // Goes on after an entry that cannot be written; the last entry's result counts.
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    {
+        unsigned char result = WireResult::Written;
+        for (const MMS_UTIL_Entry *entry : (msg->*List)()) {
+            if (!entry)
+                continue;
+            writeCode(buffer, Code);
+            result = AddressBinary::writeTo(buffer, *entry);
+        }
+        return result;
+    }
+
+    int fieldSize(MMS_UA_UAMsg *msg) override
+    {
+        int sum = 0;
+        for (const MMS_UTIL_Entry *entry : (msg->*List)())
+            sum += entry ? 1 + AddressBinary::sizeOf(*entry) : 0;
+        return sum;
+    }
+};
+
+} // namespace FieldShapes

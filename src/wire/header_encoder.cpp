@@ -1,0 +1,91 @@
+#include "wire/header_encoder.h"
+
+#include "wire/field_base.h"
+#include "wire/header_fields.h"
+#include "wire/header_record.h"
+#include "wire/message_types.h"
+#include "wire/wire_result.h"
+
+#include <new>
+
+namespace {
+
+std::span<const unsigned char> writeOrder(unsigned char type)
+{
+    const MessageTypeInfo *info = messageTypeInfo(type);
+    return info ? info->writeOrder : std::span<const unsigned char>();
+}
+
+} // namespace
+
+MMS_UA_Encoder::MMS_UA_Encoder() = default;
+MMS_UA_Encoder::~MMS_UA_Encoder() = default;
+
+unsigned char MMS_UA_Encoder::encodeHeader(MMS_UA_UAMsg *msg, unsigned char **out, int *outLength)
+{
+    if (!msg || !out || !outLength)
+        return WireResult::BadArgument;
+    const int size = sizeOfEncodedHeader(msg);
+    auto *octets = new (std::nothrow) unsigned char[size_t(size)];
+    if (!octets)
+        return WireResult::BadArgument;
+    *out = octets;
+    *outLength = size;
+    m_buffer = std::make_unique<LinearBuffer>(octets, size);
+    m_buffer->zerolize();
+    const unsigned char result = encodeByType(msg->getMessageType());
+    m_buffer.reset(); // the array is the caller's from here on
+    return result;
+}
+
+int MMS_UA_Encoder::sizeOfEncodedHeader(MMS_UA_UAMsg *msg)
+{
+    if (!msg)
+        return 0;
+    m_message = msg;
+    m_fieldsPresent = msg->getFieldsPresent();
+    int size = 0;
+    for (unsigned char code : writeOrder(msg->getMessageType()))
+        size += sizeOfField(code);
+    return size;
+}
+
+unsigned char MMS_UA_Encoder::encodeByType(unsigned char type)
+{
+    unsigned char result = WireResult::Written;
+    for (unsigned char code : writeOrder(type))
+        result = encodeField(code);
+    return result;
+}
+
+unsigned char MMS_UA_Encoder::encodeField(int code)
+{
+    if (!headerFieldInfo(code))
+        return WireResult::CannotWrite;
+    if (!isWritten(code))
+        return WireResult::Written;
+    if (!m_buffer)
+        return WireResult::BadArgument;
+    const std::unique_ptr<FieldBase> codec(selectWriter(code));
+    return codec->writeField(m_buffer.get(), m_message);
+}
+
+int MMS_UA_Encoder::sizeOfField(int code)
+{
+    if (!headerFieldInfo(code) || !m_message || !isWritten(code))
+        return 0;
+    const std::unique_ptr<FieldBase> codec(selectWriter(code));
+    return codec->fieldSize(m_message);
+}
+
+FieldBase *MMS_UA_Encoder::selectWriter(int code)
+{
+    const HeaderFieldInfo *field = headerFieldInfo(code);
+    return field ? field->createCodec() : nullptr;
+}
+
+bool MMS_UA_Encoder::isWritten(int code) const
+{
+    return code == HeaderFieldCode::MmsVersion || code == HeaderFieldCode::From
+        || (m_fieldsPresent & headerFieldMask(static_cast<unsigned char>(code))) != 0;
+}

@@ -1,0 +1,106 @@
+/*
+ * The header of one MMS PDU in memory, with the checks that a received header has to pass.
+ */
+#pragma once
+
+#include "platform/msg_header_base.h"
+
+#include <QString>
+
+#include <array>
+
+/**
+ * Header record of one PDU: filled by MMS_UA_Decoder or by the application, read by MMS_UA_Encoder.
+ *
+ * Presence of the header field with code c (see header_fields.h) is bit c - 1 of the fields
+ * present. The decoder sets it for every field that it reads; an application that fills a record by
+ * hand sets it for every field that is to be written.
+ */
+class QVL_EXPORT MMS_UA_UAMsg : public MMS_UTIL_MsgHeaderBase
+{
+public:
+    /// A record of type m-send-req with no field present.
+    MMS_UA_UAMsg();
+    ~MMS_UA_UAMsg() override;
+
+    unsigned int getFieldsPresent() const { return m_fieldsPresent; }
+    void setFieldsPresent(unsigned int mask) { m_fieldsPresent = mask; }
+    void addFieldsPresent(unsigned int mask) { m_fieldsPresent |= mask; }
+    /// True when every field of @p mask is present; always true for a mask of 0.
+    bool fieldsPresent(unsigned int mask) const { return (m_fieldsPresent & mask) == mask; }
+
+    /// 128 m-send-req (the default) to 134 m-delivery-ind, see message_types.h.
+    unsigned char getMessageType() const { return static_cast<unsigned char>(m_messageType); }
+    void setMessageType(unsigned char type) { m_messageType = type; }
+
+    QString getTransactionId() const { return m_transactionId; }
+    void setTransactionId(const QString &id) { m_transactionId = id; }
+
+    /// Major version in bits 4 to 6, minor version in bits 0 to 3: 0x10 is 1.0. Starts at 0.
+    unsigned char getMMSVersion() const { return m_mmsVersion; }
+    void setMMSVersion(unsigned char version) { m_mmsVersion = version; }
+
+    /// 128 personal (the default), 129 advertisement, 130 informational, 131 auto.
+    unsigned char getMessageClass() const { return m_messageClass; }
+    void setMessageClass(unsigned char messageClass) { m_messageClass = messageClass; }
+
+    /// Status as on the wire; starts at 128.
+    unsigned char getStatus() const { return m_status; }
+    void setStatus(unsigned char status) { m_status = status; }
+
+    bool getReportAllowed() const { return m_reportAllowed; }
+    void setReportAllowed(bool allowed) { m_reportAllowed = allowed; }
+
+    QString getContentLocation() const { return m_contentLocation; }
+    void setContentLocation(const QString &location) { m_contentLocation = location; }
+    QString getMessageId() const { return m_messageId; }
+    void setMessageId(const QString &id) { m_messageId = id; }
+
+    /// Response status as on the wire; starts at 128 (ok).
+    unsigned char getResponseStatus() const { return m_responseStatus; }
+    void setResponseStatus(unsigned char status) { m_responseStatus = status; }
+    QString getResponseText() const { return m_responseText; }
+    void setResponseText(const QString &text) { m_responseText = text; }
+
+    /// First octet behind the decoded header; points into the decoder's input and is not owned.
+    unsigned char *getBody() const { return m_body; }
+    void setBody(unsigned char *body) { m_body = body; }
+    /// Octets from getBody() to the end of the PDU.
+    int getBodyLength() const { return m_bodyLength; }
+    void setBodyLength(int octets) { m_bodyLength = octets; }
+
+    /// Order number, from 1, at which the field was first met while decoding; 0 when it was not
+    /// met.
+    unsigned char getFieldPosition(unsigned char code) const;
+    /// Stores the position for a code up to 25; positions outside 1..24 and other codes are
+    /// ignored.
+    void setFieldPosition(unsigned char code, unsigned char position);
+
+    /// True when the major version is 1.
+    bool isMMSVersionCorrect() const { return (m_mmsVersion & 0x70) == 0x10; }
+    /// True when the minor version is 0.
+    bool isMMSMinorVersionCorrect() const { return (m_mmsVersion & 0x0F) == 0; }
+    /// True when every field that the message type demands is present.
+    bool mandatoryFldsPresentInPDU() const;
+    /**
+     * True when Message-Type, Transaction-Id and MMS-Version, as far as present, came first and in
+     * this order, and Content-Type, when present, came last.
+     */
+    bool pduOrderCheck() const;
+
+private:
+    unsigned int m_fieldsPresent = 0;
+    unsigned int m_messageType = 128;
+    QString m_transactionId;
+    unsigned char m_mmsVersion = 0;
+    unsigned char m_messageClass = 128;
+    unsigned char m_status = 128;
+    bool m_reportAllowed = false;
+    QString m_contentLocation;
+    QString m_messageId;
+    unsigned char m_responseStatus = 128;
+    QString m_responseText;
+    unsigned char *m_body = nullptr;
+    int m_bodyLength = 0;
+    std::array<unsigned char, 26> m_fieldPositions{};
+};

@@ -1,0 +1,266 @@
+#include "wire/primitive_values.h"
+
+#include "wire/date_time.h"
+#include "wire/linear_buffer.h"
+#include "wire/wire_result.h"
+#include "wire/wire_text.h"
+
+#include <tuple>
+
+namespace {
+
+constexpr unsigned char HighBit = 0x80;
+constexpr unsigned char LowSevenBits = 0x7F;
+constexpr unsigned char LengthFollows = 31; // a uintvar follows that holds the length
+constexpr int LongestShortLength = 30;
+constexpr unsigned char AbsoluteTime = 128;
+constexpr int CharsetUtf8 = 106;
+constexpr int CharsetReadAsUtf8 = 0xEA; // only as a Long-integer: as a short one it reads as 106
+
+constexpr bool hasHighBit(unsigned char octet)
+{
+    return (octet & HighBit) != 0;
+}
+
+bool beginsPlainText(unsigned char firstOctet)
+{
+    return firstOctet == 0 || (firstOctet >= 0x20 && firstOctet <= 0x7F);
+}
+
+void appendText(LinearBuffer *buffer, const QByteArray &octets)
+{
+    if (WireText::needsQuote(octets))
+        buffer->appendByte(WireText::Quote);
+    buffer->appendData(reinterpret_cast<const unsigned char *>(octets.constData()),
+                       int(octets.size()));
+    buffer->appendByte(0);
+}
+
+int sizeOfText(const QByteArray &octets)
+{
+    return int(octets.size()) + 1 + (WireText::needsQuote(octets) ? 1 : 0);
+}
+
+// Octets behind the value-length: charset, text with quote, terminator.
+int encodedStringLength(const QByteArray &octets)
+{
+    return 1 + sizeOfText(octets);
+}
+
+QString decodeEncodedText(QByteArrayView octets, int charset)
+{
+    QByteArrayView text = octets;
+    const bool quoted =
+        !text.isEmpty() && static_cast<unsigned char>(text.front()) == WireText::Quote;
+    if (quoted)
+        text = text.sliced(1);
+    // The terminator is looked for as many octets from the unquoted start as text remains, so it
+    // stays in a quoted text. Kept: the composer relies on what it has stored.
+    if (!text.isEmpty() && octets[text.size() - 1] == 0)
+        text.chop(1);
+    return charset == CharsetReadAsUtf8 ? QString::fromUtf8(text) : QString::fromLocal8Bit(text);
+}
+
+} // namespace
+
+QByteArray WireText::utf8(const QString &text)
+{
+    QByteArray octets = text.toUtf8();
+    if (const qsizetype end = octets.indexOf('\0'); end >= 0)
+        octets.truncate(end);
+    return octets;
+}
+
+unsigned char IntegerBinary::readFrom(LinearBuffer *buffer, int *value)
+{
+    unsigned char first = 0;
+    if (!buffer->readByte(&first))
+        return WireResult::OutOfData;
+    if (hasHighBit(first)) {
+        *value = first & LowSevenBits;
+        return WireResult::Read;
+    }
+    quint32 sum = 0;
+    for (int left = first; left > 0; --left) {
+        unsigned char octet = 0;
+        if (!buffer->readByte(&octet))
+            return WireResult::OutOfData;
+        sum = (sum << 8) + octet;
+    }
+    *value = static_cast<int>(sum);
+    return WireResult::Read;
+}
+
+unsigned char IntegerBinary::writeTo(LinearBuffer *buffer, int value)
+{
+    if (value <= LowSevenBits) {
+        buffer->appendByte(static_cast<unsigned char>((value & LowSevenBits) | HighBit));
+        return WireResult::Written;
+    }
+    const int count = sizeOf(value) - 1;
+    buffer->appendByte(static_cast<unsigned char>(count));
+    for (int i = count - 1; i >= 0; --i)
+        buffer->appendByte(static_cast<unsigned char>(value >> (8 * i)));
+    return WireResult::Written;
+}
+
+int IntegerBinary::sizeOf(int value)
+{
+    if (value <= LowSevenBits)
+        return 1;
+    int size = 1;
+    for (; value != 0; value >>= 8)
+        ++size;
+    return size;
+}
+
+unsigned char UIntBinary::readFrom(LinearBuffer *buffer, int *value)
+{
+    quint32 sum = 0;
+    unsigned char octet = 0;
+    do {
+        if (!buffer->readByte(&octet))
+            return WireResult::OutOfData;
+        sum = (sum << 7) + (octet & LowSevenBits);
+    } while (hasHighBit(octet));
+    *value = static_cast<int>(sum);
+    return WireResult::Read;
+}
+
+unsigned char UIntBinary::writeTo(LinearBuffer *buffer, int value)
+{
+    int shift = 28;
+    while (shift > 0 && ((value >> shift) & LowSevenBits) == 0)
+        shift -= 7;
+    for (; shift > 0; shift -= 7)
+        buffer->appendByte(static_cast<unsigned char>(((value >> shift) & LowSevenBits) | HighBit));
+    buffer->appendByte(static_cast<unsigned char>(value & LowSevenBits));
+    return WireResult::Written;
+}
+
+int UIntBinary::sizeOf(int value)
+{
+    if (value <= LongestShortLength)
+        return 1;
+    int size = 0;
+    for (; value != 0; value >>= 7)
+        ++size;
+    return size;
+}
+
+unsigned char ValueLengthBinary::readFrom(LinearBuffer *buffer, int *value)
+{
+    unsigned char first = 0;
+    if (!buffer->readByte(&first))
+        return WireResult::OutOfData;
+    if (first == LengthFollows)
+        return UIntBinary::readFrom(buffer, value);
+    *value = first;
+    return WireResult::Read;
+}
+
+unsigned char ValueLengthBinary::writeTo(LinearBuffer *buffer, int value)
+{
+    if (value > LongestShortLength) {
+        buffer->appendByte(LengthFollows);
+        return UIntBinary::writeTo(buffer, value);
+    }
+    buffer->appendByte(static_cast<unsigned char>(value));
+    return WireResult::Written;
+}
+
+int ValueLengthBinary::sizeOf(int value)
+{
+    return value <= LongestShortLength ? 1 : 1 + UIntBinary::sizeOf(value);
+}
+
+unsigned char TimeBinary::readFrom(LinearBuffer *buffer, QDateTime *value)
+{
+    int length = 0;
+    std::ignore = ValueLengthBinary::readFrom(buffer, &length); // phones get it wrong; not needed
+    unsigned char token = 0;
+    if (!buffer->readByte(&token))
+        return WireResult::OutOfData;
+    int seconds = 0;
+    std::ignore = IntegerBinary::readFrom(buffer, &seconds); // unreadable seconds count as 0
+    *value = DateTime::fromSeconds(seconds);
+    return WireResult::Read;
+}
+
+unsigned char TimeBinary::writeTo(LinearBuffer *buffer, const QDateTime &value)
+{
+    const int seconds = DateTime::toSeconds(value);
+    ValueLengthBinary::writeTo(buffer, IntegerBinary::sizeOf(seconds) + 1);
+    buffer->appendByte(AbsoluteTime);
+    return IntegerBinary::writeTo(buffer, seconds);
+}
+
+int TimeBinary::sizeOf(const QDateTime &value)
+{
+    return IntegerBinary::sizeOf(DateTime::toSeconds(value)) + 2;
+}
+
+unsigned char PlainTextBinary::readFrom(LinearBuffer *buffer, QString *text)
+{
+    unsigned char first = 0;
+    if (!buffer->readByte(&first))
+        return WireResult::OutOfData;
+    if (first == 0) {
+        *text = QLatin1String("");
+        return WireResult::Read;
+    }
+    if (first != WireText::Quote)
+        buffer->rewind(1);
+    *text = QString::fromLatin1(buffer->readUntilZero());
+    return WireResult::Read;
+}
+
+unsigned char PlainTextBinary::writeTo(LinearBuffer *buffer, const QString &text)
+{
+    appendText(buffer, WireText::utf8(text));
+    return WireResult::Written;
+}
+
+int PlainTextBinary::sizeOf(const QString &text)
+{
+    return sizeOfText(WireText::utf8(text));
+}
+
+unsigned char EncodedStringBinary::readFrom(LinearBuffer *buffer, QString *text)
+{
+    unsigned char first = 0;
+    if (!buffer->readByte(&first))
+        return WireResult::OutOfData;
+    buffer->rewind(1);
+    if (beginsPlainText(first))
+        return PlainTextBinary::readFrom(buffer, text);
+
+    int length = 0;
+    std::ignore = ValueLengthBinary::readFrom(buffer, &length); // what is missing shows below
+    const int start = buffer->getPosition();
+    int charset = 0;
+    std::ignore = CharsetBinary::readFrom(buffer, &charset);
+    const int charsetSize = buffer->getPosition() - start;
+    if (length < charsetSize)
+        return WireResult::OutOfData;
+    const auto octets = buffer->readView(length - charsetSize);
+    if (!octets)
+        return WireResult::OutOfData;
+    *text = decodeEncodedText(*octets, charset);
+    return WireResult::Read;
+}
+
+unsigned char EncodedStringBinary::writeTo(LinearBuffer *buffer, const QString &text)
+{
+    const QByteArray octets = WireText::utf8(text);
+    ValueLengthBinary::writeTo(buffer, encodedStringLength(octets));
+    CharsetBinary::writeTo(buffer, CharsetUtf8);
+    appendText(buffer, octets);
+    return WireResult::Written;
+}
+
+int EncodedStringBinary::sizeOf(const QString &text)
+{
+    const int length = encodedStringLength(WireText::utf8(text));
+    return ValueLengthBinary::sizeOf(length) + length;
+}

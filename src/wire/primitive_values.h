@@ -1,0 +1,96 @@
+/*
+ * Value codecs, one class for each primitive encoding of WSP (WAP-230-WSP, 8.4.2) that MMS uses.
+ *
+ * Every class has the same three operations. readFrom() moves the cursor behind the value, stores
+ * it and returns WireResult::Read, or returns WireResult::OutOfData and stores nothing. writeTo()
+ * appends the value and always returns WireResult::Written: an append that does not fit is dropped,
+ * so the array has to be sized with sizeOf(), which gives the octets that writeTo() appends.
+ *
+ * Integers are 32 bits wide and wrap; nothing detects that a number on the wire was larger. Texts
+ * that hold U+0000 end before it when they are written or sized.
+ */
+#pragma once
+
+#include "platform/export.h"
+
+#include <QDateTime>
+#include <QString>
+
+class LinearBuffer;
+
+/// Integer-value: one octet with the high bit set for 0..127, else a length and big-endian octets.
+class QVL_EXPORT IntegerBinary
+{
+public:
+    /// Takes any length octet from 1 to 127, not only 1 to 30; 0 is the value 0.
+    static unsigned char readFrom(LinearBuffer *buffer, int *value);
+    /// Negative values are written as one octet with their low seven bits.
+    static unsigned char writeTo(LinearBuffer *buffer, int value);
+    static int sizeOf(int value);
+};
+
+/// uintvar: groups of seven bits, most significant first, the high bit set on all but the last.
+class QVL_EXPORT UIntBinary
+{
+public:
+    static unsigned char readFrom(LinearBuffer *buffer, int *value);
+    static unsigned char writeTo(LinearBuffer *buffer, int value);
+    /// Negative values count as one octet although writeTo() appends five.
+    static int sizeOf(int value);
+};
+
+/// Value-length: one octet up to 30, else 31 and a uintvar.
+class QVL_EXPORT ValueLengthBinary
+{
+public:
+    /// Takes any octet but 31 as the length itself.
+    static unsigned char readFrom(LinearBuffer *buffer, int *value);
+    static unsigned char writeTo(LinearBuffer *buffer, int value);
+    static int sizeOf(int value);
+};
+
+/// Well-known charset: the MIBenum as an Integer-value.
+class QVL_EXPORT CharsetBinary : public IntegerBinary
+{
+};
+
+/**
+ * Value-length, token and date, the form of Expiry and Delivery-Time.
+ *
+ * Absolute and relative times are both read as seconds since 1970 in local time. Only the absolute
+ * form is written, and from 2038 on as one octet, because the seconds are a signed number.
+ */
+class QVL_EXPORT TimeBinary
+{
+public:
+    static unsigned char readFrom(LinearBuffer *buffer, QDateTime *value);
+    static unsigned char writeTo(LinearBuffer *buffer, const QDateTime &value);
+    static int sizeOf(const QDateTime &value);
+};
+
+/**
+ * Text-string: octets up to a zero, with a quote 127 before a first octet of 128 and above.
+ *
+ * Written as UTF-8 but read as Latin-1. Kept: stored messages depend on it.
+ */
+class QVL_EXPORT PlainTextBinary
+{
+public:
+    static unsigned char readFrom(LinearBuffer *buffer, QString *text);
+    static unsigned char writeTo(LinearBuffer *buffer, const QString &text);
+    static int sizeOf(const QString &text);
+};
+
+/**
+ * Encoded-string-value: a plain Text-string, or value-length, charset and text.
+ *
+ * Always written with the charset UTF-8 as 0xEA, which is read back as 106 and then decoded as
+ * local 8-bit text; only a charset of 234 is decoded as UTF-8. Kept: stored messages depend on it.
+ */
+class QVL_EXPORT EncodedStringBinary
+{
+public:
+    static unsigned char readFrom(LinearBuffer *buffer, QString *text);
+    static unsigned char writeTo(LinearBuffer *buffer, const QString &text);
+    static int sizeOf(const QString &text);
+};

@@ -1,0 +1,49 @@
+#!/usr/bin/env bash
+# Installs into an empty prefix and uses the result as an application would: the examples and the
+# command build against it with find_package, an example builds with pkg-config, the library has its
+# soname and exports only what is published, and it links against a platform library of the caller.
+#     install_test.sh SOURCE_DIR BUILD_DIR MESSAGE
+set -euo pipefail
+source_dir=$1
+build_dir=$2
+message=$3
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+prefix=$work/prefix
+
+quietly() {
+  "$@" >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
+}
+fail() {
+  echo "$*" >&2
+  exit 1
+}
+
+quietly cmake --install "$build_dir" --prefix "$prefix"
+libdir=$(dirname "$(find "$prefix" -name 'libqvlsmilparser-xscale-r.so.1')")
+export LD_LIBRARY_PATH=$libdir
+
+for project in examples tools; do
+  quietly cmake -S "$source_dir/$project" -B "$work/$project" -G Ninja \
+    -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_STANDARD=20
+  quietly cmake --build "$work/$project"
+done
+"$work/examples/receive" "$message" | grep -q '^subject: Grüße' || fail "the example does not receive"
+"$work/tools/qvlmms" show "$message" | grep -q 'm-send-req (128)' || fail "the command does not show"
+[ "$("$work/tools/qvlmms" --version)" = "$("$prefix/bin/qvlmms" --version)" ] || fail "versions differ"
+
+export PKG_CONFIG_PATH=$libdir/pkgconfig
+read -ra flags <<<"$(pkg-config --cflags --libs qvlsmilparser)"
+quietly g++ -std=c++20 -fPIC "$source_dir/examples/receive.cpp" -o "$work/receive" "${flags[@]}"
+"$work/receive" "$message" | grep -q '^subject: Grüße' || fail "pkg-config's flags do not do"
+
+library=$libdir/libqvlsmilparser-xscale-r.so.1
+readelf -d "$library" | grep -q 'SONAME.*\[libqvlsmilparser-xscale-r.so.1\]' || fail "wrong soname"
+internal=$(nm -DC --defined-only "$library" | grep -E ' (PartNames|Reference|DateTime|WireText|MultipartWriter)::' || true)
+[ -z "$internal" ] || fail "exported although internal: $internal"
+
+quietly cmake -S "$source_dir" -B "$work/external" -G Ninja -DQVL_PLATFORM=external \
+  -DQVL_PLATFORM_LIBRARY="$libdir/libqvlplatform.so" -DQVL_BUILD_TESTS=OFF
+quietly cmake --build "$work/external" --target qvlsmilparser
+readelf -d "$work/external/src/libqvlsmilparser-xscale-r.so.1" | grep -q 'NEEDED.*libqvlplatform' \
+  || fail "the caller's platform library is not used"

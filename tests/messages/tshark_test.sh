@@ -1,0 +1,36 @@
+#!/usr/bin/env bash
+# Other software reads what the library writes: each message goes into a capture as the body of an
+# HTTP response, and tshark must list, in this order, every line of the .tshark file beside it.
+#     tshark_test.sh FIXTURES
+set -euo pipefail
+if ! command -v tshark >/dev/null || ! command -v text2pcap >/dev/null; then
+  echo "skipped: tshark is not installed"
+  exit 77
+fi
+out=$(mktemp -d)
+trap 'rm -rf "$out"' EXIT
+
+http_response() {
+  printf 'HTTP/1.1 200 OK\r\nContent-Type: application/vnd.wap.mms-message\r\n'
+  printf 'Content-Length: %d\r\n\r\n' "$(stat -c %s "$1")"
+  cat "$1"
+}
+
+failed=0
+for expected in "$1"/*.tshark; do
+  message=${expected%.tshark}.mms
+  http_response "$message" | od -Ax -tx1 -v >"$out/hex"
+  text2pcap -q -T 80,40000 "$out/hex" "$out/capture" 2>/dev/null
+  LC_ALL=C.UTF-8 tshark -r "$out/capture" -V 2>/dev/null | sed 's/^ *//' >"$out/read"
+  from=1
+  while IFS= read -r line; do
+    at=$(tail -n "+$from" "$out/read" | grep -nxF -- "$line" | head -n 1 | cut -d: -f1 || true)
+    if [ -z "$at" ]; then
+      printf '%s: tshark does not list, behind line %d: %s\n' "$message" "$((from - 1))" "$line"
+      failed=1
+      continue
+    fi
+    from=$((from + at))
+  done <"$expected"
+done
+[ "$failed" -eq 0 ] || { sed -n '/MMS/,$p' "$out/read"; exit 1; }

@@ -1,0 +1,40 @@
+/*
+ * The media probe of pictures in a program that has a GUI, which decodes them as such programs do.
+ * A program of its own, because an application can be made only once.
+ */
+#include "multipart/pictures.h"
+#include "support/fake_player_engine.h"
+
+#include <QGuiApplication>
+#include <QPixmap>
+
+#include <gtest/gtest.h>
+
+TEST(MediaProbingWithGui, PixmapsCanBeMade)
+{
+    QPixmap pixmap;
+    EXPECT_TRUE(pixmap.loadFromData(Pictures[0].octets));
+}
+
+TEST(MediaProbingWithGui, PictureIsSupportedWhenItDecodes)
+{
+    FakePlayerEngine::reset();
+    expectPicturesProbed();
+    EXPECT_EQ(FakePlayerEngine::record.created, 0);
+}
+
+TEST(MediaProbingWithGui, PictureIsProbedAnewWhenItsOctetsChange)
+{
+    Part part = partWith({.format = "image/x", .data = "no picture"});
+    EXPECT_FALSE(part.isMediaObjectSupported());
+    part.setBodyData(Pictures[0].octets);
+    EXPECT_TRUE(part.isMediaObjectSupported());
+}
+
+int main(int argc, char **argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // the machine may have no display
+    const QGuiApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,36 @@
+/*
+ * The desktop has no player engine, and leaves the place free for a program that has one.
+ */
+#include "platform/player_engine.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+
+#include <dlfcn.h>
+
+TEST(MP_CreatePlayerEngine, GivesNoEngine)
+{
+    EXPECT_EQ(MP_CreatePlayerEngine(nullptr, nullptr), nullptr);
+}
+
+// Only a function that the dynamic linker looks up by name gives way to a program's own.
+TEST(MP_CreatePlayerEngine, IsFoundByNameInThePlatformLibrary)
+{
+    void *function = dlsym(
+        RTLD_DEFAULT, "_Z21MP_CreatePlayerEngineP28SOUNDM_AudioDevice_InterfaceP15Qvl_VideoDevice");
+    ASSERT_NE(function, nullptr);
+    Dl_info info;
+    ASSERT_NE(dladdr(function, &info), 0);
+    EXPECT_NE(std::string(info.dli_fname).find("libqvlplatform"), std::string::npos)
+        << info.dli_fname;
+}
+
+TEST(StaticStreamInfo, StartsWithNothingKnown)
+{
+    const StaticStreamInfo info;
+    EXPECT_TRUE(info.title.isNull());
+    EXPECT_TRUE(info.author.isNull());
+    EXPECT_TRUE(info.copyright.isNull());
+    EXPECT_EQ(info.playDuration, 0);
+}

@@ -1,0 +1,89 @@
+/*
+ * Calls of value codecs and field codecs over octets of their own: what a test row compares.
+ */
+#pragma once
+
+#include "support/octets.h"
+#include "wire/field_base.h"
+#include "wire/header_record.h"
+#include "wire/wire_result.h"
+
+#include <memory>
+
+/// What a value codec's readFrom() answered, stored and consumed.
+template <typename Value>
+struct ValueReading
+{
+    unsigned char result;
+    Value value;
+    int position;
+};
+
+/// Reads @p octets with @p Codec over the value @p before, which a failed read leaves as it is.
+template <typename Codec, typename Value>
+ValueReading<Value> readValue(const QByteArray &octets, Value before = {})
+{
+    Input input(octets);
+    const unsigned char result = Codec::readFrom(input, &before);
+    return {result, before, input.position()};
+}
+
+/// What a codec answered and appended.
+struct Writing
+{
+    unsigned char result;
+    QByteArray octets;
+};
+
+template <typename Codec, typename Value>
+Writing writeValue(const Value &value)
+{
+    Output output;
+    const unsigned char result = Codec::writeTo(output, value);
+    return {result, output.octets()};
+}
+
+/// Appended octets of a value codec, whose writers always answer the same.
+template <typename Codec, typename Value>
+QByteArray octetsOf(const Value &value)
+{
+    return writeValue<Codec>(value).octets;
+}
+
+/// Makes a field codec, as rows of tables hold it.
+using MakeField = std::unique_ptr<FieldBase> (*)();
+
+template <typename Field>
+std::unique_ptr<FieldBase> makeField()
+{
+    return std::make_unique<Field>();
+}
+
+/// What readField() answered and consumed.
+struct FieldReading
+{
+    unsigned char result;
+    int position;
+};
+
+inline FieldReading readField(MakeField make, const QByteArray &value, MMS_UA_UAMsg &msg)
+{
+    Input input(value);
+    const unsigned char result = make()->readField(input, &msg);
+    return {result, input.position()};
+}
+
+/// Reads a field with the cursor already past the end, where not even one octet can be read.
+inline unsigned char readFieldPastTheEnd(MakeField make, MMS_UA_UAMsg &msg)
+{
+    Input input(""_octets);
+    input.buffer()->readByte();
+    return make()->readField(input, &msg);
+}
+
+inline Writing writeField(MakeField make, MMS_UA_UAMsg &msg)
+{
+    Output output;
+    const unsigned char result = make()->writeField(output, &msg);
+    return {result, output.octets()};
+}

@@ -1,0 +1,41 @@
+/*
+ * Local time in tests: a zone that holds for one scope. Zones are spelt out in the POSIX form, so
+ * that no zone files are needed.
+ */
+#pragma once
+
+#include <QByteArray>
+
+#include <cstdlib>
+#include <ctime>
+
+class TimeZone
+{
+public:
+    static constexpr const char *Utc = "UTC0";
+    static constexpr const char *Shanghai = "CST-8";
+    static constexpr const char *NewYork = "EST5EDT,M3.2.0,M11.1.0";
+
+    explicit TimeZone(const char *zone)
+        : m_wasSet(qEnvironmentVariableIsSet("TZ")), m_before(qgetenv("TZ"))
+    {
+        qputenv("TZ", zone);
+        tzset();
+    }
+
+    ~TimeZone()
+    {
+        if (m_wasSet)
+            qputenv("TZ", m_before);
+        else
+            qunsetenv("TZ");
+        tzset();
+    }
+
+    TimeZone(const TimeZone &) = delete;
+    TimeZone &operator=(const TimeZone &) = delete;
+
+private:
+    bool m_wasSet;
+    QByteArray m_before;
+};

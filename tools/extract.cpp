@@ -1,0 +1,111 @@
+#include "extract.h"
+
+#include "message.h"
+#include "terminal_text.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+namespace {
+
+constexpr int LongestName = 200; // octets; file systems take 255, and a number may follow
+constexpr int MostTries = 10000;
+
+using Part = MMS_COMP_SMILMultipartBodypart;
+using TerminalText::visible;
+
+// Removes whole characters from the end of the base until the name fits.
+QString shortened(const QString &name)
+{
+    const QString ext = MMS_COMP_Util::getExtName(name).left(LongestName / 4);
+    const QString suffix = ext.isEmpty() ? ext : QLatin1Char('.') + ext;
+    QString base = MMS_COMP_Util::getNoExtName(name).left(LongestName);
+    while (!base.isEmpty() && (base + suffix).toUtf8().size() > LongestName)
+        base.chop(base.size() > 1 && base.back().isLowSurrogate() ? 2 : 1);
+    return base + suffix;
+}
+
+QString numbered(const QString &name, int number)
+{
+    if (number == 0)
+        return name;
+    const QString ext = MMS_COMP_Util::getExtName(name);
+    return MMS_COMP_Util::getNoExtName(name) + QLatin1Char('_') + QString::number(number)
+        + (ext.isEmpty() ? ext : QLatin1Char('.') + ext);
+}
+
+bool exists(const QString &path)
+{
+    const QFileInfo info(path);
+    return info.exists() || info.isSymbolicLink();
+}
+
+// Opens a file that was not there before. Creating it is what tells whether its name is free.
+bool createNew(const QDir &directory, const QString &name, QFile *file)
+{
+    for (int number = 0; number < MostTries; ++number) {
+        file->setFileName(directory.filePath(numbered(name, number)));
+        if (file->open(QIODevice::WriteOnly | QIODevice::NewOnly))
+            return true;
+        if (!exists(file->fileName()))
+            return false;
+    }
+    return false;
+}
+
+bool writeAll(QFile *file, const QByteArray &octets)
+{
+    if (file->write(octets) == octets.size() && file->flush())
+        return true;
+    file->remove();
+    return false;
+}
+
+QString fallbackName(const Part &part, int index)
+{
+    const QString ext =
+        MMS_COMP_Util::getFirstSupportExtNameByMIMEType(part.getContentType(), part.getSubType());
+    const QString name = QStringLiteral("part-%1").arg(index);
+    return ext.isEmpty() ? name : name + QLatin1Char('.') + ext;
+}
+
+} // namespace
+
+QString safeFileName(const QString &location, const QString &fallback)
+{
+    const QString last =
+        location.section(QLatin1Char('/'), -1).section(QLatin1Char('\\'), -1).trimmed();
+    QString name;
+    for (char32_t character : last.toUcs4()) {
+        const QString text = QString::fromUcs4(&character, 1);
+        name += visible(text) == text ? text : QStringLiteral("_");
+    }
+    while (name.startsWith(QLatin1Char('.')))
+        name = name.sliced(1);
+    return name.isEmpty() ? fallback : shortened(name);
+}
+
+bool extractParts(const Message &message, const QString &directory, QStringList *report,
+                  QString *error)
+{
+    const QDir dir(directory);
+    if (!dir.mkpath(QStringLiteral("."))) {
+        *error = QStringLiteral("cannot make the folder ") + visible(directory);
+        return false;
+    }
+    for (int i = 0; i < message.body.getPartCount(); ++i) {
+        const Part &part = *message.body.getBodypartByIndex(i);
+        QFile file;
+        if (!createNew(dir, safeFileName(part.getContentLocation(), fallbackName(part, i)), &file)
+            || !writeAll(&file, part.getBodyData())) {
+            *error = QStringLiteral("cannot write ") + visible(file.fileName())
+                + QLatin1String(": ") + file.errorString();
+            return false;
+        }
+        *report += QStringLiteral("wrote ") + visible(file.fileName())
+            + QStringLiteral(" (%1 octets, ").arg(part.getBodyDataLen())
+            + visible(part.getMimeFormat()) + QLatin1Char(')');
+    }
+    return true;
+}

@@ -1,0 +1,36 @@
+/*
+ * One message as the command sees it: the octets of a file, decoded as far as they go.
+ */
+#pragma once
+
+#include <qvlsmilparser.h>
+
+#include <QByteArray>
+#include <QString>
+
+#include <memory>
+#include <optional>
+
+/// A decoded PDU. What was decoded before a failure is there.
+struct Message
+{
+    QString fileName; ///< as on the command line
+    QByteArray octets;
+    MMS_UA_UAMsg header;
+    unsigned char headerResult = WireResult::Read;
+    MMS_COMP_SMILMultipart body;
+    std::optional<int> bodyResult; ///< nothing when there is no multipart body to parse
+
+    bool isRefused() const
+    {
+        return headerResult != WireResult::Read || bodyResult.value_or(MultipartResult::Ok) != 0;
+    }
+    /// Offset of the body, when the header was decoded.
+    qsizetype bodyOffset() const { return octets.size() - header.getBodyLength(); }
+};
+
+/**
+ * Reads and decodes the file @p fileName, or standard input for "-". Null when it cannot be read;
+ * @p error then says why.
+ */
+std::unique_ptr<Message> readMessage(const QString &fileName, QString *error);

@@ -1,0 +1,15 @@
+/*
+ * What is in a message, for a person and for a program.
+ */
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+struct Message;
+
+/// The message as lines of text that a terminal can be given, each with its line feed.
+QString messageText(const Message &message);
+
+/// The message as a JSON object, documented in docs/json.md.
+QJsonObject messageJson(const Message &message);

@@ -1,0 +1,133 @@
+#include "terminal_text.h"
+
+#include <QJsonDocument>
+
+#include <algorithm>
+#include <clocale>
+#include <cwchar>
+
+namespace {
+
+constexpr int LongestCell = 40;
+
+bool hasVisibleForm(char32_t character)
+{
+    switch (QChar::category(character)) {
+    case QChar::Other_Control:
+    case QChar::Other_Format: // turns the writing direction, among other things
+    case QChar::Other_Surrogate:
+    case QChar::Other_PrivateUse:
+    case QChar::Other_NotAssigned:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return false;
+    default:
+        return true;
+    }
+}
+
+// wcwidth() goes by the locale, and the user's may know no more than ASCII.
+void useUnicodeWidths()
+{
+    static const bool done = std::setlocale(LC_CTYPE, "C.UTF-8") != nullptr;
+    Q_UNUSED(done);
+}
+
+int width(char32_t character)
+{
+    const int columns = wcwidth(static_cast<wchar_t>(character));
+    return columns < 0 ? 1 : columns;
+}
+
+QString cut(const QString &text)
+{
+    if (TerminalText::width(text) <= LongestCell)
+        return text;
+    QString result;
+    int columns = 1; // the ellipsis
+    for (char32_t character : text.toUcs4()) {
+        columns += width(character);
+        if (columns > LongestCell)
+            break;
+        result += QChar::fromUcs4(character);
+    }
+    return result + QChar(0x2026);
+}
+
+QString padded(const QString &text, int columns, bool alignRight)
+{
+    const QString padding(std::max(columns - TerminalText::width(text), 0), QLatin1Char(' '));
+    return alignRight ? padding + text : text + padding;
+}
+
+} // namespace
+
+QString TerminalText::visible(const QString &text)
+{
+    QString result;
+    result.reserve(text.size());
+    for (char32_t character : text.toUcs4()) {
+        if (hasVisibleForm(character))
+            result += QChar::fromUcs4(character);
+        else
+            result +=
+                QLatin1String("\\u{") + QString::number(uint(character), 16) + QLatin1Char('}');
+    }
+    return result;
+}
+
+QByteArray TerminalText::jsonLine(const QJsonObject &object)
+{
+    const QString json = QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
+    QString result;
+    result.reserve(json.size() + 1);
+    for (char32_t character : json.toUcs4()) {
+        const auto encoded = QChar::fromUcs4(character);
+        if (hasVisibleForm(character)) {
+            result += encoded;
+            continue;
+        }
+        for (QChar unit : QStringView(encoded)) {
+            result += QLatin1String("\\u")
+                + QString::number(unit.unicode(), 16).rightJustified(4, QLatin1Char('0'));
+        }
+    }
+    return result.toUtf8() + '\n';
+}
+
+int TerminalText::width(const QString &text)
+{
+    useUnicodeWidths();
+    int columns = 0;
+    for (char32_t character : text.toUcs4())
+        columns += ::width(character);
+    return columns;
+}
+
+QStringList TerminalText::table(const QList<Column> &columns, const QList<QStringList> &rows,
+                                const QString &indent)
+{
+    QList<QStringList> cells(1);
+    for (const Column &column : columns)
+        cells.front() += column.title;
+    for (const QStringList &row : rows) {
+        QStringList shown;
+        for (const QString &cell : row)
+            shown += cut(visible(cell));
+        cells += shown;
+    }
+    QStringList lines;
+    for (const QStringList &row : cells) {
+        QString line = indent;
+        for (qsizetype i = 0; i < columns.size(); ++i) {
+            int columnWidth = 0;
+            for (const QStringList &other : cells)
+                columnWidth = std::max(columnWidth, width(other[i]));
+            line += padded(row[i], columnWidth, columns[i].alignRight) + QLatin1String("  ");
+        }
+        while (line.endsWith(QLatin1Char(' ')))
+            line.chop(1);
+        lines += line;
+    }
+    return lines;
+}
