@@ -63,7 +63,8 @@ QByteArray encode(const MMS_COMP_SMILMultipart &multipart)
     const int capacity = MultipartWriter::capacityFor(multipart);
     QByteArray body(capacity, Qt::Uninitialized);
     LinearBuffer buffer(reinterpret_cast<unsigned char *>(body.data()), capacity);
-    const bool written = MultipartWriter::write(&buffer, multipart) == WireResult::Written;
+    const bool written =
+        MultipartWriter::write(&buffer, multipart) == WireResult::Written && buffer.hasMore();
     body.truncate(written ? buffer.getPosition() : 0);
     return body;
 }

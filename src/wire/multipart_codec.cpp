@@ -43,8 +43,7 @@ unsigned char MultipartWriter::write(LinearBuffer *buffer, const MMS_COMP_SMILMu
         if (result != WireResult::Written)
             return result;
     }
-    // A buffer that is full to the end may have dropped something.
-    return buffer->hasMore() ? WireResult::Written : WireResult::CannotWrite;
+    return WireResult::Written;
 }
 
 unsigned char MMS_UA_MultiPart_CODEC::encodeMultipart(bool, MMS_COMP_SMILMultipart *multipart,
@@ -58,9 +57,10 @@ unsigned char MMS_UA_MultiPart_CODEC::encodeMultipart(bool, MMS_COMP_SMILMultipa
         return WireResult::CannotWrite;
     LinearBuffer buffer(*out, capacity);
     const unsigned char result = MultipartWriter::write(&buffer, *multipart);
-    if (result == WireResult::Written)
-        *outLength = unsigned(buffer.getPosition());
-    return result;
+    if (result != WireResult::Written)
+        return result;
+    *outLength = unsigned(buffer.getPosition());
+    return buffer.hasMore() ? WireResult::Written : WireResult::CannotWrite;
 }
 
 unsigned char MMS_UA_MultiPart_CODEC::decodeMultipart(bool, const unsigned char *data,

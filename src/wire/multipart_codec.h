@@ -42,7 +42,8 @@ class QVL_EXPORT MMS_UA_MultiPart_CODEC
 public:
     /**
      * Encodes the parts of @p multipart into a new array, which the caller frees with array-delete
-     * also after a failure; on success @p outLength tells how many of its octets are the body.
+     * also after a failure; @p outLength tells how many of its octets were written, unless the data
+     * of a part did not fit.
      *
      * The body may be as long as the largest outgoing message of the settings, or as the data of
      * all parts and 4,096 octets more if that is larger. Returns WireResult::Written, or

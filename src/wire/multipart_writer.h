@@ -17,7 +17,8 @@ int capacityFor(const MMS_COMP_SMILMultipart &multipart);
 
 /**
  * Appends the body of @p multipart to a buffer of capacityFor() octets. WireResult::Written, or
- * WireResult::CannotWrite, also when the body reaches the end of the buffer.
+ * WireResult::CannotWrite when the data of a part does not fit. A buffer that is full to its end
+ * then may have dropped something.
  */
 unsigned char write(LinearBuffer *buffer, const MMS_COMP_SMILMultipart &multipart);
 

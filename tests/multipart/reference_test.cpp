@@ -121,11 +121,12 @@ TEST(Reference, FirstMatchOfTheDisplayTypeIsFound)
 {
     Multipart multipart;
     EXPECT_EQ(multipart.getBodyPartBySrc("a", Part::Shown), nullptr);
-    appendParts(multipart, {{.location = "b", .display = Part::Shown},
-                            {.location = "a", .display = Part::Attachment},
-                            {.id = "<A>", .display = Part::Shown},
-                            {.location = "a", .display = Part::Shown},
-                            {.location = "A", .display = Part::Attachment}});
+    appendParts(multipart,
+                {{.location = "b", .display = Part::Shown},
+                 {.location = "a", .display = Part::Attachment},
+                 {.id = "<A>", .display = Part::Shown},
+                 {.location = "a", .display = Part::Shown},
+                 {.location = "A", .display = Part::Attachment}});
     EXPECT_EQ(multipart.getBodyPartBySrc("a", Part::Shown), multipart.getBodypartByIndex(2));
     EXPECT_EQ(multipart.getBodyPartBySrc("a", Part::Attachment), multipart.getBodypartByIndex(1));
     EXPECT_EQ(multipart.getBodyPartBySrc("b", Part::Attachment), nullptr);

@@ -19,11 +19,6 @@ struct AddressRow
     QString address;
 };
 
-QByteArray text(const char *ascii)
-{
-    return QByteArray(ascii) + octet(0);
-}
-
 MMS_UTIL_Entry usedEntry()
 {
     return MMS_UTIL_Entry("Ann", 2, "old");

@@ -1,5 +1,6 @@
 /*
- * Calls of value codecs and field codecs over octets of their own: what a test row compares.
+ * Calls of value codecs and field codecs over octets of their own: what a test row compares. And
+ * the two small things that most rows are made of.
  */
 #pragma once
 
@@ -9,6 +10,18 @@
 #include "wire/wire_result.h"
 
 #include <memory>
+
+/// The octets of a Text-string with its terminator.
+inline QByteArray text(const char *ascii)
+{
+    return QByteArray(ascii) + octet(0);
+}
+
+/// The presence bit of a header field.
+constexpr unsigned int presenceBit(int code)
+{
+    return 1u << (code - 1);
+}
 
 /// What a value codec's readFrom() answered, stored and consumed.
 template <typename Value>

@@ -10,14 +10,8 @@
 
 namespace {
 
-constexpr unsigned int presenceBit = 0x00000008;
 const char *const related = "vnd.wap.multipart.related";
 const char *const noParameters = "type=;start=";
-
-QByteArray text(const char *ascii)
-{
-    return QByteArray(ascii) + octet(0);
-}
 
 MMS_CONTENT_TYPE_T usedContentType()
 {
@@ -61,17 +55,21 @@ TEST(ContentTypeValue, ReadsAWellKnownMediaCodeFromOneOctet)
         {"plain text", "83"_octets, "text", "plain", ""},
         {"mixed", "A3"_octets, "application", "vnd.wap.multipart.mixed", ""},
         {"related", "B3"_octets, "application", related, ""},
-        {"the octet that is stray elsewhere", "C2"_octets, "application", "vnd.syncml.dm+wbxml", ""},
+        {"the octet that is stray elsewhere", "C2"_octets, "application", "vnd.syncml.dm+wbxml",
+         ""},
         {"not assigned", "FF"_octets, "", "", ""},
-        {"what follows is left", "A3 89 61 00"_octets, "application", "vnd.wap.multipart.mixed", "", 3},
+        {"what follows is left", "A3 89 61 00"_octets, "application", "vnd.wap.multipart.mixed", "",
+         3},
     });
 }
 
 TEST(ContentTypeValue, ReadsTypeAndStartInAnyOrder)
 {
     expectRelated({
-        {"start first", "0B B3 8A"_octets + text("<a>") + "89"_octets + text("b/c"), "", "", "type=b/c;start=<a>"},
-        {"type first", "0B B3 89"_octets + text("b/c") + "8A"_octets + text("<a>"), "", "", "type=b/c;start=<a>"},
+        {"start first", "0B B3 8A"_octets + text("<a>") + "89"_octets + text("b/c"), "", "",
+         "type=b/c;start=<a>"},
+        {"type first", "0B B3 89"_octets + text("b/c") + "8A"_octets + text("<a>"), "", "",
+         "type=b/c;start=<a>"},
         {"type alone", "06 B3 89"_octets + text("b/c"), "", "", "type=b/c;start="},
         {"start alone", "06 B3 8A"_octets + text("<a>"), "", "", "type=;start=<a>"},
         {"empty texts", "05 B3 8A 00 89 00"_octets, "", "", noParameters},
@@ -126,7 +124,8 @@ TEST(ContentTypeValue, ConsumesNothingButTheOctetOfAnotherParameter)
 
 TEST(ContentTypeValue, CountsTextsInCharactersWithoutTheirQuote)
 {
-    // One octet behind the value is taken for a parameter, because the text's quote was not counted.
+    // One octet behind the value is taken for a parameter, because the text's quote was not
+    // counted.
     expectRelated({
         {"quoted type", "05 B3 89 7F 61 00 77 66"_octets, "", "", "type=a;start=", 1},
         {"quoted start", "05 B3 8A 7F 61 00 77 66"_octets, "", "", "type=;start=a", 1},
@@ -230,9 +229,11 @@ const std::vector<WriteRow> &writeRows()
          "84 19 B3 8A"_octets + text("<ab>") + "89"_octets + text("application/smil")},
         {"start before type whatever the parameters' order", relatedWith("start=a;type=b"),
          "84 07 B3 8A 61 00 89 62 00"_octets},
-        {"longest short length", relatedWith("type=" + QString(12, 'x') + ";start=" + QString(13, 'y')),
+        {"longest short length",
+         relatedWith("type=" + QString(12, 'x') + ";start=" + QString(13, 'y')),
          "84 1E B3 8A"_octets + octet('y', 13) + "00 89"_octets + octet('x', 12) + "00"_octets},
-        {"first long length", relatedWith("type=" + QString(13, 'x') + ";start=" + QString(13, 'y')),
+        {"first long length",
+         relatedWith("type=" + QString(13, 'x') + ";start=" + QString(13, 'y')),
          "84 1F 1F B3 8A"_octets + octet('y', 13) + "00 89"_octets + octet('x', 13) + "00"_octets},
         {"a quote that the length does not count", relatedWith("type=;start=é"),
          "84 07 B3 8A 7F C3 A9 00 89 00"_octets},
@@ -335,7 +336,7 @@ TEST(ContentTypeField, StoresAValueThatHasAType)
         MMS_UA_UAMsg msg;
         setContentType(msg, usedContentType());
         EXPECT_EQ(readField(makeField<ContentTypeField>, row.octets, msg).result, row.result);
-        EXPECT_EQ(msg.getFieldsPresent(), row.stored ? presenceBit : 0);
+        EXPECT_EQ(msg.getFieldsPresent(), row.stored ? 0x00000008u : 0u);
         EXPECT_EQ(msg.getContentType(), row.contentType.type);
         EXPECT_EQ(msg.getContentSubType(), row.contentType.subtype);
         EXPECT_EQ(msg.getContentTypeParams(), row.contentType.parameters);

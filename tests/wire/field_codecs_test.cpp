@@ -23,17 +23,8 @@ static_assert(std::has_virtual_destructor_v<FieldBase>);
 static_assert(std::is_abstract_v<FieldBase>);
 static_assert(sizeof(FieldBase) == sizeof(void *), "codecs carry no data");
 
-unsigned int bit(int code)
-{
-    return 1u << (code - 1);
-}
-
-QByteArray text(const char *ascii)
-{
-    return QByteArray(ascii) + octet(0);
-}
-
-void expectWritten(MakeField make, MMS_UA_UAMsg &msg, const QByteArray &octets, unsigned char result = Written)
+void expectWritten(MakeField make, MMS_UA_UAMsg &msg, const QByteArray &octets,
+                   unsigned char result = Written)
 {
     const Writing writing = writeField(make, msg);
     EXPECT_EQ(writing.result, result);
@@ -51,11 +42,15 @@ struct OctetRow
 };
 
 const OctetRow octetRows[] = {
-    {"Message-Type", makeField<MsgTypeField>, 12, &MMS_UA_UAMsg::getMessageType, &MMS_UA_UAMsg::setMessageType},
-    {"Message-Class", makeField<MsgClassField>, 10, &MMS_UA_UAMsg::getMessageClass, &MMS_UA_UAMsg::setMessageClass},
+    {"Message-Type", makeField<MsgTypeField>, 12, &MMS_UA_UAMsg::getMessageType,
+     &MMS_UA_UAMsg::setMessageType},
+    {"Message-Class", makeField<MsgClassField>, 10, &MMS_UA_UAMsg::getMessageClass,
+     &MMS_UA_UAMsg::setMessageClass},
     {"Status", makeField<MsgStatusField>, 21, &MMS_UA_UAMsg::getStatus, &MMS_UA_UAMsg::setStatus},
-    {"Response-Status", makeField<ResponseStatusField>, 18, &MMS_UA_UAMsg::getResponseStatus, &MMS_UA_UAMsg::setResponseStatus},
-    {"Priority", makeField<PriorityField>, 15, &MMS_UA_UAMsg::getPriority, &MMS_UA_UAMsg::setPriority},
+    {"Response-Status", makeField<ResponseStatusField>, 18, &MMS_UA_UAMsg::getResponseStatus,
+     &MMS_UA_UAMsg::setResponseStatus},
+    {"Priority", makeField<PriorityField>, 15, &MMS_UA_UAMsg::getPriority,
+     &MMS_UA_UAMsg::setPriority},
 };
 
 TEST(OctetFields, StoreAndWriteEveryOctetAsItIs)
@@ -68,7 +63,7 @@ TEST(OctetFields, StoreAndWriteEveryOctetAsItIs)
             EXPECT_EQ(reading.result, Read);
             EXPECT_EQ(reading.position, 1);
             EXPECT_EQ((msg.*row.get)(), value);
-            EXPECT_EQ(msg.getFieldsPresent(), bit(row.code));
+            EXPECT_EQ(msg.getFieldsPresent(), presenceBit(row.code));
             expectWritten(row.make, msg, octet(row.code | 0x80) + octet(value));
         }
     }
@@ -107,10 +102,14 @@ struct FlagRow
 };
 
 const FlagRow flagRows[] = {
-    {"Delivery-Report", makeField<DeliveryReportField>, 6, &MMS_UA_UAMsg::getDeliveryReport, &MMS_UA_UAMsg::setDeliveryReport, 128, 129},
-    {"Read-Reply", makeField<ReadReplyField>, 16, &MMS_UA_UAMsg::getReadReply, &MMS_UA_UAMsg::setReadReply, 128, 129},
-    {"Report-Allowed", makeField<ReportAllowedField>, 17, &MMS_UA_UAMsg::getReportAllowed, &MMS_UA_UAMsg::setReportAllowed, 128, 129},
-    {"Sender-Visibility", makeField<SenderVisibilityField>, 20, &MMS_UA_UAMsg::getSenderVisibility, &MMS_UA_UAMsg::setSenderVisibility, 129, 128},
+    {"Delivery-Report", makeField<DeliveryReportField>, 6, &MMS_UA_UAMsg::getDeliveryReport,
+     &MMS_UA_UAMsg::setDeliveryReport, 128, 129},
+    {"Read-Reply", makeField<ReadReplyField>, 16, &MMS_UA_UAMsg::getReadReply,
+     &MMS_UA_UAMsg::setReadReply, 128, 129},
+    {"Report-Allowed", makeField<ReportAllowedField>, 17, &MMS_UA_UAMsg::getReportAllowed,
+     &MMS_UA_UAMsg::setReportAllowed, 128, 129},
+    {"Sender-Visibility", makeField<SenderVisibilityField>, 20, &MMS_UA_UAMsg::getSenderVisibility,
+     &MMS_UA_UAMsg::setSenderVisibility, 129, 128},
 };
 
 TEST(FlagFields, AreSetByTheOctet128Alone)
@@ -122,7 +121,7 @@ TEST(FlagFields, AreSetByTheOctet128Alone)
             (msg.*row.set)(value != 128);
             EXPECT_EQ(readField(row.make, octet(value), msg).result, Read);
             EXPECT_EQ((msg.*row.get)(), value == 128) << value;
-            EXPECT_EQ(msg.getFieldsPresent(), bit(row.code));
+            EXPECT_EQ(msg.getFieldsPresent(), presenceBit(row.code));
         }
     }
 }
@@ -166,7 +165,7 @@ TEST(VersionField, DropsTheHighBitAndPutsItBack)
         MMS_UA_UAMsg msg;
         EXPECT_EQ(readField(makeField<VersionField>, octet(value), msg).result, Read);
         EXPECT_EQ(msg.getMMSVersion(), value & 0x7F);
-        EXPECT_EQ(msg.getFieldsPresent(), bit(13));
+        EXPECT_EQ(msg.getFieldsPresent(), presenceBit(13));
         expectWritten(makeField<VersionField>, msg, "8D"_octets + octet(value | 0x80));
     }
 }
@@ -199,11 +198,16 @@ struct TextFieldRow
 };
 
 const TextFieldRow textRows[] = {
-    {"Content-Location", makeField<ContentLocationField>, 3, false, &MMS_UA_UAMsg::getContentLocation, &MMS_UA_UAMsg::setContentLocation},
-    {"Message-ID", makeField<MsgIDField>, 11, false, &MMS_UA_UAMsg::getMessageId, &MMS_UA_UAMsg::setMessageId},
-    {"Transaction-Id", makeField<TIDField>, 24, false, &MMS_UA_UAMsg::getTransactionId, &MMS_UA_UAMsg::setTransactionId},
-    {"Subject", makeField<SubjectField>, 22, true, &MMS_UA_UAMsg::getSubject, &MMS_UA_UAMsg::setSubject},
-    {"Response-Text", makeField<ResponseTextField>, 19, true, &MMS_UA_UAMsg::getResponseText, &MMS_UA_UAMsg::setResponseText},
+    {"Content-Location", makeField<ContentLocationField>, 3, false,
+     &MMS_UA_UAMsg::getContentLocation, &MMS_UA_UAMsg::setContentLocation},
+    {"Message-ID", makeField<MsgIDField>, 11, false, &MMS_UA_UAMsg::getMessageId,
+     &MMS_UA_UAMsg::setMessageId},
+    {"Transaction-Id", makeField<TIDField>, 24, false, &MMS_UA_UAMsg::getTransactionId,
+     &MMS_UA_UAMsg::setTransactionId},
+    {"Subject", makeField<SubjectField>, 22, true, &MMS_UA_UAMsg::getSubject,
+     &MMS_UA_UAMsg::setSubject},
+    {"Response-Text", makeField<ResponseTextField>, 19, true, &MMS_UA_UAMsg::getResponseText,
+     &MMS_UA_UAMsg::setResponseText},
 };
 
 TEST(TextFields, StoreATextThatIsNotEmpty)
@@ -215,7 +219,7 @@ TEST(TextFields, StoreATextThatIsNotEmpty)
         EXPECT_EQ(reading.result, Read);
         EXPECT_EQ(reading.position, 4);
         EXPECT_EQ((msg.*row.get)(), "abc");
-        EXPECT_EQ(msg.getFieldsPresent(), bit(row.code));
+        EXPECT_EQ(msg.getFieldsPresent(), presenceBit(row.code));
     }
 }
 
@@ -238,7 +242,9 @@ TEST(TextFields, ReadTheFormOfTheField)
         SCOPED_TRACE(row.name);
         MMS_UA_UAMsg msg;
         EXPECT_EQ(readField(row.make, octets, msg).result, Read);
-        EXPECT_EQ((msg.*row.get)(), row.encoded ? QStringLiteral("\u00E9") : QStringLiteral("\u0005\u0001\u00EA\u00C3\u00A9"));
+        EXPECT_EQ((msg.*row.get)(),
+                  row.encoded ? QStringLiteral("\u00E9")
+                              : QStringLiteral("\u0005\u0001\u00EA\u00C3\u00A9"));
     }
 }
 
@@ -254,14 +260,16 @@ TEST(TextFields, WriteTheFormOfTheField)
         {"ASCII", "abc", "61 62 63 00"_octets, "05 EA 61 62 63 00"_octets},
         {"quoted", "é", "7F C3 A9 00"_octets, "05 EA 7F C3 A9 00"_octets},
         {"NUL inside", QStringLiteral("a\0b"), "61 00"_octets, "03 EA 61 00"_octets},
-        {"long", QString(29, 'x'), octet('x', 29) + "00"_octets, "1F 1F EA"_octets + octet('x', 29) + "00"_octets},
+        {"long", QString(29, 'x'), octet('x', 29) + "00"_octets,
+         "1F 1F EA"_octets + octet('x', 29) + "00"_octets},
     };
     for (const TextFieldRow &field : textRows) {
         for (const auto &row : rows) {
             SCOPED_TRACE(testing::Message() << field.name << ' ' << row.name);
             MMS_UA_UAMsg msg;
             (msg.*field.set)(row.value);
-            expectWritten(field.make, msg, octet(field.code | 0x80) + (field.encoded ? row.encoded : row.plain));
+            expectWritten(field.make, msg,
+                          octet(field.code | 0x80) + (field.encoded ? row.encoded : row.plain));
         }
     }
 }
@@ -273,8 +281,9 @@ TEST(TextFields, StoreNothingWhenTheDataRunsOut)
         MMS_UA_UAMsg msg;
         (msg.*row.set)("before");
         EXPECT_EQ(readFieldPastTheEnd(row.make, msg), OutOfData);
-        if (row.encoded)
+        if (row.encoded) {
             EXPECT_EQ(readField(row.make, "05 EA 61"_octets, msg).result, OutOfData);
+        }
         EXPECT_EQ((msg.*row.get)(), "before");
         EXPECT_EQ(msg.getFieldsPresent(), 0u);
     }
@@ -286,13 +295,16 @@ TEST(MsgSizeField, StoresASizeThatIsNotZero)
     {
         QByteArray octets;
         int size;
-    } const rows[] = {{"81"_octets, 1}, {"FF"_octets, 127}, {"02 10 00"_octets, 4096}, {"04 7F FF FF FF"_octets, INT_MAX}};
+    } const rows[] = {{"81"_octets, 1},
+                      {"FF"_octets, 127},
+                      {"02 10 00"_octets, 4096},
+                      {"04 7F FF FF FF"_octets, INT_MAX}};
     for (const auto &row : rows) {
         SCOPED_TRACE(row.size);
         MMS_UA_UAMsg msg;
         EXPECT_EQ(readField(makeField<MsgSizeField>, row.octets, msg).result, Read);
         EXPECT_EQ(msg.getMessageSize(), row.size);
-        EXPECT_EQ(msg.getFieldsPresent(), bit(14));
+        EXPECT_EQ(msg.getFieldsPresent(), presenceBit(14));
         expectWritten(makeField<MsgSizeField>, msg, "8E"_octets + row.octets);
     }
 }
@@ -302,7 +314,7 @@ TEST(MsgSizeField, StoresANegativeSizeAndWritesItAsOneOctet)
     MMS_UA_UAMsg msg;
     EXPECT_EQ(readField(makeField<MsgSizeField>, "04 FF FF FF FF"_octets, msg).result, Read);
     EXPECT_EQ(msg.getMessageSize(), -1);
-    EXPECT_EQ(msg.getFieldsPresent(), bit(14));
+    EXPECT_EQ(msg.getFieldsPresent(), presenceBit(14));
     expectWritten(makeField<MsgSizeField>, msg, "8E FF"_octets);
 }
 
@@ -344,9 +356,12 @@ struct ListRow
 };
 
 const ListRow listRows[] = {
-    {"Bcc", makeField<BccField>, 1, &MMS_UTIL_MsgHeaderBase::getBccRecipients, &MMS_UTIL_MsgHeaderBase::addBccRecipient},
-    {"Cc", makeField<CcField>, 2, &MMS_UTIL_MsgHeaderBase::getCcRecipients, &MMS_UTIL_MsgHeaderBase::addCcRecipient},
-    {"To", makeField<ToField>, 23, &MMS_UTIL_MsgHeaderBase::getToRecipients, &MMS_UTIL_MsgHeaderBase::addToRecipient},
+    {"Bcc", makeField<BccField>, 1, &MMS_UTIL_MsgHeaderBase::getBccRecipients,
+     &MMS_UTIL_MsgHeaderBase::addBccRecipient},
+    {"Cc", makeField<CcField>, 2, &MMS_UTIL_MsgHeaderBase::getCcRecipients,
+     &MMS_UTIL_MsgHeaderBase::addCcRecipient},
+    {"To", makeField<ToField>, 23, &MMS_UTIL_MsgHeaderBase::getToRecipients,
+     &MMS_UTIL_MsgHeaderBase::addToRecipient},
 };
 
 TEST(RecipientFields, AddOneRecipientForEachField)
@@ -362,7 +377,7 @@ TEST(RecipientFields, AddOneRecipientForEachField)
         EXPECT_EQ(list.at(0)->getType(), 1);
         EXPECT_EQ(list.at(1)->getAddress(), "a@b");
         EXPECT_EQ(list.at(1)->getName(), "Bob ");
-        EXPECT_EQ(msg.getFieldsPresent(), bit(row.code));
+        EXPECT_EQ(msg.getFieldsPresent(), presenceBit(row.code));
     }
 }
 
@@ -375,7 +390,7 @@ TEST(RecipientFields, KeepPresenceBitAndRecipientAfterAFailedRead)
         EXPECT_EQ(readFieldPastTheEnd(row.make, msg), Read);
         ASSERT_EQ((msg.*row.list)().count(), 2);
         EXPECT_TRUE((msg.*row.list)().at(0)->isEmpty());
-        EXPECT_EQ(msg.getFieldsPresent(), bit(row.code));
+        EXPECT_EQ(msg.getFieldsPresent(), presenceBit(row.code));
     }
 }
 
@@ -385,7 +400,8 @@ TEST(RecipientFields, TouchNoOtherList)
         MMS_UA_UAMsg msg;
         readField(row.make, text("a"), msg);
         for (const ListRow &other : listRows)
-            EXPECT_EQ((msg.*other.list)().count(), other.code == row.code ? 1 : 0) << row.name << ' ' << other.name;
+            EXPECT_EQ((msg.*other.list)().count(), other.code == row.code ? 1 : 0)
+                << row.name << ' ' << other.name;
     }
 }
 
@@ -398,7 +414,9 @@ TEST(RecipientFields, WriteOneFieldForEachRecipientInOrder)
         (msg.*row.add)(MMS_UTIL_Entry("", 1, "1"));
         (msg.*row.add)(MMS_UTIL_Entry("", 0, "é"));
         const QByteArray code = octet(row.code | 0x80);
-        expectWritten(row.make, msg, code + text("a@b") + code + text("1/TYPE=PLMN") + code + "05 EA 7F C3 A9 00"_octets);
+        expectWritten(row.make, msg,
+                      code + text("a@b") + code + text("1/TYPE=PLMN") + code
+                          + "05 EA 7F C3 A9 00"_octets);
     }
 }
 
@@ -458,7 +476,8 @@ TEST(FromField, ReadsTheSenderOrKeepsThePlaceholder)
         {"long length", "1F 81 00 80 61 00"_octets, 6, {"", 0, "a"}},
         {"address-present but length 1", "01 80 61 00"_octets, 2, placeholder},
         {"address-present but length 0", "00 80 61 00"_octets, 2, placeholder},
-        {"address-present but negative length", "1F F8 80 80 80 00 80 61 00"_octets, 7, placeholder},
+        {"address-present but negative length", "1F F8 80 80 80 00 80 61 00"_octets, 7,
+         placeholder},
         {"insert-address with an address", "03 81 61 00"_octets, 2, placeholder},
         {"another token", "03 82 61 00"_octets, 2, placeholder},
         {"token in the slack octet", "05"_octets, 2, placeholder},
@@ -473,7 +492,7 @@ TEST(FromField, ReadsTheSenderOrKeepsThePlaceholder)
         const FieldReading reading = readField(makeField<FromField>, row.octets, msg);
         EXPECT_EQ(reading.result, Read);
         EXPECT_EQ(reading.position, row.position);
-        EXPECT_EQ(msg.getFieldsPresent(), bit(9));
+        EXPECT_EQ(msg.getFieldsPresent(), presenceBit(9));
         expectEntry(msg.getFrom(), row.from);
     }
 }
@@ -505,8 +524,12 @@ TEST(FromField, WritesTheAddressOrAsksForOne)
         {"e-mail", {"Ann", 0, "a@b"}, "89 05 80 61 40 62 00"_octets},
         {"phone", {"", 1, "+1"}, "89 0E 80"_octets + text("+1/TYPE=PLMN")},
         {"not ASCII", {"", 0, "é@x"}, "89 09 80 07 EA 7F C3 A9 40 78 00"_octets},
-        {"longest short length", {"", 0, QString(28, 'a')}, "89 1E 80"_octets + octet('a', 28) + "00"_octets},
-        {"first long length", {"", 0, QString(29, 'a')}, "89 1F 1F 80"_octets + octet('a', 29) + "00"_octets},
+        {"longest short length",
+         {"", 0, QString(28, 'a')},
+         "89 1E 80"_octets + octet('a', 28) + "00"_octets},
+        {"first long length",
+         {"", 0, QString(29, 'a')},
+         "89 1F 1F 80"_octets + octet('a', 29) + "00"_octets},
         {"of no kind", {"", 2, "a@b"}, "89 01 80"_octets, CannotWrite},
     };
     for (const auto &row : rows) {
@@ -558,7 +581,7 @@ TEST(MsgDateField, StoresTheMomentOfDecodingWhateverTheDate)
         EXPECT_GE(msg.getDate(), before);
         EXPECT_LE(msg.getDate(), QDateTime::currentDateTime());
         EXPECT_EQ(msg.getDate().timeSpec(), Qt::LocalTime);
-        EXPECT_EQ(msg.getFieldsPresent(), bit(5));
+        EXPECT_EQ(msg.getFieldsPresent(), presenceBit(5));
     }
 }
 
@@ -567,7 +590,7 @@ TEST(MsgDateField, KeepsPresenceBitPastTheEnd)
     MMS_UA_UAMsg msg;
     EXPECT_EQ(readFieldPastTheEnd(makeField<MsgDateField>, msg), OutOfData);
     EXPECT_TRUE(msg.getDate().isValid());
-    EXPECT_EQ(msg.getFieldsPresent(), bit(5));
+    EXPECT_EQ(msg.getFieldsPresent(), presenceBit(5));
 }
 
 struct DateRow
@@ -612,7 +635,8 @@ TEST(DeliveryTimeField, WritesTheAbsoluteForm)
         MMS_UA_UAMsg msg;
         msg.setDeliveryTime(QDateTime(row.date, row.time));
         const int length = static_cast<int>(row.seconds.size()) + 1;
-        expectWritten(makeField<DeliveryTimeField>, msg, "87"_octets + octet(length) + "80"_octets + row.seconds);
+        expectWritten(makeField<DeliveryTimeField>, msg,
+                      "87"_octets + octet(length) + "80"_octets + row.seconds);
     }
 }
 
@@ -631,7 +655,7 @@ TEST(DeliveryTimeField, StoresTheTimeOfBothForms)
         MMS_UA_UAMsg msg;
         EXPECT_EQ(readField(makeField<DeliveryTimeField>, octets, msg).result, Read);
         EXPECT_EQ(msg.getDeliveryTime(), QDateTime(QDate(2001, 9, 9), QTime(9, 46, 40)));
-        EXPECT_EQ(msg.getFieldsPresent(), bit(7));
+        EXPECT_EQ(msg.getFieldsPresent(), presenceBit(7));
     }
 }
 
@@ -643,7 +667,7 @@ TEST(DeliveryTimeField, StoresTheEpochToo)
         EXPECT_EQ(readField(makeField<DeliveryTimeField>, octets, msg).result, Read);
         ASSERT_FALSE(msg.getDeliveryTime().isNull());
         EXPECT_EQ(msg.getDeliveryTime().toSecsSinceEpoch(), 0);
-        EXPECT_EQ(msg.getFieldsPresent(), bit(7));
+        EXPECT_EQ(msg.getFieldsPresent(), presenceBit(7));
     }
 }
 
@@ -674,8 +698,8 @@ TEST(ExpiryField, StoresLocalSecondsFromItsReference)
         {TimeZone::Shanghai, "06 80 04 3B 9A CA 00"_octets, 1413405696 + 28800},
         {TimeZone::NewYork, "06 80 04 3B 9A CA 00"_octets, 1413405696 - 14400},
         {TimeZone::NewYork, "06 80 04 3F F3 63 00"_octets, 1486320896 - 18000},
-        {TimeZone::Utc, "06 80 04 67 5B ED 9F"_octets, INT_MAX},
-        {TimeZone::Utc, "06 80 04 67 5B ED A0"_octets, INT_MIN},
+        {TimeZone::Utc, "06 80 04 67 5B ED FF"_octets, INT_MAX},
+        {TimeZone::Utc, "06 80 04 67 5B EE 00"_octets, INT_MIN},
         {TimeZone::Utc, "06 80 04 7F FF FF FF"_octets, INT_MIN + 413405695},
         {TimeZone::Utc, "06 80 04 FF FF FF FF"_octets, 413405695},
         {TimeZone::Utc, "06"_octets, 413405696},
@@ -686,7 +710,7 @@ TEST(ExpiryField, StoresLocalSecondsFromItsReference)
         MMS_UA_UAMsg msg;
         EXPECT_EQ(readField(makeField<ExpiryField>, row.octets, msg).result, Read);
         EXPECT_EQ(msg.getExpiry(), row.expiry);
-        EXPECT_EQ(msg.getFieldsPresent(), bit(8));
+        EXPECT_EQ(msg.getFieldsPresent(), presenceBit(8));
     }
 }
 
@@ -697,7 +721,7 @@ TEST(ExpiryField, KeepsPresenceBitAndValueAfterAFailedRead)
         msg.setExpiry(77);
         EXPECT_EQ(readField(makeField<ExpiryField>, octets, msg).result, OutOfData);
         EXPECT_EQ(msg.getExpiry(), 77);
-        EXPECT_EQ(msg.getFieldsPresent(), bit(8));
+        EXPECT_EQ(msg.getFieldsPresent(), presenceBit(8));
     }
 }
 
@@ -712,7 +736,7 @@ TEST(ExpiryField, WritesTheStoredNumberAsARelativeTime)
         {127, "88 02 81 FF"_octets},
         {128, "88 03 81 01 80"_octets},
         {86400, "88 05 81 03 01 51 80"_octets},
-        {1413405696, "88 06 81 04 54 3E D4 00"_octets},
+        {1413405696, "88 06 81 04 54 3E DC 00"_octets},
         {INT_MAX, "88 06 81 04 7F FF FF FF"_octets},
         {-1, "88 02 81 FF"_octets},
         {INT_MIN, "88 02 81 80"_octets},

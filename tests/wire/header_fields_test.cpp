@@ -72,7 +72,8 @@ TEST(HeaderFields, HoldsEveryFieldInTheOrderOfTheCodes)
 TEST(HeaderFields, HasThePublishedPresenceBits)
 {
     for (const FieldRow &row : fieldRows())
-        EXPECT_EQ(headerFieldMask(static_cast<unsigned char>(row.code)), row.presenceBit) << row.name;
+        EXPECT_EQ(headerFieldMask(static_cast<unsigned char>(row.code)), row.presenceBit)
+            << row.name;
 }
 
 TEST(HeaderFields, MakesANewCodecOfTheFieldsClass)
@@ -90,7 +91,8 @@ TEST(HeaderFields, MakesANewCodecOfTheFieldsClass)
 TEST(HeaderFields, WritesTheFieldsWireOctetFirst)
 {
     MMS_UA_UAMsg msg;
-    for (auto *add : {&MMS_UA_UAMsg::addToRecipient, &MMS_UA_UAMsg::addCcRecipient, &MMS_UA_UAMsg::addBccRecipient})
+    for (auto add : {&MMS_UA_UAMsg::addToRecipient, &MMS_UA_UAMsg::addCcRecipient,
+                     &MMS_UA_UAMsg::addBccRecipient})
         (msg.*add)(MMS_UTIL_Entry("", 0, "a"));
     for (const FieldRow &row : fieldRows()) {
         SCOPED_TRACE(row.name);

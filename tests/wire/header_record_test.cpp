@@ -3,7 +3,7 @@
  */
 #include "wire/header_record.h"
 
-#include "support/octets.h"
+#include "wire/codec_calls.h"
 
 #include <gtest/gtest.h>
 
@@ -13,11 +13,6 @@ namespace {
 
 static_assert(std::is_base_of_v<MMS_UTIL_MsgHeaderBase, MMS_UA_UAMsg>);
 static_assert(std::has_virtual_destructor_v<MMS_UA_UAMsg>);
-
-unsigned int bit(int code)
-{
-    return 1u << (code - 1);
-}
 
 TEST(HeaderRecord, StartsWithThePublishedDefaults)
 {
@@ -29,7 +24,8 @@ TEST(HeaderRecord, StartsWithThePublishedDefaults)
     EXPECT_EQ(msg.getStatus(), 128);
     EXPECT_FALSE(msg.getReportAllowed());
     EXPECT_EQ(msg.getResponseStatus(), 128);
-    for (const QString &text : {msg.getTransactionId(), msg.getContentLocation(), msg.getMessageId(), msg.getResponseText()})
+    for (const QString &text : {msg.getTransactionId(), msg.getContentLocation(),
+                                msg.getMessageId(), msg.getResponseText()})
         EXPECT_EQ(text, "");
     EXPECT_EQ(msg.getBody(), nullptr);
     EXPECT_EQ(msg.getBodyLength(), 0);
@@ -58,8 +54,15 @@ TEST(HeaderRecord, FieldsArePresentWhenEveryBitOfTheMaskIs)
         unsigned int present, mask;
         bool result;
     } const rows[] = {
-        {0, 0, true},       {0, 1, false},       {0x00821800, 0x00821800, true}, {0x00821000, 0x00821800, false},
-        {0xFFFFFFFF, 0, true}, {0xFFFFFFFF, 0xFFFFFFFF, true}, {0x7FFFFFFF, 0x80000000, false}, {6, 3, false}, {7, 3, true},
+        {0, 0, true},
+        {0, 1, false},
+        {0x00821800, 0x00821800, true},
+        {0x00821000, 0x00821800, false},
+        {0xFFFFFFFF, 0, true},
+        {0xFFFFFFFF, 0xFFFFFFFF, true},
+        {0x7FFFFFFF, 0x80000000, false},
+        {6, 3, false},
+        {7, 3, true},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(testing::Message() << std::hex << row.present << " for " << row.mask);
@@ -86,8 +89,9 @@ TEST(HeaderRecord, ChecksMajorAndMinorVersionApart)
         int version;
         bool major, minor;
     } const rows[] = {
-        {0x10, true, true},  {0x11, true, false}, {0x1F, true, false}, {0x20, false, true}, {0x21, false, false},
-        {0x00, false, true}, {0x30, false, true}, {0x90, true, true},  {0x91, true, false}, {0xA0, false, true},
+        {0x10, true, true},   {0x11, true, false}, {0x1F, true, false}, {0x20, false, true},
+        {0x21, false, false}, {0x00, false, true}, {0x30, false, true}, {0x90, true, true},
+        {0x91, true, false},  {0xA0, false, true},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(testing::Message() << std::hex << row.version);
@@ -117,7 +121,8 @@ TEST(HeaderRecord, StoresPositionsOfCodesUpToTwentyFiveOnly)
         msg.setFieldPosition(static_cast<unsigned char>(code), 3);
         for (int other = 0; other < 256; ++other) {
             const int expected = other == code && code <= 25 ? 3 : 0;
-            ASSERT_EQ(msg.getFieldPosition(static_cast<unsigned char>(other)), expected) << code << ' ' << other;
+            ASSERT_EQ(msg.getFieldPosition(static_cast<unsigned char>(other)), expected)
+                << code << ' ' << other;
         }
     }
 }
@@ -142,7 +147,7 @@ TEST(MandatoryFields, AreThoseOfTheMessageType)
         msg.setFieldsPresent(row.mask);
         EXPECT_TRUE(msg.mandatoryFldsPresentInPDU());
         for (int code : row.codes) {
-            msg.setFieldsPresent(0x00FFFFFF & ~bit(code));
+            msg.setFieldsPresent(0x00FFFFFF & ~presenceBit(code));
             EXPECT_FALSE(msg.mandatoryFldsPresentInPDU()) << code;
         }
     }
@@ -203,10 +208,10 @@ TEST(PduOrder, HasTheThreeLeadingFieldsFirstAndContentTypeLast)
         unsigned char position = 0;
         for (int code : row.order) {
             msg.setFieldPosition(static_cast<unsigned char>(code), ++position);
-            msg.addFieldsPresent(bit(code));
+            msg.addFieldsPresent(presenceBit(code));
         }
         for (int code : row.absent)
-            msg.setFieldsPresent(msg.getFieldsPresent() & ~bit(code));
+            msg.setFieldsPresent(msg.getFieldsPresent() & ~presenceBit(code));
         EXPECT_EQ(msg.pduOrderCheck(), row.passes);
     }
 }
@@ -215,7 +220,7 @@ TEST(PduOrder, FailsForAPresentFieldThatWasNeverMet)
 {
     for (int code : {12, 24, 13}) {
         MMS_UA_UAMsg msg;
-        msg.setFieldsPresent(bit(code));
+        msg.setFieldsPresent(presenceBit(code));
         EXPECT_FALSE(msg.pduOrderCheck()) << code;
     }
 }
@@ -226,7 +231,7 @@ TEST(PduOrder, DoesNotCountTheSlotsThatAreNoFields)
     msg.setFieldPosition(4, 1);
     msg.setFieldPosition(0, 9);
     msg.setFieldPosition(25, 9);
-    msg.setFieldsPresent(bit(4));
+    msg.setFieldsPresent(presenceBit(4));
     EXPECT_TRUE(msg.pduOrderCheck());
 }
 

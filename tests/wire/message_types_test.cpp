@@ -26,7 +26,10 @@ const std::vector<TypeRow> &typeRows()
         {129, "m-send-conf", 0x00821800, {12, 24, 13, 18, 19, 11}},
         {130, "m-notification-ind", 0x00803A84, {12, 24, 13, 9, 22, 10, 14, 8, 3}},
         {131, "m-notifyresp-ind", 0, {12, 24, 13, 21, 17}},
-        {132, "m-retrieve-conf", 0x00001818, {12, 24, 13, 11, 5, 9, 23, 2, 1, 22, 10, 15, 6, 16, 4}},
+        {132,
+         "m-retrieve-conf",
+         0x00001818,
+         {12, 24, 13, 11, 5, 9, 23, 2, 1, 22, 10, 15, 6, 16, 4}},
         {133, "m-acknowledge-ind", 0, {12, 24, 13, 17}},
         {134, "m-delivery-ind", 0x00501C10, {12, 13, 24, 23, 5, 21}},
     };
@@ -49,13 +52,17 @@ TEST(MessageTypes, HoldsTheSevenTypesInTheOrderOfTheirValues)
 TEST(MessageTypes, DemandsThePublishedFields)
 {
     for (const TypeRow &row : typeRows())
-        EXPECT_EQ(messageTypeInfo(static_cast<unsigned char>(row.type))->mandatoryFields, row.mandatoryFields) << row.name;
+        EXPECT_EQ(messageTypeInfo(static_cast<unsigned char>(row.type))->mandatoryFields,
+                  row.mandatoryFields)
+            << row.name;
 }
 
 TEST(MessageTypes, WritesFieldsInThePublishedOrder)
 {
     for (const TypeRow &row : typeRows())
-        EXPECT_THAT(messageTypeInfo(static_cast<unsigned char>(row.type))->writeOrder, testing::ElementsAreArray(row.writeOrder)) << row.name;
+        EXPECT_THAT(messageTypeInfo(static_cast<unsigned char>(row.type))->writeOrder,
+                    testing::ElementsAreArray(row.writeOrder))
+            << row.name;
 }
 
 TEST(MessageTypes, HoldsNoOtherType)

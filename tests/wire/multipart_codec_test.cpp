@@ -122,9 +122,13 @@ TEST(MultipartDecoder, ResultAndPartsThatStay)
         {"count smaller than the entries", "01"_octets + jpeg + jpeg, WireResult::Read, {Jpeg}},
         {"second entry cut", "02"_octets + jpeg + jpeg.chopped(1), WireResult::OutOfData, {Jpeg}},
         {"second entry longer than the rest, not than the body",
-         "02"_octets + jpeg + "01 02 9E 42"_octets, WireResult::OutOfData, {Jpeg}},
+         "02"_octets + jpeg + "01 02 9E 42"_octets,
+         WireResult::OutOfData,
+         {Jpeg}},
         {"second entry longer than the body",
-         "02"_octets + jpeg + "01 0B 9E 42"_octets, WireResult::OutOfData, {Jpeg}},
+         "02"_octets + jpeg + "01 0B 9E 42"_octets,
+         WireResult::OutOfData,
+         {Jpeg}},
         {"count is no uintvar", "82 00"_octets + jpeg, WireResult::OutOfData, {}},
     };
     for (const Row &row : rows) {
@@ -199,8 +203,8 @@ TEST_F(MultipartEncoder, CountIsOneOctetModulo256)
     }
 }
 
-// Without a limit in the settings a body has 4,096 octets beside its data. Three named parts and the
-// count take 3,088 of them, which leaves 1,008.
+// Without a limit in the settings a body has 4,096 octets beside its data. Three named parts and
+// the count take 3,088 of them, which leaves 1,008.
 TEST_F(MultipartEncoder, BodyHasToStayBelowItsCapacity)
 {
     struct Row
@@ -211,11 +215,15 @@ TEST_F(MultipartEncoder, BodyHasToStayBelowItsCapacity)
         unsigned int length;
     };
     const Row rows[] = {
-        {"one below", {.format = "image/jpeg", .location = QString(498, 'a')},
-         WireResult::Written, 4095},
+        {"one below",
+         {.format = "image/jpeg", .location = QString(498, 'a')},
+         WireResult::Written,
+         4095},
         {"full", {.format = "a/b", .location = QString(497, 'a')}, WireResult::CannotWrite, 4096},
-        {"dropped headers do not show", {.format = "a/b", .location = QString(498, 'a')},
-         WireResult::Written, 3094},
+        {"dropped headers do not show",
+         {.format = "a/b", .location = QString(498, 'a')},
+         WireResult::Written,
+         3094},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.name);
@@ -267,9 +275,10 @@ TEST_F(MultipartEncoder, BodyLargerThanTheLimitIsWritten)
 TEST_F(MultipartEncoder, DataThatDoesNotFitEndsTheEncodingWithoutALength)
 {
     appendNamedParts(4);
-    appendParts(multipart, {{.format = "image/jpeg", .location = QString(509, 'a'),
-                             .data = QByteArray(100, 'd')},
-                            {.format = "image/jpeg"}});
+    appendParts(
+        multipart,
+        {{.format = "image/jpeg", .location = QString(509, 'a'), .data = QByteArray(100, 'd')},
+         {.format = "image/jpeg"}});
     const Encoded body(multipart);
     EXPECT_EQ(body.result, WireResult::CannotWrite);
     EXPECT_EQ(body.length, Untouched);

@@ -63,8 +63,8 @@ struct Decoded
     explicit Decoded(const QByteArray &octets)
     {
         const HeapBlock block(octets);
-        result = MMS_UA_MultiPart_CODEC::decodeMultipart(true, block.data(),
-                                                         unsigned(block.size()), &multipart);
+        result = MMS_UA_MultiPart_CODEC::decodeMultipart(true, block.data(), unsigned(block.size()),
+                                                         &multipart);
     }
 
     QList<PartFacts> firstParts(int count) const { return factsOf(multipart).mid(0, count); }
@@ -79,8 +79,8 @@ struct Parsed
     explicit Parsed(const QByteArray &octets)
     {
         const HeapBlock block(octets);
-        const auto body = QByteArray::fromRawData(reinterpret_cast<const char *>(block.data()),
-                                                  block.size());
+        const auto body =
+            QByteArray::fromRawData(reinterpret_cast<const char *>(block.data()), block.size());
         MMS_UTIL_MsgHeaderBase header;
         result = MMS_COMP_SMILMultipartParser::parse(body, &header, &multipart);
     }
@@ -154,8 +154,8 @@ TEST(DamagedMultipart, ReplacedCountReadsAsManyEntriesAsItSays)
             octets[0] = static_cast<char>(value);
             const Decoded decoded(octets);
             EXPECT_EQ(decoded.result, value == 0 ? WireResult::Read : WireResult::OutOfData);
-            EXPECT_EQ(factsOf(decoded.multipart), value == 0 ? QList<PartFacts>()
-                                                             : factsOf(whole.multipart));
+            EXPECT_EQ(factsOf(decoded.multipart),
+                      value == 0 ? QList<PartFacts>() : factsOf(whole.multipart));
         }
     }
 }

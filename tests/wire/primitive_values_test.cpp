@@ -603,7 +603,7 @@ TEST(TimeBinary, ReadsLocalTimeFromBothForms)
     });
 }
 
-TEST(TimeBinary, WritesTheDateAndTimeShownWhateverTheSpec)
+TEST(TimeBinary, WritesTheDateAndTimeShownWhateverTheirZone)
 {
     const TimeZone zone(TimeZone::Shanghai);
     const QDateTime utc(QDate(2001, 9, 9), QTime(1, 46, 40), Qt::UTC);

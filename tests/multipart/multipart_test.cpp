@@ -1,0 +1,520 @@
+/*
+ * The container of a message's parts: its attributes, the list and who owns what is in it, deletion
+ * by index and by reference, the presentation part, and attachments.
+ */
+#include "multipart/multipart.h"
+
+#include "multipart/multipart_result.h"
+#include "multipart/part_facts.h"
+
+#include <QStringList>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+#include <memory>
+#include <tuple>
+
+namespace {
+
+const QString Application = "application";
+const QString Related = "vnd.wap.multipart.related";
+const QString Mixed = "vnd.wap.multipart.mixed";
+
+QStringList locationsOf(const Multipart &multipart)
+{
+    QStringList locations;
+    for (const PartFacts &facts : factsOf(multipart))
+        locations += facts.location;
+    return locations;
+}
+
+void setType(Multipart &multipart, const QString &type, const QString &subtype)
+{
+    multipart.setMimeType(type);
+    multipart.setSubType(subtype);
+}
+
+// True while a part somewhere shares the octets.
+bool isShared(const QByteArray &octets)
+{
+    return !octets.isDetached();
+}
+
+// A copy leaves its parts to whoever made it.
+void deleteParts(const Multipart &copy)
+{
+    for (int i = 0; i < copy.getPartCount(); ++i)
+        delete copy.getBodypartByIndex(i);
+}
+
+} // namespace
+
+TEST(MultipartContainer, NewOneIsRelatedAndEmpty)
+{
+    const Multipart multipart;
+    EXPECT_EQ(multipart.getExtType(), "application/smil");
+    EXPECT_EQ(multipart.getMimeType(), Application);
+    EXPECT_EQ(multipart.getSubType(), Related);
+    EXPECT_EQ(multipart.getStart(), "");
+    EXPECT_FALSE(multipart.getStart().isNull());
+    EXPECT_TRUE(multipart.getBoundary().isNull());
+    EXPECT_EQ(multipart.getPartCount(), 0);
+}
+
+TEST(MultipartContainer, AttributesAreKeptAsGiven)
+{
+    Multipart multipart;
+    multipart.setExtType(" E ");
+    setType(multipart, " T ", " S ");
+    multipart.setStart(" s ");
+    multipart.setBoundary(" b ");
+    EXPECT_EQ(multipart.getExtType(), " E ");
+    EXPECT_EQ(multipart.getMimeType(), " T ");
+    EXPECT_EQ(multipart.getSubType(), " S ");
+    EXPECT_EQ(multipart.getStart(), " s ");
+    EXPECT_EQ(multipart.getBoundary(), " b ");
+}
+
+TEST(MultipartContainer, ClearKeepsTheBoundaryAndNoExtType)
+{
+    const QByteArray octets("octets");
+    Multipart multipart;
+    appendParts(multipart, {{.data = octets}, {}});
+    multipart.setExtType("e");
+    setType(multipart, "t", "s");
+    multipart.setStart("x");
+    multipart.setBoundary("b");
+    multipart.clear();
+    EXPECT_EQ(multipart.getExtType(), "");
+    EXPECT_EQ(multipart.getMimeType(), Application);
+    EXPECT_EQ(multipart.getSubType(), Related);
+    EXPECT_EQ(multipart.getStart(), "");
+    EXPECT_EQ(multipart.getBoundary(), "b");
+    EXPECT_EQ(multipart.getPartCount(), 0);
+    EXPECT_FALSE(isShared(octets));
+}
+
+TEST(MultipartContainer, PartsAreFoundByIndex)
+{
+    Multipart multipart;
+    appendParts(multipart, {{.location = "a"}, {.location = "b"}});
+    EXPECT_EQ(multipart.getPartCount(), 2);
+    EXPECT_EQ(multipart.getBodypartByIndex(0)->getContentLocation(), "a");
+    EXPECT_EQ(multipart.getBodypartByIndex(1)->getContentLocation(), "b");
+    for (const int index :
+         {-1, 2, std::numeric_limits<int>::min(), std::numeric_limits<int>::max()})
+        EXPECT_EQ(multipart.getBodypartByIndex(index), nullptr);
+}
+
+TEST(MultipartContainer, OwnsItsParts)
+{
+    const QByteArray octets("octets");
+    auto multipart = std::make_unique<Multipart>();
+    appendParts(*multipart, {{.data = octets}});
+    EXPECT_TRUE(isShared(octets));
+    multipart.reset();
+    EXPECT_FALSE(isShared(octets));
+}
+
+TEST(MultipartContainer, NullPartIsNotTaken)
+{
+    Multipart multipart;
+    multipart.appendBodypart(nullptr);
+    EXPECT_EQ(multipart.insertBodypart(nullptr, 0), MultipartResult::InsertionRefused);
+    EXPECT_EQ(multipart.getPartCount(), 0);
+}
+
+TEST(MultipartContainer, InsertionBeforeAnIndexOrAtTheEnds)
+{
+    const std::pair<int, QStringList> rows[] = {
+        {std::numeric_limits<int>::min(), {"x", "a", "b"}},
+        {-1, {"x", "a", "b"}},
+        {0, {"x", "a", "b"}},
+        {1, {"a", "x", "b"}},
+        {2, {"a", "b", "x"}},
+        {3, {"a", "b", "x"}},
+        {std::numeric_limits<int>::max(), {"a", "b", "x"}},
+    };
+    for (const auto &[index, locations] : rows) {
+        SCOPED_TRACE(index);
+        Multipart multipart;
+        appendParts(multipart, {{.location = "a"}, {.location = "b"}});
+        auto *part = new Part(partWith({.location = "x"}));
+        EXPECT_EQ(multipart.insertBodypart(part, index), MultipartResult::Ok);
+        EXPECT_EQ(locationsOf(multipart), locations);
+    }
+}
+
+TEST(MultipartContainer, InsertionIntoAnEmptyList)
+{
+    for (const int index : {-1, 0, 1}) {
+        Multipart multipart;
+        EXPECT_EQ(multipart.insertBodypart(new Part, index), MultipartResult::Ok);
+        EXPECT_EQ(multipart.getPartCount(), 1);
+    }
+}
+
+TEST(MultipartCopy, TakesAttributesButNotTheBoundaryAndSharesOctets)
+{
+    Multipart source;
+    source.setExtType("e");
+    setType(source, "t", "s");
+    source.setStart("x");
+    source.setBoundary("b");
+    appendParts(source, {{.format = "a/b", .data = "octets", .display = 0, .refCount = 3}, {}});
+    const Multipart copy(source);
+    EXPECT_EQ(copy.getExtType(), "e");
+    EXPECT_EQ(copy.getMimeType(), "t");
+    EXPECT_EQ(copy.getSubType(), "s");
+    EXPECT_EQ(copy.getStart(), "x");
+    EXPECT_TRUE(copy.getBoundary().isNull());
+    EXPECT_EQ(factsOf(copy), factsOf(source));
+    EXPECT_NE(copy.getBodypartByIndex(0), source.getBodypartByIndex(0));
+    EXPECT_EQ(copy.getBodypartByIndex(0)->getBodyData().constData(),
+              source.getBodypartByIndex(0)->getBodyData().constData());
+    deleteParts(copy);
+}
+
+TEST(MultipartCopy, NeverDeletesParts)
+{
+    const QByteArray octets("octets");
+    Multipart source;
+    appendParts(source, {{.data = octets}, {.data = "removed"}});
+    Part later = partWith({.location = "later"});
+    std::unique_ptr<Part> first;
+    std::unique_ptr<Part> second;
+    {
+        Multipart copy(source);
+        copy.appendBodypart(&later);
+        first.reset(copy.getBodypartByIndex(0));
+        second.reset(copy.getBodypartByIndex(1));
+        EXPECT_EQ(copy.deletePart(1), MultipartResult::Ok);
+        EXPECT_EQ(copy.deletePartBySrc("later"), MultipartResult::Ok);
+        EXPECT_EQ(copy.getPartCount(), 1);
+    }
+    EXPECT_EQ(first->getBodyData(), octets);
+    EXPECT_EQ(second->getBodyData(), "removed");
+    EXPECT_EQ(later.getContentLocation(), "later");
+}
+
+TEST(MultipartCopy, ClearOfACopyLeavesThePartsAlive)
+{
+    Multipart source;
+    appendParts(source, {{.data = "octets"}});
+    Multipart copy(source);
+    const std::unique_ptr<Part> part(copy.getBodypartByIndex(0));
+    copy.clear();
+    EXPECT_EQ(copy.getPartCount(), 0);
+    EXPECT_EQ(part->getBodyData(), "octets");
+}
+
+TEST(MultipartCopy, CopyFromAppendsAndKeepsTheBoundary)
+{
+    Multipart source;
+    source.setExtType("e");
+    setType(source, "t", "s");
+    source.setStart("b");
+    source.setBoundary("source");
+    appendParts(source, {{.location = "b"}, {.location = "c"}});
+    Multipart target;
+    target.setBoundary("target");
+    appendParts(target, {{.location = "a"}});
+    target.copyFrom(source);
+    EXPECT_EQ(locationsOf(target), (QStringList{"a", "b", "c"}));
+    EXPECT_EQ(target.getBoundary(), "target");
+    EXPECT_EQ(target.getExtType(), "e");
+    EXPECT_EQ(target.getMimeType(), "t");
+    EXPECT_EQ(target.getSubType(), "s");
+    EXPECT_EQ(target.getStart(), "b");
+    // The start is taken over as a text: unlike setStart() this takes no part for the presentation.
+    EXPECT_EQ(target.getBodypartByIndex(1)->getDispFileType(), Part::Attachment);
+}
+
+TEST(MultipartCopy, CopyFromOwnsTheCopiesLikeItsOtherParts)
+{
+    const QByteArray octets("octets");
+    auto source = std::make_unique<Multipart>();
+    appendParts(*source, {{.data = octets}});
+    {
+        Multipart target;
+        target.copyFrom(*source);
+        source.reset();
+        EXPECT_TRUE(isShared(octets));
+    }
+    EXPECT_FALSE(isShared(octets));
+}
+
+TEST(MultipartCopy, CopyFromItselfDoublesTheParts)
+{
+    Multipart multipart;
+    appendParts(multipart, {{.location = "a"}, {.location = "b"}});
+    multipart.copyFrom(multipart);
+    EXPECT_EQ(locationsOf(multipart), (QStringList{"a", "b", "a", "b"}));
+}
+
+namespace {
+
+// "a" and "A" match the reference "a" by location, "<a>" by Content-ID, all others do not.
+struct Deletable
+{
+    QString name;
+    int refCount = 1;
+
+    bool operator==(const Deletable &) const = default;
+};
+
+void PrintTo(const Deletable &part, std::ostream *out)
+{
+    *out << part.name.toStdString() << ':' << part.refCount;
+}
+
+void append(Multipart &multipart, const QList<Deletable> &parts)
+{
+    for (const auto &[name, refCount] : parts) {
+        const bool byId = name.startsWith('<');
+        appendParts(multipart,
+                    {{.location = byId ? QString() : name,
+                      .id = byId ? name : QString(),
+                      .refCount = refCount}});
+    }
+}
+
+QList<Deletable> left(const Multipart &multipart)
+{
+    QList<Deletable> parts;
+    for (const PartFacts &facts : factsOf(multipart))
+        parts += {facts.id.isEmpty() ? facts.location : facts.id, facts.refCount};
+    return parts;
+}
+
+struct DeletionRow
+{
+    const char *name;
+    QList<Deletable> parts;
+    int result;
+    QList<Deletable> left;
+};
+
+} // namespace
+
+TEST(MultipartDeletion, ByIndexTakesOneUseBack)
+{
+    const std::tuple<int, int, QList<Deletable>> rows[] = {
+        {-1, -22, {{"a"}, {"b", 3}, {"c", 0}}}, {0, 0, {{"b", 3}, {"c", 0}}},
+        {1, 0, {{"a"}, {"b", 2}, {"c", 0}}},    {2, 0, {{"a"}, {"b", 3}}},
+        {3, -22, {{"a"}, {"b", 3}, {"c", 0}}},
+    };
+    for (const auto &[index, result, expected] : rows) {
+        SCOPED_TRACE(index);
+        Multipart multipart;
+        append(multipart, {{"a"}, {"b", 3}, {"c", 0}});
+        EXPECT_EQ(multipart.deletePart(index), result);
+        EXPECT_EQ(left(multipart), expected);
+    }
+}
+
+TEST(MultipartDeletion, ByIndexGoesDownToTheLastUse)
+{
+    const QByteArray octets("octets");
+    Multipart multipart;
+    appendParts(multipart, {{.data = octets, .refCount = 2}});
+    EXPECT_EQ(multipart.deletePart(0), MultipartResult::Ok);
+    EXPECT_TRUE(isShared(octets));
+    EXPECT_EQ(multipart.deletePart(0), MultipartResult::Ok);
+    EXPECT_FALSE(isShared(octets));
+    EXPECT_EQ(multipart.deletePart(0), MultipartResult::RemovalRefused);
+}
+
+// The walk visits every part that is left; the place where it works is the number of visits before.
+// After a removal the place is one ahead of the walk.
+TEST(MultipartDeletion, ByReferenceWorksAtThePlaceThatCountsTheVisits)
+{
+    const DeletionRow rows[] = {
+        {"no parts", {}, 0, {}},
+        {"no match", {{"v"}, {"w", 2}}, 0, {{"v"}, {"w", 2}}},
+        {"first", {{"a"}, {"v"}}, 0, {{"v"}}},
+        {"last", {{"v"}, {"a"}}, 0, {{"v"}}},
+        {"between", {{"v"}, {"a"}, {"w"}}, 0, {{"v"}, {"w"}}},
+        {"by Content-ID", {{"v"}, {"<A>"}, {"w"}}, 0, {{"v"}, {"w"}}},
+        {"count 0", {{"a", 0}, {"v"}}, 0, {{"v"}}},
+        {"count below 0", {{"a", -3}, {"v"}}, 0, {{"v"}}},
+        {"in use twice", {{"v"}, {"a", 2}}, 0, {{"v"}, {"a", 1}}},
+        {"in use twice, another behind it", {{"a", 2}, {"A"}}, 0, {{"a", 1}, {"A"}}},
+        {"two in a row, another behind", {{"a"}, {"A"}, {"v"}}, 0, {{"A"}}},
+        {"two at the end", {{"a"}, {"A"}}, -22, {{"A"}}},
+        {"two behind another", {{"v"}, {"a"}, {"A"}}, -22, {{"v"}, {"A"}}},
+        {"two apart", {{"a"}, {"v"}, {"A"}}, -22, {{"v"}, {"A"}}},
+        {"two apart, another behind", {{"a"}, {"v"}, {"A"}, {"w"}}, 0, {{"v"}, {"A"}}},
+        {"two, walk goes on", {{"a"}, {"A"}, {"v"}, {"w"}}, 0, {{"A"}, {"w"}}},
+        {"three in a row", {{"a"}, {"A"}, {"<a>"}, {"w"}}, 0, {{"A"}, {"w"}}},
+        {"match removed in the place of another", {{"a"}, {"A"}, {"<a>"}}, 0, {{"A"}}},
+        {"third past the end", {{"a"}, {"A"}, {"v"}, {"<a>"}}, -22, {{"A"}, {"<a>"}}},
+        {"second in use, decreases another", {{"a"}, {"A", 2}, {"v", 5}}, 0, {{"A", 2}, {"v", 4}}},
+        {"second in use, another in use once", {{"a"}, {"A", 2}, {"v"}}, 0, {{"A", 2}, {"v", 0}}},
+        {"second in use at the end", {{"a"}, {"A", 2}}, 0, {{"A", 2}}},
+        {"stops at the one in use",
+         {{"a"}, {"v"}, {"A", 2}, {"w", 3}, {"a"}},
+         0,
+         {{"v"}, {"A", 2}, {"w", 2}, {"a"}}},
+        {"removes one in use", {{"a"}, {"A"}, {"v", 9}}, 0, {{"A"}}},
+    };
+    for (const DeletionRow &row : rows) {
+        SCOPED_TRACE(row.name);
+        Multipart multipart;
+        append(multipart, row.parts);
+        EXPECT_EQ(multipart.deletePartBySrc("a"), row.result);
+        EXPECT_EQ(left(multipart), row.left);
+    }
+}
+
+TEST(MultipartDeletion, EmptyReferenceIsRefused)
+{
+    Multipart multipart;
+    append(multipart, {{""}, {"a"}});
+    EXPECT_EQ(multipart.deletePartBySrc(""), MultipartResult::RemovalRefused);
+    EXPECT_EQ(multipart.deletePartBySrc(QString()), MultipartResult::RemovalRefused);
+    EXPECT_EQ(multipart.getPartCount(), 2);
+}
+
+TEST(MultipartDeletion, ReferenceMayBelongToThePartThatGoes)
+{
+    Multipart multipart;
+    append(multipart, {{"a"}, {"v"}});
+    const QString &reference = multipart.getBodypartByIndex(0)->getContentLocation();
+    EXPECT_EQ(multipart.deletePartBySrc(reference), MultipartResult::Ok);
+    EXPECT_EQ(locationsOf(multipart), QStringList{"v"});
+}
+
+TEST(MultipartStart, TakesTheFirstAttachmentThatItMatches)
+{
+    struct Row
+    {
+        const char *name;
+        QString start;
+        QList<int> displays;
+    };
+    const Row rows[] = {
+        {"first attachment, not what is shown", "<cid:A>", {0, 0, 1, 1}},
+        {"none", "b", {0, 1, 1, 1}},
+        {"empty", "", {0, 1, 1, 1}},
+        {"location", "X.SMIL", {0, 1, 1, 0}},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        Multipart multipart;
+        appendParts(
+            multipart,
+            {{.id = "<a>", .display = 0}, {.id = "a"}, {.id = "<A>"}, {.location = "x.smil"}});
+        multipart.setStart(row.start);
+        EXPECT_EQ(multipart.getStart(), row.start);
+        QList<int> displays;
+        for (const PartFacts &facts : factsOf(multipart))
+            displays += facts.display;
+        EXPECT_EQ(displays, row.displays);
+    }
+}
+
+namespace {
+
+struct SmilRow
+{
+    const char *name;
+    QString type;
+    QString subtype;
+    QString start;
+    QList<PartFacts> parts;
+    int found; // index, or -1
+};
+
+const PartFacts SmilAttachment = {.format = "application/smil"};
+const PartFacts ShownStart = {.format = "x/y", .id = "s", .display = Part::Shown};
+const PartFacts Picture = {.format = "image/jpeg"};
+
+} // namespace
+
+TEST(MultipartSmilPart, IsTheShownStartOrTheFirstPartOfARelatedMessage)
+{
+    const SmilRow rows[] = {
+        {"no parts", Application, Related, "s", {}, -1},
+        {"start", Application, Related, "s", {SmilAttachment, ShownStart}, 1},
+        {"start of any message", "text", "plain", "s", {Picture, ShownStart}, 1},
+        {"start that is not shown",
+         Application,
+         Related,
+         "s",
+         {SmilAttachment, {.format = "application/smil", .id = "s"}},
+         0},
+        {"start that is not there", Application, Related, "z", {SmilAttachment, ShownStart}, 0},
+        {"first part", Application, Related, "", {SmilAttachment, Picture}, 0},
+        {"in any case",
+         "APPLICATION",
+         "VND.wap.Multipart.RELATED",
+         "",
+         {{.format = "Application/SMIL"}},
+         0},
+        {"first part already shown",
+         Application,
+         Related,
+         "",
+         {{.format = "application/smil", .display = Part::Shown}},
+         0},
+        {"second part", Application, Related, "", {Picture, SmilAttachment}, -1},
+        {"mixed", Application, Mixed, "", {SmilAttachment}, -1},
+        {"no application", "text", Related, "", {SmilAttachment}, -1},
+        {"other subtype", Application, Related, "", {{.format = "application/smil+xml"}}, -1},
+        {"other type", Application, Related, "", {{.format = "text/smil"}}, -1},
+    };
+    for (const SmilRow &row : rows) {
+        SCOPED_TRACE(row.name);
+        Multipart multipart;
+        setType(multipart, row.type, row.subtype);
+        multipart.setStart(row.start); // before the parts are there, so that it takes none
+        appendParts(multipart, row.parts);
+        QList<PartFacts> expected = row.parts;
+        if (row.found >= 0)
+            expected[row.found].display = Part::Shown;
+        EXPECT_EQ(multipart.getSmilPart(), multipart.getBodypartByIndex(row.found));
+        EXPECT_EQ(factsOf(multipart), expected);
+    }
+}
+
+TEST(MultipartAttachments, AreThePartsThatNobodyShowsOrAllOfAMixedMessage)
+{
+    struct Row
+    {
+        QString type;
+        QString subtype;
+        QList<int> attachments; // indices of the parts
+    };
+    const Row rows[] = {
+        {Application, Related, {1, 3}},
+        {"Application", "VND.WAP.MULTIPART.RELATED", {1, 3}},
+        {Application, Mixed, {0, 1, 2, 3}},
+        {"text", Related, {0, 1, 2, 3}},
+        {"", "", {0, 1, 2, 3}},
+        {Application, Related + ' ', {0, 1, 2, 3}},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE((row.type + '/' + row.subtype).toStdString());
+        Multipart multipart;
+        setType(multipart, row.type, row.subtype);
+        appendParts(multipart, {{.display = 0}, {.display = 1}, {.display = 0}, {.display = 1}});
+        const int count = int(row.attachments.size());
+        EXPECT_EQ(multipart.getAttachmentCount(), count);
+        for (int i = 0; i < count; ++i)
+            EXPECT_EQ(multipart.getAttachment(i), multipart.getBodypartByIndex(row.attachments[i]));
+        for (const int index : {-1, count, std::numeric_limits<int>::min()})
+            EXPECT_EQ(multipart.getAttachment(index), nullptr);
+    }
+}
+
+TEST(MultipartAttachments, EmptyMessageHasNone)
+{
+    for (const QString &subtype : {Related, Mixed}) {
+        Multipart multipart;
+        multipart.setSubType(subtype);
+        EXPECT_EQ(multipart.getAttachmentCount(), 0);
+        EXPECT_EQ(multipart.getAttachment(0), nullptr);
+    }
+}
