@@ -97,10 +97,11 @@ QByteArray related(const QByteArray &picture)
 {
     const QByteArray smil =
         "<smil><head><layout><root-layout width=\"120\" height=\"160\"/>"
-        "<region id=\"Image\" left=\"0\" top=\"0\" width=\"120\" height=\"80\"/>"
-        "<region id=\"Text\" left=\"0\" top=\"80\" width=\"120\" height=\"80\"/></layout></head>"
-        "<body><par dur=\"5000ms\"><img src=\"harbour.jpg\" region=\"Image\"/>"
-        "<text src=\"hello.txt\" region=\"Text\"/></par></body></smil>";
+        "<region id=\"Text\" left=\"0\" top=\"0\" width=\"120\" height=\"80\"/>"
+        "<region id=\"Image\" left=\"0\" top=\"80\" width=\"120\" height=\"80\"/></layout></head>"
+        "<body><par dur=\"4s\"><img src=\"harbour.jpg\" region=\"Image\"/>"
+        "<text src=\"hello.txt\" region=\"Text\"/></par>"
+        "<par dur=\"2500ms\"><text src=\"cid:soon.txt\" region=\"Text\"/></par></body></smil>";
     MMS_COMP_SMILMultipart multipart;
     addPart(&multipart, QStringLiteral("application"), QStringLiteral("smil"),
             QStringLiteral("slides.smil"), smil);
@@ -108,6 +109,8 @@ QByteArray related(const QByteArray &picture)
             QStringLiteral("harbour.jpg"), picture);
     addPart(&multipart, QStringLiteral("text"), QStringLiteral("plain"),
             QStringLiteral("hello.txt"), QStringLiteral("Grüße aus dem Hafen – 港口 ⚓").toUtf8());
+    addPart(&multipart, QStringLiteral("text"), QStringLiteral("plain"), QStringLiteral("soon.txt"),
+            "See you soon");
     multipart.setStart(QStringLiteral("<slides.smil>"));
     return sendRequest(QStringLiteral("T-2"), QStringLiteral("Grüße aus Küstrin"), &multipart);
 }

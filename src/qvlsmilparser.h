@@ -1,13 +1,15 @@
 /*
  * Umbrella header: everything that the library publishes.
  *
- * A received message goes through MMS_UA_Decoder into a MMS_UA_UAMsg and through
- * MMS_COMP_SMILMultipartParser::parse() into a MMS_COMP_SMILMultipart; a message to be sent goes
- * through MMS_COMP_SMILMultipartParser::assembleBody() and MMS_UA_Encoder.
+ * A received message goes through MMS_UA_Decoder into a MMS_UA_UAMsg, through
+ * MMS_COMP_SMILMultipartParser::parse() into a MMS_COMP_SMILMultipart, and through
+ * MMS_COMP_SMILParser::parse() into a MMS_COMP_SMILData. A message to be sent goes the other way,
+ * through convertToSMILLang(), assembleBody() and MMS_UA_Encoder.
  */
 #pragma once
 
 #include "multipart/body_part.h"
+#include "multipart/liveness.h"
 #include "multipart/multipart.h"
 #include "multipart/multipart_parser.h"
 #include "multipart/multipart_result.h"
@@ -22,6 +24,15 @@
 #include "platform/ptr_list.h"
 #include "platform/qt_names.h"
 #include "platform/setting.h"
+#include "presentation/colour.h"
+#include "presentation/layout.h"
+#include "presentation/media_element_type.h"
+#include "presentation/media_object.h"
+#include "presentation/presentation.h"
+#include "presentation/slide.h"
+#include "presentation/smil_time.h"
+#include "smil/smil_parser.h"
+#include "smil/smil_result.h"
 #include "wire/address.h"
 #include "wire/content_type.h"
 #include "wire/field_base.h"

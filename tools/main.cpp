@@ -3,6 +3,7 @@
  */
 #include "extract.h"
 #include "message.h"
+#include "model_text.h"
 #include "show.h"
 #include "terminal_text.h"
 
@@ -56,6 +57,17 @@ bool parse(QCommandLineParser &parser, const QStringList &arguments, qsizetype f
           "Try: " + parser.helpText().section(QLatin1Char('\n'), 0, 0).mid(7).toUtf8() + '\n');
     *exitCode = CannotDo;
     return false;
+}
+
+// Text of several lines, made visible but for its line feeds when somebody looks at it.
+QString visibleLines(const QString &text)
+{
+    if (!isatty(STDOUT_FILENO))
+        return text;
+    QStringList lines = text.split(QLatin1Char('\n'));
+    for (QString &line : lines)
+        line = TerminalText::visible(line);
+    return lines.join(QLatin1Char('\n'));
 }
 
 /// A line on standard error that says how far a long run is, when somebody is there to see it.
@@ -179,9 +191,55 @@ int extract(const QStringList &arguments)
     return AllDecoded;
 }
 
+int smil(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    parser.setApplicationDescription(
+        QStringLiteral("Prints the normalised SMIL text of a message, or of a SMIL document by "
+                       "itself, whose media\n"
+                       "are then taken as being there.\n"
+                       "Exit code: 0 read, 1 refused, 2 wrong usage or an unreadable file."));
+    parser.addPositionalArgument(QStringLiteral("smil"), QStringLiteral("Print SMIL."),
+                                 QStringLiteral("smil"));
+    parser.addPositionalArgument(
+        QStringLiteral("FILE"),
+        QStringLiteral("File with one PDU or one SMIL document; - is standard input."));
+    const QCommandLineOption model(QStringLiteral("model"),
+                                   QStringLiteral("Print the presentation instead, a line for each "
+                                                  "thing in it."));
+    parser.addOption(model);
+    int exitCode = AllDecoded;
+    if (!parse(parser, arguments, 1, 1, &exitCode))
+        return exitCode;
+
+    const QString file = parser.positionalArguments().at(1);
+    QString error;
+    const auto message = readMessageOrDocument(file, &error);
+    if (!message) {
+        printError(file + QLatin1String(": ") + error);
+        return CannotDo;
+    }
+    if (!message->smilResult) {
+        printError(file
+                   + (message->isRefused() ? QLatin1String(": the message was refused")
+                                           : QLatin1String(": the message has no SMIL part")));
+        return Refused;
+    }
+    const QString text = parser.isSet(model)
+        ? ModelText::presentation(message->slides)
+        : MMS_COMP_SMILParser::convertToSMILLang(&message->slides);
+    if (!message->isRefused() || parser.isSet(model))
+        print(stdout, visibleLines(text).toUtf8());
+    if (!message->isRefused())
+        return AllDecoded;
+    printError(file + QLatin1String(": ") + refusedSmilText(*message));
+    return Refused;
+}
+
 constexpr Command commands[] = {
     {"show", "show header, checks and parts of messages", show},
     {"extract", "write the parts of a message to files", extract},
+    {"smil", "print the normalised SMIL of a message or document", smil},
 };
 
 QByteArray usage()

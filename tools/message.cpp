@@ -1,8 +1,9 @@
 #include "message.h"
 
 #include <QFile>
-#include <QFileInfo>
+#include <QXmlStreamReader>
 
+#include <algorithm>
 #include <cstdio>
 
 namespace {
@@ -40,16 +41,79 @@ void decode(Message *message)
     const auto octets = QByteArray::fromRawData(reinterpret_cast<const char *>(header.getBody()),
                                                 header.getBodyLength());
     message->bodyResult = MMS_COMP_SMILMultipartParser::parse(octets, &header, &message->body);
+    if (message->bodyResult != MultipartResult::Ok)
+        return;
+    if (const auto *smil = message->body.getSmilPart()) {
+        message->smil = smil->getBodyData();
+        message->smilResult =
+            MMS_COMP_SMILParser().parse(message->smil, &message->body, &message->slides);
+    }
+}
+
+// A PDU begins with its message type, whose code no text begins with.
+bool isPdu(const QByteArray &octets)
+{
+    return octets.startsWith(char(HeaderFieldCode::MessageType | 0x80));
+}
+
+void addPart(MMS_COMP_SMILMultipart *body, const QString &location)
+{
+    if (location.isEmpty() || body->getBodyPartBySrc(location, 1))
+        return;
+    auto part = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
+    QString type;
+    QString subtype;
+    MMS_COMP_Util::getMIMETypeByExtName(MMS_COMP_Util::getExtName(location), type, subtype);
+    part->setContentType(type);
+    part->setContentSubType(subtype);
+    part->setContentLocation(location);
+    body->appendBodypart(part.release());
+}
+
+// Read once to learn whether it is a document at all, and again with its media in place.
+void readDocument(Message *message)
+{
+    MMS_COMP_SMILParser parser;
+    MMS_COMP_SMILData trial(nullptr);
+    message->smil = message->octets;
+    message->smilResult = parser.parse(message->smil, nullptr, &trial);
+    if (message->smilResult != SmilResult::Ok)
+        return;
+    const QString text = QString::fromUtf8(message->smil);
+    QXmlStreamReader reader(
+        text.sliced(std::max<qsizetype>(text.indexOf(QLatin1String("<smil")), 0)));
+    reader.setNamespaceProcessing(false);
+    while (!reader.atEnd()) {
+        if (reader.readNext() == QXmlStreamReader::StartElement)
+            addPart(&message->body,
+                    reader.attributes().value(QLatin1String("src")).trimmed().toString());
+    }
+    message->smilResult = parser.parse(message->smil, &message->body, &message->slides);
+}
+
+std::unique_ptr<Message> readFile(const QString &fileName, QString *error)
+{
+    auto message = std::make_unique<Message>();
+    message->fileName = fileName;
+    return readOctets(fileName, &message->octets, error) ? std::move(message) : nullptr;
 }
 
 } // namespace
 
 std::unique_ptr<Message> readMessage(const QString &fileName, QString *error)
 {
-    auto message = std::make_unique<Message>();
-    message->fileName = fileName;
-    if (!readOctets(fileName, &message->octets, error))
-        return nullptr;
-    decode(message.get());
+    auto message = readFile(fileName, error);
+    if (message)
+        decode(message.get());
+    return message;
+}
+
+std::unique_ptr<Message> readMessageOrDocument(const QString &fileName, QString *error)
+{
+    auto message = readFile(fileName, error);
+    if (message && isPdu(message->octets))
+        decode(message.get());
+    else if (message)
+        readDocument(message.get());
     return message;
 }

@@ -20,10 +20,14 @@ struct Message
     unsigned char headerResult = WireResult::Read;
     MMS_COMP_SMILMultipart body;
     std::optional<int> bodyResult; ///< nothing when there is no multipart body to parse
+    QByteArray smil; ///< text of the SMIL part
+    MMS_COMP_SMILData slides{&body};
+    std::optional<int> smilResult; ///< nothing when there is no SMIL part
 
     bool isRefused() const
     {
-        return headerResult != WireResult::Read || bodyResult.value_or(MultipartResult::Ok) != 0;
+        return headerResult != WireResult::Read || bodyResult.value_or(MultipartResult::Ok) != 0
+            || smilResult.value_or(SmilResult::Ok) != 0;
     }
     /// Offset of the body, when the header was decoded.
     qsizetype bodyOffset() const { return octets.size() - header.getBodyLength(); }
@@ -34,3 +38,9 @@ struct Message
  * @p error then says why.
  */
 std::unique_ptr<Message> readMessage(const QString &fileName, QString *error);
+
+/**
+ * Reads a message as readMessage() does, or a SMIL document by itself, whose media count as being
+ * there: for every location that it refers to the message gets an empty part.
+ */
+std::unique_ptr<Message> readMessageOrDocument(const QString &fileName, QString *error);

@@ -2,6 +2,7 @@
 
 #include "header_view.h"
 #include "message.h"
+#include "slides_view.h"
 #include "terminal_text.h"
 
 #include <QJsonArray>
@@ -95,6 +96,20 @@ QString bodyText(const Message &message)
     return line(QStringLiteral("Body"), text) + (parts > 0 ? partsTable(message.body) : QString());
 }
 
+QString presentationText(const Message &message)
+{
+    if (!message.smilResult)
+        return QString();
+    const QString name = QStringLiteral("Presentation");
+    const int result = *message.smilResult;
+    const unsigned int slides = message.slides.getTotalSlidesNum();
+    const QString count =
+        slides == 1 ? QStringLiteral("1 slide") : QStringLiteral("%1 slides").arg(slides);
+    return line(name, count) + slidesText(message)
+        + (result == SmilResult::Ok ? QString()
+                                    : line(QStringLiteral("REFUSED"), refusedSmilText(message)));
+}
+
 QJsonObject resultJson(const char *meaning, int code)
 {
     return {{QStringLiteral("code"), code},
@@ -143,11 +158,18 @@ QString messageText(const Message &message)
     if (message.headerResult != WireResult::Read)
         return text + line(QStringLiteral("REFUSED"), refusedHeaderText(message, fields));
     text += line(QStringLiteral("Checks"), checksText(header)) + bodyText(message);
-    if (message.isRefused()) {
-        const int code = *message.bodyResult;
+    if (const int code = message.bodyResult.value_or(MultipartResult::Ok))
         text += line(QStringLiteral("REFUSED"), resultText(MultipartResult::meaning(code), code));
-    }
-    return text;
+    return text + presentationText(message);
+}
+
+QString refusedSmilText(const Message &message)
+{
+    const int result = message.smilResult.value_or(SmilResult::Ok);
+    const QString why
+        = result == SmilResult::NotWellFormed ? whyNotWellFormed(message.smil) : QString();
+    const QString text = QLatin1String("SMIL: ") + resultText(SmilResult::meaning(result), result);
+    return why.isEmpty() ? text : text + QLatin1String(", ") + why;
 }
 
 QJsonObject messageJson(const Message &message)
@@ -169,5 +191,10 @@ QJsonObject messageJson(const Message &message)
     json[QStringLiteral("checks")] = checksJson;
     if (message.header.getBodyLength() > 0)
         json[QStringLiteral("body")] = bodyJson(message);
+    if (const auto result = message.smilResult) {
+        QJsonObject presentation = slidesJson(message);
+        presentation[QStringLiteral("result")] = resultJson(SmilResult::meaning(*result), *result);
+        json[QStringLiteral("presentation")] = presentation;
+    }
     return json;
 }

@@ -11,5 +11,8 @@ struct Message;
 /// The message as lines of text that a terminal can be given, each with its line feed.
 QString messageText(const Message &message);
 
+/// Why the SMIL of the message was refused: code, meaning and, where that helps, line and column.
+QString refusedSmilText(const Message &message);
+
 /// The message as a JSON object, documented in docs/json.md.
 QJsonObject messageJson(const Message &message);

@@ -4,6 +4,7 @@
  */
 #pragma once
 
+#include "multipart/liveness.h"
 #include "platform/export.h"
 #include "platform/qt_names.h"
 
@@ -28,9 +29,9 @@ public:
 
     /// An empty attachment with reference count 1.
     MMS_COMP_SMILMultipartBodypart();
-    /// Copies everything, reference count included.
-    MMS_COMP_SMILMultipartBodypart(const MMS_COMP_SMILMultipartBodypart &);
-    MMS_COMP_SMILMultipartBodypart &operator=(const MMS_COMP_SMILMultipartBodypart &);
+    /// Copies everything, reference count included; who owns the part and who points at it stays.
+    MMS_COMP_SMILMultipartBodypart(const MMS_COMP_SMILMultipartBodypart &other);
+    MMS_COMP_SMILMultipartBodypart &operator=(const MMS_COMP_SMILMultipartBodypart &other);
     ~MMS_COMP_SMILMultipartBodypart();
 
     /// Shown or Attachment.
@@ -135,7 +136,14 @@ public:
      */
     bool isMediaObjectSupported();
 
+    /// For weak pointers at the part.
+    const QvlLiveness &liveness() const { return m_liveness; }
+    /// True once a message owns the part, which then must not be deleted by anybody else.
+    bool isOwnedByMultipart() const { return m_liveness.isOwned(); }
+
 private:
+    friend class MMS_COMP_SMILMultipart;
+
     enum class MediaCheck { NotChecked = 0, Supported = 1, NotSupported = 2 };
 
     int m_dispFileType = Attachment;
@@ -150,4 +158,5 @@ private:
     QArray<char> m_bodyData;
     int m_refCount = 1;
     MediaCheck m_mediaCheck = MediaCheck::NotChecked;
+    QvlLiveness m_liveness;
 };

@@ -23,7 +23,7 @@ bool equalsIgnoringCase(const QString &text, QLatin1String lowerCase)
 
 bool matches(const Reference::Matcher &reference, const Part *part)
 {
-    return part && reference.matches(part->getContentID(), part->getContentLocation());
+    return part && reference.matches(*part);
 }
 
 bool isAttachment(const Part *part)
@@ -64,7 +64,7 @@ void MMS_COMP_SMILMultipart::copyFrom(const MMS_COMP_SMILMultipart &source)
     const int count = source.getPartCount(); // a source that is this message grows meanwhile
     for (int i = 0; i < count; ++i) {
         if (const Part *part = source.m_parts.at(i))
-            m_parts.append(new Part(*part));
+            appendBodypart(new Part(*part));
     }
 }
 
@@ -78,15 +78,30 @@ void MMS_COMP_SMILMultipart::clear()
 
 void MMS_COMP_SMILMultipart::appendBodypart(Part *part)
 {
-    if (part)
-        m_parts.append(part);
+    if (!part)
+        return;
+    m_parts.append(part);
+    takeOver(part);
+}
+
+// Parts of an owning message leave it only by being deleted, so the mark is never taken back.
+void MMS_COMP_SMILMultipart::takeOver(Part *part)
+{
+    if (m_parts.autoDelete())
+        part->m_liveness.setOwned();
+}
+
+bool MMS_COMP_SMILMultipart::holds(const Part *part) const
+{
+    return std::find(m_parts.begin(), m_parts.end(), part) != m_parts.end();
 }
 
 int MMS_COMP_SMILMultipart::insertBodypart(Part *part, int index)
 {
-    const int place = std::clamp(index, 0, getPartCount());
-    return part && m_parts.insert(place, part) ? MultipartResult::Ok
-                                               : MultipartResult::InsertionRefused;
+    if (!part || !m_parts.insert(std::clamp(index, 0, getPartCount()), part))
+        return MultipartResult::InsertionRefused;
+    takeOver(part);
+    return MultipartResult::Ok;
 }
 
 int MMS_COMP_SMILMultipart::deletePart(int index)

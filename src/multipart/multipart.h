@@ -8,6 +8,7 @@
 #pragma once
 
 #include "multipart/body_part.h"
+#include "multipart/liveness.h"
 #include "platform/export.h"
 #include "platform/ptr_list.h"
 
@@ -121,7 +122,13 @@ public:
     /// The attachment at @p index, counted as above, or null out of range.
     MMS_COMP_SMILMultipartBodypart *getAttachment(int index) const;
 
+    /// True when @p part itself, not only one of its name, is among the parts.
+    bool holds(const MMS_COMP_SMILMultipartBodypart *part) const;
+    /// For weak pointers at the message.
+    const QvlLiveness &liveness() const { return m_liveness; }
+
 private:
+    void takeOver(MMS_COMP_SMILMultipartBodypart *part);
     bool isRelated() const;
     void setRelatedType();
 
@@ -131,4 +138,5 @@ private:
     QString m_start;
     QString m_boundary;
     QPtrList<MMS_COMP_SMILMultipartBodypart> m_parts;
+    QvlLiveness m_liveness;
 };

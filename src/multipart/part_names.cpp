@@ -11,20 +11,43 @@ namespace {
 constexpr int LocationLimit = 100; // a location is shorter than this
 constexpr int LongestBaseAndExtension = 88; // leaves room for a number and two dots
 
-QString withExtension(const QString &ext)
+constexpr QLatin1String renamed("renamed");
+
+QString withDot(const QString &ext)
 {
     return ext.isEmpty() ? ext : QLatin1Char('.') + ext;
 }
 
-} // namespace
-
-PartNames::PartNames(const MMS_COMP_SMILMultipart &multipart)
+QString withoutAmpersand(QString name)
 {
-    for (int i = 0; i < multipart.getPartCount(); ++i) {
-        if (const auto *part = multipart.getBodypartByIndex(i))
-            add(*part);
-    }
+    return name.remove(QLatin1Char('&'));
 }
+
+// A file name in pieces.
+struct NameParts
+{
+    explicit NameParts(const QString &name)
+        : fileName(MMS_COMP_Util::stripePath(name)), base(MMS_COMP_Util::getNoExtName(fileName)),
+          ext(MMS_COMP_Util::getExtName(fileName)), suffix(withDot(ext))
+    {
+    }
+
+    // Cuts the base so that it and the extension are not too long; false when they were not.
+    bool cutBase()
+    {
+        if (base.size() + ext.size() <= LongestBaseAndExtension)
+            return false;
+        base.truncate(qMax<qsizetype>(LongestBaseAndExtension - ext.size(), 0));
+        return true;
+    }
+
+    QString fileName;
+    QString base;
+    QString ext;
+    QString suffix;
+};
+
+} // namespace
 
 bool PartNames::isUsable(const QString &name)
 {
@@ -37,9 +60,15 @@ void PartNames::add(const MMS_COMP_SMILMultipartBodypart &part)
     m_contentIds.insert(Reference::contentIdKey(part.getContentID()));
 }
 
+void PartNames::add(const MMS_COMP_SMILMultipart &multipart)
+{
+    for (int i = 0; i < multipart.getPartCount(); ++i)
+        add(*multipart.getBodypartByIndex(i));
+}
+
 bool PartNames::isFree(const QString &name) const
 {
-    if (!isUsable(name) || m_locations.contains(name.toLower()))
+    if (!isUsable(name) || m_exact.contains(name) || m_locations.contains(name.toLower()))
         return false;
     const QString key = Reference::contentIdKey(name);
     return key.isEmpty() || !m_contentIds.contains(key);
@@ -52,7 +81,7 @@ bool PartNames::isFree(const QString &name) const
 QString PartNames::firstFree(const QString &prefix, const QString &suffix)
 {
     int &next = m_nextNumber[prefix + QChar::Null + suffix];
-    const qsizetype last = next + m_locations.size() + m_contentIds.size();
+    const qsizetype last = next + m_locations.size() + m_contentIds.size() + m_exact.size();
     for (; next <= last; ++next) {
         const QString name = prefix + QString::number(next) + suffix;
         if (isFree(name))
@@ -66,27 +95,43 @@ QString PartNames::firstFree(const QString &prefix, const QString &suffix)
 QString PartNames::uniqueAttachmentLocation(const QString &ext)
 {
     const QString prefix = QStringLiteral("file");
-    const QString name = firstFree(prefix, withExtension(ext));
+    const QString name = firstFree(prefix, withDot(ext));
     return name.isNull() ? firstFree(prefix, QString()) : name;
+}
+
+QString PartNames::itselfOrNumbered(const QString &candidate, const QString &base,
+                                    const QString &suffix)
+{
+    if (isFree(candidate))
+        return candidate;
+    const QString numbered = firstFree(base + QLatin1Char('_'), suffix);
+    return numbered.isNull() ? uniqueAttachmentLocation(QString()) : numbered;
 }
 
 // The name is tested for being a URL without its "&", but with an extension the "&" stays in the
 // result. Kept: presentations of stored messages refer to such names.
 QString PartNames::uniqueLocation(const QString &name)
 {
-    const QString fileName = MMS_COMP_Util::stripePath(name);
-    const QString ext = MMS_COMP_Util::getExtName(fileName);
-    QString base = MMS_COMP_Util::getNoExtName(fileName);
-    QString result = fileName;
-    result.remove(QLatin1Char('&'));
-    if (base.size() + ext.size() > LongestBaseAndExtension)
-        base.truncate(qMax<qsizetype>(LongestBaseAndExtension - ext.size(), 0));
-    if (!QUrl(result).isValid())
-        base = QStringLiteral("renamed");
-    if (!ext.isEmpty())
-        result = base + withExtension(ext);
-    if (isFree(result))
-        return result;
-    result = firstFree(base + QLatin1Char('_'), withExtension(ext));
-    return result.isNull() ? uniqueAttachmentLocation(QString()) : result;
+    NameParts parts(name);
+    QString candidate = withoutAmpersand(parts.fileName);
+    parts.cutBase();
+    if (!QUrl(candidate).isValid())
+        parts.base = renamed;
+    if (!parts.suffix.isEmpty())
+        candidate = parts.base + parts.suffix;
+    return itselfOrNumbered(candidate, parts.base, parts.suffix);
+}
+
+// Only the first candidate is without "&". Kept for the same reason.
+QString PartNames::uniqueSource(const QString &name)
+{
+    NameParts parts(name);
+    QString candidate = withoutAmpersand(parts.fileName);
+    if (!QUrl(candidate).isValid()) {
+        parts.base = renamed;
+        candidate = parts.base + parts.suffix;
+    }
+    if (parts.cutBase())
+        candidate = parts.base + parts.suffix;
+    return itselfOrNumbered(candidate, parts.base, parts.suffix);
 }

@@ -16,22 +16,31 @@ class MMS_COMP_SMILMultipartBodypart;
 class PartNames
 {
 public:
-    explicit PartNames(const MMS_COMP_SMILMultipart &multipart);
+    PartNames() = default;
+    explicit PartNames(const MMS_COMP_SMILMultipart &multipart) { add(multipart); }
 
     /// False for a name that no part may have, whatever other parts are called.
     static bool isUsable(const QString &name);
 
     /// Makes the names of @p part taken.
     void add(const MMS_COMP_SMILMultipartBodypart &part);
+    /// Makes the names of all parts of @p multipart taken.
+    void add(const MMS_COMP_SMILMultipart &multipart);
+    /// Makes @p name taken in exactly this spelling.
+    void addExact(const QString &name) { m_exact.insert(name); }
 
+    /// What the operations of the message and of the presentation that create names result in.
     QString uniqueAttachmentLocation(const QString &ext);
     QString uniqueLocation(const QString &name);
+    QString uniqueSource(const QString &name);
 
 private:
     bool isFree(const QString &name) const;
     QString firstFree(const QString &prefix, const QString &suffix);
+    QString itselfOrNumbered(const QString &candidate, const QString &base, const QString &suffix);
 
     QSet<QString> m_locations; // in lower case
     QSet<QString> m_contentIds; // reduced and in lower case
+    QSet<QString> m_exact;
     QHash<QString, int> m_nextNumber; // by pattern; lower numbers are known to be taken
 };

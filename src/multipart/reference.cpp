@@ -12,8 +12,8 @@ Reference::Matcher::Matcher(const QString &reference)
 {
 }
 
-bool Reference::Matcher::matches(const QString &contentId, const QString &location) const
+bool Reference::Matcher::matches(const MMS_COMP_SMILMultipartBodypart &part) const
 {
-    return (!m_contentIdKey.isEmpty() && m_contentIdKey == contentIdKey(contentId))
-        || m_location == location.toLower();
+    return (!m_contentIdKey.isEmpty() && m_contentIdKey == contentIdKey(part.getContentID()))
+        || m_location == part.getContentLocation().toLower();
 }

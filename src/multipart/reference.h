@@ -5,6 +5,8 @@
 
 #include <QString>
 
+class MMS_COMP_SMILMultipartBodypart;
+
 namespace Reference {
 
 /**
@@ -20,7 +22,7 @@ public:
     explicit Matcher(const QString &reference);
 
     /// True when the reference equals the Content-ID, or the location as it stands ignoring case.
-    bool matches(const QString &contentId, const QString &location) const;
+    bool matches(const MMS_COMP_SMILMultipartBodypart &part) const;
 
 private:
     QString m_contentIdKey;

@@ -1,32 +1,22 @@
 #include "wire/wire_result.h"
 
-#include <array>
+#include "platform/code_meanings.h"
 
 namespace {
 
-struct Meaning
-{
-    unsigned char code;
-    const char *text;
-};
-
-constexpr std::array meanings{
-    Meaning{WireResult::Read, "decoded"},
-    Meaning{WireResult::BadArgument, "no data or no record was given"},
-    Meaning{WireResult::UnknownField, "unknown header field"},
-    Meaning{WireResult::UnsupportedContentType, "unsupported content type"},
-    Meaning{WireResult::OutOfData, "the data ran out or a length cannot be right"},
-    Meaning{WireResult::Written, "encoded"},
-    Meaning{WireResult::CannotWrite, "a value cannot be written or the output is full"},
+constexpr CodeMeaning meanings[]{
+    {WireResult::Read, "decoded"},
+    {WireResult::BadArgument, "no data or no record was given"},
+    {WireResult::UnknownField, "unknown header field"},
+    {WireResult::UnsupportedContentType, "unsupported content type"},
+    {WireResult::OutOfData, "the data ran out or a length cannot be right"},
+    {WireResult::Written, "encoded"},
+    {WireResult::CannotWrite, "a value cannot be written or the output is full"},
 };
 
 } // namespace
 
 const char *WireResult::meaning(unsigned char code)
 {
-    for (const Meaning &row : meanings) {
-        if (row.code == code)
-            return row.text;
-    }
-    return "unknown result";
+    return meaningOf(meanings, code);
 }

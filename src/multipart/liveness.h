@@ -1,0 +1,53 @@
+/*
+ * Pointers that know whether their target is still there. Media objects point at body parts, and
+ * the presentation at the message, without owning them, while either side may be deleted first.
+ */
+#pragma once
+
+#include <memory>
+
+/**
+ * What belongs to an object rather than to its value: that it is alive, for QvlWeakPointer, and
+ * that a container owns it. A copy of the object is another object, so a copy of this member starts
+ * afresh and assignment keeps it.
+ */
+class QvlLiveness
+{
+public:
+    QvlLiveness() = default;
+    QvlLiveness(const QvlLiveness &) { }
+    QvlLiveness &operator=(const QvlLiveness &) { return *this; }
+
+    /// Expires when the object that holds the token is destroyed.
+    std::weak_ptr<const void> watch() const
+    {
+        if (!m_token)
+            m_token = std::make_shared<char>();
+        return m_token;
+    }
+
+    bool isOwned() const { return m_owned; }
+    void setOwned() { m_owned = true; }
+
+private:
+    mutable std::shared_ptr<char> m_token;
+    bool m_owned = false;
+};
+
+/// Pointer to a T, which has an operation liveness(); null once the T is gone. Owns nothing.
+template <typename T>
+class QvlWeakPointer
+{
+public:
+    QvlWeakPointer(T *target = nullptr) : m_target(target)
+    {
+        if (target)
+            m_alive = target->liveness().watch();
+    }
+
+    T *get() const { return m_alive.expired() ? nullptr : m_target; }
+
+private:
+    T *m_target;
+    std::weak_ptr<const void> m_alive;
+};

@@ -1,0 +1,148 @@
+/*
+ * The head of a presentation: the screen area, the regions into which media are placed, and the
+ * free name and content pairs. Whether region numbers are pixels or per cent is a property of the
+ * whole presentation.
+ */
+#pragma once
+
+#include "platform/export.h"
+#include "platform/ptr_list.h"
+#include "presentation/colour.h"
+
+#include <QString>
+
+#include <memory>
+
+class QDomElement;
+
+/// How media are fitted into a region.
+enum MMS_COMP_SMIL_REGION_FIT : int {
+    SMIL_REGION_FIT_HIDDEN = 0,
+    SMIL_REGION_FIT_FILL = 1,
+    SMIL_REGION_FIT_MEET = 2,
+    SMIL_REGION_FIT_SCROLL = 3,
+    SMIL_REGION_FIT_SLICE = 4,
+    SMIL_REGION_FIT_UNKNOWN = 5,
+};
+
+/// A named rectangle. Setters take any value and return true.
+class QVL_EXPORT MMS_COMP_SMILRegion
+{
+public:
+    float getHeight() const { return m_height; }
+    bool setHeight(float height);
+    float getWidth() const { return m_width; }
+    bool setWidth(float width);
+    /// Distance from the root layout's top edge.
+    float getTop() const { return m_top; }
+    bool setTop(float top);
+    /// Distance from the root layout's left edge.
+    float getLeft() const { return m_left; }
+    bool setLeft(float left);
+    float getRight() const { return m_left + m_width; }
+    float getBottom() const { return m_top + m_height; }
+
+    /// Name by which media objects refer to the region; need not be unique.
+    QString getId() const { return m_id; }
+    bool setId(const QString &id);
+
+    MMS_COMP_SMIL_REGION_FIT getFit() const { return m_fit; }
+    void setFit(MMS_COMP_SMIL_REGION_FIT fit) { m_fit = fit; }
+    /// Sets the fit by its keyword, compared with regard to case; unknown for any other text.
+    bool setFit(const QString &keyword);
+    /// The keyword of @p fit, or null for one that has none.
+    static const char *fitKeyword(MMS_COMP_SMIL_REGION_FIT fit);
+
+private:
+    float m_height = 160;
+    float m_width = 120;
+    float m_top = 0;
+    float m_left = 0;
+    QString m_id = QStringLiteral("default");
+    MMS_COMP_SMIL_REGION_FIT m_fit = SMIL_REGION_FIT_HIDDEN;
+};
+
+/// The screen area of a presentation, in pixels. Setters take any value and return true.
+class QVL_EXPORT MMS_COMP_SMILRootLayout
+{
+public:
+    int getWidth() const { return m_width; }
+    bool setWidth(int width);
+    int getHeight() const { return m_height; }
+    bool setHeight(int height);
+
+    /// The colour itself: read it or change it in place.
+    MMS_COMP_COLOR *getBackgroundColor() { return &m_backgroundColor; }
+    const MMS_COMP_COLOR *getBackgroundColor() const { return &m_backgroundColor; }
+    /// Sets the colour by its text, see MMS_COMP_SMILParser::parseColor().
+    void setBackgroundColor(const QString &text);
+
+private:
+    int m_width = 120;
+    int m_height = 160;
+    MMS_COMP_COLOR m_backgroundColor;
+};
+
+/// Root layout and regions, both owned.
+class QVL_EXPORT MMS_COMP_SMILLayout
+{
+public:
+    /// Result of setRootLayout(QDomElement *) when it was refused.
+    static constexpr int RootLayoutRefused = -7;
+
+    MMS_COMP_SMILLayout();
+    ~MMS_COMP_SMILLayout();
+
+    /// The root layout, which stays the layout's; null when there is none.
+    MMS_COMP_SMILRootLayout *getRootLayout() const { return m_rootLayout.get(); }
+    /// Sets the size, making a root layout when there is none; the root layout, or null.
+    MMS_COMP_SMILRootLayout *setRootLayout(int width, int height);
+    /**
+     * Reads width, height and background colour of a root-layout element; 0, or RootLayoutRefused
+     * for null. An absent size is -1, one that is no number of pixels is 0.
+     */
+    int setRootLayout(QDomElement *element);
+
+    unsigned int getRegionCount() const { return unsigned(m_regions.count()); }
+    /// The region at @p index, which stays the layout's, or null out of range.
+    MMS_COMP_SMILRegion *getRegion(unsigned int index) const;
+    /// The list of regions itself.
+    QPtrList<MMS_COMP_SMILRegion> *getRegionList() { return &m_regions; }
+
+    /**
+     * Adds @p region, which becomes the layout's, unless an equal one is there already, in which
+     * case it stays the caller's. Null is ignored.
+     */
+    void appendRegion(MMS_COMP_SMILRegion *region);
+    /// Adds a region with these values unless an equal one is there; the one that is in the layout.
+    MMS_COMP_SMILRegion *appendRegion(float left, float top, float width, float height,
+                                      const QString &fit, const QString &id);
+    /**
+     * True when a region with the same six values is in the layout; @p found, unless it is null, is
+     * then that region, else null. False, and @p found unchanged, for a null region.
+     */
+    bool isRegionExist(const MMS_COMP_SMILRegion *region, MMS_COMP_SMILRegion **found) const;
+
+    /// The number of pixels in a size's text: -1 for an empty one, 0 for one that is no number.
+    static int pixelsOf(const QString &text);
+    /// @p text trimmed, in lower case, and two characters shorter when it holds "px".
+    static QString withoutPixelUnit(const QString &text);
+
+private:
+    std::unique_ptr<MMS_COMP_SMILRootLayout> m_rootLayout;
+    QPtrList<MMS_COMP_SMILRegion> m_regions;
+};
+
+/// A name and content pair of the head. Setters return true.
+class QVL_EXPORT MMS_COMP_SMILMeta
+{
+public:
+    QString getName() const { return m_name; }
+    bool setName(const QString &name);
+    QString getContent() const { return m_content; }
+    bool setContent(const QString &content);
+
+private:
+    QString m_name = QLatin1String("");
+    QString m_content = QLatin1String("");
+};

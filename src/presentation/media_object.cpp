@@ -1,0 +1,421 @@
+#include "presentation/media_object.h"
+
+#include "platform/comp_util.h"
+#include "platform/email_util.h"
+#include "smil/smil_parser.h"
+#include "smil/smil_result.h"
+
+#include <QDataStream>
+#include <QDomElement>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <new>
+
+using Part = MMS_COMP_SMILMultipartBodypart;
+using Param = MMS_COMP_SMILMediaObjectParam;
+
+namespace {
+
+// Names stand at their numbers.
+constexpr std::array elementNames{"audio", "video", "text", "img", "ref"};
+static_assert(elementNames.size() == SMIL_MEDIA_UNKNOWN);
+constexpr std::array valueTypeKeywords{"data", "ref", "object"};
+static_assert(valueTypeKeywords.size() == SMIL_PARAM_VALUE_UNKNOWN);
+
+// The number of the word that @p text is, or the first number behind the table.
+template <size_t Size>
+int numberOf(const std::array<const char *, Size> &words, const QString &text)
+{
+    const auto row = std::find_if(words.begin(), words.end(),
+                                  [&](const char *word) { return text == QLatin1String(word); });
+    return int(row - words.begin());
+}
+
+QString trimmedAttribute(const QDomElement &element, const char *name)
+{
+    return element.attribute(QLatin1String(name)).trimmed();
+}
+
+void setContentTypeOf(Part *part, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type)
+{
+    switch (type) {
+    case SMIL_MEDIA_AUDIO:
+        part->setContentType(EMAIL_Util::Audio);
+        break;
+    case SMIL_MEDIA_VIDEO:
+        part->setContentType(EMAIL_Util::Video);
+        break;
+    case SMIL_MEDIA_IMAGE:
+        part->setContentType(EMAIL_Util::Image);
+        break;
+    case SMIL_MEDIA_TEXT:
+        part->setContentType(EMAIL_Util::Text);
+        break;
+    default:
+        part->setContentType(QStringLiteral("application"));
+    }
+}
+
+void write(QDataStream &stream, const MMS_COMP_SMIL_TIME &time)
+{
+    stream << qint32(time.timeType) << time.eventId << qint32(time.timeValue);
+}
+
+void read(QDataStream &stream, MMS_COMP_SMIL_TIME *time)
+{
+    qint32 type = 0;
+    qint32 value = 0;
+    stream >> type >> time->eventId >> value;
+    time->timeType = MMS_COMP_SMIL_TIME_TYPE(type);
+    time->timeValue = value;
+}
+
+} // namespace
+
+Param::MMS_COMP_SMILMediaObjectParam(const QString &name, const QString &value,
+                                     MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType,
+                                     const QString &refValueType)
+{
+    setAll(name, value, valueType, refValueType);
+}
+
+bool Param::setName(const QString &name)
+{
+    m_name = name;
+    return true;
+}
+
+bool Param::setValue(const QString &value)
+{
+    m_value = value;
+    return true;
+}
+
+bool Param::setValueType(MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType)
+{
+    m_valueType = valueType;
+    return true;
+}
+
+bool Param::setRefValueType(const QString &refValueType)
+{
+    m_refValueType = refValueType;
+    return true;
+}
+
+bool Param::setAll(const QString &name, const QString &value,
+                   MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType, const QString &refValueType)
+{
+    m_name = name;
+    m_value = value;
+    m_valueType = valueType;
+    m_refValueType = refValueType;
+    return true;
+}
+
+MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE Param::valueTypeOf(const QString &keyword)
+{
+    return MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE(numberOf(valueTypeKeywords, keyword));
+}
+
+bool Param::writeToStream(QDataStream &stream) const
+{
+    stream << m_name << m_value << qint32(m_valueType) << m_refValueType;
+    return true;
+}
+
+bool Param::readFromStream(QDataStream &stream)
+{
+    qint32 valueType = 0;
+    stream >> m_name >> m_value >> valueType >> m_refValueType;
+    m_valueType = MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE(valueType);
+    return true;
+}
+
+MMS_COMP_SMILMediaObject::MMS_COMP_SMILMediaObject(MMS_COMP_SMILMultipart *multipart)
+    : m_multipart(multipart)
+{
+    m_params.setAutoDelete(true);
+}
+
+MMS_COMP_SMILMediaObject::~MMS_COMP_SMILMediaObject() = default;
+
+bool MMS_COMP_SMILMediaObject::setMediaElementType(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type)
+{
+    m_mediaElementType = type;
+    if (type == SMIL_MEDIA_TEXT)
+        m_mediaType = QStringLiteral("txt");
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setMediaType(const QString &mediaType)
+{
+    m_mediaType = mediaType;
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setSrc(const QString &src)
+{
+    m_src = src;
+    m_alt = src;
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setRegionId(const QString &regionId)
+{
+    m_regionId = regionId;
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setMimeType(const QString &mimeType)
+{
+    m_mimeType = mimeType;
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setAlt(const QString &alt)
+{
+    m_alt = alt;
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setBeginTimeType(MMS_COMP_SMIL_TIME_TYPE type)
+{
+    m_begin.timeType = type;
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setBeginTimeEvent(const QString &eventId)
+{
+    m_begin.eventId = eventId;
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setBeginTimeLength(int milliseconds)
+{
+    m_begin.timeValue = milliseconds;
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setEndTimeType(MMS_COMP_SMIL_TIME_TYPE type)
+{
+    m_end.timeType = type;
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setEndTimeEvent(const QString &eventId)
+{
+    m_end.eventId = eventId;
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setEndTimeLength(int milliseconds)
+{
+    m_end.timeValue = milliseconds;
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setData(Part *part)
+{
+    m_data = part;
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setMultiPart(MMS_COMP_SMILMultipart *multipart)
+{
+    m_multipart = multipart;
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::setData(const QString &regionId, const QString &src,
+                                       MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type,
+                                       const QString &subType, const QArray<char> &bytes,
+                                       MMS_COMP_SMILMultipart *multipart)
+{
+    m_multipart = multipart;
+    setMediaElementType(type);
+    setSrc(src);
+    setRegionId(regionId);
+    Part *part = getData();
+    if (!part) {
+        part = new (std::nothrow) Part;
+        if (!part)
+            return false;
+        if (multipart)
+            multipart->appendBodypart(part);
+    }
+    part->setContentLocation(src);
+    part->setDispFileName(MMS_COMP_Util::stripePath(src));
+    setContentTypeOf(part, type);
+    part->setContentSubType(subType);
+    part->setDispFileType(Part::Shown);
+    part->setBodyData(bytes);
+    return setData(part);
+}
+
+int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement *element, MMS_COMP_SMILMultipart *multipart)
+{
+    m_multipart = multipart;
+    if (!element)
+        return SmilResult::NotInMessage;
+    setMediaElementType(
+        MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(numberOf(elementNames, element->tagName().trimmed())));
+    m_src = trimmedAttribute(*element, "src");
+    m_alt = trimmedAttribute(*element, "alt");
+    m_regionId = trimmedAttribute(*element, "region");
+    if (!multipart)
+        return SmilResult::NotInMessage;
+    Part *part = multipart->getBodyPartBySrc(m_src, Part::Attachment);
+    if (!part)
+        part = multipart->getBodyPartBySrc(m_src, Part::Shown);
+    if (!part)
+        return SmilResult::NotInMessage;
+    setData(part);
+    // A part that is shown already gains a use; the first use is the one it was born with.
+    if (part->getDispFileType() == Part::Shown)
+        part->setRefCount(part->getRefCount() + 1);
+    part->setDispFileType(Part::Shown);
+    MMS_COMP_SMILParser::parseTime(trimmedAttribute(*element, "begin"), &m_begin);
+    MMS_COMP_SMILParser::parseTime(trimmedAttribute(*element, "end"), &m_end);
+    return SmilResult::Ok;
+}
+
+bool MMS_COMP_SMILMediaObject::copyTo(MMS_COMP_SMILMediaObject *target,
+                                      MMS_COMP_SMILMultipart *multipart) const
+{
+    Part *part = multipart ? multipart->getBodyPartBySrc(m_src, Part::Shown) : nullptr;
+    if (!target || !part)
+        return false;
+    target->setData(part);
+    target->setMediaElementType(m_mediaElementType);
+    target->setMediaType(m_mediaType);
+    target->setSrc(m_src);
+    target->setRegionId(m_regionId);
+    target->setMimeType(m_mimeType);
+    target->m_begin = m_end; // and the target's end stays as it was
+    target->setAlt(m_alt);
+    // A copy onto itself would otherwise walk what it adds.
+    for (int i = 0, count = getParamCount(); i < count; ++i) {
+        const Param *param = getParam(i);
+        if (target->appendParamElem(param->getName(), param->getValue(), param->getValueType(),
+                                    param->getRefValueType())
+            != SmilResult::Ok)
+            return false;
+    }
+    return target->setMultiPart(multipart);
+}
+
+int MMS_COMP_SMILMediaObject::appendParamElem(const QString &name, const QString &value,
+                                              MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType,
+                                              const QString &refValueType)
+{
+    auto *param = new (std::nothrow) Param(name, value, valueType, refValueType);
+    if (!param)
+        return SmilResult::OutOfMemory;
+    m_params.append(param);
+    return SmilResult::Ok;
+}
+
+int MMS_COMP_SMILMediaObject::appendParamElem(const QString &name, const QString &value,
+                                              const QString &valueTypeKeyword,
+                                              const QString &refValueType)
+{
+    return appendParamElem(name, value, Param::valueTypeOf(valueTypeKeyword), refValueType);
+}
+
+bool MMS_COMP_SMILMediaObject::deleteParamElem(int index)
+{
+    return m_params.remove(index);
+}
+
+int MMS_COMP_SMILMediaObject::indexOfParam(const QString &name) const
+{
+    const auto row = std::find_if(m_params.begin(), m_params.end(),
+                                  [&](const Param *param) { return param->getName() == name; });
+    return row != m_params.end() ? int(row - m_params.begin()) : -1;
+}
+
+int MMS_COMP_SMILMediaObject::updateParamByName(const QString &name, const QString &value)
+{
+    if (Param *param = getParam(indexOfParam(name))) {
+        param->setValue(value);
+        return SmilResult::Ok;
+    }
+    return appendParamElem(name, value, SMIL_PARAM_VALUE_DATA, QLatin1String(""));
+}
+
+QString MMS_COMP_SMILMediaObject::getParamValueByName(const QString &name) const
+{
+    const Param *param = getParam(indexOfParam(name));
+    return param ? param->getValue() : QLatin1String("");
+}
+
+void MMS_COMP_SMILMediaObject::removeParamByName(const QString &name)
+{
+    m_params.remove(indexOfParam(name));
+}
+
+void MMS_COMP_SMILMediaObject::clear()
+{
+    Part *part = getData();
+    m_data = nullptr;
+    if (!part)
+        return;
+    MMS_COMP_SMILMultipart *multipart = getMultiPart();
+    if (multipart && multipart->holds(part))
+        multipart->deletePartBySrc(part->getContentLocation());
+    else if (!part->isOwnedByMultipart())
+        delete part;
+}
+
+bool MMS_COMP_SMILMediaObject::writeToStream(QDataStream &stream) const
+{
+    stream << qint32(m_mediaElementType) << m_mediaType << m_src << m_regionId << m_mimeType;
+    write(stream, m_begin);
+    write(stream, m_end);
+    const Part *part = getData();
+    stream << m_alt << qint32(part ? 1 : 0);
+    if (part)
+        part->writeToStream(stream);
+    stream << qint32(m_params.count());
+    for (const Param *param : m_params)
+        param->writeToStream(stream);
+    return true;
+}
+
+bool MMS_COMP_SMILMediaObject::readFromStream(QDataStream &stream)
+{
+    qint32 type = 0;
+    stream >> type >> m_mediaType >> m_src >> m_regionId >> m_mimeType;
+    m_mediaElementType = MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(type);
+    read(stream, &m_begin);
+    read(stream, &m_end);
+    qint32 hasPart = 0;
+    stream >> m_alt >> hasPart;
+
+    MMS_COMP_SMILMultipart *multipart = getMultiPart();
+    Part *before = getData();
+    m_data = nullptr;
+    if (before && !before->isOwnedByMultipart() && !(multipart && multipart->holds(before)))
+        delete before;
+    if (hasPart == 1) {
+        auto *part = new (std::nothrow) Part;
+        if (!part)
+            return false;
+        part->readFromStream(stream);
+        setData(part);
+    }
+    qint32 count = 0;
+    stream >> count;
+    // A count is believed only as long as there is something to read.
+    for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+        auto *param = new (std::nothrow) Param;
+        if (!param)
+            return false;
+        m_params.append(param);
+        param->readFromStream(stream);
+    }
+    return true;
+}

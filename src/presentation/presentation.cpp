@@ -1,0 +1,353 @@
+#include "presentation/presentation.h"
+
+#include "multipart/part_names.h"
+#include "multipart/reference.h"
+#include "smil/smil_result.h"
+
+#include <QDomElement>
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <limits>
+#include <memory>
+#include <new>
+
+using Object = MMS_COMP_SMILMediaObject;
+using Part = MMS_COMP_SMILMultipartBodypart;
+using Slide = MMS_COMP_SMILTimingContainer;
+
+namespace {
+
+constexpr std::array mediaTags{"text", "img", "video", "audio", "ref"};
+
+bool isMediaTag(const QString &tag)
+{
+    return std::any_of(mediaTags.begin(), mediaTags.end(),
+                       [&](const char *word) { return tag == QLatin1String(word); });
+}
+
+// number ::= ["+" | "-"] digits ["." digits] [("e" | "E") ["+" | "-"] digits]
+// Read as far as it goes; 0 for a text that does not begin so and for what no float can hold.
+float leadingNumber(const QString &text)
+{
+    const QByteArray octets = text.toLatin1();
+    const char *begin = octets.constData();
+    const char *end = begin + octets.size();
+    if (begin != end && *begin == '+' && begin + 1 != end && begin[1] != '-')
+        ++begin;
+    double value = 0;
+    const auto result = std::from_chars(begin, end, value);
+    const bool readable = result.ec == std::errc() && std::isfinite(value)
+        && std::abs(value) <= double(std::numeric_limits<float>::max());
+    return readable ? float(value) : 0.0F;
+}
+
+float regionNumber(const QString &text, float ifEmpty)
+{
+    const QString number = MMS_COMP_SMILLayout::withoutPixelUnit(text);
+    return number.isEmpty() ? ifEmpty : leadingNumber(number);
+}
+
+bool isWhite(const QColor &colour)
+{
+    return colour.red() == 255 && colour.green() == 255 && colour.blue() == 255;
+}
+
+// An empty text is worth sending only when it carries a page colour that nothing else carries.
+bool canLoseEmptyText(Slide *slide)
+{
+    const MMS_COMP_COLOR colour = slide->getPageColor();
+    const bool coloured = colour.isUsable() && !isWhite(colour.color);
+    return !coloured || slide->isImageExist() || slide->isAudioExist();
+}
+
+// Lets go of the content of a slide that is not to be: it belongs to others.
+void discard(std::unique_ptr<Slide> slide)
+{
+    for (unsigned int i = 0; i < slide->getMediaObjectCount(); ++i)
+        slide->getMediaObject(i)->setData(nullptr);
+}
+
+std::unique_ptr<Slide> newSlideOf(MMS_COMP_SMILMultipart *multipart, int dur)
+{
+    std::unique_ptr<Slide> slide(new (std::nothrow) Slide(multipart));
+    if (slide)
+        slide->setDur(dur);
+    return slide;
+}
+
+} // namespace
+
+MMS_COMP_SMILData::MMS_COMP_SMILData(MMS_COMP_SMILMultipart *multipart) : m_multipart(multipart)
+{
+    m_metas.setAutoDelete(true);
+    m_slides.setAutoDelete(true);
+}
+
+MMS_COMP_SMILData::MMS_COMP_SMILData(const MMS_COMP_SMILData &source,
+                                     MMS_COMP_SMILMultipart *multipart)
+    : MMS_COMP_SMILData(multipart)
+{
+    source.copyTo(this, multipart);
+}
+
+MMS_COMP_SMILData::~MMS_COMP_SMILData()
+{
+    clean();
+}
+
+void MMS_COMP_SMILData::clean()
+{
+    m_slides.clear();
+    m_metas.clear();
+}
+
+MMS_COMP_SMILRootLayout *MMS_COMP_SMILData::setRootLayout(int width, int height)
+{
+    return m_layout.setRootLayout(width, height);
+}
+
+int MMS_COMP_SMILData::setRootLayout(QDomElement *element)
+{
+    return m_layout.setRootLayout(element);
+}
+
+MMS_COMP_SMILRootLayout *MMS_COMP_SMILData::setRootLayout(const QString &width,
+                                                          const QString &height, const QString &)
+{
+    return m_layout.setRootLayout(MMS_COMP_SMILLayout::pixelsOf(width),
+                                  MMS_COMP_SMILLayout::pixelsOf(height));
+}
+
+void MMS_COMP_SMILData::appendRegion(MMS_COMP_SMILRegion *region)
+{
+    m_layout.appendRegion(region);
+}
+
+MMS_COMP_SMILRegion *MMS_COMP_SMILData::appendRegion(float left, float top, float width,
+                                                     float height, const QString &fit,
+                                                     const QString &id)
+{
+    return m_layout.appendRegion(left, top, width, height, fit, id);
+}
+
+MMS_COMP_SMILRegion *MMS_COMP_SMILData::appendRegion(const QString &left, const QString &top,
+                                                     const QString &width, const QString &height,
+                                                     const QString &fit, const QString &id)
+{
+    for (const QString &text : {left, top, width, height}) {
+        if (text.contains(QLatin1Char('%')))
+            m_measureUnit = SMIL_UNIT_PERCENT;
+    }
+    return appendRegion(regionNumber(left, 0), regionNumber(top, 0), regionNumber(width, -1),
+                        regionNumber(height, -1), fit, id);
+}
+
+MMS_COMP_SMILMeta *MMS_COMP_SMILData::getMeta(unsigned int index) const
+{
+    return index < getMetaCount() ? m_metas.at(int(index)) : nullptr;
+}
+
+bool MMS_COMP_SMILData::appendMeta(const QString &name, const QString &content)
+{
+    auto *meta = new (std::nothrow) MMS_COMP_SMILMeta;
+    if (!meta)
+        return false;
+    meta->setName(name);
+    meta->setContent(content);
+    m_metas.append(meta);
+    return true;
+}
+
+Slide *MMS_COMP_SMILData::getSlide(unsigned int index) const
+{
+    return index < getTotalSlidesNum() ? m_slides.at(int(index)) : nullptr;
+}
+
+void MMS_COMP_SMILData::appendSlide(Slide *slide)
+{
+    if (slide)
+        m_slides.append(slide);
+}
+
+Slide *MMS_COMP_SMILData::appendSlide(unsigned int dur)
+{
+    Slide *slide = newSlideOf(getMultiPart(), int(dur)).release();
+    appendSlide(slide);
+    return slide;
+}
+
+unsigned int MMS_COMP_SMILData::getMediaObjectCount(unsigned int slide) const
+{
+    const Slide *container = getSlide(slide);
+    return container ? container->getMediaObjectCount() : 0;
+}
+
+Object *MMS_COMP_SMILData::getMediaObject(unsigned int slide, unsigned int index) const
+{
+    const Slide *container = getSlide(slide);
+    return container ? container->getMediaObject(index) : nullptr;
+}
+
+bool MMS_COMP_SMILData::insertMediaObject(unsigned int slide, unsigned int index, Object *object)
+{
+    Slide *container = getSlide(slide);
+    return container && container->insert(index, object);
+}
+
+bool MMS_COMP_SMILData::deleteMediaObject(unsigned int slide, unsigned int index)
+{
+    Slide *container = getSlide(slide);
+    return container && container->remove(index);
+}
+
+int MMS_COMP_SMILData::appendElementObject(QDomElement *element, MMS_COMP_SMILMultipart *multipart,
+                                           bool newSlide, int dur, Object **created)
+{
+    const QString tag = element ? element->tagName().trimmed().toLower() : QString();
+    if (!isMediaTag(tag))
+        return SmilResult::NotAMedia;
+
+    Slide *slide = newSlide ? nullptr : m_slides.at(m_slides.count() - 1);
+    std::unique_ptr<Slide> added;
+    if (!slide || !slide->canBeInserted(tag)) {
+        added = newSlideOf(multipart, dur);
+        slide = added.get();
+    }
+    std::unique_ptr<Object> object(new (std::nothrow) Object(multipart));
+    if (!slide || !object)
+        return SmilResult::OutOfMemory;
+    if (const int result = object->setObjectElem(element, multipart))
+        return result;
+    if (created)
+        *created = object.get();
+    slide->appendObject(object.release());
+    appendSlide(added.release());
+    return SmilResult::Ok;
+}
+
+QString MMS_COMP_SMILData::createUniqueSrc(const QString &name) const
+{
+    PartNames names;
+    if (const MMS_COMP_SMILMultipart *multipart = getMultiPart())
+        names.add(*multipart);
+    for (const Slide *slide : m_slides) {
+        for (unsigned int i = 0; i < slide->getMediaObjectCount(); ++i) {
+            const Object *object = slide->getMediaObject(i);
+            names.addExact(object->getSrc());
+            if (const Part *part = object->getData())
+                names.add(*part);
+        }
+    }
+    return names.uniqueSource(name);
+}
+
+bool MMS_COMP_SMILData::isElemNameExist(const QString &name) const
+{
+    if (!PartNames::isUsable(name))
+        return true;
+    const Reference::Matcher reference(name);
+    for (const Slide *slide : m_slides) {
+        for (unsigned int i = 0; i < slide->getMediaObjectCount(); ++i) {
+            const Object *object = slide->getMediaObject(i);
+            const Part *part = object->getData();
+            if (object->getSrc() == name || (part && reference.matches(*part)))
+                return true;
+        }
+    }
+    const MMS_COMP_SMILMultipart *multipart = getMultiPart();
+    return multipart && multipart->isPartExist(name);
+}
+
+void MMS_COMP_SMILData::deleteObjectByDataLocation(const QString &location)
+{
+    for (Slide *slide : m_slides) {
+        for (unsigned int i = 0; i < slide->getMediaObjectCount(); ++i) {
+            const Part *part = slide->getMediaObject(i)->getData();
+            if (!part)
+                continue;
+            if (part->getContentLocation() == location
+                || MMS_COMP_SMILMultipart::isCidEqual(location, part->getContentID())) {
+                slide->remove(i);
+                return;
+            }
+        }
+    }
+}
+
+void MMS_COMP_SMILData::updateParamToSlide()
+{
+    const MMS_COMP_SMILRootLayout *rootLayout = getRootLayout();
+    for (Slide *slide : m_slides) {
+        if (rootLayout)
+            slide->setPageColor(*rootLayout->getBackgroundColor());
+        slide->updatePageColorToElem();
+        slide->updateTextColorToElem();
+        slide->updateTextSizeToElem();
+    }
+}
+
+void MMS_COMP_SMILData::updateParamFromSlide()
+{
+    for (Slide *slide : m_slides) {
+        slide->updatePageColorFromElem();
+        slide->updateTextColorFromElem();
+        slide->updateTextSizeFromElem();
+    }
+}
+
+void MMS_COMP_SMILData::removeEmptyTextBeforeSend()
+{
+    for (Slide *slide : m_slides) {
+        const Object *text = slide->getTextElem(false);
+        const Part *part = text ? text->getData() : nullptr;
+        if (part && part->getBodyDataLen() == 0 && canLoseEmptyText(slide))
+            slide->removeTextElem();
+    }
+}
+
+bool MMS_COMP_SMILData::isEmpty() const
+{
+    return std::all_of(m_slides.begin(), m_slides.end(),
+                       [](const Slide *slide) { return slide->isBlank(); });
+}
+
+void MMS_COMP_SMILData::setMultiPart(MMS_COMP_SMILMultipart *multipart)
+{
+    m_multipart = multipart;
+    for (Slide *slide : m_slides)
+        slide->setMultiPart(multipart);
+}
+
+bool MMS_COMP_SMILData::copyTo(MMS_COMP_SMILData *target, MMS_COMP_SMILMultipart *multipart) const
+{
+    if (!target)
+        return false;
+    target->setMultiPart(multipart);
+    target->setLayoutMeasureUnit(m_measureUnit);
+    if (const MMS_COMP_SMILRootLayout *rootLayout = getRootLayout())
+        target->setRootLayout(rootLayout->getWidth(), rootLayout->getHeight());
+    for (unsigned int i = 0; i < getRegionCount(); ++i) {
+        auto region = std::make_unique<MMS_COMP_SMILRegion>(*getRegion(i));
+        if (!target->m_layout.isRegionExist(region.get(), nullptr))
+            target->appendRegion(region.release());
+    }
+    for (int i = 0, count = m_metas.count(); i < count; ++i) {
+        if (!target->appendMeta(m_metas.at(i)->getName(), m_metas.at(i)->getContent()))
+            return false;
+    }
+    // A copy onto itself would otherwise walk what it adds.
+    for (int i = 0, count = m_slides.count(); i < count; ++i) {
+        auto slide = newSlideOf(multipart, Slide::DefaultDuration);
+        if (!slide)
+            return false;
+        if (!m_slides.at(i)->copyTo(slide.get(), multipart)) {
+            discard(std::move(slide));
+            return false;
+        }
+        target->appendSlide(slide.release());
+    }
+    return true;
+}

@@ -1,0 +1,144 @@
+/*
+ * The presentation of a multimedia message: layout, metas and slides, bound to the message that
+ * holds the content. Read from SMIL, changed by the composer, written as SMIL.
+ */
+#pragma once
+
+#include "multipart/liveness.h"
+#include "platform/export.h"
+#include "platform/ptr_list.h"
+#include "presentation/layout.h"
+#include "presentation/slide.h"
+
+#include <QString>
+
+class QDomElement;
+
+/// Unit of region geometry.
+enum MMS_COMP_SMIL_UNIT_TYPE_ENUM : int {
+    SMIL_UNIT_PIXEL = 0,
+    SMIL_UNIT_PERCENT = 1, ///< per cent of the root layout
+};
+
+/**
+ * A whole presentation. Owns layout, metas and slides. Points at the message without owning it; the
+ * pointer becomes null when the message is deleted, and either may be deleted first.
+ */
+class QVL_EXPORT MMS_COMP_SMILData
+{
+public:
+    /// An empty presentation of @p multipart, which may be null.
+    explicit MMS_COMP_SMILData(MMS_COMP_SMILMultipart *multipart);
+    /// A copy of @p source with content from @p multipart, as far as copyTo() comes.
+    MMS_COMP_SMILData(const MMS_COMP_SMILData &source, MMS_COMP_SMILMultipart *multipart);
+    MMS_COMP_SMILData(const MMS_COMP_SMILData &) = delete;
+    MMS_COMP_SMILData &operator=(const MMS_COMP_SMILData &) = delete;
+    /// Releases the content of all slides.
+    ~MMS_COMP_SMILData();
+
+    /// Deletes all slides and metas; layout and unit stay.
+    void clean();
+
+    MMS_COMP_SMIL_UNIT_TYPE_ENUM getLayoutMeasureUnit() const { return m_measureUnit; }
+    void setLayoutMeasureUnit(MMS_COMP_SMIL_UNIT_TYPE_ENUM unit) { m_measureUnit = unit; }
+
+    /// The layout itself, which stays the presentation's.
+    MMS_COMP_SMILLayout *getLayout() { return &m_layout; }
+    const MMS_COMP_SMILLayout *getLayout() const { return &m_layout; }
+    /// These are the layout's operations.
+    MMS_COMP_SMILRootLayout *getRootLayout() const { return m_layout.getRootLayout(); }
+    MMS_COMP_SMILRootLayout *setRootLayout(int width, int height);
+    int setRootLayout(QDomElement *element);
+    unsigned int getRegionCount() const { return m_layout.getRegionCount(); }
+    MMS_COMP_SMILRegion *getRegion(unsigned int index) const { return m_layout.getRegion(index); }
+    void appendRegion(MMS_COMP_SMILRegion *region);
+    MMS_COMP_SMILRegion *appendRegion(float left, float top, float width, float height,
+                                      const QString &fit, const QString &id);
+
+    /// Sets the size from texts such as "120px"; the colour is ignored. The root layout, or null.
+    MMS_COMP_SMILRootLayout *setRootLayout(const QString &width, const QString &height,
+                                           const QString &backgroundColor);
+    /**
+     * Adds a region from texts such as "120px" and "50%", unless an equal one is there; the one
+     * that is in the layout. A text with "%" makes the unit per cent for the whole presentation. An
+     * absent width or height is -1; a text is read as far as it is a number.
+     */
+    MMS_COMP_SMILRegion *appendRegion(const QString &left, const QString &top, const QString &width,
+                                      const QString &height, const QString &fit, const QString &id);
+
+    /// Ids of the regions of the handset's own layout.
+    QString getTextRegionId() const { return QStringLiteral("text"); }
+    QString getImgRegionId() const { return QStringLiteral("image"); }
+
+    unsigned int getMetaCount() const { return unsigned(m_metas.count()); }
+    /// The meta at @p index, which stays the presentation's, or null out of range.
+    MMS_COMP_SMILMeta *getMeta(unsigned int index) const;
+    /// False when there is no memory.
+    bool appendMeta(const QString &name, const QString &content);
+
+    unsigned int getTotalSlidesNum() const { return unsigned(m_slides.count()); }
+    /// The slide at @p index, which stays the presentation's, or null out of range.
+    MMS_COMP_SMILTimingContainer *getSlide(unsigned int index) const;
+    /// Adds @p slide, which becomes the presentation's. Null is ignored.
+    void appendSlide(MMS_COMP_SMILTimingContainer *slide);
+    /// Adds an empty slide of @p dur milliseconds, taken as signed; null when there is no memory.
+    MMS_COMP_SMILTimingContainer *appendSlide(unsigned int dur);
+
+    /// These are the slide's operations; 0, null or false for a slide that is out of range.
+    unsigned int getMediaObjectCount(unsigned int slide) const;
+    MMS_COMP_SMILMediaObject *getMediaObject(unsigned int slide, unsigned int index) const;
+    bool insertMediaObject(unsigned int slide, unsigned int index,
+                           MMS_COMP_SMILMediaObject *object);
+    bool deleteMediaObject(unsigned int slide, unsigned int index);
+
+    /**
+     * Places a media element of a document: on the last slide when it has room and @p newSlide is
+     * false, else on a new one of @p dur milliseconds. Returns 0, and the object in @p created
+     * unless that is null; SmilResult::NotAMedia, SmilResult::NotInMessage or
+     * SmilResult::OutOfMemory, and nothing changed.
+     */
+    int appendElementObject(QDomElement *element, MMS_COMP_SMILMultipart *multipart, bool newSlide,
+                            int dur, MMS_COMP_SMILMediaObject **created);
+
+    /**
+     * A location for new content, made of the file name in @p name, that no media object and no
+     * body part uses: the name itself, else with "_0", "_1", ... before its extension. Base and
+     * extension are cut to 88 characters. When the extension or a character of the name makes every
+     * one of these unusable the result is "file0", "file1", ...
+     */
+    QString createUniqueSrc(const QString &name) const;
+    /// True when @p name is used, is no valid URL, or has 100 characters or more.
+    bool isElemNameExist(const QString &name) const;
+    /// Deletes the first media object whose part has this location or Content-ID.
+    void deleteObjectByDataLocation(const QString &location);
+
+    /**
+     * Puts colours and text size of every slide into the params of its objects. The root layout's
+     * colour becomes every slide's page colour, also when it is none. Kept: the writer relies on
+     * it.
+     */
+    void updateParamToSlide();
+    /// Takes colours and text size of every slide from the params of its objects.
+    void updateParamFromSlide();
+    /// Removes texts without octets, but for one that alone carries a slide's page colour.
+    void removeEmptyTextBeforeSend();
+
+    /// True when every slide is blank.
+    bool isEmpty() const;
+    /// The message, or null; not owned.
+    MMS_COMP_SMILMultipart *getMultiPart() const { return m_multipart.get(); }
+    /// Sets the message of the presentation and of every slide.
+    void setMultiPart(MMS_COMP_SMILMultipart *multipart);
+    /**
+     * Copies everything but the root layout's colour to @p target, with content from @p multipart;
+     * false for null or when something cannot be copied. What was copied until then stays.
+     */
+    bool copyTo(MMS_COMP_SMILData *target, MMS_COMP_SMILMultipart *multipart) const;
+
+private:
+    MMS_COMP_SMIL_UNIT_TYPE_ENUM m_measureUnit = SMIL_UNIT_PIXEL;
+    MMS_COMP_SMILLayout m_layout;
+    QPtrList<MMS_COMP_SMILMeta> m_metas;
+    QPtrList<MMS_COMP_SMILTimingContainer> m_slides;
+    QvlWeakPointer<MMS_COMP_SMILMultipart> m_multipart;
+};

@@ -1,0 +1,416 @@
+#include "presentation/slide.h"
+
+#include "smil/smil_parser.h"
+#include "smil/smil_result.h"
+
+#include <QDataStream>
+
+#include <algorithm>
+#include <limits>
+#include <memory>
+#include <new>
+
+using Object = MMS_COMP_SMILMediaObject;
+using Part = MMS_COMP_SMILMultipartBodypart;
+
+namespace {
+
+constexpr QLatin1String PageColourParam("background-color");
+constexpr QLatin1String TextColourParam("foreground-color");
+constexpr QLatin1String TextSizeParam("textsize");
+constexpr int DurationStep = 500; // milliseconds
+
+bool isText(const Object &object)
+{
+    return object.getMediaElementType() == SMIL_MEDIA_TEXT;
+}
+
+bool isVideo(const Object &object)
+{
+    return object.getMediaElementType() == SMIL_MEDIA_VIDEO;
+}
+
+bool isPicture(const Object &object)
+{
+    return isVideo(object) || object.getMediaElementType() == SMIL_MEDIA_IMAGE;
+}
+
+bool isAudio(const Object &object)
+{
+    return object.getMediaElementType() == SMIL_MEDIA_AUDIO;
+}
+
+bool plays(const Object &object)
+{
+    return isVideo(object) || isAudio(object);
+}
+
+// A length that is not above 0 counts as none.
+qint64 playLength(const Object *object)
+{
+    Part *part = object ? object->getData() : nullptr;
+    return part ? std::max(part->getPlayDur(), 0) : 0;
+}
+
+int roundedUp(qint64 duration)
+{
+    constexpr qint64 longest = std::numeric_limits<int>::max() / DurationStep * DurationStep;
+    const qint64 rest = duration % DurationStep;
+    return int(std::min(rest > 0 ? duration - rest + DurationStep : duration, longest));
+}
+
+bool hasCharacters(const Object &object)
+{
+    const Part *part = object.getData();
+    return part && !part->getBodyData().isEmpty() && part->getBodyData().front() != '\0';
+}
+
+std::unique_ptr<Object> newObject(MMS_COMP_SMILMultipart *multipart)
+{
+    return std::unique_ptr<Object>(new (std::nothrow) Object(multipart));
+}
+
+// Takes over the colour in the param of @p object; false when there is no usable one.
+bool readColour(const Object *object, QLatin1String param, MMS_COMP_COLOR *colour)
+{
+    if (!object)
+        return false;
+    MMS_COMP_COLOR read;
+    MMS_COMP_SMILParser::parseColor(object->getParamValueByName(param), read);
+    if (read.isUsable())
+        *colour = read;
+    return read.isUsable();
+}
+
+} // namespace
+
+MMS_COMP_SMILTimingContainer::MMS_COMP_SMILTimingContainer(MMS_COMP_SMILMultipart *multipart)
+    : m_multipart(multipart)
+{
+    m_objects.setAutoDelete(true);
+}
+
+MMS_COMP_SMILTimingContainer::~MMS_COMP_SMILTimingContainer()
+{
+    clear();
+}
+
+Object *MMS_COMP_SMILTimingContainer::getMediaObject(unsigned int index) const
+{
+    return index < getMediaObjectCount() ? m_objects.at(int(index)) : nullptr;
+}
+
+void MMS_COMP_SMILTimingContainer::appendObject(Object *object)
+{
+    if (object)
+        m_objects.append(object);
+}
+
+bool MMS_COMP_SMILTimingContainer::insert(unsigned int index, Object *object)
+{
+    if (!object || index > getMediaObjectCount())
+        return false;
+    m_objects.insert(int(index), object);
+    if (plays(*object))
+        rectifyDur();
+    return true;
+}
+
+bool MMS_COMP_SMILTimingContainer::remove(unsigned int index)
+{
+    const Object *object = getMediaObject(index);
+    if (!object)
+        return true;
+    const bool played = plays(*object);
+    release(int(index));
+    if (played)
+        rectifyDur();
+    return true;
+}
+
+void MMS_COMP_SMILTimingContainer::release(int index)
+{
+    m_objects.at(index)->clear();
+    m_objects.remove(index);
+}
+
+int MMS_COMP_SMILTimingContainer::indexOfFirst(Predicate fits) const
+{
+    const auto found = std::find_if(m_objects.begin(), m_objects.end(),
+                                    [fits](const Object *object) { return fits(*object); });
+    return found != m_objects.end() ? int(found - m_objects.begin()) : -1;
+}
+
+int MMS_COMP_SMILTimingContainer::indexOfLast(Predicate fits) const
+{
+    int index = m_objects.count() - 1;
+    while (index >= 0 && !fits(*m_objects.at(index)))
+        --index;
+    return index;
+}
+
+Object *MMS_COMP_SMILTimingContainer::first(Predicate fits) const
+{
+    return m_objects.at(indexOfFirst(fits));
+}
+
+Object *MMS_COMP_SMILTimingContainer::take(Predicate fits)
+{
+    Object *object = m_objects.take(indexOfFirst(fits));
+    if (object)
+        rectifyDur();
+    return object;
+}
+
+Object *MMS_COMP_SMILTimingContainer::getTextElem(bool take)
+{
+    return take ? m_objects.take(indexOfFirst(isText)) : first(isText);
+}
+
+Object *MMS_COMP_SMILTimingContainer::getVideoElem(bool take)
+{
+    return take ? this->take(isVideo) : first(isVideo);
+}
+
+Object *MMS_COMP_SMILTimingContainer::getImgObjectLikeElem(bool take)
+{
+    return take ? this->take(isPicture) : first(isPicture);
+}
+
+Object *MMS_COMP_SMILTimingContainer::getAudioElem(bool take)
+{
+    return take ? this->take(isAudio) : first(isAudio);
+}
+
+void MMS_COMP_SMILTimingContainer::removeTextElem()
+{
+    if (const int index = indexOfFirst(isText); index >= 0)
+        release(index);
+}
+
+// Only a video played, so only its removal changes the duration.
+void MMS_COMP_SMILTimingContainer::removeImgLikeElem()
+{
+    if (const int index = indexOfFirst(isPicture); index >= 0)
+        remove(unsigned(index));
+}
+
+void MMS_COMP_SMILTimingContainer::removeBySrc(const QString &src)
+{
+    const auto found = std::find_if(m_objects.begin(), m_objects.end(),
+                                    [&](const Object *object) { return object->getSrc() == src; });
+    if (found != m_objects.end())
+        remove(unsigned(found - m_objects.begin()));
+}
+
+bool MMS_COMP_SMILTimingContainer::isVideoExist() const
+{
+    return first(isVideo) != nullptr;
+}
+
+bool MMS_COMP_SMILTimingContainer::isImageExist() const
+{
+    return first(isPicture) != nullptr;
+}
+
+bool MMS_COMP_SMILTimingContainer::isAudioExist() const
+{
+    return first(isAudio) != nullptr;
+}
+
+bool MMS_COMP_SMILTimingContainer::canBeInserted(const QString &kind) const
+{
+    const QString tag = kind.toLower();
+    if (tag == QLatin1String("text"))
+        return !first(isText);
+    if (tag == QLatin1String("img") || tag == QLatin1String("video"))
+        return !isImageExist();
+    if (tag == QLatin1String("audio"))
+        return !isAudioExist();
+    return false;
+}
+
+bool MMS_COMP_SMILTimingContainer::updateData(const QString &regionId, const QString &src,
+                                              MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type,
+                                              const QString &subType, const QArray<char> &bytes,
+                                              bool textBelowImage,
+                                              MMS_COMP_SMILMultipart *multipart)
+{
+    const int text = indexOfLast(isText);
+    const int picture = indexOfLast(isPicture);
+    int existing = -1;
+    int place = m_objects.count();
+    if (type == SMIL_MEDIA_TEXT) {
+        existing = text;
+        if (!textBelowImage && picture >= 0)
+            place = picture;
+    } else if (type == SMIL_MEDIA_IMAGE || type == SMIL_MEDIA_VIDEO) {
+        existing = picture;
+        if (textBelowImage && text >= 0)
+            place = text;
+    } else {
+        const auto same =
+            std::find_if(m_objects.begin(), m_objects.end(), [type](const Object *object) {
+                return object->getMediaElementType() == type;
+            });
+        if (same != m_objects.end())
+            existing = int(same - m_objects.begin());
+    }
+
+    std::unique_ptr<Object> added;
+    Object *object = m_objects.at(existing);
+    if (!object) {
+        added = newObject(getMultiPart());
+        object = added.get();
+    }
+    if (!object || !object->setData(regionId, src, type, subType, bytes, multipart))
+        return false;
+    if (added)
+        m_objects.insert(place, added.release());
+    // A video that an image takes the place of leaves its duration behind. Kept.
+    if (plays(*object))
+        rectifyDur();
+    return true;
+}
+
+bool MMS_COMP_SMILTimingContainer::isBlank() const
+{
+    return std::all_of(m_objects.begin(), m_objects.end(), [](const Object *object) {
+        return isText(*object) && !hasCharacters(*object);
+    });
+}
+
+bool MMS_COMP_SMILTimingContainer::isTextBellowImg() const
+{
+    const int text = indexOfFirst(isText);
+    return text < 0 || indexOfLast(isPicture) < text;
+}
+
+void MMS_COMP_SMILTimingContainer::removeParamFromAll(const QString &name)
+{
+    for (Object *object : m_objects)
+        object->removeParamByName(name);
+}
+
+void MMS_COMP_SMILTimingContainer::updatePageColorToElem()
+{
+    if (!m_pageColor.isUsable())
+        return removeParamFromAll(PageColourParam);
+    for (Object *object : {first(isText), first(isPicture), first(isAudio)}) {
+        if (object)
+            object->updateParamByName(PageColourParam, m_pageColor.color.name());
+    }
+}
+
+void MMS_COMP_SMILTimingContainer::updatePageColorFromElem()
+{
+    const bool found = readColour(first(isText), PageColourParam, &m_pageColor)
+        || readColour(first(isPicture), PageColourParam, &m_pageColor)
+        || readColour(first(isAudio), PageColourParam, &m_pageColor);
+    if (!found)
+        m_pageColor.kind = SMIL_COLOR_INVALID;
+}
+
+void MMS_COMP_SMILTimingContainer::updateTextColorToElem()
+{
+    if (!m_textColor.isUsable())
+        return removeParamFromAll(TextColourParam);
+    if (Object *text = first(isText))
+        text->updateParamByName(TextColourParam, m_textColor.color.name());
+}
+
+void MMS_COMP_SMILTimingContainer::updateTextColorFromElem()
+{
+    if (!readColour(first(isText), TextColourParam, &m_textColor))
+        m_textColor.kind = SMIL_COLOR_INVALID;
+}
+
+int MMS_COMP_SMILTimingContainer::updateTextSizeToElem()
+{
+    Object *text = first(isText);
+    return text ? text->updateParamByName(TextSizeParam, m_textSize) : SmilResult::Ok;
+}
+
+void MMS_COMP_SMILTimingContainer::updateTextSizeFromElem()
+{
+    const Object *text = first(isText);
+    m_textSize = text ? text->getParamValueByName(TextSizeParam) : QStringLiteral("normal");
+}
+
+unsigned int MMS_COMP_SMILTimingContainer::getPageSize() const
+{
+    unsigned int size = 0;
+    for (const Object *object : m_objects) {
+        if (const Part *part = object->getData())
+            size += unsigned(part->getBodyDataLen());
+    }
+    return size;
+}
+
+void MMS_COMP_SMILTimingContainer::rectifyDur()
+{
+    // The sum, not the longer of the two: the handset plays the sound when the video has ended.
+    const qint64 length = playLength(first(isVideo)) + playLength(first(isAudio));
+    qint64 duration = m_setDurManually ? m_dur : DefaultDuration;
+    if (length > 0) {
+        duration = length;
+        m_setDurManually = false;
+    }
+    m_dur = roundedUp(duration);
+}
+
+void MMS_COMP_SMILTimingContainer::clear()
+{
+    for (Object *object : m_objects)
+        object->clear();
+    m_objects.clear();
+    m_dur = DefaultDuration;
+}
+
+bool MMS_COMP_SMILTimingContainer::copyTo(MMS_COMP_SMILTimingContainer *target,
+                                          MMS_COMP_SMILMultipart *multipart) const
+{
+    if (!target)
+        return false;
+    target->setDur(m_dur);
+    target->setMultiPart(multipart);
+    // A copy onto itself would otherwise walk what it adds.
+    for (int i = 0, count = m_objects.count(); i < count; ++i) {
+        auto copy = newObject(nullptr);
+        if (!copy || !m_objects.at(i)->copyTo(copy.get(), multipart))
+            return false;
+        target->appendObject(copy.release());
+    }
+    target->setSetDurManually(m_setDurManually);
+    target->setPageColor(m_pageColor);
+    target->setTextColor(m_textColor);
+    target->setTextSize(m_textSize);
+    return true;
+}
+
+bool MMS_COMP_SMILTimingContainer::writeToStream(QDataStream &stream) const
+{
+    stream << qint32(m_dur) << qint32(m_objects.count());
+    for (const Object *object : m_objects)
+        object->writeToStream(stream);
+    return true;
+}
+
+bool MMS_COMP_SMILTimingContainer::readFromStream(QDataStream &stream)
+{
+    qint32 dur = 0;
+    qint32 count = 0;
+    stream >> dur >> count;
+    m_dur = dur;
+    // A count is believed only as long as there is something to read.
+    for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+        auto object = newObject(nullptr);
+        if (!object)
+            return false;
+        Object *read = object.release();
+        m_objects.append(read);
+        if (!read->readFromStream(stream))
+            return false;
+    }
+    return true;
+}

@@ -1,0 +1,26 @@
+/*
+ * A begin or end time as a SMIL document gives it.
+ */
+#pragma once
+
+#include <QString>
+
+/// Kinds of time text.
+enum MMS_COMP_SMIL_TIME_TYPE : int {
+    SMIL_TIME_OFFSET = 0, ///< plain offset
+    SMIL_TIME_EVENT = 1, ///< relative to another element, the form "id(x)(...)"
+    SMIL_TIME_NONE = 2, ///< no text given
+    SMIL_TIME_INVALID = 3, ///< a text that was not understood
+};
+
+/// Time record, filled by MMS_COMP_SMILParser::parseTime().
+struct MMS_COMP_SMIL_TIME
+{
+    static constexpr int AtBegin = 0;
+    static constexpr int AtEnd = -1;
+
+    MMS_COMP_SMIL_TIME_TYPE timeType = SMIL_TIME_NONE;
+    QString eventId; ///< id of the element that an event time refers to; empty for an offset
+    /// Milliseconds; for an event time AtBegin or AtEnd of the other element, else from its begin.
+    int timeValue = 0;
+};

@@ -1,0 +1,149 @@
+/*
+ * Normalisation: the handset shows every message in one layout, a text region above an image
+ * region, and foreign layouts are brought into it. The objects of a region move with its new id.
+ */
+#include "smil/smil_parser.h"
+
+#include "presentation/presentation.h"
+
+#include <optional>
+
+namespace {
+
+struct OwnRegion
+{
+    QString id;
+    float left;
+    float top;
+    float width;
+    float height;
+};
+
+const OwnRegion &textRegion()
+{
+    static const OwnRegion region{QStringLiteral("text"), 0, 0, 120, 160};
+    return region;
+}
+
+const OwnRegion &imageRegion()
+{
+    static const OwnRegion region{QStringLiteral("image"), 0, 160, 120, 160};
+    return region;
+}
+
+void append(MMS_COMP_SMILData *data, const OwnRegion &own)
+{
+    data->appendRegion(own.left, own.top, own.width, own.height, QStringLiteral("hidden"), own.id);
+}
+
+// Objects move before the region's own id changes.
+void rename(MMS_COMP_SMILData *data, MMS_COMP_SMILRegion *region, const QString &id)
+{
+    MMS_COMP_SMILParser::updateObjectRegionId(data, region->getId(), id);
+    region->setId(id);
+}
+
+void turnInto(MMS_COMP_SMILData *data, MMS_COMP_SMILRegion *region, const OwnRegion &own)
+{
+    region->setLeft(own.left);
+    region->setWidth(own.width);
+    region->setTop(own.top);
+    region->setHeight(own.height);
+    rename(data, region, own.id);
+}
+
+bool isAtOrBehind(float start, float end)
+{
+    constexpr double tolerance = 0.01;
+    return double(start) - double(end) >= -tolerance;
+}
+
+// Of two regions the left one is the text region, or the upper one, or else the first. Only two
+// regions side by side the wrong way round swap: a second region above the first changes nothing.
+// Kept: stored messages were laid out so.
+bool isSecondTheText(const MMS_COMP_SMILRegion &first, const MMS_COMP_SMILRegion &second)
+{
+    return !isAtOrBehind(second.getLeft(), first.getRight())
+        && !isAtOrBehind(second.getTop(), first.getBottom())
+        && isAtOrBehind(first.getLeft(), second.getRight());
+}
+
+void normaliseTwo(MMS_COMP_SMILData *data)
+{
+    MMS_COMP_SMILRegion *first = data->getRegion(0);
+    MMS_COMP_SMILRegion *second = data->getRegion(1);
+    const bool swapped = isSecondTheText(*first, *second);
+    turnInto(data, swapped ? second : first, textRegion());
+    turnInto(data, swapped ? first : second, imageRegion());
+}
+
+// The first region other than @p except whose id holds one of two words.
+std::optional<unsigned int> findById(const MMS_COMP_SMILData &data, QLatin1String word,
+                                     QLatin1String otherWord, std::optional<unsigned int> except)
+{
+    for (unsigned int i = 0; i < data.getRegionCount(); ++i) {
+        const QString id = data.getRegion(i)->getId();
+        if (i != except
+            && (id.contains(word, Qt::CaseInsensitive)
+                || id.contains(otherWord, Qt::CaseInsensitive)))
+            return i;
+    }
+    return std::nullopt;
+}
+
+void nameTwoOfMany(MMS_COMP_SMILData *data)
+{
+    const unsigned int text =
+        findById(*data, QLatin1String("txt"), QLatin1String("text"), std::nullopt).value_or(0);
+    rename(data, data->getRegion(text), textRegion().id);
+    const unsigned int neighbour = text + 1 < data->getRegionCount() ? text + 1 : text - 1;
+    const unsigned int image =
+        findById(*data, QLatin1String("img"), QLatin1String("image"), text).value_or(neighbour);
+    rename(data, data->getRegion(image), imageRegion().id);
+}
+
+} // namespace
+
+int MMS_COMP_SMILParser::updateToCorvaneRegion(MMS_COMP_SMILData *data)
+{
+    if (!data)
+        return 0;
+    switch (data->getRegionCount()) {
+    case 0:
+        append(data, textRegion());
+        append(data, imageRegion());
+        break;
+    case 1: // stays where it is
+        data->getRegion(0)->setWidth(textRegion().width);
+        data->getRegion(0)->setHeight(textRegion().height);
+        rename(data, data->getRegion(0), textRegion().id);
+        append(data, imageRegion());
+        break;
+    case 2:
+        normaliseTwo(data);
+        break;
+    default:
+        nameTwoOfMany(data);
+    }
+    return 1;
+}
+
+void MMS_COMP_SMILParser::updateToCorvaneRootLayout(MMS_COMP_SMILData *data)
+{
+    if (data)
+        data->setRootLayout(120, 160);
+}
+
+void MMS_COMP_SMILParser::updateObjectRegionId(MMS_COMP_SMILData *data, const QString &oldId,
+                                               const QString &newId)
+{
+    if (!data)
+        return;
+    for (unsigned int slide = 0; slide < data->getTotalSlidesNum(); ++slide) {
+        for (unsigned int i = 0; i < data->getMediaObjectCount(slide); ++i) {
+            MMS_COMP_SMILMediaObject *object = data->getMediaObject(slide, i);
+            if (object->getRegionId() == oldId)
+                object->setRegionId(newId);
+        }
+    }
+}

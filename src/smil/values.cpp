@@ -1,0 +1,216 @@
+/*
+ * Value readers: times, durations and colours. What they accept is narrower and stranger than SMIL
+ * has it; presentations of stored messages depend on every result.
+ */
+#include "smil/smil_parser.h"
+
+#include "presentation/colour.h"
+#include "presentation/smil_time.h"
+
+#include <array>
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <span>
+
+namespace {
+
+constexpr int NoDuration = -1;
+constexpr int Indefinite = -2;
+constexpr int UnreadableDuration = 5000;
+
+std::optional<int> toInt(qint64 value)
+{
+    if (value < std::numeric_limits<int>::min() || value > std::numeric_limits<int>::max())
+        return std::nullopt;
+    return int(value);
+}
+
+std::optional<int> strictInt(QStringView text, int base = 10)
+{
+    bool ok = false;
+    const int value = text.toInt(&ok, base);
+    return ok ? std::optional(value) : std::nullopt;
+}
+
+// Single precision, one multiplication after the other: "0.01min" is 599.
+std::optional<int> scaled(QStringView number, std::span<const float> factors)
+{
+    bool ok = false;
+    float value = number.toFloat(&ok);
+    for (float factor : factors)
+        value *= factor;
+    constexpr float limit = 2147483648.0F;
+    if (!ok || !std::isfinite(value) || value < -limit || value >= limit)
+        return std::nullopt;
+    return int(value);
+}
+
+struct Unit
+{
+    QLatin1String suffix;
+    std::span<const float> factors;
+};
+
+constexpr std::array minuteFactors{60.0F, 1000.0F};
+constexpr std::array secondFactors{1000.0F};
+constexpr std::array hourFactors{60.0F, 60.0F, 1000.0F};
+constexpr std::array units{// tried in this order, so "ms" comes before "s"
+                           Unit{QLatin1String("min"), minuteFactors}, Unit{QLatin1String("ms"), {}},
+                           Unit{QLatin1String("s"), secondFactors},
+                           Unit{QLatin1String("h"), hourFactors}};
+
+// timecount ::= number ("min" | "ms" | "s" | "h")
+// A number without a unit is unreadable.
+std::optional<int> readTimecount(QStringView text)
+{
+    for (const Unit &unit : units) {
+        if (text.endsWith(unit.suffix))
+            return scaled(text.chopped(unit.suffix.size()), unit.factors);
+    }
+    return std::nullopt;
+}
+
+// clock ::= minutes ":" seconds "." milliseconds
+// The first three digits of the fraction are milliseconds as they stand: ".5" is 5 ms.
+std::optional<int> readClock(QStringView text)
+{
+    const qsizetype colon = text.indexOf(QLatin1Char(':'));
+    const QStringView rest = text.sliced(colon + 1);
+    const qsizetype point = rest.indexOf(QLatin1Char('.'));
+    if (point <= 0)
+        return std::nullopt;
+    const auto minutes = strictInt(text.first(colon));
+    const auto seconds = strictInt(rest.first(point));
+    const auto fraction = strictInt(rest.sliced(point + 1).left(3));
+    if (!minutes || !seconds || !fraction)
+        return std::nullopt;
+    return toInt(*fraction + (*seconds + qint64(*minutes) * 60) * 1000);
+}
+
+// A clock with hours is unreadable: two and more colons are no form of a time. Kept.
+std::optional<int> readMilliseconds(QStringView text)
+{
+    switch (text.count(QLatin1Char(':'))) {
+    case 0:
+        return readTimecount(text);
+    case 1:
+        return readClock(text);
+    default:
+        return std::nullopt;
+    }
+}
+
+// event ::= "id(" id ")" any ("begin" | "end" | milliseconds) any
+std::optional<int> readEvent(const QString &text, QString *id)
+{
+    constexpr int idStart = 3;
+    const qsizetype close = text.indexOf(QLatin1Char(')'), idStart);
+    *id = text.mid(idStart, close < 0 ? -1 : close - idStart);
+    const QStringView rest = close < 0 ? QStringView() : QStringView(text).sliced(close + 1);
+    if (rest.contains(QLatin1String("begin")))
+        return MMS_COMP_SMIL_TIME::AtBegin;
+    if (rest.contains(QLatin1String("end")))
+        return MMS_COMP_SMIL_TIME::AtEnd;
+    return rest.size() < 2 ? std::nullopt : readMilliseconds(rest.sliced(1).chopped(1));
+}
+
+struct NamedColour
+{
+    QLatin1String name;
+    QRgb rgb;
+};
+
+constexpr std::array namedColours{
+    NamedColour{QLatin1String("aqua"), 0x00FFFF},   NamedColour{QLatin1String("black"), 0x000000},
+    NamedColour{QLatin1String("blue"), 0x0000FF},   NamedColour{QLatin1String("fuchsia"), 0xFF00FF},
+    NamedColour{QLatin1String("gray"), 0x808080},   NamedColour{QLatin1String("green"), 0x008000},
+    NamedColour{QLatin1String("lime"), 0x00FF00},   NamedColour{QLatin1String("maroon"), 0x800000},
+    NamedColour{QLatin1String("navy"), 0x000080},   NamedColour{QLatin1String("olive"), 0x808000},
+    NamedColour{QLatin1String("purple"), 0x800080}, NamedColour{QLatin1String("red"), 0xFF0000},
+    NamedColour{QLatin1String("silver"), 0xC0C0C0}, NamedColour{QLatin1String("teal"), 0x008080},
+    NamedColour{QLatin1String("white"), 0xFFFFFF},  NamedColour{QLatin1String("yellow"), 0xFFFF00}};
+
+const NamedColour *findNamedColour(QStringView name)
+{
+    for (const NamedColour &row : namedColours) {
+        if (row.name == name)
+            return &row;
+    }
+    return nullptr;
+}
+
+// hexadecimal ::= "#" 3 * digit | "#" 3 * (digit digit)
+// A single digit is not doubled: "#fff" is nearly black.
+std::optional<QColor> readHexadecimal(QStringView digits)
+{
+    const qsizetype width = digits.size() / 3;
+    std::array<int, 3> components{};
+    for (size_t i = 0; i < components.size(); ++i) {
+        const auto value = strictInt(digits.sliced(qsizetype(i) * width, width), 16);
+        if (!value || *value < 0 || *value > 255)
+            return std::nullopt;
+        components[i] = *value;
+    }
+    return QColor(components[0], components[1], components[2]);
+}
+
+} // namespace
+
+void MMS_COMP_SMILParser::parseTime(const QString &text, MMS_COMP_SMIL_TIME *time)
+{
+    if (text.isEmpty()) {
+        time->timeType = SMIL_TIME_NONE;
+        return;
+    }
+    std::optional<int> value;
+    if (text.startsWith(QLatin1String("id("))) {
+        time->timeType = SMIL_TIME_EVENT;
+        value = readEvent(text, &time->eventId);
+    } else {
+        time->timeType = SMIL_TIME_OFFSET;
+        time->eventId = QLatin1String("");
+        value = readMilliseconds(text);
+    }
+    if (value)
+        time->timeValue = *value;
+    else
+        time->timeType = SMIL_TIME_INVALID;
+}
+
+int MMS_COMP_SMILParser::parseDur(const QString &text)
+{
+    if (text.isEmpty())
+        return NoDuration;
+    if (text == QLatin1String("indefinite"))
+        return Indefinite;
+    return readMilliseconds(text).value_or(UnreadableDuration);
+}
+
+void MMS_COMP_SMILParser::parseColor(const QString &text, MMS_COMP_COLOR &colour)
+{
+    const QString trimmed = text.trimmed();
+    if (trimmed.isEmpty()) {
+        colour.kind = SMIL_COLOR_NONE;
+        return;
+    }
+    if (const NamedColour *named = findNamedColour(trimmed)) {
+        colour = {SMIL_COLOR_NAMED, named->name, QColor(named->rgb)};
+        return;
+    }
+    colour.kind = SMIL_COLOR_INVALID;
+    const bool hexadecimal =
+        trimmed.startsWith(QLatin1Char('#')) && (trimmed.size() == 4 || trimmed.size() == 7);
+    // The functional form never gives a colour but still takes the name. Kept.
+    const bool functional =
+        trimmed.startsWith(QLatin1String("rgb(")) && !trimmed.contains(QLatin1Char('%'));
+    if (!hexadecimal && !functional)
+        return;
+    colour.name = QLatin1String("");
+    if (!hexadecimal)
+        return;
+    if (const auto rgb = readHexadecimal(QStringView(trimmed).sliced(1))) {
+        colour.kind = SMIL_COLOR_RGB;
+        colour.color = *rgb;
+    }
+}

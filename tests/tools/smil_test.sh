@@ -1,0 +1,34 @@
+#!/usr/bin/env bash
+# `qvlmms smil` on messages and on documents by themselves: the text that is written reads back to
+# the same text, the model is printed, and a refusal says where the text is wrong.
+#     smil_test.sh QVLMMS FIXTURES
+set -euo pipefail
+qvlmms=$1
+work=$(mktemp -d)
+trap 'rm -rf "$work"' EXIT
+fail() {
+  echo "$*" >&2
+  exit 1
+}
+
+"$qvlmms" smil "$2/messages/related.mms" >"$work/once.smil"
+grep -qxF '<region id="text"  height="160"  width="120" left="0" top="0" />' "$work/once.smil" \
+  || fail "the layout is not the handset's own"
+"$qvlmms" smil "$work/once.smil" >"$work/twice.smil"
+cmp "$work/once.smil" "$work/twice.smil" || fail "what was written does not read back"
+"$qvlmms" smil - <"$work/once.smil" | cmp - "$work/once.smil" || fail "standard input differs"
+
+"$qvlmms" smil --model "$2/messages/related.mms" >"$work/model"
+grep -q '^  text src "cid:soon.txt" region "text".* part "soon.txt" text/plain 12$' "$work/model" \
+  || fail "the model lacks the second text"
+
+refuse() { # CODE PATTERN FILE
+  local code=0
+  "$qvlmms" smil "$3" >"$work/out" 2>"$work/error" || code=$?
+  [ "$code" -eq "$1" ] && grep -q "$2" "$work/error" || fail "$3: $code, $(cat "$work/error")"
+  [ ! -s "$work/out" ] || fail "$3: printed a text although it was refused"
+}
+refuse 1 'result -8), line 3, column [0-9]*: ' "$2/show/smil-not-well-formed.mms"
+refuse 1 'there is a second body (result -11)' "$2/show/smil-second-body.mms"
+printf '<smil>%s' "$(printf '<a>%.0s' {1..300})" >"$work/deep.smil"
+refuse 1 'nested more than 256 levels deep' "$work/deep.smil"

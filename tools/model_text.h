@@ -1,0 +1,27 @@
+/*
+ * A presentation as text: one line for each thing in it, in one fixed form, for a person to read
+ * and for tests to compare.
+ */
+#pragma once
+
+#include <QString>
+
+class MMS_COMP_SMILData;
+struct MMS_COMP_COLOR;
+struct MMS_COMP_SMIL_TIME;
+
+namespace ModelText {
+
+/// The whole presentation; every line ends in a line feed.
+QString presentation(const MMS_COMP_SMILData &data);
+
+/// "none", "invalid", or the colour as "#rrggbb", with its name when it has one.
+QString colour(const MMS_COMP_COLOR &colour);
+
+/// "3000 ms", "indefinite" or "none".
+QString duration(int milliseconds);
+
+/// "none", "invalid", "3000 ms", or "begin", "end" or "3000 ms" of another element.
+QString time(const MMS_COMP_SMIL_TIME &time);
+
+} // namespace ModelText

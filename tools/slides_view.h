@@ -1,0 +1,21 @@
+/*
+ * The slides of a message for a reader: as lines of text and as JSON.
+ */
+#pragma once
+
+#include <QJsonObject>
+#include <QString>
+
+struct Message;
+
+/// Slides and their media as lines, each behind four blanks at least; "" without a presentation.
+QString slidesText(const Message &message);
+
+/// The presentation as JSON, documented in docs/json.md.
+QJsonObject slidesJson(const Message &message);
+
+/**
+ * Where and why @p smil is not well-formed, such as "line 3, column 7: ..."; "" when it is, or when
+ * that cannot be told without expanding what it declares. Never takes long.
+ */
+QString whyNotWellFormed(const QByteArray &smil);
