@@ -138,8 +138,9 @@ public:
 
     /// For weak pointers at the part.
     const QvlLiveness &liveness() const { return m_liveness; }
-    /// True once a message owns the part, which then must not be deleted by anybody else.
-    bool isOwnedByMultipart() const { return m_liveness.isOwned(); }
+    /// True once a message has taken the part: from then on only a message deletes it, or whoever
+    /// takes parts over from one.
+    bool isHeldByMultipart() const { return m_liveness.isHeld(); }
 
 private:
     friend class MMS_COMP_SMILMultipart;

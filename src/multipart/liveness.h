@@ -8,8 +8,8 @@
 
 /**
  * What belongs to an object rather than to its value: that it is alive, for QvlWeakPointer, and
- * that a container owns it. A copy of the object is another object, so a copy of this member starts
- * afresh and assignment keeps it.
+ * that a container has taken it. A copy of the object is another object, so a copy of this member
+ * starts afresh and assignment keeps it.
  */
 class QvlLiveness
 {
@@ -26,12 +26,12 @@ public:
         return m_token;
     }
 
-    bool isOwned() const { return m_owned; }
-    void setOwned() { m_owned = true; }
+    bool isHeld() const { return m_held; }
+    void setHeld() { m_held = true; }
 
 private:
     mutable std::shared_ptr<char> m_token;
-    bool m_owned = false;
+    bool m_held = false;
 };
 
 /// Pointer to a T, which has an operation liveness(); null once the T is gone. Owns nothing.

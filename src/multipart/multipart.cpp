@@ -81,14 +81,7 @@ void MMS_COMP_SMILMultipart::appendBodypart(Part *part)
     if (!part)
         return;
     m_parts.append(part);
-    takeOver(part);
-}
-
-// Parts of an owning message leave it only by being deleted, so the mark is never taken back.
-void MMS_COMP_SMILMultipart::takeOver(Part *part)
-{
-    if (m_parts.autoDelete())
-        part->m_liveness.setOwned();
+    part->m_liveness.setHeld();
 }
 
 bool MMS_COMP_SMILMultipart::holds(const Part *part) const
@@ -100,7 +93,7 @@ int MMS_COMP_SMILMultipart::insertBodypart(Part *part, int index)
 {
     if (!part || !m_parts.insert(std::clamp(index, 0, getPartCount()), part))
         return MultipartResult::InsertionRefused;
-    takeOver(part);
+    part->m_liveness.setHeld();
     return MultipartResult::Ok;
 }
 

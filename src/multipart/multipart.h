@@ -128,7 +128,6 @@ public:
     const QvlLiveness &liveness() const { return m_liveness; }
 
 private:
-    void takeOver(MMS_COMP_SMILMultipartBodypart *part);
     bool isRelated() const;
     void setRelatedType();
 

@@ -95,7 +95,7 @@ QString PartNames::firstFree(const QString &prefix, const QString &suffix)
 QString PartNames::uniqueAttachmentLocation(const QString &ext)
 {
     const QString prefix = QStringLiteral("file");
-    const QString name = firstFree(prefix, withDot(ext));
+    QString name = firstFree(prefix, withDot(ext));
     return name.isNull() ? firstFree(prefix, QString()) : name;
 }
 
@@ -104,7 +104,7 @@ QString PartNames::itselfOrNumbered(const QString &candidate, const QString &bas
 {
     if (isFree(candidate))
         return candidate;
-    const QString numbered = firstFree(base + QLatin1Char('_'), suffix);
+    QString numbered = firstFree(base + QLatin1Char('_'), suffix);
     return numbered.isNull() ? uniqueAttachmentLocation(QString()) : numbered;
 }
 

@@ -366,7 +366,7 @@ void MMS_COMP_SMILMediaObject::clear()
     MMS_COMP_SMILMultipart *multipart = getMultiPart();
     if (multipart && multipart->holds(part))
         multipart->deletePartBySrc(part->getContentLocation());
-    else if (!part->isOwnedByMultipart())
+    else if (!part->isHeldByMultipart())
         delete part;
 }
 
@@ -395,10 +395,9 @@ bool MMS_COMP_SMILMediaObject::readFromStream(QDataStream &stream)
     qint32 hasPart = 0;
     stream >> m_alt >> hasPart;
 
-    MMS_COMP_SMILMultipart *multipart = getMultiPart();
     Part *before = getData();
     m_data = nullptr;
-    if (before && !before->isOwnedByMultipart() && !(multipart && multipart->holds(before)))
+    if (before && !before->isHeldByMultipart())
         delete before;
     if (hasPart == 1) {
         auto *part = new (std::nothrow) Part;

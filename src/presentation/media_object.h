@@ -156,7 +156,7 @@ public:
 
     /**
      * Releases the content: gives one use of the part back to the message when the part stands in
-     * it, deletes a part that no message owns, and binds nothing any more.
+     * it, deletes a part that no message ever took, and binds nothing any more.
      */
     void clear();
 

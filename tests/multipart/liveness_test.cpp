@@ -105,7 +105,7 @@ TEST(WeakPointer, KnowsWhenAMessageIsGone)
     message->clear();
     EXPECT_EQ(pointer.get(), message.get());
     message.reset();
-    EXPECT_EQ(pointer.get(), nullptr);
+    EXPECT_FALSE(pointer.get());
     EXPECT_EQ(atCopy.get(), &copy);
 }
 
@@ -115,7 +115,8 @@ TEST(WeakPointer, PartOfAMessageGoesWithEveryWayOfDeletingIt)
         {"message", [](std::unique_ptr<Multipart> &message) { message.reset(); }},
         {"all parts", [](std::unique_ptr<Multipart> &message) { message->clear(); }},
         {"by index", [](std::unique_ptr<Multipart> &message) { message->deletePart(0); }},
-        {"by reference", [](std::unique_ptr<Multipart> &message) { message->deletePartBySrc("a"); }},
+        {"by reference",
+         [](std::unique_ptr<Multipart> &message) { message->deletePartBySrc("a"); }},
     };
     for (const auto &[what, destroy] : rows) {
         SCOPED_TRACE(what);
@@ -140,11 +141,11 @@ TEST(WeakPointer, PartStaysWhenOnlyAUseIsTakenBack)
 TEST(PartOwner, IsTheMessageThatPartsAreAddedTo)
 {
     Multipart message;
-    EXPECT_FALSE(Part().isOwnedByMultipart());
+    EXPECT_FALSE(Part().isHeldByMultipart());
     message.appendBodypart(new Part);
     message.insertBodypart(new Part, 0);
-    EXPECT_TRUE(message.getBodypartByIndex(0)->isOwnedByMultipart());
-    EXPECT_TRUE(message.getBodypartByIndex(1)->isOwnedByMultipart());
+    EXPECT_TRUE(message.getBodypartByIndex(0)->isHeldByMultipart());
+    EXPECT_TRUE(message.getBodypartByIndex(1)->isHeldByMultipart());
 }
 
 TEST(PartOwner, IsNotPartOfTheValue)
@@ -153,15 +154,15 @@ TEST(PartOwner, IsNotPartOfTheValue)
     message.appendBodypart(new Part);
     Part *owned = message.getBodypartByIndex(0);
     const Part copy(*owned);
-    EXPECT_FALSE(copy.isOwnedByMultipart());
+    EXPECT_FALSE(copy.isHeldByMultipart());
     *owned = Part();
-    EXPECT_TRUE(owned->isOwnedByMultipart());
+    EXPECT_TRUE(owned->isHeldByMultipart());
     Part assigned;
     assigned = *owned;
-    EXPECT_FALSE(assigned.isOwnedByMultipart());
+    EXPECT_FALSE(assigned.isHeldByMultipart());
 }
 
-TEST(PartOwner, IsNobodyInACopyConstructedMessage)
+TEST(PartOwner, IsAMessageThatDeletesNothingToo)
 {
     Multipart source;
     appendParts(source, {{.location = "a"}});
@@ -170,8 +171,8 @@ TEST(PartOwner, IsNobodyInACopyConstructedMessage)
     std::unique_ptr<Part> parts[] = {std::unique_ptr<Part>(copy.getBodypartByIndex(0)),
                                      std::unique_ptr<Part>(copy.getBodypartByIndex(1))};
     for (const auto &part : parts)
-        EXPECT_FALSE(part->isOwnedByMultipart());
-    EXPECT_TRUE(source.getBodypartByIndex(0)->isOwnedByMultipart());
+        EXPECT_TRUE(part->isHeldByMultipart());
+    EXPECT_TRUE(source.getBodypartByIndex(0)->isHeldByMultipart());
 }
 
 TEST(PartOwner, IsTheMessageThatCopiesAreTakenInto)
@@ -180,7 +181,7 @@ TEST(PartOwner, IsTheMessageThatCopiesAreTakenInto)
     appendParts(source, {{.location = "a"}});
     Multipart target;
     target.copyFrom(source);
-    EXPECT_TRUE(target.getBodypartByIndex(0)->isOwnedByMultipart());
+    EXPECT_TRUE(target.getBodypartByIndex(0)->isHeldByMultipart());
 }
 
 TEST(MessageHolds, ThePartItselfAndNoneThatIsLikeIt)

@@ -1,0 +1,140 @@
+/*
+ * The presentations of real messages, where the folder that holds them is there: how many slides
+ * and objects the SMIL part gives, what stays an attachment, and whether the text that the writer
+ * makes of it can be read again.
+ */
+#include <qvlsmilparser.h>
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <gtest/gtest.h>
+
+#include <iterator>
+#include <ostream>
+#include <string>
+
+namespace {
+
+struct Expectation
+{
+    qint64 octets; // of the whole message; no two have the same length
+    int result; // of reading the SMIL part
+    unsigned int slides;
+    int boundObjects;
+    int attachments; // parts that no object refers to
+    int resultAgain; // of reading what the writer makes of the presentation
+};
+
+constexpr int NoSmilPart = 1000;
+
+// A root layout with a colour is written so that it cannot be read again.
+constexpr Expectation expectations[] = {
+    {88, NoSmilPart, 0, 0, 1, NoSmilPart}, // mixed
+    {121, NoSmilPart, 0, 0, 1, NoSmilPart},
+    {542, 0, 1, 1, 0, 0},
+    {758, 0, 1, 2, 0, 0},
+    {2498, 0, 1, 2, 0, 0},
+    {9345, 0, 1, 3, 0, 0},
+    {15326, 0, 2, 4, 0, 0},
+    {19028, 0, 1, 2, 0, 0},
+    {20799, 0, 2, 3, 0, 0},
+    {27807, 0, 7, 8, 0, SmilResult::NotWellFormed},
+    {43553, 0, 5, 7, 0, SmilResult::NotWellFormed},
+    {88762, 0, 1, 1, 0, 0},
+    {214033, 0, 1, 1, 0, 0},
+};
+
+void PrintTo(const Expectation &expectation, std::ostream *stream)
+{
+    *stream << expectation.octets << " octets";
+}
+
+const QDir folder(QStringLiteral(QVL_CORPUS));
+
+QFileInfoList messages()
+{
+    return folder.entryInfoList({"*.mms", "*.MMS"}, QDir::Files);
+}
+
+QByteArray messageOf(qint64 octets)
+{
+    for (const QFileInfo &info : messages()) {
+        QFile file(info.filePath());
+        if (info.size() == octets && file.open(QIODevice::ReadOnly))
+            return file.readAll();
+    }
+    return {};
+}
+
+std::string testName(const testing::TestParamInfo<Expectation> &info)
+{
+    return std::to_string(info.param.octets) + "_octets";
+}
+
+void decode(QByteArray pdu, MMS_COMP_SMILMultipart *multipart)
+{
+    MMS_UA_UAMsg msg;
+    auto *octets = reinterpret_cast<unsigned char *>(pdu.data());
+    auto length = static_cast<unsigned int>(pdu.size());
+    ASSERT_EQ(MMS_UA_Decoder().decodeHeader(octets, length, &msg), WireResult::Read);
+    multipart->setMimeType(msg.getContentType());
+    multipart->setSubType(msg.getContentSubType());
+    const QByteArray body(reinterpret_cast<const char *>(msg.getBody()), msg.getBodyLength());
+    ASSERT_EQ(MMS_COMP_SMILMultipartParser::parse(body, &msg, multipart), 0);
+}
+
+int read(const QByteArray &smil, MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data)
+{
+    return MMS_COMP_SMILParser().parse(smil, multipart, data);
+}
+
+int readAgain(MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data)
+{
+    MMS_COMP_SMILData again(multipart);
+    return read(MMS_COMP_SMILParser::convertToSMILLang(data).toUtf8(), multipart, &again);
+}
+
+int countBoundObjects(const MMS_COMP_SMILData &data)
+{
+    int count = 0;
+    for (unsigned int slide = 0; slide < data.getTotalSlidesNum(); ++slide) {
+        for (unsigned int i = 0; i < data.getMediaObjectCount(slide); ++i)
+            count += data.getMediaObject(slide, i)->getData() ? 1 : 0;
+    }
+    return count;
+}
+
+class CorpusSmil : public testing::TestWithParam<Expectation>
+{
+};
+
+} // namespace
+
+TEST_P(CorpusSmil, GivesItsSlides)
+{
+    if (messages().isEmpty())
+        GTEST_SKIP() << "there are no real messages at " << QVL_CORPUS;
+    const QByteArray pdu = messageOf(GetParam().octets);
+    ASSERT_FALSE(pdu.isEmpty());
+    MMS_COMP_SMILMultipart multipart;
+    decode(pdu, &multipart);
+    MMS_COMP_SMILData data(&multipart);
+    const MMS_COMP_SMILMultipartBodypart *smil = multipart.getSmilPart();
+    const int result = smil ? read(smil->getBodyData(), &multipart, &data) : NoSmilPart;
+    EXPECT_EQ(result, GetParam().result);
+    EXPECT_EQ(data.getTotalSlidesNum(), GetParam().slides);
+    EXPECT_EQ(countBoundObjects(data), GetParam().boundObjects);
+    EXPECT_EQ(multipart.getAttachmentCount(), GetParam().attachments);
+    EXPECT_EQ(smil ? readAgain(&multipart, &data) : NoSmilPart, GetParam().resultAgain);
+}
+
+INSTANTIATE_TEST_SUITE_P(, CorpusSmil, testing::ValuesIn(expectations), testName);
+
+TEST(CorpusSmilFolder, HasAnExpectationForEveryMessage)
+{
+    if (messages().isEmpty())
+        GTEST_SKIP() << "there are no real messages at " << QVL_CORPUS;
+    EXPECT_EQ(messages().size(), qsizetype(std::size(expectations)));
+}

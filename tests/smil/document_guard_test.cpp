@@ -1,0 +1,411 @@
+/*
+ * Documents that cost more than they should: what is nested too deep or grows too much is refused
+ * before a tree is built, whatever tricks hide it, and what only looks so is read.
+ */
+#include "smil/presentation_facts.h"
+
+#include <QTemporaryFile>
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr int DeepestNesting = 256;
+
+int readOctets(const QByteArray &text)
+{
+    MMS_COMP_SMILData data(nullptr);
+    return MMS_COMP_SMILParser().parse(text, nullptr, &data);
+}
+
+int readFile(const QByteArray &text)
+{
+    QTemporaryFile file;
+    EXPECT_TRUE(file.open());
+    EXPECT_EQ(file.write(text), text.size());
+    EXPECT_TRUE(file.flush());
+    MMS_COMP_SMILData data(nullptr);
+    return MMS_COMP_SMILParser().parse(file.fileName(), nullptr, &data);
+}
+
+QByteArray nested(int levels, const QByteArray &open = "<a>", const QByteArray &innermost = {})
+{
+    return open.repeated(levels) + innermost + QByteArray("</a>").repeated(levels);
+}
+
+QByteArray smil(const QByteArray &content)
+{
+    return "<smil>" + content + "</smil>";
+}
+
+// A document that declares things. Its root is no smil, or the declarations would be cut off when
+// it is read from octets: NotSmil says that it was let through.
+QByteArray declaring(const QByteArray &declarations, const QByteArray &content)
+{
+    return "<!DOCTYPE d [" + declarations + "]><d>" + content + "</d>";
+}
+
+QByteArray entity(const QByteArray &name, const QByteArray &value)
+{
+    return "<!ENTITY " + name + " \"" + value + "\">";
+}
+
+struct Row
+{
+    const char *name;
+    QByteArray text;
+};
+
+void expectBothForms(std::initializer_list<Row> rows, int result)
+{
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        EXPECT_EQ(readOctets(row.text), result);
+        EXPECT_EQ(readFile(row.text), result);
+    }
+}
+
+// Each says ten times the one before: a thousand million characters in the end.
+QByteArray laughs()
+{
+    QByteArray declarations = entity("e0", "lolololola");
+    for (int i = 1; i < 9; ++i) {
+        const QByteArray reference = "&e" + QByteArray::number(i - 1) + ';';
+        declarations += entity("e" + QByteArray::number(i), reference.repeated(10));
+    }
+    return declarations;
+}
+
+} // namespace
+
+TEST(DocumentGuard, ReadsTheDeepestNesting)
+{
+    expectBothForms(
+        {{"elements", smil(nested(DeepestNesting - 1))},
+         {"empty innermost", smil(nested(DeepestNesting - 2, "<a>", "<b/>"))},
+         {"text innermost", smil(nested(DeepestNesting - 1, "<a>", "text"))},
+         {"twice", smil(nested(DeepestNesting - 1) + nested(DeepestNesting - 1))},
+         {"in the head", "<smil><head>" + nested(DeepestNesting - 2) + "</head></smil>"}},
+        SmilResult::Ok);
+}
+
+TEST(DocumentGuard, RefusesOneLevelMore)
+{
+    expectBothForms(
+        {{"elements", smil(nested(DeepestNesting))},
+         {"empty innermost", smil(nested(DeepestNesting - 1, "<a>", "<b/>"))},
+         {"blanks in the tags", smil(nested(DeepestNesting, "<a \n>"))},
+         {"behind others", smil(nested(100) + nested(DeepestNesting))},
+         {"in the head", "<smil><head>" + nested(DeepestNesting - 1) + "</head></smil>"}},
+        SmilResult::NotWellFormed);
+}
+
+TEST(DocumentGuard, RefusesBeforeAnyOtherResult)
+{
+    expectBothForms({{"no smil", "<x>" + nested(DeepestNesting) + "</x>"},
+                     {"second head", "<smil><head/><head/>" + nested(DeepestNesting) + "</smil>"}},
+                    SmilResult::NotWellFormed);
+    expectBothForms({{"no smil", "<x>" + nested(DeepestNesting - 1) + "</x>"}},
+                    SmilResult::NotSmil);
+    expectBothForms(
+        {{"second head", "<smil><head/><head/>" + nested(DeepestNesting - 1) + "</smil>"}},
+        SmilResult::SecondHead);
+}
+
+TEST(DocumentGuard, RefusalLeavesThePresentationAlone)
+{
+    MMS_COMP_SMILData data(nullptr);
+    const QByteArray text = "<smil><head><meta name='a'/></head>" + nested(300) + "</smil>";
+    EXPECT_EQ(MMS_COMP_SMILParser().parse(text, nullptr, &data), -8);
+    EXPECT_EQ(data.getMetaCount(), 0U);
+    EXPECT_EQ(data.getRegionCount(), 0U);
+}
+
+TEST(DocumentGuard, RefusesTensOfThousandsOfLevels)
+{
+    expectBothForms({{"closed", smil(nested(100000))},
+                     {"never closed", "<smil>" + QByteArray("<a>").repeated(100000)},
+                     {"with attributes", smil(nested(20000, "<a b='c' d=\"e\">"))}},
+                    SmilResult::NotWellFormed);
+}
+
+TEST(DocumentGuard, DepthOfUtf16Files)
+{
+    for (const auto &[levels, result] : {std::pair(DeepestNesting - 1, 0), {DeepestNesting, -8}}) {
+        const QString text = QChar(QChar::ByteOrderMark) + QString(smil(nested(levels)));
+        QByteArray little;
+        QByteArray big;
+        for (const QChar c : text) {
+            little += QByteArray{}.append(char(c.cell())).append(char(c.row()));
+            big += QByteArray{}.append(char(c.row())).append(char(c.cell()));
+        }
+        EXPECT_EQ(readFile(little), result);
+        EXPECT_EQ(readFile(big), result);
+    }
+}
+
+TEST(DocumentGuard, CountsElementsWhoseValuesLookLikeTheEndOfATag)
+{
+    expectBothForms(
+        {{"slash in quotes", smil(nested(DeepestNesting, "<a b=\"/>\">"))},
+         {"slash in apostrophes", smil(nested(DeepestNesting, "<a b='/>'>"))},
+         {"end tag", smil(nested(DeepestNesting, "<a b='&lt;/a>'>"))},
+         {"apostrophe in quotes", smil(nested(DeepestNesting, "<a b=\"'/>\" c=\"'\">"))},
+         {"quote in apostrophes", smil(nested(DeepestNesting, "<a b='\"/>' c='\"'>"))},
+         {"slash before the end", smil(nested(DeepestNesting, "<a b='/'>"))},
+         {"comment in a value", smil(nested(DeepestNesting, "<a b='-->'>"))}},
+        SmilResult::NotWellFormed);
+}
+
+TEST(DocumentGuard, ReadsEmptyElementsWhoseValuesLookLikeTheEndOfATag)
+{
+    const auto many = [](const QByteArray &element) { return smil(element.repeated(1000)); };
+    expectBothForms({{"greater-than in quotes", many("<a b=\">\"/>")},
+                     {"greater-than in apostrophes", many("<a b='>' />")},
+                     {"apostrophe in quotes", many("<a b=\"'\" c='>'/>")},
+                     {"quote in apostrophes", many("<a b='\">'/>")},
+                     {"blanks", many("<a b='>'\n\t/>")},
+                     {"tag in a value", many("<a b='&lt;a>'/>")},
+                     {"end tags with blanks", many("<a b='>'></a \n>")},
+                     {"greater-than in a text", many("<a>></a>")}},
+                    SmilResult::Ok);
+}
+
+TEST(DocumentGuard, ReadsWhatOnlyLooksLikeElements)
+{
+    const QByteArray tags = QByteArray("<a>").repeated(1000);
+    expectBothForms({{"comment", smil("<!--" + tags + "-->")},
+                     {"comment with dashes", smil("<!-- > - -> " + tags + " ->-->")},
+                     {"character data", smil("<![CDATA[" + tags + "]]>")},
+                     {"character data with brackets", smil("<![CDATA[]] ]>" + tags + "]]]>")},
+                     {"instruction", smil("<?p " + tags + "?>")},
+                     {"instruction with question marks", smil("<?p ? > " + tags + "?\?>")},
+                     {"behind the root", smil("") + "<!--" + tags + "-->"},
+                     {"comment in character data", smil("<![CDATA[<!--]]>" + nested(9))},
+                     {"character data in a comment", smil("<!--<![CDATA[-->" + nested(9))}},
+                    SmilResult::Ok);
+    expectBothForms({{"comment in front", "<!--" + tags + "--><d/>"},
+                     {"instruction in front", "<?p " + tags + "?><d/>"},
+                     {"comment in declarations", declaring("<!--" + tags + "-->", "")},
+                     {"instruction in declarations", declaring("<?p " + tags + "?>", "")},
+                     {"entity that is not used", declaring(entity("e", tags), "")}},
+                    SmilResult::NotSmil);
+}
+
+TEST(DocumentGuard, CountsElementsBehindWhatOnlyLooksLikeEndTags)
+{
+    const QByteArray ends = QByteArray("</a>").repeated(300);
+    const QByteArray deep = nested(DeepestNesting);
+    expectBothForms(
+        {{"comment", smil(nested(DeepestNesting, "<a><!--</a>-->"))},
+         {"character data", smil(nested(DeepestNesting, "<a><![CDATA[</a>]]>"))},
+         {"instruction", smil(nested(DeepestNesting, "<a><?p </a>?>"))},
+         {"comment in front", "<!--" + ends + "--><d>" + deep + "</d>"},
+         {"instruction in front", "<?p " + ends + "?><d>" + deep + "</d>"},
+         {"quote in a comment", smil("<!-- \" ' -->" + deep)},
+         {"quote in a text", smil("\" '" + deep)},
+         {"start of a comment in character data", smil("<![CDATA[<!--]]>" + deep)},
+         {"start of a comment in an instruction", smil("<?p <!-- ?>" + deep)},
+         {"start of character data in a comment", smil("<!--<![CDATA[-->" + deep)},
+         {"comment in declarations", declaring("<!-- ]> ' \" <!ENTITY e '-->", deep)},
+         {"instruction in declarations", declaring("<?p ]> ' \" ?>", deep)},
+         {"bracket in an entity", declaring(entity("e", "]>"), deep)},
+         {"comment in an entity", declaring(entity("e", "<!--"), deep)},
+         {"greater-than in an identifier", "<!DOCTYPE d PUBLIC '>' \"<!--\"><d>" + deep + "</d>"},
+         {"element declarations", declaring("<!ELEMENT a ANY><!NOTATION n SYSTEM '<!--'>", deep)}},
+        SmilResult::NotWellFormed);
+}
+
+TEST(DocumentGuard, ReadsOrdinaryEntities)
+{
+    expectBothForms(
+        {{"text", declaring(entity("e", "text"), "&e;")},
+         {"many uses", declaring(entity("e", "text"), QByteArray("&e;").repeated(1000))},
+         {"value", declaring(entity("e", "text"), "<a b='&e;'/>")},
+         {"markup", declaring(entity("e", "<a>x</a>"), "&e;&e;")},
+         {"entities of entities", declaring(entity("e", "x") + entity("f", "&e;&e;"), "&f;")},
+         {"predefined", "<d b='&lt;&amp;'>&lt;&gt;&amp;&quot;&apos;&#65;&#x42;</d>"},
+         {"default attributes", declaring("<!ATTLIST a b CDATA 'c'>", "<a/>")},
+         {"long but seldom used",
+          declaring(entity("e", QByteArray(4000, 'x')), QByteArray("&e;").repeated(15))},
+         {"deepest nesting",
+          declaring(entity("e", nested(100)), nested(DeepestNesting - 101, "<a>", "&e;"))}},
+        SmilResult::NotSmil);
+}
+
+TEST(DocumentGuard, RefusesWhatGrowsTooMuch)
+{
+    const QByteArray longText(4000, 'x');
+    expectBothForms(
+        {{"each entity ten times the one before", declaring(laughs(), "&e8;")},
+         {"the same in a value", declaring(laughs(), "<a b='&e8;'/>")},
+         {"the same half way", declaring(laughs(), QByteArray("&e2;").repeated(1000))},
+         {"one long entity", declaring(entity("e", longText), QByteArray("&e;").repeated(75000))},
+         {"one long entity in a value",
+          declaring(entity("e", longText), "<a b='" + QByteArray("&e;").repeated(1000) + "'/>")},
+         {"one long entity in many values",
+          declaring(entity("e", longText), QByteArray("<a b='&e;'/>").repeated(1000))},
+         {"in apostrophes",
+          declaring("<!ENTITY e '" + longText + "'>", QByteArray("&e;").repeated(1000))},
+         {"long entity of values",
+          declaring(entity("e", longText) + entity("f", "<a b='&e;'/>"),
+                    QByteArray("&f;").repeated(1000))},
+         {"default attributes",
+          declaring("<!ATTLIST a b CDATA '" + longText + "'>", QByteArray("<a/>").repeated(1000))},
+         {"default attributes of two lists",
+          declaring("<!ATTLIST a b CDATA 'x'><!ATTLIST a c CDATA '" + longText + "'>",
+                    QByteArray("<a/>").repeated(1000))},
+         {"default attributes of entities",
+          declaring(entity("e", longText) + "<!ATTLIST a b CDATA '&e;'>",
+                    QByteArray("<a/>").repeated(1000))}},
+        SmilResult::NotWellFormed);
+}
+
+TEST(DocumentGuard, GrowthIsMeasuredByTheDocumentsOwnSize)
+{
+    // Small documents may grow to 65,536 characters, long ones to 16 times their size beyond that.
+    const auto grown = [](int length, int uses, int filler) {
+        return declaring(entity("e", QByteArray(length, 'x')),
+                         QByteArray("&e;").repeated(uses) + QByteArray(filler, '.'));
+    };
+    expectBothForms(
+        {{"small to 50,000", grown(500, 100, 0)}, {"20,000 to 300,000", grown(4000, 75, 16000)}},
+        SmilResult::NotSmil);
+    expectBothForms(
+        {{"small to 100,000", grown(500, 200, 0)}, {"20,000 to 450,000", grown(4000, 112, 16000)}},
+        SmilResult::NotWellFormed);
+}
+
+TEST(DocumentGuard, RefusesEntitiesThatNestTooDeep)
+{
+    QByteArray chain = entity("e0", nested(30));
+    for (int i = 1; i < 10; ++i)
+        chain += entity("e" + QByteArray::number(i),
+                        nested(30, "<a>", "&e" + QByteArray::number(i - 1) + ';'));
+    expectBothForms(
+        {{"in one entity", declaring(entity("e", nested(DeepestNesting)), "&e;")},
+         {"used deep inside",
+          declaring(entity("e", nested(100)), nested(DeepestNesting - 100, "<a>", "&e;"))},
+         {"entity of entities", declaring(chain, "&e9;")},
+         {"behind a harmless use",
+          declaring(entity("e", nested(100)), "&e;" + nested(DeepestNesting - 100, "<a>", "&e;"))}},
+        SmilResult::NotWellFormed);
+}
+
+TEST(DocumentGuard, RefusesEntitiesThatReferToThemselves)
+{
+    expectBothForms({{"itself", declaring(entity("e", "&e;"), "&e;")},
+                     {"itself in a value", declaring(entity("e", "&e;"), "<a b='&e;'/>")},
+                     {"one another", declaring(entity("e", "&f;") + entity("f", "&e;"), "&e;")},
+                     {"with markup", declaring(entity("e", "<a>&e;</a>"), "&e;")}},
+                    SmilResult::NotWellFormed);
+}
+
+TEST(DocumentGuard, RefusesWhatHidesBehindReferencesInDeclarations)
+{
+    const QByteArray hidden =
+        QByteArray("&#60;a>").repeated(300) + QByteArray("&#60;/a>").repeated(300);
+    const QByteArray hex =
+        QByteArray("&#x3c;a>").repeated(300) + QByteArray("&#x3C;/a>").repeated(300);
+    const QByteArray longText(3000, 'x');
+    const QByteArray uses = QByteArray("&e;").repeated(2000);
+    expectBothForms(
+        {{"less-than as a number", declaring(entity("e", hidden), "&e;")},
+         {"less-than in hexadecimal", declaring(entity("e", hex), "&e;")},
+         {"ampersand as a number", declaring(entity("f", longText) + entity("e", "&#38;f;"), uses)},
+         {"parameter entity that declares",
+          declaring("<!ENTITY % p \"<!ENTITY e '" + longText + "'>\">%p;", uses)},
+         {"parameter entity with default attributes",
+          declaring("<!ENTITY % p \"<!ATTLIST a b CDATA '" + longText + "'>\">%p;",
+                    QByteArray("<a/>").repeated(2000))}},
+        SmilResult::NotWellFormed);
+}
+
+TEST(DocumentGuard, ReadsWideAndLongDocuments)
+{
+    constexpr int megabyte = 1 << 20;
+    expectBothForms({{"siblings", smil(QByteArray("<a/>").repeated(100000))},
+                     {"siblings with end tags", smil(QByteArray("<a></a>").repeated(100000))},
+                     {"siblings in the body",
+                      "<smil><body>" + QByteArray("<x/>").repeated(100000) + "</body></smil>"},
+                     {"long value", smil("<a b='" + QByteArray(megabyte, 'x') + "'/>")},
+                     {"long value of ends of tags",
+                      smil("<a b='" + QByteArray("/>").repeated(megabyte / 2) + "'/>")},
+                     {"long text", smil(QByteArray(megabyte, 'x'))},
+                     {"long comment", smil("<!--" + QByteArray(megabyte, 'x') + "-->")},
+                     {"long character data", smil("<![CDATA[" + QByteArray(megabyte, '<') + "]]>")},
+                     {"many references", smil(QByteArray("&amp;").repeated(100000))}},
+                    SmilResult::Ok);
+}
+
+TEST(DocumentGuard, RefusesWhatHasNoEnd)
+{
+    for (const char *text : {"<",
+                             "<smil",
+                             "<smil ",
+                             "<smil a",
+                             "<smil a=",
+                             "<smil a='",
+                             "<smil a='x",
+                             "<smil a=\"'/>",
+                             "<smil/",
+                             "<smil><",
+                             "<smil></",
+                             "<smil></smil",
+                             "<smil><!",
+                             "<smil><!-",
+                             "<smil><!--",
+                             "<smil><!-- --",
+                             "<smil><![CDATA[",
+                             "<smil><![CDATA[]]",
+                             "<smil><![CD",
+                             "<smil><?",
+                             "<smil><?p",
+                             "<smil><?p ?",
+                             "<smil>&",
+                             "<smil>&a",
+                             "<smil>&a;",
+                             "<smil>&#",
+                             "<smil a='&",
+                             "<!",
+                             "<!DOCTYPE",
+                             "<!DOCTYPE d",
+                             "<!DOCTYPE d [",
+                             "<!DOCTYPE d []",
+                             "<!DOCTYPE d [<!",
+                             "<!DOCTYPE d [<!ENTITY",
+                             "<!DOCTYPE d [<!ENTITY e",
+                             "<!DOCTYPE d [<!ENTITY e '",
+                             "<!DOCTYPE d [<!ENTITY e 'x'",
+                             "<!DOCTYPE d [<!ENTITY e 'x'>",
+                             "<!DOCTYPE d [<!ATTLIST",
+                             "<!DOCTYPE d [<!ATTLIST a b CDATA '",
+                             "<!DOCTYPE d [<!--",
+                             "<!DOCTYPE d [<?",
+                             "<!DOCTYPE '",
+                             "<!ENTITY e '&e;'>",
+                             "<!DOCTYPE d [%",
+                             "<?",
+                             "<?xml",
+                             "<!--",
+                             "&",
+                             "]]>",
+                             "</smil>"}) {
+        SCOPED_TRACE(text);
+        EXPECT_EQ(readOctets(text), SmilResult::NotWellFormed);
+        EXPECT_EQ(readFile(text), SmilResult::NotWellFormed);
+    }
+}
+
+TEST(DocumentGuard, RefusesEveryBeginningOfADocument)
+{
+    const QByteArray text = declaring(entity("e", "<b c='d'>x</b>")
+                                          + "<!ATTLIST b d CDATA 'e'>"
+                                            "<!-- c --><?p?>",
+                                      "&e;<![CDATA[x]]><a f=\"&lt;\" g='h'>&amp;</a><!-- c -->");
+    EXPECT_EQ(readOctets(text), SmilResult::NotSmil);
+    for (qsizetype length = 1; length < text.size(); ++length) {
+        SCOPED_TRACE(length);
+        EXPECT_EQ(readOctets(text.first(length)), SmilResult::NotWellFormed);
+    }
+}

@@ -1,0 +1,128 @@
+/*
+ * Documents in the manners of many phones and gateways, all of one message: its parts are in
+ * parts.txt. A document NNN-name.smil and the files beside it are a test, without code: .model has
+ * the result of reading it and the presentation as text; .out the presentation written, and is
+ * absent for a refused document; .again what reading and writing .out gives, or the result when
+ * that is refused, and is absent when it is .out once more.
+ */
+#include "model_text.h"
+
+#include <qvlsmilparser.h>
+
+#include <QDir>
+#include <QFile>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <string>
+#include <vector>
+
+namespace {
+
+const QDir folder(QStringLiteral(QVL_FIXTURES "/smil"));
+
+// Nothing for a file that is absent.
+QByteArray octetsOf(const QString &name)
+{
+    QFile file(folder.filePath(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+// part ::= media type "|" Content-Location "|" Content-ID "|" octets
+MMS_COMP_SMILMultipartBodypart *makePart(const QString &line)
+{
+    const QStringList fields = line.split(QLatin1Char('|'));
+    const QString format = fields.value(0).trimmed();
+    auto *part = new MMS_COMP_SMILMultipartBodypart;
+    part->setContentType(MMS_COMP_SMILMultipartBodypart::getTypePartFromFormat(format));
+    part->setContentSubType(MMS_COMP_SMILMultipartBodypart::getSubTypePartFromFormat(format));
+    part->setContentLocation(fields.value(1).trimmed());
+    part->setContentID(fields.value(2).trimmed());
+    part->setBodyData(fields.value(3).trimmed().toUtf8());
+    return part;
+}
+
+void appendParts(MMS_COMP_SMILMultipart *multipart)
+{
+    const QString list = QString::fromUtf8(octetsOf(QStringLiteral("parts.txt")));
+    for (const QString &line : list.split(QLatin1Char('\n'), Qt::SkipEmptyParts)) {
+        if (!line.startsWith(QLatin1Char('#')))
+            multipart->appendBodypart(makePart(line));
+    }
+}
+
+struct Reading
+{
+    std::string result; // "result N" on a line of its own
+    std::string model;
+    QByteArray written; // empty when the document was refused
+};
+
+Reading read(const QByteArray &document)
+{
+    MMS_COMP_SMILMultipart multipart;
+    appendParts(&multipart);
+    MMS_COMP_SMILData data(&multipart);
+    const int result = MMS_COMP_SMILParser().parse(document, &multipart, &data);
+    Reading reading{
+        "result " + std::to_string(result) + '\n', ModelText::presentation(data).toStdString(), {}};
+    if (result == SmilResult::Ok)
+        reading.written = MMS_COMP_SMILParser::convertToSMILLang(&data).toUtf8();
+    return reading;
+}
+
+std::string readAndWrittenAgain(const QByteArray &written)
+{
+    const Reading again = read(written);
+    return again.written.isEmpty() ? again.result : again.written.toStdString();
+}
+
+std::vector<std::string> baseNames(const char *pattern)
+{
+    std::vector<std::string> names;
+    for (const QString &file : folder.entryList({QLatin1String(pattern)}, QDir::Files, QDir::Name))
+        names.push_back(file.left(file.lastIndexOf(QLatin1Char('.'))).toStdString());
+    return names;
+}
+
+std::string testName(const testing::TestParamInfo<std::string> &info)
+{
+    std::string name = info.param;
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
+}
+
+class Documents : public testing::TestWithParam<std::string>
+{
+protected:
+    static QByteArray file(const char *suffix)
+    {
+        return octetsOf(QString::fromStdString(GetParam()) + QLatin1String(suffix));
+    }
+};
+
+} // namespace
+
+TEST_P(Documents, AreReadAndWritten)
+{
+    const Reading reading = read(file(".smil"));
+    EXPECT_EQ(reading.result + reading.model, file(".model").toStdString());
+    EXPECT_EQ(reading.written.toStdString(), file(".out").toStdString());
+    if (reading.written.isEmpty())
+        return;
+    const QByteArray again = file(".again");
+    EXPECT_EQ(readAndWrittenAgain(reading.written),
+              (again.isEmpty() ? reading.written : again).toStdString());
+}
+
+INSTANTIATE_TEST_SUITE_P(, Documents, testing::ValuesIn(baseNames("*.smil")), testName);
+
+TEST(DocumentsFolder, HasAModelForEveryDocumentAndNothingElse)
+{
+    EXPECT_FALSE(baseNames("*.smil").empty());
+    EXPECT_EQ(baseNames("*.smil"), baseNames("*.model"));
+    const std::vector<std::string> written = baseNames("*.out");
+    for (const std::string &name : baseNames("*.again"))
+        EXPECT_NE(std::find(written.begin(), written.end(), name), written.end()) << name;
+}
