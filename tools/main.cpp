@@ -70,15 +70,17 @@ QString visibleLines(const QString &text)
     return lines.join(QLatin1Char('\n'));
 }
 
-/// A line on standard error that says how far a long run is, when somebody is there to see it.
+/// A line on standard error that says how far a long run is, when somebody is there to see it. It
+/// is out of the way while something is printed.
 class Progress
 {
 public:
-    explicit Progress(qsizetype total)
-        : m_total(total), m_shown(total > 1 && isatty(STDERR_FILENO) && !isatty(STDOUT_FILENO))
+    explicit Progress(qsizetype total) : m_total(total), m_shown(total > 1 && isatty(STDERR_FILENO))
     {
     }
-    ~Progress()
+    ~Progress() { hide(); }
+
+    void hide() const
     {
         if (m_shown)
             std::fputs("\r\x1B[K", stderr);
@@ -86,8 +88,10 @@ public:
     void step()
     {
         ++m_done;
-        if (m_shown)
-            std::fprintf(stderr, "\r%lld of %lld", qlonglong(m_done), qlonglong(m_total));
+        if (!m_shown)
+            return;
+        std::fflush(stdout);
+        std::fprintf(stderr, "\r%lld of %lld", qlonglong(m_done), qlonglong(m_total));
     }
 
 private:
@@ -131,20 +135,21 @@ int show(const QStringList &arguments)
     for (const QString &file : files) {
         QString error;
         const auto message = readMessage(file, &error);
-        progress.step();
-        if (!message) {
+        progress.hide();
+        if (message) {
+            if (decoded + refused > 0 && !parser.isSet(json))
+                print(stdout, "\n");
+            ++(message->isRefused() ? refused : decoded);
+            print(stdout,
+                  parser.isSet(json) ? TerminalText::jsonLine(messageJson(*message))
+                                     : messageText(*message).toUtf8());
+        } else {
             printError(file + QLatin1String(": ") + error);
             ++unreadable;
-            continue;
         }
-        const bool first = decoded + refused == 0;
-        ++(message->isRefused() ? refused : decoded);
-        if (!first && !parser.isSet(json))
-            print(stdout, "\n");
-        print(stdout,
-              parser.isSet(json) ? TerminalText::jsonLine(messageJson(*message))
-                                 : messageText(*message).toUtf8());
+        progress.step();
     }
+    progress.hide();
     if (files.size() > 1 && !parser.isSet(json))
         print(stdout, summary(decoded, refused, unreadable).toUtf8());
     return unreadable > 0 ? CannotDo : refused > 0 ? Refused : AllDecoded;

@@ -7,17 +7,9 @@ set -euo pipefail
 source_dir=$1
 build_dir=$2
 message=$3
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+source "$(dirname "$0")/../support/script.sh"
 prefix=$work/prefix
 
-quietly() {
-  "$@" >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
-}
-fail() {
-  echo "$*" >&2
-  exit 1
-}
 block() { # FILE LANGUAGE NUMBER: what stands in that fenced block of that language
   local text
   text=$(awk -v fence='```'"$2" -v wanted="$3" '

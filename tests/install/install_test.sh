@@ -7,17 +7,9 @@ set -euo pipefail
 source_dir=$1
 build_dir=$2
 message=$3
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+source "$(dirname "$0")/../support/script.sh"
 prefix=$work/prefix
 
-quietly() {
-  "$@" >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
-}
-fail() {
-  echo "$*" >&2
-  exit 1
-}
 
 quietly cmake --install "$build_dir" --prefix "$prefix"
 libdir=$(dirname "$(find "$prefix" -name 'libqvlsmilparser-xscale-r.so.1')")

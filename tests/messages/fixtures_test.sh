@@ -2,11 +2,10 @@
 # The messages that the example makes are, octet for octet, the fixtures, in whatever time zone.
 #     fixtures_test.sh MAKE_MESSAGES PICTURE FIXTURES
 set -euo pipefail
-out=$(mktemp -d)
-trap 'rm -rf "$out"' EXIT
+source "$(dirname "$0")/../support/script.sh"
 for zone in UTC CST-8 EST5EDT,M3.2.0,M11.1.0; do
-  TZ=$zone "$1" "$2" "$out" >/dev/null
+  TZ=$zone "$1" "$2" "$work" >/dev/null
   for name in notification related mixed; do
-    cmp "$3/$name.mms" "$out/$name.mms"
+    cmp "$3/$name.mms" "$work/$name.mms"
   done
 done

@@ -7,8 +7,7 @@ if ! command -v tshark >/dev/null || ! command -v text2pcap >/dev/null; then
   echo "skipped: tshark is not installed"
   exit 77
 fi
-out=$(mktemp -d)
-trap 'rm -rf "$out"' EXIT
+source "$(dirname "$0")/../support/script.sh"
 
 http_response() {
   printf 'HTTP/1.1 200 OK\r\nContent-Type: application/vnd.wap.mms-message\r\n'
@@ -19,12 +18,12 @@ http_response() {
 failed=0
 for expected in "$1"/*.tshark; do
   message=${expected%.tshark}.mms
-  http_response "$message" | od -Ax -tx1 -v >"$out/hex"
-  text2pcap -q -T 80,40000 "$out/hex" "$out/capture" 2>/dev/null
-  LC_ALL=C.UTF-8 tshark -r "$out/capture" -V 2>/dev/null | sed 's/^ *//' >"$out/read"
+  http_response "$message" | od -Ax -tx1 -v >"$work/hex"
+  text2pcap -q -T 80,40000 "$work/hex" "$work/capture" 2>/dev/null
+  LC_ALL=C.UTF-8 tshark -r "$work/capture" -V 2>/dev/null | sed 's/^ *//' >"$work/read"
   from=1
   while IFS= read -r line; do
-    at=$(tail -n "+$from" "$out/read" | grep -nxF -- "$line" | head -n 1 | cut -d: -f1 || true)
+    at=$(tail -n "+$from" "$work/read" | grep -nxF -- "$line" | head -n 1 | cut -d: -f1 || true)
     if [ -z "$at" ]; then
       printf '%s: tshark does not list, behind line %d: %s\n' "$message" "$((from - 1))" "$line"
       failed=1
@@ -33,4 +32,4 @@ for expected in "$1"/*.tshark; do
     from=$((from + at))
   done <"$expected"
 done
-[ "$failed" -eq 0 ] || { sed -n '/MMS/,$p' "$out/read"; exit 1; }
+[ "$failed" -eq 0 ] || { sed -n '/MMS/,$p' "$work/read"; exit 1; }

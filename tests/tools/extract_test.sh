@@ -3,12 +3,7 @@
 #     extract_test.sh QVLMMS FIXTURES
 set -euo pipefail
 qvlmms=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-fail() {
-  echo "$*" >&2
-  exit 1
-}
+source "$(dirname "$0")/../support/script.sh"
 
 "$qvlmms" extract "$2/messages/mixed.mms" "$work/parts" >"$work/said"
 [ "$(ls "$work/parts")" = "$(printf 'anna.vcf\nharbour.jpg\nnotes.txt')" ] || fail "wrong files"

@@ -4,8 +4,7 @@
 #     show_test.sh QVLMMS FIXTURES
 set -euo pipefail
 qvlmms=$1
-out=$(mktemp -d)
-trap 'rm -rf "$out"' EXIT
+source "$(dirname "$0")/../support/script.sh"
 export TZ=UTC
 without_now() {
   sed -E 's/[0-9]{4}-[0-9]{2}-[0-9]{2}T[0-9:]{8}Z( \(when it was decoded\))/NOW\1/; s/("Date":)"[^"]*"/\1"NOW"/'
@@ -15,9 +14,9 @@ failed=0
 show() { # NAME ARGUMENT...: compares with the fixture of that name
   local name=$1 code=0
   shift
-  "$qvlmms" show "$@" >"$out/shown" || code=$?
-  without_now <"$out/shown" >"$out/$name"
-  diff -u "$name" "$out/$name" || failed=1
+  "$qvlmms" show "$@" >"$work/shown" || code=$?
+  without_now <"$work/shown" >"$work/$name"
+  diff -u "$name" "$work/$name" || failed=1
   local refused=0
   ! grep -qE '^  REFUSED|"refused":true' "$name" || refused=1
   [ "$code" -eq "$refused" ] || { echo "$name: exit code $code"; failed=1; }
@@ -27,7 +26,7 @@ cd "$2/show"
 for message in *.mms; do
   show "${message%.mms}.txt" "$message"
   show "${message%.mms}.json" --json "$message"
-  if LC_ALL=C grep -qP '[\x00-\x09\x0b-\x1f\x7f]|\xc2[\x80-\x9f]|\xe2\x80[\xaa-\xae]' "$out/shown"; then
+  if LC_ALL=C grep -qP '[\x00-\x09\x0b-\x1f\x7f]|\xc2[\x80-\x9f]|\xe2\x80[\xaa-\xae]' "$work/shown"; then
     echo "$message: a control character reached the terminal"
     failed=1
   fi

@@ -4,12 +4,7 @@
 #     smil_test.sh QVLMMS FIXTURES
 set -euo pipefail
 qvlmms=$1
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
-fail() {
-  echo "$*" >&2
-  exit 1
-}
+source "$(dirname "$0")/../support/script.sh"
 
 "$qvlmms" smil "$2/messages/related.mms" >"$work/once.smil"
 grep -qxF '<region id="text"  height="160"  width="120" left="0" top="0" />' "$work/once.smil" \

@@ -4,8 +4,7 @@
 set -uo pipefail
 qvlmms=$1
 message=$2/messages/related.mms
-work=$(mktemp -d)
-trap 'rm -rf "$work"' EXIT
+source "$(dirname "$0")/../support/script.sh"
 printf '\x8c\x80\xff' >"$work/refused"
 failed=0
 
