@@ -36,7 +36,7 @@ cp "$message" related.mms
 cp "$message" "$(dirname "$message")/notification.mms" build/demo
 block README.md cpp 1 >main.cpp
 block README.md cmake 1 >CMakeLists.txt
-quietly cmake -B build -DCMAKE_PREFIX_PATH="$prefix" \
+quietly cmake -G Ninja -B build -DCMAKE_PREFIX_PATH="$prefix" \
   -DCMAKE_CXX_FLAGS='-Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror'
 quietly cmake --build build
 
