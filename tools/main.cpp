@@ -113,7 +113,7 @@ int show(const QStringList &arguments)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral(
-        "Shows header, checks and parts of messages.\n"
+        "Shows header, checks, parts and slides of messages.\n"
         "Exit code: 0 all decoded, 1 a message was refused, 2 wrong usage or an unreadable file."));
     parser.addPositionalArgument(QStringLiteral("show"), QStringLiteral("Show messages."),
                                  QStringLiteral("show"));
@@ -242,7 +242,7 @@ int smil(const QStringList &arguments)
 }
 
 constexpr Command commands[] = {
-    {"show", "show header, checks and parts of messages", show},
+    {"show", "show header, checks, parts and slides of messages", show},
     {"extract", "write the parts of a message to files", extract},
     {"smil", "print the normalised SMIL of a message or document", smil},
 };

@@ -56,11 +56,11 @@ bool isWhite(const QColor &colour)
 }
 
 // An empty text is worth sending only when it carries a page colour that nothing else carries.
-bool canLoseEmptyText(Slide *slide)
+bool canLoseEmptyText(const Slide &slide)
 {
-    const MMS_COMP_COLOR colour = slide->getPageColor();
+    const MMS_COMP_COLOR colour = slide.getPageColor();
     const bool coloured = colour.isUsable() && !isWhite(colour.color);
-    return !coloured || slide->isImageExist() || slide->isAudioExist();
+    return !coloured || slide.isImageExist() || slide.isAudioExist();
 }
 
 // Lets go of the content of a slide that is not to be: it belongs to others.
@@ -303,7 +303,7 @@ void MMS_COMP_SMILData::removeEmptyTextBeforeSend()
     for (Slide *slide : m_slides) {
         const Object *text = slide->getTextElem(false);
         const Part *part = text ? text->getData() : nullptr;
-        if (part && part->getBodyDataLen() == 0 && canLoseEmptyText(slide))
+        if (part && part->getBodyDataLen() == 0 && canLoseEmptyText(*slide))
             slide->removeTextElem();
     }
 }
