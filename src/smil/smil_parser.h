@@ -1,7 +1,8 @@
 /*
  * The SMIL side of a message: reads the text of the SMIL part into a presentation, brings foreign
- * layouts into the handset's own, and writes a presentation as SMIL text. One source file for each
- * role. The model is only declared here, because it uses the value readers of this class.
+ * layouts into the handset's own, writes a presentation as SMIL text, and presents messages that
+ * come without. One source file for each role. The model is only declared here, because it uses the
+ * value readers of this class.
  */
 #pragma once
 
@@ -87,6 +88,20 @@ public:
      * "<" or a quote, and a root layout with a colour, make a text that is not well-formed.
      */
     static QString convertToSMILLang(MMS_COMP_SMILData *data);
+
+    /**
+     * Presents a message that has no presentation: every attachment that can be shown, plain text,
+     * picture, video or sound, becomes a slide of its own at the end of @p data, in the order of
+     * the parts, and counts as shown from then on. A slide lasts 5 seconds, or as long as its clip.
+     *
+     * With @p writeSmil the SMIL text of @p data goes into the message: into its SMIL part, or else
+     * into a new first part, which makes the message a related one.
+     *
+     * Returns 1; 0 for a null argument or when there is no memory, and what was done until then
+     * stays.
+     */
+    static int makeSmilForMixed(MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data,
+                                bool writeSmil);
 
 private:
     int readDocument(class QDomDocument *document, MMS_COMP_SMILMultipart *multipart,

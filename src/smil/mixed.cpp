@@ -1,0 +1,120 @@
+/*
+ * Slides for a mixed message, which brings no presentation: every attachment that can be shown gets
+ * a slide of its own, and the message may get the presentation as a SMIL part.
+ */
+#include "smil/smil_parser.h"
+
+#include "multipart/multipart.h"
+#include "presentation/presentation.h"
+
+#include <memory>
+#include <new>
+
+namespace {
+
+using Object = MMS_COMP_SMILMediaObject;
+using Part = MMS_COMP_SMILMultipartBodypart;
+using Slide = MMS_COMP_SMILTimingContainer;
+
+constexpr int Created = 1;
+constexpr int NotCreated = 0;
+
+constexpr int ApplicationCode = 4; // EMAIL_Util's code of the main type
+constexpr int SmilCode = 66; // EMAIL_Util's code of the subtype
+
+struct KindRow
+{
+    QLatin1String contentType;
+    MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE element;
+    QLatin1String region;
+};
+
+// Sound stands in the text region. Kept: the viewer shows its name there.
+constexpr KindRow kinds[] = {
+    {QLatin1String("text"), SMIL_MEDIA_TEXT, QLatin1String("text")},
+    {QLatin1String("image"), SMIL_MEDIA_IMAGE, QLatin1String("image")},
+    {QLatin1String("video"), SMIL_MEDIA_VIDEO, QLatin1String("image")},
+    {QLatin1String("audio"), SMIL_MEDIA_AUDIO, QLatin1String("text")},
+};
+
+// The kind of a part that a slide can show, or null.
+const KindRow *kindOf(Part &part)
+{
+    for (const KindRow &kind : kinds) {
+        if (part.getContentType().compare(kind.contentType, Qt::CaseInsensitive) != 0)
+            continue;
+        const bool shown = kind.element == SMIL_MEDIA_TEXT
+            ? part.getSubType().compare(QLatin1String("plain"), Qt::CaseInsensitive) == 0
+            : part.isMediaObjectSupported();
+        return shown ? &kind : nullptr;
+    }
+    return nullptr;
+}
+
+bool appendSlide(MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data, Part *part,
+                 const KindRow &kind)
+{
+    Slide *slide = data->appendSlide(unsigned(Slide::DefaultDuration));
+    if (!slide)
+        return false;
+    std::unique_ptr<Object> object(new (std::nothrow) Object(multipart));
+    if (!object)
+        return false;
+    object->setData(part);
+    object->setMediaElementType(kind.element);
+    object->setSrc(part->getContentLocation());
+    object->setMimeType(part->getMimeFormat());
+    object->setRegionId(kind.region);
+    slide->appendObject(object.release());
+    slide->rectifyDur();
+    part->setDispFileType(Part::Shown);
+    return true;
+}
+
+bool insertSmilPart(MMS_COMP_SMILMultipart *multipart, const QByteArray &smil)
+{
+    std::unique_ptr<Part> part(new (std::nothrow) Part);
+    if (!part)
+        return false;
+    const QString location = multipart->createUniqueLocation(QStringLiteral("qvlsmil.smil"));
+    const QString contentId = QLatin1Char('<') + location + QLatin1Char('>');
+    part->setDispFileType(Part::Shown);
+    part->setDispFileName(QStringLiteral("smil.txt"));
+    part->setContentType(ApplicationCode);
+    part->setSubTypeCode(SmilCode);
+    part->setContentLocation(location);
+    part->setContentID(contentId);
+    part->setBodyData(smil);
+    multipart->insertBodypart(part.release(), 0);
+    multipart->setStart(contentId);
+    multipart->setExtType(QStringLiteral("application/smil"));
+    multipart->setMimeType(QStringLiteral("application"));
+    multipart->setSubType(QStringLiteral("vnd.wap.multipart.related"));
+    return true;
+}
+
+} // namespace
+
+int MMS_COMP_SMILParser::makeSmilForMixed(MMS_COMP_SMILMultipart *multipart,
+                                          MMS_COMP_SMILData *data, bool writeSmil)
+{
+    if (!multipart || !data)
+        return NotCreated;
+    data->setMultiPart(multipart);
+    for (int i = 0; i < multipart->getPartCount(); ++i) {
+        Part *part = multipart->getBodypartByIndex(i);
+        if (part->getDispFileType() == Part::Shown)
+            continue;
+        const KindRow *kind = kindOf(*part);
+        if (kind && !appendSlide(multipart, data, part, *kind))
+            return NotCreated;
+    }
+    if (!writeSmil)
+        return Created;
+    const QByteArray smil = convertToSMILLang(data).toUtf8();
+    if (Part *part = multipart->getSmilPart()) {
+        part->setBodyData(smil);
+        return Created;
+    }
+    return insertSmilPart(multipart, smil) ? Created : NotCreated;
+}
