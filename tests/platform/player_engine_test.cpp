@@ -1,5 +1,5 @@
 /*
- * The desktop has no player engine, and leaves the place free for a program that has one.
+ * The desktop's player engine is there, and leaves the place free for a program that has its own.
  */
 #include "platform/player_engine.h"
 
@@ -9,9 +9,15 @@
 
 #include <dlfcn.h>
 
-TEST(MP_CreatePlayerEngine, GivesNoEngine)
+TEST(MP_CreatePlayerEngine, GivesAnEngineOfItsOwnAtEveryCall)
 {
-    EXPECT_EQ(MP_CreatePlayerEngine(nullptr, nullptr), nullptr);
+    MP_PlayerEngine *first = MP_CreatePlayerEngine(nullptr, nullptr);
+    MP_PlayerEngine *second = MP_CreatePlayerEngine(nullptr, nullptr);
+    ASSERT_NE(first, nullptr);
+    ASSERT_NE(second, nullptr);
+    EXPECT_NE(first, second);
+    first->destroy();
+    second->destroy();
 }
 
 // Only a function that the dynamic linker looks up by name gives way to a program's own.
