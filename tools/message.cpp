@@ -27,6 +27,13 @@ bool isMultipart(const MMS_UA_UAMsg &header)
                                                  Qt::CaseInsensitive);
 }
 
+void makeSlides(Message *message)
+{
+    MMS_COMP_SMILParser::updateToCorvaneRegion(&message->slides);
+    MMS_COMP_SMILParser::makeSmilForMixed(&message->body, &message->slides, false);
+    message->slidesAreMade = message->slides.getTotalSlidesNum() > 0;
+}
+
 void decode(Message *message)
 {
     auto *pdu = reinterpret_cast<unsigned char *>(message->octets.data());
@@ -47,6 +54,8 @@ void decode(Message *message)
         message->smil = smil->getBodyData();
         message->smilResult =
             MMS_COMP_SMILParser().parse(message->smil, &message->body, &message->slides);
+    } else {
+        makeSlides(message);
     }
 }
 
@@ -99,6 +108,14 @@ std::unique_ptr<Message> readFile(const QString &fileName, QString *error)
 }
 
 } // namespace
+
+std::unique_ptr<Message> decodeMessage(const QByteArray &octets)
+{
+    auto message = std::make_unique<Message>();
+    message->octets = octets;
+    decode(message.get());
+    return message;
+}
 
 std::unique_ptr<Message> readMessage(const QString &fileName, QString *error)
 {

@@ -23,6 +23,7 @@ struct Message
     QByteArray smil; ///< text of the SMIL part
     MMS_COMP_SMILData slides{&body};
     std::optional<int> smilResult; ///< nothing when there is no SMIL part
+    bool slidesAreMade = false; ///< of the parts, because there is no SMIL part
 
     bool isRefused() const
     {
@@ -32,6 +33,9 @@ struct Message
     /// Offset of the body, when the header was decoded.
     qsizetype bodyOffset() const { return octets.size() - header.getBodyLength(); }
 };
+
+/// Decodes the PDU @p octets.
+std::unique_ptr<Message> decodeMessage(const QByteArray &octets);
 
 /**
  * Reads and decodes the file @p fileName, or standard input for "-". Null when it cannot be read;

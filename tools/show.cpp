@@ -98,16 +98,17 @@ QString bodyText(const Message &message)
 
 QString presentationText(const Message &message)
 {
-    if (!message.smilResult)
+    if (!message.smilResult && !message.slidesAreMade)
         return QString();
-    const QString name = QStringLiteral("Presentation");
-    const int result = *message.smilResult;
     const unsigned int slides = message.slides.getTotalSlidesNum();
-    const QString count =
+    QString count =
         slides == 1 ? QStringLiteral("1 slide") : QStringLiteral("%1 slides").arg(slides);
-    return line(name, count) + slidesText(message)
-        + (result == SmilResult::Ok ? QString()
-                                    : line(QStringLiteral("REFUSED"), refusedSmilText(message)));
+    if (message.slidesAreMade)
+        count += QLatin1String(", made of the parts: the message brings none");
+    return line(QStringLiteral("Presentation"), count) + slidesText(message)
+        + (message.smilResult.value_or(SmilResult::Ok) == SmilResult::Ok
+               ? QString()
+               : line(QStringLiteral("REFUSED"), refusedSmilText(message)));
 }
 
 QJsonObject resultJson(const char *meaning, int code)
@@ -166,8 +167,8 @@ QString messageText(const Message &message)
 QString refusedSmilText(const Message &message)
 {
     const int result = message.smilResult.value_or(SmilResult::Ok);
-    const QString why
-        = result == SmilResult::NotWellFormed ? whyNotWellFormed(message.smil) : QString();
+    const QString why =
+        result == SmilResult::NotWellFormed ? whyNotWellFormed(message.smil) : QString();
     const QString text = QLatin1String("SMIL: ") + resultText(SmilResult::meaning(result), result);
     return why.isEmpty() ? text : text + QLatin1String(", ") + why;
 }
@@ -191,9 +192,11 @@ QJsonObject messageJson(const Message &message)
     json[QStringLiteral("checks")] = checksJson;
     if (message.header.getBodyLength() > 0)
         json[QStringLiteral("body")] = bodyJson(message);
-    if (const auto result = message.smilResult) {
+    if (message.smilResult || message.slidesAreMade) {
+        const int result = message.smilResult.value_or(SmilResult::Ok);
         QJsonObject presentation = slidesJson(message);
-        presentation[QStringLiteral("result")] = resultJson(SmilResult::meaning(*result), *result);
+        presentation[QStringLiteral("result")] = resultJson(SmilResult::meaning(result), result);
+        presentation[QStringLiteral("made")] = message.slidesAreMade;
         json[QStringLiteral("presentation")] = presentation;
     }
     return json;

@@ -41,10 +41,37 @@ QString firstLine(const Object &object)
     return text.section(QLatin1Char('\n'), 0, 0).trimmed();
 }
 
-// The reader leaves a slide the duration that the document gives, and the default one where the
-// document's cannot be read or media stand outside of a par.
-QString durationSource(int milliseconds)
+// Milliseconds that a clip plays, or -1 when that cannot be measured.
+int playDuration(const Object &object)
 {
+    const int type = object.getMediaElementType();
+    const bool isClip = type == SMIL_MEDIA_AUDIO || type == SMIL_MEDIA_VIDEO;
+    return isClip && object.getData() ? object.getData()->getPlayDur() : -1;
+}
+
+QString playText(const Object &object)
+{
+    const int milliseconds = playDuration(object);
+    return milliseconds < 0 ? QString() : ModelText::duration(milliseconds);
+}
+
+bool hasMeasuredClip(const Slide &slide)
+{
+    for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i) {
+        if (playDuration(*slide.getMediaObject(i)) > 0)
+            return true;
+    }
+    return false;
+}
+
+// The reader leaves a slide the duration that the document gives, and the default one where the
+// document's cannot be read or media stand outside of a par. Slides that were made last as long as
+// their clips.
+QString durationSource(const Message &message, const Slide &slide)
+{
+    const int milliseconds = slide.getDur();
+    if (message.slidesAreMade)
+        return hasMeasuredClip(slide) ? QStringLiteral("measured") : QStringLiteral("by default");
     if (milliseconds == -1)
         return QStringLiteral("the document gives none");
     if (milliseconds == Slide::DefaultDuration)
@@ -55,6 +82,7 @@ QString durationSource(int milliseconds)
 QString slideText(const MMS_COMP_SMILMultipart &body, const Slide &slide)
 {
     QList<QStringList> rows;
+    bool hasClips = false;
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i) {
         const Object &object = *slide.getMediaObject(i);
         const Part *part = object.getData();
@@ -63,22 +91,26 @@ QString slideText(const MMS_COMP_SMILMultipart &body, const Slide &slide)
                  object.getRegionId(),
                  part ? QString::number(indexOfPart(body, part)) : QString(),
                  part ? QString::number(part->getBodyDataLen()) : QString(),
-                 firstLine(object)};
+                 firstLine(object),
+                 playText(object)};
+        hasClips = hasClips || !rows.back().back().isEmpty();
     }
     if (rows.isEmpty())
         return QStringLiteral("      empty\n");
-    const QList<TerminalText::Column> columns{
+    QList<TerminalText::Column> columns{
         {QStringLiteral("Media")},   {QStringLiteral("Source")},       {QStringLiteral("Region")},
         {QStringLiteral("#"), true}, {QStringLiteral("Octets"), true}, {QStringLiteral("Text")}};
+    if (hasClips)
+        columns += {QStringLiteral("Plays"), true};
     return TerminalText::table(columns, rows, QStringLiteral("      ")).join(QLatin1Char('\n'))
         + QLatin1Char('\n');
 }
 
-QString slideTitle(unsigned int index, const Slide &slide)
+QString slideTitle(const Message &message, unsigned int index, const Slide &slide)
 {
     QStringList words{QStringLiteral("slide %1: ").arg(index + 1)
                       + ModelText::duration(slide.getDur()) + QLatin1String(" (")
-                      + durationSource(slide.getDur()) + QLatin1Char(')')};
+                      + durationSource(message, slide) + QLatin1Char(')')};
     if (slide.getPageColor().isUsable())
         words += QLatin1String("page ") + ModelText::colour(slide.getPageColor());
     if (slide.getTextColor().isUsable())
@@ -109,18 +141,20 @@ QJsonObject objectJson(const MMS_COMP_SMILMultipart &body, const Object &object)
         json[QStringLiteral("part")] = indexOfPart(body, part);
         json[QStringLiteral("octets")] = part->getBodyDataLen();
     }
+    if (const int milliseconds = playDuration(object); milliseconds >= 0)
+        json[QStringLiteral("playDuration")] = milliseconds;
     if (object.getMediaElementType() == SMIL_MEDIA_TEXT)
         json[QStringLiteral("firstLine")] = firstLine(object);
     return json;
 }
 
-QJsonObject slideJson(const MMS_COMP_SMILMultipart &body, const Slide &slide)
+QJsonObject slideJson(const Message &message, const Slide &slide)
 {
     QJsonArray media;
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
-        media += objectJson(body, *slide.getMediaObject(i));
+        media += objectJson(message.body, *slide.getMediaObject(i));
     return {{QStringLiteral("duration"), slide.getDur()},
-            {QStringLiteral("durationSource"), durationSource(slide.getDur())},
+            {QStringLiteral("durationSource"), durationSource(message, slide)},
             {QStringLiteral("pageColor"), ModelText::colour(slide.getPageColor())},
             {QStringLiteral("textColor"), ModelText::colour(slide.getTextColor())},
             {QStringLiteral("textSize"), slide.getTextSize()},
@@ -145,7 +179,7 @@ QString slidesText(const Message &message)
     QString text;
     for (unsigned int i = 0; i < message.slides.getTotalSlidesNum(); ++i) {
         const Slide &slide = *message.slides.getSlide(i);
-        text += slideTitle(i, slide) + slideText(message.body, slide);
+        text += slideTitle(message, i, slide) + slideText(message.body, slide);
     }
     return text;
 }
@@ -158,7 +192,7 @@ QJsonObject slidesJson(const Message &message)
         regions += regionJson(*data.getRegion(i));
     QJsonArray slides;
     for (unsigned int i = 0; i < data.getTotalSlidesNum(); ++i)
-        slides += slideJson(message.body, *data.getSlide(i));
+        slides += slideJson(message, *data.getSlide(i));
     QJsonObject json{{QStringLiteral("unit"),
                       data.getLayoutMeasureUnit() == SMIL_UNIT_PIXEL ? QStringLiteral("pixel")
                                                                      : QStringLiteral("percent")},

@@ -116,15 +116,16 @@ QStringList TerminalText::table(const QList<Column> &columns, const QList<QStrin
             shown += cut(visible(cell));
         cells += shown;
     }
+    QList<int> widths(columns.size());
+    for (const QStringList &row : cells) {
+        for (qsizetype i = 0; i < columns.size(); ++i)
+            widths[i] = std::max(widths[i], width(row[i]));
+    }
     QStringList lines;
     for (const QStringList &row : cells) {
         QString line = indent;
-        for (qsizetype i = 0; i < columns.size(); ++i) {
-            int columnWidth = 0;
-            for (const QStringList &other : cells)
-                columnWidth = std::max(columnWidth, width(other[i]));
-            line += padded(row[i], columnWidth, columns[i].alignRight) + QLatin1String("  ");
-        }
+        for (qsizetype i = 0; i < columns.size(); ++i)
+            line += padded(row[i], widths[i], columns[i].alignRight) + QLatin1String("  ");
         while (line.endsWith(QLatin1Char(' ')))
             line.chop(1);
         lines += line;

@@ -27,10 +27,13 @@ expect 2 '^Usage: qvlmms COMMAND' "$qvlmms"
 expect 2 'there is no command shew' "$qvlmms" shew
 expect 2 'too few arguments' "$qvlmms" show
 expect 2 "Unknown option 'jsno'" "$qvlmms" show --jsno "$message"
+expect 0 '^  --text-file FILE +the same' "$qvlmms" compose --help
+expect 2 'there is no file to write: -o OUT' "$qvlmms" compose --to 1
+expect 2 'too many arguments' "$qvlmms" compose -o "$work/out.mms" --to 1 --attach a b
 expect 0 'normalised SMIL text' "$qvlmms" smil --help
 expect 2 'too few arguments' "$qvlmms" smil
 expect 2 'missing.smil: No such file' "$qvlmms" smil "$work/missing.smil"
-expect 1 'the message has no SMIL part' "$qvlmms" smil "$2/messages/mixed.mms"
+expect 1 'the message has no presentation' "$qvlmms" smil "$2/messages/notification.mms"
 expect 1 'the message was refused' "$qvlmms" smil "$work/refused"
 expect 1 'there is nothing to read \(result -6\)' "$qvlmms" smil -
 expect 2 'too few arguments' "$qvlmms" extract "$message"

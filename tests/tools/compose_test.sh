@@ -1,0 +1,336 @@
+#!/usr/bin/env bash
+# `qvlmms compose` makes messages in which `qvlmms show`, `qvlmms smil` and other software find what
+# was asked for, and what it refuses leaves no file behind.
+#     compose_test.sh QVLMMS FIXTURES PICTURE
+set -euo pipefail
+qvlmms=$1
+fixtures=$2
+source "$(dirname "$0")/../support/script.sh"
+tshark_test=$(cd "$(dirname "$0")/../messages" && pwd)/tshark_test.sh
+export TZ=UTC LC_ALL=C.UTF-8
+failed=0
+
+cp "$3" "$work/harbour.jpg"
+cp "$fixtures/clips/video.3gp" "$work/"
+cd "$work"
+{
+  printf '#!AMR\n'
+  for _ in {1..117}; do # frames of 20 ms
+    printf '\x3c'
+    printf '%031d' 0
+  done
+} >voice.amr
+printf 'no picture' >torn.jpg
+printf 'no sound' >torn.amr
+printf 'no video' >torn.3gp
+printf 'Grüße\nvon der See' >note.txt
+printf 'Gr\xfc\xdfe' >latin1.txt
+printf 'ends in zero\0' >zero.txt
+printf 'BEGIN:VCARD' >anna.vcf
+printf 'what is this' >strange.xyz
+: >nothing
+mkdir out
+
+complain() {
+  echo "$*"
+  failed=1
+}
+compose() { # ARGUMENT...: makes out/message.mms, seen in $json and $text
+  rm -f out/*
+  json='' text=''
+  "$qvlmms" compose -o out/message.mms "$@" >said 2>&1 || { complain "$*: $(cat said)"; return; }
+  json=$("$qvlmms" show --json out/message.mms)
+  text=$("$qvlmms" show out/message.mms)
+}
+has() { # TEXT WHERE WHAT
+  [[ "$1" == *"$2"* ]] || complain "no $2 in: $1"
+}
+has_not() {
+  [[ "$1" != *"$2"* ]] || complain "there is $2 in: $1"
+}
+refuse() { # CODE LINE ARGUMENT...: fails with this line, and no file is left
+  local code=$1 line=$2 actual=0
+  shift 2
+  rm -f out/*
+  "$qvlmms" compose -o out/message.mms "$@" >said 2>error || actual=$?
+  [ "$actual" -eq "$code" ] || complain "$*: exit code $actual instead of $code"
+  [ "$(cat error)" = "qvlmms: $line" ] || complain "$*: $(cat error)"
+  [ ! -s said ] && [ -z "$(ls -A out)" ] || complain "$*: left something behind"
+}
+to=(--to +4915112345678)
+
+# Header fields
+while IFS='|' read -r arguments expected; do
+  eval "compose --slide --text x $arguments"
+  has "$json" "$expected"
+done <<'ROWS'
+--to +4915112345678|"To":[{"address":"+4915112345678","kind":"phone","name":""}]
+--to 22000 --to anna@example.org|"To":[{"address":"22000","kind":"phone","name":""},{"address":"anna@example.org","kind":"e-mail","name":""}]
+--cc 1 --cc 2|"Cc":[{"address":"1","kind":"phone","name":""},{"address":"2","kind":"phone","name":""}]
+--bcc anna@example.org|"Bcc":[{"address":"anna@example.org","kind":"e-mail","name":""}]
+--to 1|"From":{"address":"","kind":"not given","name":"NoBody"}
+--to 1 --from +491|"From":{"address":"+491","kind":"phone","name":""}
+--to 1 --from me@example.org|"From":{"address":"me@example.org","kind":"e-mail","name":""}
+--to 1 --subject "Grüße 港口 ⚓"|"Subject":"Grüße 港口 ⚓"
+--to 1 --subject "Übersee"|"Subject":"Übersee
+--to 1 --subject "-o"|"Subject":"-o"
+--to 1 --priority low|"Priority":{"name":"low","value":128}
+--to 1 --priority normal|"Priority":{"name":"normal","value":129}
+--to 1 --priority high|"Priority":{"name":"high","value":130}
+--to 1 --class personal|"Message-Class":{"name":"personal","value":128}
+--to 1 --class advertisement|"Message-Class":{"name":"advertisement","value":129}
+--to 1 --class informational|"Message-Class":{"name":"informational","value":130}
+--to 1 --class auto|"Message-Class":{"name":"auto","value":131}
+--to 1 --expiry 7d|"seconds":604800
+--to 1 --expiry 90|"seconds":90
+--to 1 --delivery-time 2026-05-01T12:00:00+02:00|"Delivery-Time":"2026-05-01T10:00:00Z"
+--to 1 --delivery-report|"Delivery-Report":true
+--to 1 --read-reply|"Read-Reply":true
+--to 1 --hide-sender|"Sender-Visibility":"hide"
+--to 1 --transaction-id T-9|"Transaction-Id":"T-9"
+--to 1|"checks":{"mandatoryFields":true,"minorVersion":true,"order":true,"version":true}
+ROWS
+compose "${to[@]}" --slide --text x
+for field in Cc Bcc Subject Priority Message-Class Expiry Delivery-Time Delivery-Report Read-Reply \
+  Sender-Visibility; do
+  has_not "$json" "\"$field\":"
+done
+random() { # what a transaction id has beside the time
+  grep -oE '"Transaction-Id":"[0-9]+-[0-9a-f]{12}"' <<<"$json" | cut -d- -f3
+}
+first=$(random) || complain "the transaction id is neither time nor random number"
+compose "${to[@]}" --slide --text x
+[ "$first" != "$(random)" ] || complain "two messages have one transaction id"
+
+# Slides
+compose "${to[@]}" --slide --image harbour.jpg --text 'At the <sea> & "港口"' --duration 2.3 \
+  --slide --text-file note.txt --audio voice.amr --text-color white --text-size large \
+  --slide --video video.3gp --background '#FF8000' --attach anna.vcf
+has "$(cat said)" "wrote out/message.mms, $(stat -c %s out/message.mms) octets, 3 slides, 7 parts"
+has "$json" '"start":"<slides.smil>"'
+has "$json" '"type":"application/vnd.wap.multipart.related"'
+has "$json" '"parts":[{"charset":"","contentId":"<slides.smil>","contentType":"application/smil","displayName":"slides.smil","kind":"shown"'
+has "$json" '"contentType":"text/x-vCard","displayName":"anna.vcf","kind":"attachment"'
+has "$json" '"charset":"UTF8","contentId":"","contentType":"text/plain","displayName":"note.txt","kind":"shown"'
+has "$json" '"firstLine":"At the <sea> & \"港口\""'
+has "$json" '"firstLine":"Grüße"'
+has "$json" '"pageColor":"#ff8000"'
+has "$json" '"textColor":"#ffffff","textSize":"large"'
+has "$text" 'slide 1: 2300 ms (from'
+has "$text" 'slide 2: 2500 ms (from'
+smil=$("$qvlmms" smil out/message.mms | tr -d '\n')
+has "$smil" '<par dur="2300ms"><img src="harbour.jpg" alt="harbour.jpg" region="image" ></img><text src="slide1.txt" alt="slide1.txt" region="text" ></text></par>'
+has "$smil" '<param name="foreground-color" value="#ffffff" /><param name="textsize" value="large" /></text><audio src="voice.amr" alt="voice.amr" >'
+has "$smil" '<video src="video.3gp" alt="video.3gp" >'
+has "$smil" '<root-layout height="160" width="120" />'
+"$qvlmms" extract out/message.mms parts >/dev/null
+for file in harbour.jpg note.txt voice.amr video.3gp anna.vcf; do
+  cmp "$file" "parts/$file" || complain "$file came out changed"
+done
+
+order() { # the media of the first slide, by kind
+  grep -o '"kind":"\(text\|image\|audio\|video\)"' <<<"$json" | cut -d'"' -f4 | tr '\n' ' '
+}
+while IFS='|' read -r arguments expected; do
+  eval "compose --to 1 --slide $arguments"
+  [ "$(order)" = "$expected " ] || complain "$arguments: $(order)"
+done <<'ROWS'
+--text x --image harbour.jpg|image text
+--image harbour.jpg --text x|image text
+--text-above --text x --image harbour.jpg|text image
+--image harbour.jpg --text x --text-above|text image
+--image harbour.jpg --text x --text-above --text-below|image text
+--audio voice.amr --text x --text-above --video video.3gp|text audio video
+ROWS
+
+while IFS='|' read -r arguments expected; do
+  eval "compose --to 1 --slide --text x $arguments"
+  has "$text" "slide 1: $expected"
+done <<'ROWS'
+--image harbour.jpg|5000 ms
+--audio voice.amr|2500 ms
+--audio voice.amr --duration 7s|7000 ms
+--duration 7s --audio voice.amr|7000 ms
+--duration 1ms|1 ms
+--background navy|5000 ms (from the document or by default), page #000080
+--text-color navy|5000 ms (from the document or by default), text #000080
+--text-size small|5000 ms (from the document or by default), text size small
+ROWS
+
+# An empty text is sent only when nothing else carries the page colour.
+compose --to 1 --slide --text '' --background navy --slide --text '' --image harbour.jpg
+has "$text" 'page #000080'
+has_not "$json" slide2.txt
+
+# Attachments alone
+compose "${to[@]}" --attach anna.vcf --attach strange.xyz --attach nothing
+has "$(cat said)" ', 0 slides, 3 parts'
+has "$json" '"type":"application/vnd.wap.multipart.mixed"'
+has "$json" '"contentType":"application/octet-stream","displayName":"strange.xyz"'
+has_not "$json" application/smil
+
+# Names
+mkdir -p names/other
+long=$(printf 'n%.0s' {1..200})
+for name in 'a&b' 'ünï' '<x>' 'two "words"' ' blank ' '100%' 'a:b' '' "$long" other/harbour other/slides; do
+  cp harbour.jpg "names/$name.jpg"
+done
+cp names/other/slides.jpg names/other/slides.smil
+located() { # LOCATION ARGUMENT...: where the first part behind the presentation is
+  local expected=$1 found
+  shift
+  compose --to 1 "$@"
+  found=$(grep -o '"location":"[^,]*"' <<<"$json" | sed -n 2p)
+  [ "$found" = "\"location\":\"$expected\"" ] || complain "$*: $found"
+}
+located a_b.jpg --slide --image 'names/a&b.jpg'
+located ünï.jpg --slide --image 'names/ünï.jpg'
+located _x_.jpg --slide --image 'names/<x>.jpg'
+located 'two _words_.jpg' --slide --image 'names/two "words".jpg'
+located 'blank .jpg' --slide --image 'names/ blank .jpg'
+located 100%.jpg --slide --image names/100%.jpg
+located a:b.jpg --slide --image names/a:b.jpg
+located .jpg --slide --image names/.jpg
+located "${long:0:85}.jpg" --slide --image "names/$long.jpg"
+compose --to 1 --slide --text x --attach 'names/a&b.jpg'
+has "$json" '"location":"a_b.jpg"'
+compose --to 1 --slide --image harbour.jpg --slide --image names/other/harbour.jpg \
+  --attach harbour.jpg --attach names/other/slides.smil
+for location in harbour.jpg harbour_0.jpg harbour_1.jpg slides.smil slides_0.smil; do
+  has "$json" "\"location\":\"$location\""
+done
+
+# Output
+"$qvlmms" compose -o - --to 1 --transaction-id T --date 2026-01-01 --slide --text x >standard.mms
+"$qvlmms" compose -o out/message.mms --to 1 --transaction-id T --date 2026-01-01 --slide --text x >said
+cmp standard.mms out/message.mms || complain "standard output differs from a file"
+printf 'old' >kept.mms
+! "$qvlmms" compose -o kept.mms --to 1 --slide 2>/dev/null || complain "accepted an empty slide"
+[ "$(cat kept.mms)" = old ] || complain "touched the file that it did not write"
+"$qvlmms" compose -o kept.mms --to 1 --slide --text x >said
+"$qvlmms" show kept.mms >/dev/null || complain "did not write over a file"
+output() { # OUT LINE
+  local code=0
+  "$qvlmms" compose -o "$1" --to 1 --slide --text x >said 2>error || code=$?
+  [ "$code" -eq 2 ] && [ "$(cat error)" = "qvlmms: $2" ] || complain "-o $1: $code, $(cat error)"
+}
+output missing/x.mms 'cannot write missing/x.mms: No such file or directory'
+output out 'cannot write out: it is no file'
+mkfifo pipe
+output pipe 'cannot write pipe: it is no file'
+output '' 'there is no file to write: -o OUT'
+code=0
+"$qvlmms" compose -o - --to 1 --slide --text x >/dev/full 2>error || code=$?
+[ "$code" -eq 2 ] || complain "a full device: exit code $code"
+
+# Refusals: wrong usage and files
+text_line='#rrggbb, aqua, black, blue, fuchsia, gray, green, lime, maroon, navy, olive, purple, red, silver, teal, white or yellow is expected'
+refuse 2 'a message needs a recipient: --to, --cc or --bcc' --slide --text x
+refuse 2 'a message needs content: --slide or --attach' --to 1 --subject x
+refuse 2 '--to bob: a phone number such as +4915112345678 or an e-mail address is expected' --to bob
+refuse 2 '--from : a phone number such as +4915112345678 or an e-mail address is expected' --from ''
+refuse 2 '--priority urgent: low, normal or high is expected' --priority urgent
+refuse 2 '--class 128: personal, advertisement, informational or auto is expected' --class 128
+refuse 2 '--expiry never: a time such as 7d, 12h, 30m or 3600s is expected' --expiry never
+refuse 2 '--date today: a date from 1970 to 2038-01-19 such as 2026-05-01T12:00:00Z is expected' --date today
+refuse 2 '--transaction-id a b: a text of visible ASCII characters is expected' --transaction-id 'a b'
+refuse 2 '--max-size 0: a number of KB from 1 to 102400 is expected' --max-size 0
+refuse 2 '--max-size 102401: a number of KB from 1 to 102400 is expected' --max-size 102401
+for option in '--text x' '--text-file note.txt' '--image harbour.jpg' '--video video.3gp' \
+  '--audio voice.amr' '--duration 1s' '--background red' '--text-color red' '--text-size small' \
+  --text-above --text-below; do
+  # shellcheck disable=SC2086
+  refuse 2 "${option%% *} is about a slide: put --slide before it" --to 1 $option --slide --text x
+done
+refuse 2 '--duration 0: a duration above 0 such as 5s, 2500ms or 2.5 is expected' --to 1 --slide --duration 0
+refuse 2 "--background beige: $text_line" --to 1 --slide --background beige
+refuse 2 "--text-color #fff: $text_line" --to 1 --slide --text-color '#fff'
+refuse 2 '--text-size huge: small, normal or large is expected' --to 1 --slide --text-size huge
+refuse 2 'missing.jpg: No such file or directory' --to 1 --slide --image missing.jpg
+refuse 2 'missing.txt: No such file or directory' --to 1 --slide --text-file missing.txt
+refuse 2 'missing.vcf: No such file or directory' --to 1 --attach missing.vcf
+refuse 2 "..: $("$qvlmms" show .. 2>&1 | cut -d' ' -f3-)" --to 1 --attach ..
+
+# Refusals: content
+refuse 1 'slide 2 already has a text' --to 1 --slide --text a --slide --text b --text-file note.txt
+refuse 1 'slide 1 already has an image or a video' --to 1 --slide --image harbour.jpg --image harbour.jpg
+refuse 1 'slide 1 already has an image or a video' --to 1 --slide --image harbour.jpg --video video.3gp
+refuse 1 'slide 1 already has an image or a video' --to 1 --slide --video video.3gp --image harbour.jpg
+refuse 1 'slide 1 already has an audio' --to 1 --slide --audio voice.amr --audio voice.amr
+refuse 1 'slide 2 has neither text, picture nor audio' --to 1 --slide --text x --slide
+refuse 1 'slide 1 has neither text, picture nor audio' --to 1 --slide --text ''
+refuse 1 'slide 1 has a colour or size of its text, but no text' --to 1 --slide --image harbour.jpg --text-color red
+refuse 1 'slide 1 has a colour or size of its text, but no text' --to 1 --slide --image harbour.jpg --text-size small
+refuse 1 'the type of strange.xyz is not known' --to 1 --slide --image strange.xyz
+refuse 1 'the type of nothing is not known' --to 1 --slide --audio nothing
+refuse 1 'voice.amr is audio/amr, not image' --to 1 --slide --image voice.amr
+refuse 1 'harbour.jpg is image/jpeg, not audio' --to 1 --slide --audio harbour.jpg
+refuse 1 'voice.amr is audio/amr, not video' --to 1 --slide --video voice.amr
+refuse 1 'torn.jpg cannot be shown or played as image/jpeg' --to 1 --slide --image torn.jpg
+refuse 1 'torn.amr cannot be shown or played as audio/amr' --to 1 --slide --audio torn.amr
+refuse 1 'torn.3gp cannot be shown or played as video/3gpp' --to 1 --slide --video torn.3gp
+refuse 1 'latin1.txt is no UTF-8 text' --to 1 --slide --text-file latin1.txt
+refuse 1 'cannot be written so that it reads back: To' --to a/TYPE=PLMN@b --slide --text x
+refuse 1 'cannot be written so that it reads back: zero.txt' --to 1 --slide --text-file zero.txt
+# shellcheck disable=SC2046
+refuse 1 'cannot be written so that it reads back: 256 parts' --to 1 $(printf -- '--attach nothing %.0s' {1..256})
+
+# Size: a message of exactly the limit is written, one of an octet more is not.
+fixed=(--to 1 --transaction-id T --date 2026-01-01 --max-size 2)
+filled() { # OCTETS: a message with an attachment of that size
+  head -c "$1" /dev/zero >fill.bin
+  "$qvlmms" compose -o out/message.mms "${fixed[@]}" --attach fill.bin >said 2>error
+}
+filled 1900
+room=$((1900 + 2048 - $(stat -c %s out/message.mms)))
+filled "$room" || complain "refused a message of the limit: $(cat error)"
+[ "$(stat -c %s out/message.mms)" -eq 2048 ] || complain "expected 2048 octets"
+head -c "$((room + 1))" /dev/zero >fill.bin
+refuse 1 'the message has 2049 octets, more than the limit of 2048 octets (2 KB)' "${fixed[@]}" --attach fill.bin
+refuse 1 'the message with voice.amr has more than the limit of 2048 octets (2 KB)' --slide --audio voice.amr "${fixed[@]}"
+head -c 310000 /dev/zero >fill.bin
+cp fill.bin 100%1.bin
+refuse 1 'the message with 100%1.bin has more than the limit of 307200 octets (300 KB)' --to 1 --attach 100%1.bin
+compose --to 1 --attach fill.bin --max-size 400
+
+# Other software
+mkdir seen
+"$qvlmms" compose -o seen/message.mms --to +4915112345678 --cc a@b --bcc c@d --from +49151 --subject Sea \
+  --priority high --class auto --expiry 1h --delivery-time 2026-05-01T12:00:00Z --delivery-report \
+  --read-reply --hide-sender --transaction-id T-9 --date 2026-04-01T08:30:00+02:00 \
+  --slide --image harbour.jpg --text 'By the sea' --background navy --attach anna.vcf >said
+cat >seen/message.tshark <<'LINES'
+MMS Message Encapsulation, Type: m-send-req
+X-Mms-Transaction-ID: T-9
+X-Mms-MMS-Version: 1.0
+Date: Apr  1, 2026 06:30:00.000000000 UTC
+From: +49151/TYPE=PLMN
+To: +4915112345678/TYPE=PLMN
+Cc: a@b
+Bcc: c@d
+Subject: Sea
+X-Mms-Message-Class: Auto (0x83)
+X-Mms-Expiry: 3600.000000000 seconds
+X-Mms-Delivery-Time: May  1, 2026 12:00:00.000000000 UTC
+X-Mms-Priority: High (0x82)
+Sender-Visibility: Hide (0x80)
+X-Mms-Delivery-Report: Yes (0x80)
+X-Mms-Read-Report: Yes (0x80)
+Content-Type: application/vnd.wap.multipart.related; Start=<slides.smil>; type=application/smil
+Part: 1, content-type: application/smil
+Content-Id: "<slides.smil>"
+src="harbour.jpg"
+name="background-color"
+value="#000080"/>
+src="slide1.txt"
+Part: 2, content-type: image/jpeg
+Content-Location: harbour.jpg
+Part: 3, content-type: text/plain
+Content-Type: text/plain; Name=slide1.txt; charset=UTF-8
+By the sea
+Part: 4, content-type: text/x-vCard
+LINES
+code=0
+"$tshark_test" seen >said || code=$?
+[ "$code" -eq 0 ] || [ "$code" -eq 77 ] || complain "$(cat said)"
+exit "$failed"

@@ -1,0 +1,289 @@
+/*
+ * Whole slides: page, strip, what cannot be shown, and the files that are written.
+ */
+#include "render/render.h"
+
+#include "tools/render/slides_to_draw.h"
+
+#include <QDir>
+#include <QFile>
+#include <QGuiApplication>
+#include <QTemporaryDir>
+
+#include <gtest/gtest.h>
+
+#include <limits>
+
+namespace {
+
+QImage blankPicture()
+{
+    Message message;
+    message.slides.appendSlide(3000u);
+    return renderSlide(message, 0, 1);
+}
+
+struct PaperRow
+{
+    const char *slide;
+    const char *root;
+    QRgb paper;
+};
+
+const PaperRow paperRows[] = {
+    {"red", "blue", Red}, {"", "blue", Blue}, {"no colour", "#0000ff", Blue},
+    {"#ff0000", "", Red}, {"", "", White},    {"no colour", "no colour", White},
+};
+
+/// The names in the folder, in order.
+QStringList namesIn(const QTemporaryDir &directory)
+{
+    return QDir(directory.path()).entryList(QDir::Files, QDir::Name);
+}
+
+// Small pages, so that many of them are soon written.
+void addSmallSlides(Message *message, int count)
+{
+    message->slides.setRootLayout(4, 4);
+    for (int i = 0; i < count; ++i)
+        message->slides.appendSlide(3000u);
+}
+
+} // namespace
+
+TEST(RenderSlide, IsThePageAndAStripTimesTheScale)
+{
+    const QSize one = blankPicture().size();
+    EXPECT_EQ(one.width(), 120);
+    EXPECT_GT(one.height(), 160);
+    EXPECT_LT(one.height(), 200);
+    Message message;
+    message.slides.appendSlide(3000u);
+    for (int scale = 2; scale <= LargestScale; ++scale)
+        EXPECT_EQ(renderSlide(message, 0, scale).size(), one * scale);
+}
+
+TEST(RenderSlide, IsNullWhenThereIsNoSuchSlide)
+{
+    Message message;
+    EXPECT_TRUE(renderSlide(message, 0, 1).isNull());
+    message.slides.appendSlide(3000u);
+    EXPECT_TRUE(renderSlide(message, 1, 1).isNull());
+}
+
+TEST(RenderSlide, HasTheColourOfTheSlideOrElseOfTheRootLayout)
+{
+    for (const PaperRow &row : paperRows) {
+        SCOPED_TRACE(std::string(row.slide) + '/' + row.root);
+        Message message;
+        message.slides.appendSlide(3000u)->setPageColor(colour(row.slide));
+        message.slides.setRootLayout(120, 160)->setBackgroundColor(QString::fromLatin1(row.root));
+        const QImage page = pageOf(renderSlide(message, 0, 1));
+        EXPECT_EQ(boundsOfColour(page, row.paper), page.rect());
+    }
+}
+
+TEST(RenderSlide, OfAnySizeCanBeDrawn)
+{
+    constexpr int most = std::numeric_limits<int>::max();
+    const QSize sizes[] = {{1, 1}, {3, 2000}, {2000, 3}, {-1, 0}, {most, 1}, {most, most}};
+    for (const QSize &size : sizes) {
+        SCOPED_TRACE(testing::PrintToString(size));
+        OneObject made(SMIL_MEDIA_TEXT, "text", {0, 0, 100, 100});
+        addObject(&made.message, 0, SMIL_MEDIA_VIDEO, QStringLiteral("video"), "a");
+        addObject(&made.message, 0, SMIL_MEDIA_REF, QStringLiteral("ref"), "a");
+        addObject(&made.message, 0, SMIL_MEDIA_AUDIO, QStringLiteral("audio"), "a");
+        made.message.slides.setRootLayout(size.width(), size.height());
+        const QImage picture = made.picture(LargestScale);
+        ASSERT_FALSE(picture.isNull());
+        EXPECT_LE(picture.width(), 4096);
+        EXPECT_LE(picture.height(), 4096 * 12 / 10);
+    }
+}
+
+TEST(RenderSlide, OfALargePageIsDrawnAtASmallerScale)
+{
+    const struct
+    {
+        QSize page;
+        int scale;
+    } rows[] = {
+        {{320, 480}, 8}, {{640, 480}, 5}, {{2048, 10}, 2}, {{10, 1500}, 2}, {{2000, 2000}, 1}};
+    for (const auto &row : rows) {
+        Message message;
+        message.slides.appendSlide(3000u);
+        message.slides.setRootLayout(row.page.width(), row.page.height());
+        EXPECT_EQ(renderSlide(message, 0, LargestScale), renderSlide(message, 0, row.scale));
+        EXPECT_EQ(renderSlide(message, 0, LargestScale).width(), row.page.width() * row.scale);
+    }
+}
+
+TEST(RenderSlide, EmptyTextDrawsNothing)
+{
+    for (const QByteArray &octets : {QByteArray(), QByteArray("\0a", 2), QByteArray(" \n")})
+        EXPECT_EQ(OneObject(SMIL_MEDIA_TEXT, octets).picture(), blankPicture());
+}
+
+TEST(RenderSlide, EmptyTextTakesNoRoomFromThePicture)
+{
+    OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({120, 160}));
+    made.object->setRegionId(QStringLiteral("none"));
+    addObject(&made.message, 0, SMIL_MEDIA_TEXT, QStringLiteral("text"), "");
+    EXPECT_EQ(boundsOfDrawing(pageOf(made.picture())), QRect(QPoint(0, 0), HandsetPage));
+}
+
+TEST(RenderSlide, WhatCannotBeShownIsABoxInItsRegion)
+{
+    const QRect region(10, 20, 100, 60);
+    const OneObject noPicture(SMIL_MEDIA_IMAGE, "no picture", region);
+    const OneObject reference(SMIL_MEDIA_REF, redAndBlue({20, 20}), region);
+    const OneObject unknown(SMIL_MEDIA_UNKNOWN, "text", region);
+    OneObject text(SMIL_MEDIA_TEXT, "text", region);
+    OneObject video(SMIL_MEDIA_VIDEO, "video", region);
+    text.object->setData(nullptr);
+    video.object->setData(nullptr);
+    const QImage box = noPicture.picture();
+    const QRect drawn = boundsOfDrawing(pageOf(box));
+    EXPECT_TRUE(region.contains(drawn)) << testing::PrintToString(drawn);
+    EXPECT_GT(drawn.width(), region.width() * 8 / 10);
+    for (const QImage &picture :
+         {reference.picture(), unknown.picture(), text.picture(), video.picture()})
+        EXPECT_EQ(picture, box);
+}
+
+TEST(RenderSlide, BoxHasTheNameOfWhatCannotBeShown)
+{
+    OneObject made(SMIL_MEDIA_IMAGE, "no picture", {10, 20, 100, 60});
+    const QImage box = made.picture();
+    made.object->setSrc(QStringLiteral("other"));
+    EXPECT_NE(made.picture(), box);
+}
+
+TEST(RenderSlide, NothingLeavesItsRegionHoweverSmallThatIs)
+{
+    for (const auto type : {SMIL_MEDIA_VIDEO, SMIL_MEDIA_REF, SMIL_MEDIA_TEXT, SMIL_MEDIA_IMAGE}) {
+        for (const QSize &size : {QSize(1, 1), QSize(5, 5), QSize(30, 10), QSize(2, 100)}) {
+            SCOPED_TRACE(testing::PrintToString(int(type)) + ' ' + testing::PrintToString(size));
+            const QRect region(QPoint(20, 30), size);
+            const QRect drawn =
+                boundsOfDrawing(pageOf(OneObject(type, "octets", region).picture()));
+            EXPECT_TRUE(drawn.isEmpty() || region.contains(drawn)) << testing::PrintToString(drawn);
+        }
+    }
+}
+
+TEST(RenderSlide, VideoIsAFrameWithAPlaySignAndItsName)
+{
+    OneObject made(SMIL_MEDIA_VIDEO, "video", {0, 40, 120, 80});
+    const QImage page = pageOf(made.picture());
+    const QRect drawn = boundsOfDrawing(page);
+    EXPECT_TRUE(QRect(0, 40, 120, 80).contains(drawn)) << testing::PrintToString(drawn);
+    EXPECT_GT(drawn.width(), 100);
+    const QRect middle(40, 55, 40, 40);
+    EXPECT_FALSE(boundsOfColour(page.copy(middle), White).isEmpty());
+    made.object->setSrc(QStringLiteral("other"));
+    EXPECT_NE(pageOf(made.picture()), page);
+    EXPECT_EQ(pageOf(made.picture()).copy(middle), page.copy(middle));
+}
+
+TEST(RenderSlide, AudioIsNamedBelowThePageAndNeverDrawnOnIt)
+{
+    OneObject made(SMIL_MEDIA_AUDIO, "no text", {0, 0, 120, 160});
+    const QImage picture = made.picture();
+    EXPECT_EQ(pageOf(picture), pageOf(blankPicture()));
+    EXPECT_NE(stripOf(picture), stripOf(blankPicture()));
+    made.object->setSrc(QStringLiteral("other"));
+    EXPECT_NE(stripOf(made.picture()), stripOf(picture));
+    made.object->setSrc(QStringLiteral(" "));
+    EXPECT_NE(stripOf(made.picture()), stripOf(blankPicture())) << "no sign without a name";
+}
+
+TEST(RenderSlide, StripTellsNumberAndDuration)
+{
+    Message message;
+    for (int i = 0; i < 2; ++i)
+        message.slides.appendSlide(3000u);
+    const QImage first = renderSlide(message, 0, 1);
+    const QImage second = renderSlide(message, 1, 1);
+    const QRect left(0, 160, 20, first.height() - 160);
+    const QRect right(60, 160, 60, first.height() - 160);
+    EXPECT_NE(second.copy(left), first.copy(left));
+    EXPECT_EQ(second.copy(right), first.copy(right));
+    QList<QImage> strips{first};
+    for (int duration : {2500, -1, -2, std::numeric_limits<int>::max()}) {
+        message.slides.getSlide(0)->setDur(duration);
+        const QImage picture = renderSlide(message, 0, 1);
+        EXPECT_EQ(picture.copy(left), first.copy(left)) << duration;
+        EXPECT_FALSE(strips.contains(picture)) << duration;
+        strips += picture;
+    }
+}
+
+TEST(RenderSlides, WritesEverySlideAndAContactSheet)
+{
+    const QTemporaryDir directory;
+    OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({20, 20}));
+    made.message.slides.appendSlide(3000u);
+    QStringList report;
+    QString error;
+    ASSERT_TRUE(renderSlides(made.message, directory.path(), 2, &report, &error));
+    EXPECT_EQ(namesIn(directory), (QStringList{"contact-sheet.png", "slide-1.png", "slide-2.png"}));
+    EXPECT_EQ(QImage(directory.filePath("slide-1.png")), made.picture(2));
+    const QSize size = made.picture(2).size();
+    EXPECT_EQ(report[1],
+              QStringLiteral("wrote %1/slide-2.png (%2x%3)")
+                  .arg(directory.path())
+                  .arg(size.width())
+                  .arg(size.height()));
+    EXPECT_EQ(report.size(), 3);
+}
+
+TEST(RenderSlides, PutsAHundredSlidesOnASheet)
+{
+    const QTemporaryDir directory;
+    Message message;
+    addSmallSlides(&message, 101);
+    QStringList report;
+    QString error;
+    ASSERT_TRUE(renderSlides(message, directory.path(), 1, &report, &error));
+    EXPECT_EQ(report.size(), 103);
+    const QImage first(directory.filePath("contact-sheet.png"));
+    const QImage second(directory.filePath("contact-sheet-2.png"));
+    EXPECT_GT(first.height(), 10 * second.height());
+    EXPECT_GT(first.width(), 2 * second.width());
+}
+
+TEST(RenderSlides, LeavesOutWhatIsBehindAThousandSlides)
+{
+    const QTemporaryDir directory;
+    Message message;
+    addSmallSlides(&message, 1002);
+    QStringList report;
+    QString error;
+    ASSERT_TRUE(renderSlides(message, directory.path(), 1, &report, &error));
+    EXPECT_EQ(report.last(), "slides that were not drawn: 2");
+    EXPECT_EQ(namesIn(directory).size(), 1010);
+}
+
+TEST(RenderSlides, SaysWhichFileCannotBeWritten)
+{
+    const QTemporaryDir directory;
+    ASSERT_TRUE(QDir(directory.path()).mkdir("slide-2.png"));
+    Message message;
+    addSmallSlides(&message, 3);
+    QStringList report;
+    QString error;
+    EXPECT_FALSE(renderSlides(message, directory.path(), 1, &report, &error));
+    EXPECT_EQ(report.size(), 1);
+    EXPECT_TRUE(error.startsWith("cannot write " + directory.filePath("slide-2.png") + ": "))
+        << error.toStdString();
+    EXPECT_EQ(namesIn(directory), QStringList("slide-1.png"));
+}
+
+int main(int argc, char **argv)
+{
+    testing::InitGoogleTest(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen"); // the machine may have no display
+    const QGuiApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}

@@ -1,0 +1,50 @@
+#!/usr/bin/env bash
+# `qvlmms render` draws without a display, says what it wrote, and refuses what it cannot draw.
+#     render_test.sh QVLMMS FIXTURES
+set -euo pipefail
+qvlmms=$1
+source "$(dirname "$0")/../support/script.sh"
+unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
+
+size_in() { # FILE: width and height as the PNG says
+  printf '%dx%d' "0x$(od -An -tx1 -j16 -N4 "$1" | tr -d ' ')" "0x$(od -An -tx1 -j20 -N4 "$1" | tr -d ' ')"
+}
+
+"$qvlmms" render "$2/messages/related.mms" "$work/deep/pictures" >"$work/said" 2>"$work/error"
+[ ! -s "$work/error" ] || fail "said on standard error: $(cat "$work/error")"
+[ "$(ls "$work/deep/pictures")" = "$(printf 'contact-sheet.png\nslide-1.png\nslide-2.png')" ] || fail "wrong files"
+for name in contact-sheet slide-1 slide-2; do
+  file=$work/deep/pictures/$name.png
+  [ "$(head -c 8 "$file" | od -An -tx1 | tr -d ' ')" = 89504e470d0a1a0a ] || fail "$name is no PNG"
+  grep -qxF "wrote $file ($(size_in "$file"))" "$work/said" || fail "did not say what $name is"
+done
+[ "$(wc -l <"$work/said")" -eq 3 ] || fail "said more than what it wrote"
+
+cp "$work/deep/pictures/slide-1.png" "$work/double.png"
+for scale in 1 4 8; do
+  "$qvlmms" render --scale "$scale" - "$work/deep/pictures" <"$2/messages/related.mms" >/dev/null
+  width=$(size_in "$work/deep/pictures/slide-1.png")
+  [ "${width%x*}" -eq $((120 * scale)) ] || fail "scale $scale gives $width"
+done
+"$qvlmms" render "$2/messages/related.mms" "$work/deep/pictures" >/dev/null
+cmp "$work/double.png" "$work/deep/pictures/slide-1.png" || fail "did not replace what was there"
+
+refuse() { # CODE PATTERN ARGUMENT...
+  local code=$1 pattern=$2 actual=0
+  shift 2
+  "$qvlmms" render "$@" >"$work/out" 2>"$work/error" || actual=$?
+  [ "$actual" -eq "$code" ] && grep -qE -- "$pattern" "$work/error" || fail "$*: $actual, $(cat "$work/error")"
+}
+for scale in 0 9 -1 2.5 two '' 99999999999; do
+  refuse 2 "^qvlmms: the scale is a number from 1 to 8, not $scale\$" "--scale=$scale" "$2/messages/related.mms" "$work/none"
+done
+refuse 2 'too few arguments' "$2/messages/related.mms"
+refuse 2 'missing.mms: No such file' "$work/missing.mms" "$work/none"
+refuse 1 'notification.mms: the message has no slides$' "$2/messages/notification.mms" "$work/none"
+refuse 1 'REFUSED' "$2/show/smil-not-well-formed.mms" "$work/none"
+refuse 1 'REFUSED' "$2/show/cut-body.mms" "$work/none"
+refuse 2 'cannot make the folder' "$2/messages/related.mms" "$work/double.png/none"
+[ ! -e "$work/none" ] || fail "made a folder for nothing"
+mkdir -p "$work/taken/slide-2.png"
+refuse 2 'cannot write .*/slide-2.png: ' "$2/messages/related.mms" "$work/taken"
+[ "$(ls "$work/taken")" = "$(printf 'slide-1.png\nslide-2.png')" ] || fail "left something behind"

@@ -1,0 +1,70 @@
+#!/usr/bin/env bash
+# `qvlmms rewrite`: what it writes reads back as the same message, a mixed message gets a
+# presentation, and the colour of a root layout, which the writer cannot write, moves to the slides.
+#     rewrite_test.sh QVLMMS FIXTURES
+set -euo pipefail
+qvlmms=$1
+fixtures=$2
+source "$(dirname "$0")/../support/script.sh"
+failed=0
+
+complain() {
+  echo "$*" >&2
+  failed=1
+}
+# Everything but the sizes and the type of the body, the presentation part and its colours.
+content() { # FILE
+  "$qvlmms" show "$1" | sed -E -e 1d -e '/^  (Date|Content-Type|Body) /d' -e '/application\/smil/d' \
+    -e 's/^    +[0-9#]+ +//; s/, page #[0-9a-f]+//; s/, text size normal//; s/ \([a-z ]*\)(,|$)/\1/' \
+    -e 's/ (shown|attachment)$//' | tr -s ' ' | sed -n '/^ Checks/,$!p; /^ Presentation/,$p'
+}
+rewritten() { # NAME FILE
+  "$qvlmms" rewrite "$2" "$work/$1.mms" || complain "$1 is not rewritten"
+  "$qvlmms" show "$work/$1.mms" >"$work/$1.txt" || complain "what is written of $1 is refused"
+}
+
+rewritten related "$fixtures/messages/related.mms"
+diff <(content "$fixtures/messages/related.mms" | grep -v ' [0-9]* shown') <(content "$work/related.mms") \
+  || complain "related changes"
+
+rewritten mixed "$fixtures/messages/mixed.mms"
+grep -q '^  Content-Type .*related; type=application/smil;start=<qvlsmil.smil>$' "$work/mixed.txt" \
+  || complain "a mixed message does not become a related one"
+grep -q '^  Presentation *2 slides$' "$work/mixed.txt" || complain "a mixed message does not get slides"
+grep -qE '^    3  text/x-vCard .* attachment$' "$work/mixed.txt" || complain "the attachment is gone"
+
+rewritten coloured "$fixtures/show/coloured-root.mms"
+grep -q '^    slide 1: 1000 ms (from the document), page #0000ff' "$work/coloured.txt" \
+  || complain "the colour of the root layout is gone"
+grep -q '^    slide 2: 2000 ms (from the document), page #0000ff, text #ffffff' "$work/coloured.txt" \
+  || complain "a slide loses its text colour"
+
+without_date() { # FILE: it is the moment of decoding
+  "$qvlmms" show --json - <"$1" | sed 's/"Date":"[^"]*",//'
+}
+for name in related mixed coloured; do
+  rewritten "$name-again" "$work/$name.mms"
+  cmp <(without_date "$work/$name.mms") <(without_date "$work/$name-again.mms") \
+    || complain "$name changes when it is rewritten again"
+done
+"$qvlmms" rewrite - - <"$work/coloured.mms" | cmp - "$work/coloured.mms" || complain "standard streams differ"
+
+# A sender who hides stays hidden.
+"$qvlmms" show "$fixtures/show/coloured-root.mms" >"$work/coloured-before.txt"
+diff <(grep Sender-Visibility "$work/coloured-before.txt") <(grep Sender-Visibility "$work/coloured.txt") \
+  || complain "the sender's visibility changes"
+
+refuse() { # CODE PATTERN ARGUMENT...
+  local expected=$1 pattern=$2 code=0
+  shift 2
+  "$qvlmms" rewrite "$@" >"$work/out" 2>"$work/error" || code=$?
+  [ "$code" -eq "$expected" ] && grep -q "$pattern" "$work/error" \
+    || complain "$*: $code, $(cat "$work/error")"
+}
+refuse 1 'the message has no parts' "$fixtures/messages/notification.mms" "$work/none.mms"
+refuse 1 'REFUSED' "$fixtures/show/cut-body.mms" "$work/none.mms"
+refuse 2 'No such file' "$work/missing.mms" "$work/none.mms"
+refuse 2 'cannot write .*/folder/none.mms' "$work/mixed.mms" "$work/folder/none.mms"
+refuse 2 'too few arguments' "$work/mixed.mms"
+[ ! -e "$work/none.mms" ] || complain "a file is left behind"
+exit "$failed"

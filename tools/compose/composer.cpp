@@ -1,0 +1,262 @@
+#include "compose/composer.h"
+
+#include "compose/values.h"
+#include "outgoing.h"
+
+#include <QFile>
+#include <QStringDecoder>
+#include <QUuid>
+
+#include <algorithm>
+#include <array>
+#include <memory>
+
+namespace {
+
+using Object = MMS_COMP_SMILMediaObject;
+using Part = MMS_COMP_SMILMultipartBodypart;
+using Slide = MMS_COMP_SMILTimingContainer;
+
+struct MediaKind
+{
+    MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE element;
+    const char *tag;
+    const char *type;
+    const char *place; ///< what a slide has when there is no room
+};
+
+constexpr std::array mediaKinds{
+    MediaKind{SMIL_MEDIA_TEXT, "text", "text", "a text"},
+    MediaKind{SMIL_MEDIA_IMAGE, "img", "image", "an image or a video"},
+    MediaKind{SMIL_MEDIA_VIDEO, "video", "video", "an image or a video"},
+    MediaKind{SMIL_MEDIA_AUDIO, "audio", "audio", "an audio"},
+};
+
+const MediaKind &kindOf(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE element)
+{
+    return *std::ranges::find(mediaKinds, element, &MediaKind::element);
+}
+
+Problem refused(const QString &text)
+{
+    return {Problem::Content, text};
+}
+
+Problem tooLarge(const QString &what, qint64 limit)
+{
+    return refused(
+        what
+        + QStringLiteral(" more than the limit of %1 octets (%2 KB)").arg(limit).arg(limit / 1024));
+}
+
+bool isUtf8(const QByteArray &octets)
+{
+    QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
+    const QString text = decode(octets);
+    return !decode.hasError();
+}
+
+std::unique_ptr<Part> newPart(const QString &type, const QString &subtype, const QString &location,
+                              const QByteArray &octets)
+{
+    auto part = std::make_unique<Part>();
+    part->setContentType(type);
+    part->setContentSubType(subtype);
+    part->setContentLocation(location);
+    part->setBodyData(octets);
+    return part;
+}
+
+void addPresentation(Message *message)
+{
+    const QByteArray smil = Outgoing::smilOf(&message->slides);
+    const QString location = message->body.createUniqueLocation(QStringLiteral("slides.smil"));
+    const QString id = QLatin1Char('<') + location + QLatin1Char('>');
+    auto part = newPart(QStringLiteral("application"), QStringLiteral("smil"), location, smil);
+    part->setContentID(id);
+    message->body.insertBodypart(part.release(), 0); // the presentation comes first
+    message->body.setStart(id);
+}
+
+} // namespace
+
+Composer::Composer() : m_limit(qint64(MMS_UTIL_Setting::getMaxiumMOMMSSize()) * 1024)
+{
+    const QString unique = QUuid::createUuid().toString(QUuid::Id128).first(12);
+    header().setTransactionId(QString::number(QDateTime::currentSecsSinceEpoch()) + QLatin1Char('-')
+                              + unique);
+    header().setMMSVersion(0x10);
+    header().setDate(QDateTime::currentDateTime());
+    for (const unsigned char code :
+         {HeaderFieldCode::MessageType, HeaderFieldCode::TransactionId, HeaderFieldCode::MmsVersion,
+          HeaderFieldCode::Date, HeaderFieldCode::ContentType})
+        header().addFieldsPresent(headerFieldMask(code));
+}
+
+Outcome Composer::attach(const QString &fileName)
+{
+    QByteArray octets;
+    if (auto problem = read(fileName, &octets))
+        return problem;
+    QString type = QStringLiteral("application");
+    QString subtype = QStringLiteral("octet-stream");
+    MMS_COMP_Util::getMIMETypeByExtName(MMS_COMP_Util::getExtName(fileName), type, subtype);
+    const QString location =
+        m_message.body.createUniqueLocation(ComposeValues::locationFor(fileName));
+    m_message.body.appendBodypart(newPart(type, subtype, location, octets).release());
+    return {};
+}
+
+void Composer::addSlide()
+{
+    m_message.slides.appendSlide(unsigned(Slide::DefaultDuration));
+    m_wishes += SlideWishes();
+}
+
+Slide &Composer::slide()
+{
+    return *m_message.slides.getSlide(unsigned(slideCount() - 1));
+}
+
+Outcome Composer::addText(const QString &text)
+{
+    if (auto problem = admit(SMIL_MEDIA_TEXT))
+        return problem;
+    return place(SMIL_MEDIA_TEXT, QStringLiteral("slide%1.txt").arg(slideCount()),
+                 QStringLiteral("plain"), text.toUtf8());
+}
+
+Outcome Composer::addTextFile(const QString &fileName)
+{
+    QByteArray octets;
+    if (auto problem = admit(SMIL_MEDIA_TEXT))
+        return problem;
+    if (auto problem = read(fileName, &octets))
+        return problem;
+    if (!isUtf8(octets))
+        return refused(fileName + QLatin1String(" is no UTF-8 text"));
+    return place(SMIL_MEDIA_TEXT, fileName, QStringLiteral("plain"), octets);
+}
+
+Outcome Composer::addMedia(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString &fileName)
+{
+    QByteArray octets;
+    if (auto problem = admit(kind))
+        return problem;
+    if (auto problem = read(fileName, &octets))
+        return problem;
+    QString type;
+    QString subtype;
+    if (!MMS_COMP_Util::getMIMETypeByExtName(MMS_COMP_Util::getExtName(fileName), type, subtype))
+        return refused(QLatin1String("the type of ") + fileName + QLatin1String(" is not known"));
+    const auto part = newPart(type, subtype, fileName, octets);
+    const QLatin1String expected(kindOf(kind).type);
+    if (type != expected)
+        return refused(fileName + QLatin1String(" is ") + part->getMimeFormat()
+                       + QLatin1String(", not ") + expected);
+    if (!part->isMediaObjectSupported())
+        return refused(fileName + QLatin1String(" cannot be shown or played as ")
+                       + part->getMimeFormat());
+    return place(kind, fileName, subtype, octets);
+}
+
+// Reads a file as far as it can be sent.
+Outcome Composer::read(const QString &fileName, QByteArray *octets)
+{
+    QFile file(fileName);
+    if (file.open(QIODevice::ReadOnly))
+        *octets = file.read(m_limit + 1);
+    if (file.error() != QFileDevice::NoError)
+        return Problem{Problem::File, fileName + QLatin1String(": ") + file.errorString()};
+    m_read += octets->size();
+    if (m_read > m_limit)
+        return tooLarge(QLatin1String("the message with ") + fileName + QLatin1String(" has"),
+                        m_limit);
+    return {};
+}
+
+Outcome Composer::admit(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind)
+{
+    if (slide().canBeInserted(QLatin1String(kindOf(kind).tag)))
+        return {};
+    return refused(QStringLiteral("slide %1 already has ").arg(slideCount())
+                   + QLatin1String(kindOf(kind).place));
+}
+
+Outcome Composer::place(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString &name,
+                        const QString &subtype, const QByteArray &octets)
+{
+    MMS_COMP_SMILData &slides = m_message.slides;
+    const QString region = kind == SMIL_MEDIA_TEXT ? slides.getTextRegionId()
+        : kind == SMIL_MEDIA_AUDIO                 ? QString()
+                                                   : slides.getImgRegionId();
+    const QString source = slides.createUniqueSrc(ComposeValues::locationFor(name));
+    if (!slide().updateData(region, source, kind, subtype, octets, true, &m_message.body))
+        return refused(QStringLiteral("there is no memory"));
+    return {};
+}
+
+Outcome Composer::finishSlide(int index)
+{
+    Slide &slide = *m_message.slides.getSlide(unsigned(index));
+    const QString name = QStringLiteral("slide %1").arg(index + 1);
+    if (slide.getMediaObjectCount() == 0)
+        return refused(name + QLatin1String(" has neither text, picture nor audio"));
+    if (!slide.getTextElem(false)
+        && (slide.getTextColor().isUsable() || !slide.getTextSize().isEmpty()))
+        return refused(name + QLatin1String(" has a colour or size of its text, but no text"));
+    const SlideWishes &wishes = m_wishes[index];
+    if (wishes.textAbovePicture) {
+        if (Object *text = slide.getTextElem(true))
+            slide.insert(0, text);
+    }
+    if (wishes.duration) {
+        slide.setDur(*wishes.duration);
+        slide.setSetDurManually(true);
+    } else {
+        slide.rectifyDur();
+    }
+    return {};
+}
+
+Outcome Composer::finishSlides()
+{
+    MMS_COMP_SMILData &slides = m_message.slides;
+    slides.removeEmptyTextBeforeSend();
+    for (int i = 0; i < slideCount(); ++i) {
+        if (auto problem = finishSlide(i))
+            return problem;
+    }
+    MMS_COMP_SMILParser::updateToCorvaneRootLayout(&slides);
+    MMS_COMP_SMILParser::updateToCorvaneRegion(&slides);
+    addPresentation(&m_message);
+    return {};
+}
+
+Outcome Composer::finish()
+{
+    if (header().getToRecipients().isEmpty() && header().getCcRecipients().isEmpty()
+        && header().getBccRecipients().isEmpty())
+        return Problem{Problem::Usage,
+                       QStringLiteral("a message needs a recipient: --to, --cc or --bcc")};
+    if (slideCount() == 0 && partCount() == 0)
+        return Problem{Problem::Usage,
+                       QStringLiteral("a message needs content: --slide or --attach")};
+    if (slideCount() == 0) {
+        m_message.body.setSubType(QStringLiteral("vnd.wap.multipart.mixed"));
+    } else if (auto problem = finishSlides()) {
+        return problem;
+    }
+    return encode();
+}
+
+Outcome Composer::encode()
+{
+    m_message.octets = Outgoing::pduOf(&m_message);
+    if (pdu().size() > m_limit)
+        return tooLarge(QStringLiteral("the message has %1 octets,").arg(pdu().size()), m_limit);
+    const QString changed = Outgoing::whatChanges(m_message);
+    if (!changed.isEmpty())
+        return refused(QLatin1String("cannot be written so that it reads back: ") + changed);
+    return {};
+}

@@ -1,0 +1,244 @@
+#include "compose/options.h"
+
+#include "compose/values.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using enum ComposeOption::Group;
+using namespace HeaderFieldCode;
+using Msg = MMS_UA_UAMsg;
+using Slide = MMS_COMP_SMILTimingContainer;
+using Words = std::span<const char *const>;
+
+constexpr int LargestLimit = 100 * 1024; // kilobytes
+
+// Classes and priorities stand at their numbers, which start at 128.
+constexpr std::array classes{"personal", "advertisement", "informational", "auto"};
+constexpr std::array priorities{"low", "normal", "high"};
+constexpr std::array textSizes{"small", "normal", "large"};
+
+Problem expected(const char *what)
+{
+    return {Problem::Value, QString::fromLatin1(what) + QLatin1String(" is expected")};
+}
+
+Problem expectedOneOf(Words words)
+{
+    QByteArray text = words.front();
+    for (const char *word : words.subspan(1))
+        text += (word == words.back() ? QByteArray(" or ") : QByteArray(", ")) + word;
+    return expected(text.constData());
+}
+
+// The place of @p text among the words, or their count.
+ptrdiff_t indexOf(Words words, const QString &text)
+{
+    return std::ranges::find_if(words,
+                                [&](const char *word) { return text == QLatin1String(word); })
+        - words.begin();
+}
+
+void addField(Composer &composer, unsigned char field)
+{
+    composer.header().addFieldsPresent(headerFieldMask(field));
+}
+
+template <unsigned char Field, auto Set>
+Outcome setAddress(Composer &composer, const QString &text)
+{
+    const auto entry = ComposeValues::address(text);
+    if (!entry)
+        return expected("a phone number such as +4915112345678 or an e-mail address");
+    (composer.header().*Set)(*entry);
+    addField(composer, Field);
+    return {};
+}
+
+template <unsigned char Field, auto Set>
+Outcome setDateTime(Composer &composer, const QString &text)
+{
+    const auto time = ComposeValues::dateTime(text);
+    if (!time)
+        return expected("a date from 1970 to 2038-01-19 such as 2026-05-01T12:00:00Z");
+    (composer.header().*Set)(*time);
+    addField(composer, Field);
+    return {};
+}
+
+template <unsigned char Field, auto Set, const auto &Names>
+Outcome setNamed(Composer &composer, const QString &text)
+{
+    const auto index = indexOf(Names, text);
+    if (index == std::ssize(Names))
+        return expectedOneOf(Names);
+    (composer.header().*Set)(static_cast<unsigned char>(128 + index));
+    addField(composer, Field);
+    return {};
+}
+
+template <unsigned char Field, auto Set, bool Value>
+Outcome setFlag(Composer &composer, const QString &)
+{
+    (composer.header().*Set)(Value);
+    addField(composer, Field);
+    return {};
+}
+
+Outcome setSubject(Composer &composer, const QString &text)
+{
+    composer.header().setSubject(text);
+    if (!text.isEmpty())
+        addField(composer, Subject);
+    return {};
+}
+
+Outcome setTransactionId(Composer &composer, const QString &text)
+{
+    const bool isVisible = std::ranges::all_of(
+        text, [](QChar character) { return character > u' ' && character < u'\x7F'; });
+    if (text.isEmpty() || !isVisible)
+        return expected("a text of visible ASCII characters");
+    composer.header().setTransactionId(text);
+    return {};
+}
+
+Outcome setExpiry(Composer &composer, const QString &text)
+{
+    const auto seconds = ComposeValues::seconds(text);
+    if (!seconds)
+        return expected("a time such as 7d, 12h, 30m or 3600s");
+    composer.header().setExpiry(*seconds);
+    addField(composer, Expiry);
+    return {};
+}
+
+Outcome setLimit(Composer &composer, const QString &text)
+{
+    const int kilobytes = text.toInt();
+    if (kilobytes < 1 || kilobytes > LargestLimit)
+        return expected("a number of KB from 1 to 102400");
+    composer.setLimit(kilobytes);
+    return {};
+}
+
+Outcome addSlide(Composer &composer, const QString &)
+{
+    composer.addSlide();
+    return {};
+}
+
+Outcome addText(Composer &composer, const QString &text)
+{
+    return composer.addText(text);
+}
+
+Outcome addTextFile(Composer &composer, const QString &fileName)
+{
+    return composer.addTextFile(fileName);
+}
+
+template <MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE Kind>
+Outcome addMedia(Composer &composer, const QString &fileName)
+{
+    return composer.addMedia(Kind, fileName);
+}
+
+Outcome attach(Composer &composer, const QString &fileName)
+{
+    return composer.attach(fileName);
+}
+
+Outcome setDuration(Composer &composer, const QString &text)
+{
+    const auto milliseconds = ComposeValues::milliseconds(text);
+    if (!milliseconds)
+        return expected("a duration above 0 such as 5s, 2500ms or 2.5");
+    composer.setDuration(*milliseconds);
+    return {};
+}
+
+template <auto Set>
+Outcome setColour(Composer &composer, const QString &text)
+{
+    const auto colour = ComposeValues::colour(text);
+    if (!colour)
+        return expected("#rrggbb, aqua, black, blue, fuchsia, gray, green, lime, maroon, navy, "
+                        "olive, purple, red, silver, teal, white or yellow");
+    (composer.slide().*Set)(*colour);
+    return {};
+}
+
+Outcome setTextSize(Composer &composer, const QString &text)
+{
+    if (indexOf(textSizes, text) == std::ssize(textSizes))
+        return expectedOneOf(textSizes);
+    composer.slide().setTextSize(text);
+    return {};
+}
+
+template <bool Above>
+Outcome placeText(Composer &composer, const QString &)
+{
+    composer.setTextAbovePicture(Above);
+    return {};
+}
+
+constexpr ComposeOption options[] = {
+    {"to", "ADDRESS", "phone number or e-mail address; like --cc and --bcc as often as needed",
+     Fields, setAddress<To, &Msg::addToRecipient>},
+    {"cc", "ADDRESS", "recipient of a copy", Fields, setAddress<Cc, &Msg::addCcRecipient>},
+    {"bcc", "ADDRESS", "recipient of a copy whom the others do not see", Fields,
+     setAddress<Bcc, &Msg::addBccRecipient>},
+    {"from", "ADDRESS", "sender; without it the relay inserts the address", Fields,
+     setAddress<From, &Msg::setFrom>},
+    {"subject", "TEXT", "subject", Fields, setSubject},
+    {"priority", "WORD", "low, normal or high", Fields,
+     setNamed<Priority, &Msg::setPriority, priorities>},
+    {"class", "WORD", "personal, advertisement, informational or auto", Fields,
+     setNamed<MessageClass, &Msg::setMessageClass, classes>},
+    {"expiry", "TIME", "how long the relay keeps the message: 7d, 12h, 30m or 3600s", Fields,
+     setExpiry},
+    {"delivery-time", "DATE", "when to deliver at the earliest, as ISO 8601 has it", Fields,
+     setDateTime<DeliveryTime, &Msg::setDeliveryTime>},
+    {"delivery-report", nullptr, "ask for delivery reports", Fields,
+     setFlag<DeliveryReport, &Msg::setDeliveryReport, true>},
+    {"read-reply", nullptr, "ask for read reports", Fields,
+     setFlag<ReadReply, &Msg::setReadReply, true>},
+    // The flag is written as Show when it is set.
+    {"hide-sender", nullptr, "do not show the sender's address to the recipients", Fields,
+     setFlag<SenderVisibility, &Msg::setSenderVisibility, false>},
+    {"transaction-id", "ID", "id of the transaction; a new one when it is not given", Fields,
+     setTransactionId},
+    {"date", "DATE", "date of the message instead of now, as ISO 8601 has it", Fields,
+     setDateTime<Date, &Msg::setDate>},
+    {"max-size", "KB", "most octets of the message, in units of 1,024 (300)", Fields, setLimit},
+
+    {"slide", nullptr, "begin a new slide; the options of a slide are about the one begun last",
+     Content, addSlide},
+    {"attach", "FILE", "add a file that is on no slide", Content, attach},
+
+    {"text", "TEXT", "text of the slide", OfSlide, addText},
+    {"text-file", "FILE", "the same from a file in UTF-8", OfSlide, addTextFile},
+    {"image", "FILE", "image of the slide", OfSlide, addMedia<SMIL_MEDIA_IMAGE>},
+    {"video", "FILE", "video of the slide, in place of an image", OfSlide,
+     addMedia<SMIL_MEDIA_VIDEO>},
+    {"audio", "FILE", "audio of the slide", OfSlide, addMedia<SMIL_MEDIA_AUDIO>},
+    {"duration", "TIME", "5s, 2500ms or 2.5, instead of what plays or 5 seconds", OfSlide,
+     setDuration},
+    {"background", "COLOUR", "colour of the page: #rrggbb or one of sixteen names", OfSlide,
+     setColour<&Slide::setPageColor>},
+    {"text-color", "COLOUR", "colour of the text", OfSlide, setColour<&Slide::setTextColor>},
+    {"text-size", "WORD", "small, normal or large", OfSlide, setTextSize},
+    {"text-above", nullptr, "show the text above the picture", OfSlide, placeText<true>},
+    {"text-below", nullptr, "show it below, which is the default", OfSlide, placeText<false>},
+};
+
+} // namespace
+
+std::span<const ComposeOption> composeOptions()
+{
+    return options;
+}

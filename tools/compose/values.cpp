@@ -1,0 +1,84 @@
+#include "compose/values.h"
+
+#include <QRegularExpression>
+
+#include <limits>
+
+namespace {
+
+constexpr int LargestInt = std::numeric_limits<int>::max();
+
+int secondsOf(QStringView unit)
+{
+    if (unit == QLatin1String("d"))
+        return 24 * 60 * 60;
+    if (unit == QLatin1String("h"))
+        return 60 * 60;
+    return unit == QLatin1String("m") ? 60 : 1;
+}
+
+} // namespace
+
+std::optional<MMS_UTIL_Entry> ComposeValues::address(const QString &text)
+{
+    static const QRegularExpression phone(QStringLiteral("\\A\\+?[0-9]+\\z"));
+    static const QRegularExpression mail(
+        QStringLiteral("\\A[^@<>\\x00-\\x20\\x7F]+@[^@<>\\x00-\\x20\\x7F]+\\z"));
+    if (phone.match(text).hasMatch())
+        return MMS_UTIL_Entry(QString(), MMS_UTIL_Entry::Plmn, text);
+    if (mail.match(text).hasMatch())
+        return MMS_UTIL_Entry(QString(), MMS_UTIL_Entry::Email, text);
+    return std::nullopt;
+}
+
+// expiry ::= digits ["d" | "h" | "m" | "s"]
+std::optional<int> ComposeValues::seconds(const QString &text)
+{
+    static const QRegularExpression form(QStringLiteral("\\A([0-9]{1,10})([dhms]?)\\z"));
+    const QRegularExpressionMatch match = form.match(text);
+    const qint64 seconds = match.captured(1).toLongLong() * secondsOf(match.capturedView(2));
+    if (seconds < 1 || seconds > LargestInt)
+        return std::nullopt;
+    return int(seconds);
+}
+
+std::optional<int> ComposeValues::milliseconds(const QString &text)
+{
+    bool isNumber = false;
+    std::ignore = text.toDouble(&isNumber); // the value is read below, with a unit
+    MMS_COMP_SMIL_TIME time;
+    // A duration that is not understood counts as five seconds, a time as invalid.
+    MMS_COMP_SMILParser::parseTime(isNumber ? text + QLatin1Char('s') : text, &time);
+    if (time.timeType != SMIL_TIME_OFFSET || time.timeValue < 1)
+        return std::nullopt;
+    return time.timeValue;
+}
+
+std::optional<QDateTime> ComposeValues::dateTime(const QString &text)
+{
+    const QDateTime time = QDateTime::fromString(text, Qt::ISODate).toLocalTime();
+    // Later seconds would be written as another date.
+    if (!time.isValid() || time.toSecsSinceEpoch() < 0 || time.toSecsSinceEpoch() > LargestInt)
+        return std::nullopt;
+    return time;
+}
+
+std::optional<MMS_COMP_COLOR> ComposeValues::colour(const QString &text)
+{
+    // "#fff" is a colour to the library as well, but nearly black.
+    static const QRegularExpression sixDigits(QStringLiteral("\\A#[0-9A-Fa-f]{6}\\z"));
+    MMS_COMP_COLOR colour;
+    MMS_COMP_SMILParser::parseColor(text, colour);
+    if (colour.kind == SMIL_COLOR_NAMED || sixDigits.match(text).hasMatch())
+        return colour;
+    return std::nullopt;
+}
+
+QString ComposeValues::locationFor(const QString &fileName)
+{
+    // Long names are cut without regard to characters of two code units, so there must be none.
+    static const QRegularExpression unfit(
+        QStringLiteral("[&<>\"\\x00-\\x1F\\x7F-\\x9F\\x{FFFE}-\\x{10FFFF}]"));
+    // The blanks around a value are not kept.
+    return MMS_COMP_Util::stripePath(fileName).replace(unfit, QStringLiteral("_")).trimmed();
+}

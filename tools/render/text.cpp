@@ -1,0 +1,118 @@
+#include "render/text.h"
+
+#include "terminal_text.h"
+
+#include <QStringDecoder>
+#include <QTextLayout>
+
+#include <algorithm>
+
+namespace {
+
+constexpr qsizetype LongestText = 10000; // characters, more than any page has room for
+constexpr qsizetype LongestName = 200;
+
+// A received text is called UTF-8 whatever it is; one that is not comes from a phone that knew
+// Latin-1.
+QString decoded(const QByteArray &octets, const QString &charset)
+{
+    const auto encoding = QStringConverter::encodingForName(charset.toLatin1().constData())
+                              .value_or(QStringConverter::Utf8);
+    QStringDecoder decode(encoding);
+    const QString text = decode(octets);
+    return decode.hasError() && encoding == QStringConverter::Utf8 ? QString::fromLatin1(octets)
+                                                                   : text;
+}
+
+QString withLineSeparators(QString text)
+{
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    for (const char16_t end : {u'\n', u'\r', u'\u2029'})
+        text.replace(QChar(end), QChar::LineSeparator);
+    return text;
+}
+
+QTextOption optionFor(const QString &text)
+{
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
+    const bool fromRight = text.isRightToLeft();
+    option.setTextDirection(fromRight ? Qt::RightToLeft : Qt::LeftToRight);
+    option.setAlignment(fromRight ? Qt::AlignRight : Qt::AlignLeft);
+    return option;
+}
+
+// Lays out one line after the other until one does not fit. How many do; the first always does.
+int layOutLines(QTextLayout *layout, const QSizeF &size)
+{
+    int fitting = 0;
+    double bottom = 0;
+    layout->beginLayout();
+    for (QTextLine line = layout->createLine(); line.isValid(); line = layout->createLine()) {
+        line.setLineWidth(size.width());
+        if (fitting > 0 && bottom + line.height() > size.height())
+            break;
+        line.setPosition({0, bottom});
+        bottom += line.height();
+        ++fitting;
+    }
+    layout->endLayout();
+    return fitting;
+}
+
+QString elidedAt(const QString &text, qsizetype lineStart, const QFont &font, double width)
+{
+    const QString line = text.sliced(lineStart).section(QChar::LineSeparator, 0, 0) + QChar(0x2026);
+    return text.first(lineStart) + QFontMetricsF(font).elidedText(line, Qt::ElideRight, width);
+}
+
+} // namespace
+
+QString shownText(const MMS_COMP_SMILMultipartBodypart &part)
+{
+    constexpr qsizetype LongestCharacter = 4; // octets
+    QString text =
+        decoded(part.getBodyData().left(LongestText * LongestCharacter), part.getCharset());
+    if (const qsizetype end = text.indexOf(QChar(0)); end >= 0)
+        text.truncate(end);
+    text.truncate(LongestText);
+    while (!text.isEmpty() && text.back().isSpace())
+        text.chop(1);
+    return withLineSeparators(text);
+}
+
+QFont pictureFont(double pixels)
+{
+    QFont font(QStringLiteral("sans-serif"));
+    font.setStyleHint(QFont::SansSerif);
+    font.setPixelSize(std::max(qRound(pixels), 1));
+    font.setHintingPreference(QFont::PreferNoHinting); // lines break alike at every scale
+    return font;
+}
+
+void drawText(QPainter *painter, const QRectF &area, const QString &text)
+{
+    if (area.isEmpty() || text.isEmpty())
+        return;
+    QTextLayout layout(text, painter->font());
+    layout.setTextOption(optionFor(text));
+    int lines = layOutLines(&layout, area.size());
+    const QTextLine last = layout.lineAt(lines - 1);
+    if (last.textStart() + last.textLength() < text.size()) {
+        layout.setText(elidedAt(text, last.textStart(), painter->font(), area.width()));
+        lines = std::min(layOutLines(&layout, area.size()), lines);
+    }
+    painter->save();
+    painter->setClipRect(area, Qt::IntersectClip);
+    for (int i = 0; i < lines; ++i)
+        layout.lineAt(i).draw(painter, area.topLeft());
+    painter->restore();
+}
+
+void drawName(QPainter *painter, const QRectF &area, int flags, const QString &name)
+{
+    const QString text = TerminalText::visible(name.left(LongestName));
+    painter->drawText(area, flags | Qt::TextSingleLine,
+                      QFontMetricsF(painter->font())
+                          .elidedText(text, Qt::ElideMiddle, std::max(area.width(), 0.0)));
+}
