@@ -1,7 +1,8 @@
 #!/usr/bin/env bash
 # What the documentation prints is what happens: the README's first program builds, with the
 # CMakeLists.txt printed beside it, against an installed library and lists the parts that the README
-# says; the lines of `qvlmms show` in the README and the JSON in docs/json.md are the command's own.
+# says; the lines of `qvlmms show` in the README and the JSON in docs/json.md are the command's own; and
+# the README's picture is what its commands draw.
 #     readme_test.sh SOURCE_DIR BUILD_DIR MESSAGE
 set -euo pipefail
 source_dir=$1
@@ -49,3 +50,16 @@ shown README.md 1 | grep -vxF '  ...' | diff -u - <(grep -xF -f <(shown README.m
 
 bash -c "$(command_line docs/json.md 1)" >said
 diff -u <(shown docs/json.md 1) said || fail "qvlmms show --json prints something else"
+
+if command -v ffmpeg sox >/dev/null; then
+  "$source_dir/examples/data/make_media" build/demo
+  block README.md sh 2 >picture.sh
+  quietly bash -e picture.sh
+  # Fonts and their drawing may differ a little from one machine to the next.
+  similarity=$(ffmpeg -nostdin -i build/demo/contact-sheet.png -i "$source_dir/docs/contact-sheet.png" \
+    -lavfi ssim -f null - 2>&1 | sed -n 's/.*SSIM.* All:\([0-9.]*\).*/\1/p')
+  awk -v similarity="${similarity:-0}" 'BEGIN { exit !(similarity > 0.97) }' \
+    || fail "the picture in the README is not what its commands draw (similarity ${similarity:-none})"
+else
+  echo "the picture is not compared: ffmpeg or sox is not installed"
+fi
