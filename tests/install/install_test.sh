@@ -10,7 +10,6 @@ message=$3
 source "$(dirname "$0")/../support/script.sh"
 prefix=$work/prefix
 
-
 quietly cmake --install "$build_dir" --prefix "$prefix"
 libdir=$(dirname "$(find "$prefix" -name 'libqvlsmilparser-xscale-r.so.1')")
 export LD_LIBRARY_PATH=$libdir
@@ -33,6 +32,19 @@ library=$libdir/libqvlsmilparser-xscale-r.so.1
 readelf -d "$library" | grep -q 'SONAME.*\[libqvlsmilparser-xscale-r.so.1\]' || fail "wrong soname"
 internal=$(nm -DC --defined-only "$library" | grep -E ' (PartNames|Reference|DateTime|WireText|MultipartWriter)::' || true)
 [ -z "$internal" ] || fail "exported although internal: $internal"
+
+# Mistakes that are still there shall end an attack, not serve it.
+holds() { # PATTERN READELF_ARGUMENT...
+  local pattern=$1
+  shift
+  readelf -W "$@" | grep -E "$pattern" >/dev/null
+}
+for hardened in "$library" "$libdir/libqvlplatform.so.1"; do
+  holds GNU_RELRO -l "$hardened" || fail "$hardened has no RELRO segment"
+  holds 'FLAGS_1.*NOW' -d "$hardened" || fail "$hardened is not bound at load time"
+  holds __stack_chk_fail -s "$hardened" || fail "$hardened has no stack protector"
+  holds "__mem(cpy|set)_chk@" -s "$hardened" || fail "$hardened has no fortified function"
+done
 
 quietly cmake -S "$source_dir" -B "$work/external" -G Ninja -DQVL_PLATFORM=external \
   -DQVL_PLATFORM_LIBRARY="$libdir/libqvlplatform.so" -DQVL_BUILD_TESTS=OFF
