@@ -1,0 +1,16 @@
+/*
+ * What has to hold whatever the input is.
+ */
+#pragma once
+
+#include <cstdio>
+#include <cstdlib>
+
+/// Ends the program, which the fuzzer takes for a finding, unless @p holds.
+inline void require(bool holds, const char *what)
+{
+    if (holds)
+        return;
+    std::fprintf(stderr, "does not hold: %s\n", what);
+    std::abort();
+}

@@ -1,0 +1,52 @@
+/*
+ * What the command prints and writes of a message from outside: nothing that acts on a terminal,
+ * one line of JSON, and no path that leaves the folder.
+ */
+#include "extract.h"
+#include "message.h"
+#include "show.h"
+#include "terminal_text.h"
+
+#include "support/invariant.h"
+
+#include <QJsonDocument>
+
+#include <algorithm>
+#include <cstdint>
+
+namespace {
+
+bool isHarmless(QStringView text)
+{
+    return std::none_of(text.begin(), text.end(), [](QChar c) {
+        return c != QLatin1Char('\n')
+            && (c.category() == QChar::Other_Control || c.category() == QChar::Other_Format);
+    });
+}
+
+void checkNames(const Message &message)
+{
+    for (int i = 0; i < message.body.getPartCount(); ++i) {
+        const QString name = safeFileName(message.body.getBodypartByIndex(i)->getContentLocation(),
+                                          QStringLiteral("part"));
+        require(!name.isEmpty() && name != QLatin1String(".") && name != QLatin1String(".."),
+                "a part's file has a name");
+        require(!name.contains(QLatin1Char('/')) && isHarmless(name) && !name.contains(u'\n'),
+                "a part's file stays in its folder");
+    }
+}
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    const auto message =
+        decodeMessage(QByteArray(reinterpret_cast<const char *>(data), qsizetype(size)));
+    require(isHarmless(messageText(*message)), "the text does nothing to a terminal");
+    const QByteArray json = TerminalText::jsonLine(messageJson(*message));
+    require(json.count('\n') == 1 && json.endsWith('\n'), "JSON is one line");
+    require(QJsonDocument::fromJson(json).isObject(), "JSON is an object");
+    require(isHarmless(QString::fromUtf8(json)), "JSON does nothing to a terminal");
+    checkNames(*message);
+    return 0;
+}
