@@ -4,6 +4,8 @@
  */
 #pragma once
 
+#include "platform/no_memory.h"
+
 #include <memory>
 
 /**
@@ -34,15 +36,18 @@ private:
     bool m_held = false;
 };
 
-/// Pointer to a T, which has an operation liveness(); null once the T is gone. Owns nothing.
+/// Pointer to a T, which has an operation liveness(); null once the T is gone, and from the start
+/// when there is no memory for watching it. Owns nothing.
 template <typename T>
 class QvlWeakPointer
 {
 public:
     QvlWeakPointer(T *target = nullptr) : m_target(target)
     {
-        if (target)
-            m_alive = target->liveness().watch();
+        asFarAsMemoryGoes([this] {
+            if (m_target)
+                m_alive = m_target->liveness().watch();
+        });
     }
 
     T *get() const { return m_alive.expired() ? nullptr : m_target; }

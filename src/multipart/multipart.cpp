@@ -1,9 +1,11 @@
 #include "multipart/multipart.h"
 
+#include "multipart/lower_case.h"
 #include "multipart/multipart_result.h"
 #include "multipart/part_names.h"
 #include "multipart/reference.h"
 #include "platform/email_util.h"
+#include "platform/no_memory.h"
 
 #include <algorithm>
 #include <memory>
@@ -12,14 +14,14 @@ using Part = MMS_COMP_SMILMultipartBodypart;
 
 namespace {
 
-constexpr QLatin1String ApplicationType("application");
-constexpr QLatin1String RelatedSubType("vnd.wap.multipart.related");
-constexpr QLatin1String SmilType("application/smil");
-
-bool equalsIgnoringCase(const QString &text, QLatin1String lowerCase)
+// Its text is part of the library, so that naming it takes no memory.
+QString smilType()
 {
-    return text.toLower() == lowerCase;
+    return QStringLiteral("application/smil");
 }
+
+constexpr QStringView ApplicationType(u"application");
+constexpr QStringView RelatedSubType(u"vnd.wap.multipart.related");
 
 bool matches(const Reference::Matcher &reference, const Part *part)
 {
@@ -33,7 +35,7 @@ bool isAttachment(const Part *part)
 
 } // namespace
 
-MMS_COMP_SMILMultipart::MMS_COMP_SMILMultipart() : m_extType(SmilType), m_start(QLatin1String(""))
+MMS_COMP_SMILMultipart::MMS_COMP_SMILMultipart() : m_extType(smilType()), m_start(QLatin1String(""))
 {
     setRelatedType();
     m_parts.setAutoDelete(true);
@@ -48,24 +50,28 @@ MMS_COMP_SMILMultipart::~MMS_COMP_SMILMultipart() = default;
 
 void MMS_COMP_SMILMultipart::setRelatedType()
 {
-    QCString text;
-    if (EMAIL_Util::typeEnumToStr(EMAIL_Util::Application, text))
-        m_mimeType = QString::fromLatin1(text);
-    if (EMAIL_Util::subTypeEnumToStr(EMAIL_Util::MultipartRelated, text))
-        m_subType = QString::fromLatin1(text);
+    asFarAsMemoryGoes([this] {
+        QCString text;
+        if (EMAIL_Util::typeEnumToStr(EMAIL_Util::Application, text))
+            m_mimeType = QString::fromLatin1(text);
+        if (EMAIL_Util::subTypeEnumToStr(EMAIL_Util::MultipartRelated, text))
+            m_subType = QString::fromLatin1(text);
+    });
 }
 
 void MMS_COMP_SMILMultipart::copyFrom(const MMS_COMP_SMILMultipart &source)
 {
-    m_extType = source.m_extType;
-    m_mimeType = source.m_mimeType;
-    m_subType = source.m_subType;
-    m_start = source.m_start;
-    const int count = source.getPartCount(); // a source that is this message grows meanwhile
-    for (int i = 0; i < count; ++i) {
-        if (const Part *part = source.m_parts.at(i))
-            appendBodypart(new Part(*part));
-    }
+    asFarAsMemoryGoes([&] {
+        m_extType = source.m_extType;
+        m_mimeType = source.m_mimeType;
+        m_subType = source.m_subType;
+        m_start = source.m_start;
+        const int count = source.getPartCount(); // a source that is this message grows meanwhile
+        for (int i = 0; i < count; ++i) {
+            if (const Part *part = source.m_parts.at(i))
+                appendBodypart(new Part(*part));
+        }
+    });
 }
 
 void MMS_COMP_SMILMultipart::clear()
@@ -78,10 +84,12 @@ void MMS_COMP_SMILMultipart::clear()
 
 void MMS_COMP_SMILMultipart::appendBodypart(Part *part)
 {
-    if (!part)
-        return;
-    m_parts.append(part);
-    part->m_liveness.setHeld();
+    asFarAsMemoryGoes([&] {
+        if (!part)
+            return;
+        m_parts.append(part);
+        part->m_liveness.setHeld();
+    });
 }
 
 bool MMS_COMP_SMILMultipart::holds(const Part *part) const
@@ -91,10 +99,12 @@ bool MMS_COMP_SMILMultipart::holds(const Part *part) const
 
 int MMS_COMP_SMILMultipart::insertBodypart(Part *part, int index)
 {
-    if (!part || !m_parts.insert(std::clamp(index, 0, getPartCount()), part))
-        return MultipartResult::InsertionRefused;
-    part->m_liveness.setHeld();
-    return MultipartResult::Ok;
+    return unlessOutOfMemory(MultipartResult::InsertionRefused, [&]() -> int {
+        if (!part || !m_parts.insert(std::clamp(index, 0, getPartCount()), part))
+            return MultipartResult::InsertionRefused;
+        part->m_liveness.setHeld();
+        return MultipartResult::Ok;
+    });
 }
 
 int MMS_COMP_SMILMultipart::deletePart(int index)
@@ -143,20 +153,13 @@ void MMS_COMP_SMILMultipart::setStart(const QString &start)
 
 QString MMS_COMP_SMILMultipart::parseCid(const QString &reference)
 {
-    QStringView rest(reference);
-    if (rest.startsWith(QLatin1Char('<')))
-        rest = rest.sliced(1);
-    if (rest.endsWith(QLatin1Char('>')))
-        rest.chop(1);
-    if (rest.startsWith(QLatin1String("cid:"), Qt::CaseInsensitive))
-        rest = rest.sliced(4);
-    return rest.toString();
+    return Reference::withoutBrackets(reference).toString();
 }
 
 bool MMS_COMP_SMILMultipart::isCidEqual(const QString &a, const QString &b)
 {
-    const QString key = Reference::contentIdKey(a);
-    return !key.isEmpty() && key == Reference::contentIdKey(b);
+    const QStringView key = Reference::contentIdKey(a);
+    return !key.isEmpty() && isSameInLowerCase(key, Reference::contentIdKey(b));
 }
 
 Part *MMS_COMP_SMILMultipart::getBodyPartBySrc(const QString &src, int type) const
@@ -175,7 +178,7 @@ Part *MMS_COMP_SMILMultipart::getSmilPart()
     if (Part *part = getBodyPartBySrc(m_start, Part::Shown))
         return part;
     Part *first = m_parts.at(0);
-    if (!first || !isRelated() || !equalsIgnoringCase(first->getMimeFormat(), SmilType))
+    if (!first || !isRelated() || !isSameInLowerCase(first->getMimeFormat(), smilType()))
         return nullptr;
     first->setDispFileType(Part::Shown);
     return first;
@@ -192,18 +195,20 @@ bool MMS_COMP_SMILMultipart::isPartExist(const QString &name) const
 
 QString MMS_COMP_SMILMultipart::createUniqueAttchmentLocation(const QString &ext) const
 {
-    return PartNames(*this).uniqueAttachmentLocation(ext);
+    return unlessOutOfMemory(
+        QString(), [&]() -> QString { return PartNames(*this).uniqueAttachmentLocation(ext); });
 }
 
 QString MMS_COMP_SMILMultipart::createUniqueLocation(const QString &name) const
 {
-    return PartNames(*this).uniqueLocation(name);
+    return unlessOutOfMemory(QString(),
+                             [&]() -> QString { return PartNames(*this).uniqueLocation(name); });
 }
 
 bool MMS_COMP_SMILMultipart::isRelated() const
 {
-    return equalsIgnoringCase(m_mimeType, ApplicationType)
-        && equalsIgnoringCase(m_subType, RelatedSubType);
+    return isSameInLowerCase(m_mimeType, ApplicationType)
+        && isSameInLowerCase(m_subType, RelatedSubType);
 }
 
 int MMS_COMP_SMILMultipart::getAttachmentCount() const

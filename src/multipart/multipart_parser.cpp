@@ -5,6 +5,7 @@
 #include "multipart/part_names.h"
 #include "platform/comp_util.h"
 #include "platform/msg_header_base.h"
+#include "platform/no_memory.h"
 #include "wire/content_type.h"
 #include "wire/linear_buffer.h"
 #include "wire/multipart_codec.h"
@@ -74,49 +75,55 @@ QByteArray encode(const MMS_COMP_SMILMultipart &multipart)
 int MMS_COMP_SMILMultipartParser::parse(const QArray<char> &body, MMS_UTIL_MsgHeaderBase *header,
                                         MMS_COMP_SMILMultipart *multipart)
 {
-    if (!header || !multipart)
-        return MultipartResult::NullArgument;
-    if (!multipart->getBoundary().isEmpty())
+    return unlessOutOfMemory(MultipartResult::OutOfMemory, [&]() -> int {
+        if (!header || !multipart)
+            return MultipartResult::NullArgument;
+        if (!multipart->getBoundary().isEmpty())
+            return MultipartResult::Ok;
+        const auto *octets = reinterpret_cast<const unsigned char *>(body.constData());
+        const bool related = header->getContentSubType() == Related;
+        const auto result = MMS_UA_MultiPart_CODEC::decodeMultipart(
+            related, octets, unsigned(body.size()), multipart);
+        if (result != WireResult::Read)
+            return handleErr(result);
+        checkLocation(multipart);
+        const QString params = header->getContentTypeParams();
+        multipart->setStart(parseStart(params));
+        multipart->setExtType(parseExtType(params));
         return MultipartResult::Ok;
-    const auto *octets = reinterpret_cast<const unsigned char *>(body.constData());
-    const bool related = header->getContentSubType() == Related;
-    const auto result =
-        MMS_UA_MultiPart_CODEC::decodeMultipart(related, octets, unsigned(body.size()), multipart);
-    if (result != WireResult::Read)
-        return handleErr(result);
-    checkLocation(multipart);
-    const QString params = header->getContentTypeParams();
-    multipart->setStart(parseStart(params));
-    multipart->setExtType(parseExtType(params));
-    return MultipartResult::Ok;
+    });
 }
 
 QArray<char> MMS_COMP_SMILMultipartParser::assembleBody(MMS_COMP_SMILMultipart *multipart,
                                                         MMS_UTIL_MsgHeaderBase *header)
 {
-    if (!multipart || !header || !multipart->getBoundary().isEmpty())
-        return QByteArray();
-    settleContentType(multipart);
-    header->setContentType(multipart->getMimeType());
-    header->setContentSubType(multipart->getSubType());
-    header->setContentTypeParams(contentTypeParameters(*multipart));
-    return encode(*multipart);
+    return unlessOutOfMemory(QByteArray(), [&]() -> QArray<char> {
+        if (!multipart || !header || !multipart->getBoundary().isEmpty())
+            return QByteArray();
+        settleContentType(multipart);
+        header->setContentType(multipart->getMimeType());
+        header->setContentSubType(multipart->getSubType());
+        header->setContentTypeParams(contentTypeParameters(*multipart));
+        return encode(*multipart);
+    });
 }
 
 void MMS_COMP_SMILMultipartParser::checkLocation(MMS_COMP_SMILMultipart *multipart)
 {
-    if (!multipart)
-        return;
-    PartNames names(*multipart);
-    for (int i = 0; i < multipart->getPartCount(); ++i) {
-        Part *part = multipart->getBodypartByIndex(i);
-        if (part->getContentLocation().isEmpty()) {
-            part->setContentLocation(locationFor(*part, names));
-            names.add(*part);
+    asFarAsMemoryGoes([&] {
+        if (!multipart)
+            return;
+        PartNames names(*multipart);
+        for (int i = 0; i < multipart->getPartCount(); ++i) {
+            Part *part = multipart->getBodypartByIndex(i);
+            if (part->getContentLocation().isEmpty()) {
+                part->setContentLocation(locationFor(*part, names));
+                names.add(*part);
+            }
+            if (part->getDispFileName().isEmpty())
+                part->setDispFileName(part->getContentLocation());
         }
-        if (part->getDispFileName().isEmpty())
-            part->setDispFileName(part->getContentLocation());
-    }
+    });
 }
 
 QString MMS_COMP_SMILMultipartParser::parseStart(const QString &params)

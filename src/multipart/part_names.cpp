@@ -23,6 +23,11 @@ QString withoutAmpersand(QString name)
     return name.remove(QLatin1Char('&'));
 }
 
+QString contentIdKey(const QString &text)
+{
+    return Reference::contentIdKey(text).toString().toLower();
+}
+
 // A file name in pieces.
 struct NameParts
 {
@@ -57,7 +62,7 @@ bool PartNames::isUsable(const QString &name)
 void PartNames::add(const MMS_COMP_SMILMultipartBodypart &part)
 {
     m_locations.insert(part.getContentLocation().toLower());
-    m_contentIds.insert(Reference::contentIdKey(part.getContentID()));
+    m_contentIds.insert(contentIdKey(part.getContentID()));
 }
 
 void PartNames::add(const MMS_COMP_SMILMultipart &multipart)
@@ -70,7 +75,7 @@ bool PartNames::isFree(const QString &name) const
 {
     if (!isUsable(name) || m_exact.contains(name) || m_locations.contains(name.toLower()))
         return false;
-    const QString key = Reference::contentIdKey(name);
+    const QString key = contentIdKey(name);
     return key.isEmpty() || !m_contentIds.contains(key);
 }
 
@@ -81,7 +86,8 @@ bool PartNames::isFree(const QString &name) const
 QString PartNames::firstFree(const QString &prefix, const QString &suffix)
 {
     int &next = m_nextNumber[prefix + QChar::Null + suffix];
-    const qsizetype last = next + m_locations.size() + m_contentIds.size() + m_exact.size();
+    const std::size_t taken = m_locations.size() + m_contentIds.size() + m_exact.size();
+    const qsizetype last = next + qsizetype(taken);
     for (; next <= last; ++next) {
         const QString name = prefix + QString::number(next) + suffix;
         if (isFree(name))

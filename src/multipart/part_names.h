@@ -5,8 +5,8 @@
  */
 #pragma once
 
-#include <QHash>
-#include <QSet>
+#include "platform/text_hash.h"
+
 #include <QString>
 
 class MMS_COMP_SMILMultipart;
@@ -39,8 +39,8 @@ private:
     QString firstFree(const QString &prefix, const QString &suffix);
     QString itselfOrNumbered(const QString &candidate, const QString &base, const QString &suffix);
 
-    QSet<QString> m_locations; // in lower case
-    QSet<QString> m_contentIds; // reduced and in lower case
-    QSet<QString> m_exact;
-    QHash<QString, int> m_nextNumber; // by pattern; lower numbers are known to be taken
+    QvlTextSet m_locations; // in lower case
+    QvlTextSet m_contentIds; // reduced and in lower case
+    QvlTextSet m_exact;
+    QvlTextMap<QString, int> m_nextNumber; // by pattern; lower numbers are known to be taken
 };

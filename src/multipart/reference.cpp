@@ -1,19 +1,27 @@
 #include "multipart/reference.h"
 
-#include "multipart/multipart.h"
+#include "multipart/body_part.h"
+#include "multipart/lower_case.h"
 
-QString Reference::contentIdKey(const QString &text)
+QStringView Reference::withoutBrackets(QStringView reference)
 {
-    return MMS_COMP_SMILMultipart::parseCid(text.trimmed()).toLower();
+    constexpr QLatin1StringView scheme("cid:");
+    if (reference.startsWith(u'<'))
+        reference = reference.sliced(1);
+    if (reference.endsWith(u'>'))
+        reference.chop(1);
+    return reference.startsWith(scheme, Qt::CaseInsensitive) ? reference.sliced(scheme.size())
+                                                             : reference;
 }
 
-Reference::Matcher::Matcher(const QString &reference)
-    : m_contentIdKey(contentIdKey(reference)), m_location(reference.toLower())
+QStringView Reference::contentIdKey(QStringView text)
 {
+    return withoutBrackets(text.trimmed());
 }
 
 bool Reference::Matcher::matches(const MMS_COMP_SMILMultipartBodypart &part) const
 {
-    return (!m_contentIdKey.isEmpty() && m_contentIdKey == contentIdKey(part.getContentID()))
-        || m_location == part.getContentLocation().toLower();
+    const QString contentId = part.getContentID();
+    return (!m_contentIdKey.isEmpty() && isSameInLowerCase(m_contentIdKey, contentIdKey(contentId)))
+        || isSameInLowerCase(m_reference, part.getContentLocation());
 }

@@ -9,24 +9,31 @@ class MMS_COMP_SMILMultipartBodypart;
 
 namespace Reference {
 
-/**
- * What two Content-IDs are compared by: trimmed, without one leading "<", one trailing ">" and a
- * leading "cid:", in lower case. Empty for a text that matches no Content-ID.
- */
-QString contentIdKey(const QString &text);
+/// @p reference without one leading "<", then one trailing ">", then a leading "cid:" in any case.
+QStringView withoutBrackets(QStringView reference);
 
-/// One reference, prepared for comparison with any number of parts.
+/**
+ * What two Content-IDs are compared by, in lower case: trimmed and without brackets. Empty for a
+ * text that matches no Content-ID.
+ */
+QStringView contentIdKey(QStringView text);
+
+/// One reference, prepared for comparison with any number of parts. It has to outlive this.
 class Matcher
 {
 public:
-    explicit Matcher(const QString &reference);
+    explicit Matcher(const QString &reference)
+        : m_reference(reference), m_contentIdKey(contentIdKey(reference))
+    {
+    }
+    explicit Matcher(QString &&reference) = delete;
 
     /// True when the reference equals the Content-ID, or the location as it stands ignoring case.
     bool matches(const MMS_COMP_SMILMultipartBodypart &part) const;
 
 private:
-    QString m_contentIdKey;
-    QString m_location;
+    QStringView m_reference;
+    QStringView m_contentIdKey;
 };
 
 } // namespace Reference

@@ -5,6 +5,8 @@
 #pragma once
 
 #include <cstddef>
+#include <memory>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -36,11 +38,12 @@ public:
         return holds(index) ? m_items[static_cast<std::size_t>(index)] : nullptr;
     }
 
-    /// Adds @p item at the end; the list owns it from here on when auto-delete is on.
-    void append(T *item) { m_items.push_back(item); }
+    /// Adds @p item at the end; the list owns it from here on when auto-delete is on, and deletes
+    /// it when there is no memory for one more.
+    void append(T *item) { put(count(), item); }
 
     /// Adds @p item at the front.
-    void prepend(T *item) { m_items.insert(m_items.begin(), item); }
+    void prepend(T *item) { put(0, item); }
 
     /// Puts @p item before the one at @p index; false, and nothing taken, unless 0 <= index <=
     /// count().
@@ -48,7 +51,7 @@ public:
     {
         if (index < 0 || index > count())
             return false;
-        m_items.insert(m_items.begin() + index, item);
+        put(index, item);
         return true;
     }
 
@@ -82,6 +85,13 @@ public:
     auto end() const { return m_items.end(); }
 
 private:
+    void put(int index, T *item)
+    {
+        std::unique_ptr<T> owner(m_autoDelete ? item : nullptr);
+        m_items.insert(m_items.begin() + index, item);
+        std::ignore = owner.release();
+    }
+
     bool holds(int index) const { return index >= 0 && index < count(); }
 
     void dispose(T *item) const

@@ -1,5 +1,6 @@
 #include "presentation/layout.h"
 
+#include "platform/no_memory.h"
 #include "smil/smil_parser.h"
 
 #include <QDomElement>
@@ -83,20 +84,22 @@ void MMS_COMP_SMILRootLayout::setBackgroundColor(const QString &text)
 }
 
 MMS_COMP_SMILLayout::MMS_COMP_SMILLayout()
-    : m_rootLayout(std::make_unique<MMS_COMP_SMILRootLayout>())
 {
     m_regions.setAutoDelete(true);
+    asFarAsMemoryGoes([this] { m_rootLayout = std::make_unique<MMS_COMP_SMILRootLayout>(); });
 }
 
 MMS_COMP_SMILLayout::~MMS_COMP_SMILLayout() = default;
 
 MMS_COMP_SMILRootLayout *MMS_COMP_SMILLayout::setRootLayout(int width, int height)
 {
-    if (!m_rootLayout)
-        m_rootLayout = std::make_unique<MMS_COMP_SMILRootLayout>();
-    m_rootLayout->setWidth(width);
-    m_rootLayout->setHeight(height);
-    return m_rootLayout.get();
+    return unlessOutOfMemory(nullptr, [&]() -> MMS_COMP_SMILRootLayout * {
+        if (!m_rootLayout)
+            m_rootLayout = std::make_unique<MMS_COMP_SMILRootLayout>();
+        m_rootLayout->setWidth(width);
+        m_rootLayout->setHeight(height);
+        return m_rootLayout.get();
+    });
 }
 
 int MMS_COMP_SMILLayout::setRootLayout(QDomElement *element)
@@ -116,26 +119,31 @@ MMS_COMP_SMILRegion *MMS_COMP_SMILLayout::getRegion(unsigned int index) const
 
 void MMS_COMP_SMILLayout::appendRegion(MMS_COMP_SMILRegion *region)
 {
-    if (region && !isRegionExist(region, nullptr))
-        m_regions.append(region);
+    asFarAsMemoryGoes([&] {
+        if (region && !isRegionExist(region, nullptr))
+            m_regions.append(region);
+    });
 }
 
 MMS_COMP_SMILRegion *MMS_COMP_SMILLayout::appendRegion(float left, float top, float width,
                                                        float height, const QString &fit,
                                                        const QString &id)
 {
-    auto region = std::make_unique<MMS_COMP_SMILRegion>();
-    region->setTop(top);
-    region->setLeft(left);
-    region->setWidth(width);
-    region->setHeight(height);
-    region->setFit(fit);
-    region->setId(id);
-    MMS_COMP_SMILRegion *existing = nullptr;
-    if (isRegionExist(region.get(), &existing))
-        return existing;
-    m_regions.append(region.get());
-    return region.release();
+    return unlessOutOfMemory(nullptr, [&]() -> MMS_COMP_SMILRegion * {
+        auto region = std::make_unique<MMS_COMP_SMILRegion>();
+        region->setTop(top);
+        region->setLeft(left);
+        region->setWidth(width);
+        region->setHeight(height);
+        region->setFit(fit);
+        region->setId(id);
+        MMS_COMP_SMILRegion *existing = nullptr;
+        if (isRegionExist(region.get(), &existing))
+            return existing;
+        MMS_COMP_SMILRegion *added = region.release();
+        m_regions.append(added);
+        return added;
+    });
 }
 
 bool MMS_COMP_SMILLayout::isRegionExist(const MMS_COMP_SMILRegion *region,

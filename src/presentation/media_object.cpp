@@ -2,6 +2,7 @@
 
 #include "platform/comp_util.h"
 #include "platform/email_util.h"
+#include "platform/no_memory.h"
 #include "smil/smil_parser.h"
 #include "smil/smil_result.h"
 
@@ -12,6 +13,7 @@
 #include <array>
 #include <memory>
 #include <new>
+#include <tuple>
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 using Param = MMS_COMP_SMILMediaObjectParam;
@@ -257,65 +259,68 @@ bool MMS_COMP_SMILMediaObject::setData(const QString &regionId, const QString &s
 
 int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement *element, MMS_COMP_SMILMultipart *multipart)
 {
-    m_multipart = multipart;
-    if (!element)
-        return SmilResult::NotInMessage;
-    setMediaElementType(
-        MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(numberOf(elementNames, element->tagName().trimmed())));
-    m_src = trimmedAttribute(*element, "src");
-    m_alt = trimmedAttribute(*element, "alt");
-    m_regionId = trimmedAttribute(*element, "region");
-    if (!multipart)
-        return SmilResult::NotInMessage;
-    Part *part = multipart->getBodyPartBySrc(m_src, Part::Attachment);
-    if (!part)
-        part = multipart->getBodyPartBySrc(m_src, Part::Shown);
-    if (!part)
-        return SmilResult::NotInMessage;
-    setData(part);
-    // A part that is shown already gains a use; the first use is the one it was born with.
-    if (part->getDispFileType() == Part::Shown)
-        part->setRefCount(part->getRefCount() + 1);
-    part->setDispFileType(Part::Shown);
-    MMS_COMP_SMILParser::parseTime(trimmedAttribute(*element, "begin"), &m_begin);
-    MMS_COMP_SMILParser::parseTime(trimmedAttribute(*element, "end"), &m_end);
-    return SmilResult::Ok;
+    return unlessOutOfMemory(SmilResult::OutOfMemory, [&]() -> int {
+        m_multipart = multipart;
+        if (!element)
+            return SmilResult::NotInMessage;
+        setMediaElementType(
+            MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(numberOf(elementNames, element->tagName().trimmed())));
+        m_src = trimmedAttribute(*element, "src");
+        m_alt = trimmedAttribute(*element, "alt");
+        m_regionId = trimmedAttribute(*element, "region");
+        if (!multipart)
+            return SmilResult::NotInMessage;
+        Part *part = multipart->getBodyPartBySrc(m_src, Part::Attachment);
+        if (!part)
+            part = multipart->getBodyPartBySrc(m_src, Part::Shown);
+        if (!part)
+            return SmilResult::NotInMessage;
+        setData(part);
+        // A part that is shown already gains a use; the first use is the one it was born with.
+        if (part->getDispFileType() == Part::Shown)
+            part->setRefCount(part->getRefCount() + 1);
+        part->setDispFileType(Part::Shown);
+        MMS_COMP_SMILParser::parseTime(trimmedAttribute(*element, "begin"), &m_begin);
+        MMS_COMP_SMILParser::parseTime(trimmedAttribute(*element, "end"), &m_end);
+        return SmilResult::Ok;
+    });
 }
 
 bool MMS_COMP_SMILMediaObject::copyTo(MMS_COMP_SMILMediaObject *target,
                                       MMS_COMP_SMILMultipart *multipart) const
 {
-    Part *part = multipart ? multipart->getBodyPartBySrc(m_src, Part::Shown) : nullptr;
-    if (!target || !part)
-        return false;
-    target->setData(part);
-    target->setMediaElementType(m_mediaElementType);
-    target->setMediaType(m_mediaType);
-    target->setSrc(m_src);
-    target->setRegionId(m_regionId);
-    target->setMimeType(m_mimeType);
-    target->m_begin = m_end; // and the target's end stays as it was
-    target->setAlt(m_alt);
-    // A copy onto itself would otherwise walk what it adds.
-    for (int i = 0, count = getParamCount(); i < count; ++i) {
-        const Param *param = getParam(i);
-        if (target->appendParamElem(param->getName(), param->getValue(), param->getValueType(),
-                                    param->getRefValueType())
-            != SmilResult::Ok)
+    return unlessOutOfMemory(false, [&]() -> bool {
+        Part *part = multipart ? multipart->getBodyPartBySrc(m_src, Part::Shown) : nullptr;
+        if (!target || !part)
             return false;
-    }
-    return target->setMultiPart(multipart);
+        target->setData(part);
+        target->setMediaElementType(m_mediaElementType);
+        target->setMediaType(m_mediaType);
+        target->setSrc(m_src);
+        target->setRegionId(m_regionId);
+        target->setMimeType(m_mimeType);
+        target->m_begin = m_end; // and the target's end stays as it was
+        target->setAlt(m_alt);
+        // A copy onto itself would otherwise walk what it adds.
+        for (int i = 0, count = getParamCount(); i < count; ++i) {
+            const Param *param = getParam(i);
+            if (target->appendParamElem(param->getName(), param->getValue(), param->getValueType(),
+                                        param->getRefValueType())
+                != SmilResult::Ok)
+                return false;
+        }
+        return target->setMultiPart(multipart);
+    });
 }
 
 int MMS_COMP_SMILMediaObject::appendParamElem(const QString &name, const QString &value,
                                               MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType,
                                               const QString &refValueType)
 {
-    auto *param = new (std::nothrow) Param(name, value, valueType, refValueType);
-    if (!param)
-        return SmilResult::OutOfMemory;
-    m_params.append(param);
-    return SmilResult::Ok;
+    return unlessOutOfMemory(SmilResult::OutOfMemory, [&]() -> int {
+        m_params.append(new Param(name, value, valueType, refValueType));
+        return SmilResult::Ok;
+    });
 }
 
 int MMS_COMP_SMILMediaObject::appendParamElem(const QString &name, const QString &value,
@@ -339,11 +344,13 @@ int MMS_COMP_SMILMediaObject::indexOfParam(const QString &name) const
 
 int MMS_COMP_SMILMediaObject::updateParamByName(const QString &name, const QString &value)
 {
-    if (Param *param = getParam(indexOfParam(name))) {
-        param->setValue(value);
-        return SmilResult::Ok;
-    }
-    return appendParamElem(name, value, SMIL_PARAM_VALUE_DATA, QLatin1String(""));
+    return unlessOutOfMemory(SmilResult::OutOfMemory, [&]() -> int {
+        if (Param *param = getParam(indexOfParam(name))) {
+            param->setValue(value);
+            return SmilResult::Ok;
+        }
+        return appendParamElem(name, value, SMIL_PARAM_VALUE_DATA, QLatin1String(""));
+    });
 }
 
 QString MMS_COMP_SMILMediaObject::getParamValueByName(const QString &name) const
@@ -387,34 +394,33 @@ bool MMS_COMP_SMILMediaObject::writeToStream(QDataStream &stream) const
 
 bool MMS_COMP_SMILMediaObject::readFromStream(QDataStream &stream)
 {
-    qint32 type = 0;
-    stream >> type >> m_mediaType >> m_src >> m_regionId >> m_mimeType;
-    m_mediaElementType = MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(type);
-    read(stream, &m_begin);
-    read(stream, &m_end);
-    qint32 hasPart = 0;
-    stream >> m_alt >> hasPart;
+    return unlessOutOfMemory(false, [&]() -> bool {
+        qint32 type = 0;
+        stream >> type >> m_mediaType >> m_src >> m_regionId >> m_mimeType;
+        m_mediaElementType = MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(type);
+        read(stream, &m_begin);
+        read(stream, &m_end);
+        qint32 hasPart = 0;
+        stream >> m_alt >> hasPart;
 
-    Part *before = getData();
-    m_data = nullptr;
-    if (before && !before->isHeldByMultipart())
-        delete before;
-    if (hasPart == 1) {
-        auto *part = new (std::nothrow) Part;
-        if (!part)
-            return false;
-        part->readFromStream(stream);
-        setData(part);
-    }
-    qint32 count = 0;
-    stream >> count;
-    // A count is believed only as long as there is something to read.
-    for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
-        auto *param = new (std::nothrow) Param;
-        if (!param)
-            return false;
-        m_params.append(param);
-        param->readFromStream(stream);
-    }
-    return true;
+        Part *before = getData();
+        m_data = nullptr;
+        if (before && !before->isHeldByMultipart())
+            delete before;
+        if (hasPart == 1) {
+            auto part = std::make_unique<Part>();
+            part->readFromStream(stream);
+            setData(part.get());
+            std::ignore = part.release();
+        }
+        qint32 count = 0;
+        stream >> count;
+        // A count is believed only as long as there is something to read.
+        for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+            auto *param = new Param;
+            m_params.append(param);
+            param->readFromStream(stream);
+        }
+        return true;
+    });
 }

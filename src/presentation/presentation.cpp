@@ -2,6 +2,7 @@
 
 #include "multipart/part_names.h"
 #include "multipart/reference.h"
+#include "platform/no_memory.h"
 #include "smil/smil_result.h"
 
 #include <QDomElement>
@@ -152,13 +153,15 @@ MMS_COMP_SMILMeta *MMS_COMP_SMILData::getMeta(unsigned int index) const
 
 bool MMS_COMP_SMILData::appendMeta(const QString &name, const QString &content)
 {
-    auto *meta = new (std::nothrow) MMS_COMP_SMILMeta;
-    if (!meta)
-        return false;
-    meta->setName(name);
-    meta->setContent(content);
-    m_metas.append(meta);
-    return true;
+    return unlessOutOfMemory(false, [&]() -> bool {
+        auto *meta = new (std::nothrow) MMS_COMP_SMILMeta;
+        if (!meta)
+            return false;
+        meta->setName(name);
+        meta->setContent(content);
+        m_metas.append(meta);
+        return true;
+    });
 }
 
 Slide *MMS_COMP_SMILData::getSlide(unsigned int index) const
@@ -168,15 +171,19 @@ Slide *MMS_COMP_SMILData::getSlide(unsigned int index) const
 
 void MMS_COMP_SMILData::appendSlide(Slide *slide)
 {
-    if (slide)
-        m_slides.append(slide);
+    asFarAsMemoryGoes([&] {
+        if (slide)
+            m_slides.append(slide);
+    });
 }
 
 Slide *MMS_COMP_SMILData::appendSlide(unsigned int dur)
 {
-    Slide *slide = newSlideOf(getMultiPart(), int(dur)).release();
-    appendSlide(slide);
-    return slide;
+    return unlessOutOfMemory(nullptr, [&]() -> Slide * {
+        Slide *slide = newSlideOf(getMultiPart(), int(dur)).release();
+        appendSlide(slide);
+        return slide;
+    });
 }
 
 unsigned int MMS_COMP_SMILData::getMediaObjectCount(unsigned int slide) const
@@ -206,42 +213,46 @@ bool MMS_COMP_SMILData::deleteMediaObject(unsigned int slide, unsigned int index
 int MMS_COMP_SMILData::appendElementObject(QDomElement *element, MMS_COMP_SMILMultipart *multipart,
                                            bool newSlide, int dur, Object **created)
 {
-    const QString tag = element ? element->tagName().trimmed().toLower() : QString();
-    if (!isMediaTag(tag))
-        return SmilResult::NotAMedia;
+    return unlessOutOfMemory(SmilResult::OutOfMemory, [&]() -> int {
+        const QString tag = element ? element->tagName().trimmed().toLower() : QString();
+        if (!isMediaTag(tag))
+            return SmilResult::NotAMedia;
 
-    Slide *slide = newSlide ? nullptr : m_slides.at(m_slides.count() - 1);
-    std::unique_ptr<Slide> added;
-    if (!slide || !slide->canBeInserted(tag)) {
-        added = newSlideOf(multipart, dur);
-        slide = added.get();
-    }
-    std::unique_ptr<Object> object(new (std::nothrow) Object(multipart));
-    if (!slide || !object)
-        return SmilResult::OutOfMemory;
-    if (const int result = object->setObjectElem(element, multipart))
-        return result;
-    if (created)
-        *created = object.get();
-    slide->appendObject(object.release());
-    appendSlide(added.release());
-    return SmilResult::Ok;
+        Slide *slide = newSlide ? nullptr : m_slides.at(m_slides.count() - 1);
+        std::unique_ptr<Slide> added;
+        if (!slide || !slide->canBeInserted(tag)) {
+            added = newSlideOf(multipart, dur);
+            slide = added.get();
+        }
+        std::unique_ptr<Object> object(new (std::nothrow) Object(multipart));
+        if (!slide || !object)
+            return SmilResult::OutOfMemory;
+        if (const int result = object->setObjectElem(element, multipart))
+            return result;
+        if (created)
+            *created = object.get();
+        slide->appendObject(object.release());
+        appendSlide(added.release());
+        return SmilResult::Ok;
+    });
 }
 
 QString MMS_COMP_SMILData::createUniqueSrc(const QString &name) const
 {
-    PartNames names;
-    if (const MMS_COMP_SMILMultipart *multipart = getMultiPart())
-        names.add(*multipart);
-    for (const Slide *slide : m_slides) {
-        for (unsigned int i = 0; i < slide->getMediaObjectCount(); ++i) {
-            const Object *object = slide->getMediaObject(i);
-            names.addExact(object->getSrc());
-            if (const Part *part = object->getData())
-                names.add(*part);
+    return unlessOutOfMemory(QString(), [&]() -> QString {
+        PartNames names;
+        if (const MMS_COMP_SMILMultipart *multipart = getMultiPart())
+            names.add(*multipart);
+        for (const Slide *slide : m_slides) {
+            for (unsigned int i = 0; i < slide->getMediaObjectCount(); ++i) {
+                const Object *object = slide->getMediaObject(i);
+                names.addExact(object->getSrc());
+                if (const Part *part = object->getData())
+                    names.add(*part);
+            }
         }
-    }
-    return names.uniqueSource(name);
+        return names.uniqueSource(name);
+    });
 }
 
 bool MMS_COMP_SMILData::isElemNameExist(const QString &name) const
@@ -279,33 +290,39 @@ void MMS_COMP_SMILData::deleteObjectByDataLocation(const QString &location)
 
 void MMS_COMP_SMILData::updateParamToSlide()
 {
-    const MMS_COMP_SMILRootLayout *rootLayout = getRootLayout();
-    for (Slide *slide : m_slides) {
-        if (rootLayout)
-            slide->setPageColor(*rootLayout->getBackgroundColor());
-        slide->updatePageColorToElem();
-        slide->updateTextColorToElem();
-        slide->updateTextSizeToElem();
-    }
+    asFarAsMemoryGoes([&] {
+        const MMS_COMP_SMILRootLayout *rootLayout = getRootLayout();
+        for (Slide *slide : m_slides) {
+            if (rootLayout)
+                slide->setPageColor(*rootLayout->getBackgroundColor());
+            slide->updatePageColorToElem();
+            slide->updateTextColorToElem();
+            slide->updateTextSizeToElem();
+        }
+    });
 }
 
 void MMS_COMP_SMILData::updateParamFromSlide()
 {
-    for (Slide *slide : m_slides) {
-        slide->updatePageColorFromElem();
-        slide->updateTextColorFromElem();
-        slide->updateTextSizeFromElem();
-    }
+    asFarAsMemoryGoes([&] {
+        for (Slide *slide : m_slides) {
+            slide->updatePageColorFromElem();
+            slide->updateTextColorFromElem();
+            slide->updateTextSizeFromElem();
+        }
+    });
 }
 
 void MMS_COMP_SMILData::removeEmptyTextBeforeSend()
 {
-    for (Slide *slide : m_slides) {
-        const Object *text = slide->getTextElem(false);
-        const Part *part = text ? text->getData() : nullptr;
-        if (part && part->getBodyDataLen() == 0 && canLoseEmptyText(*slide))
-            slide->removeTextElem();
-    }
+    asFarAsMemoryGoes([&] {
+        for (Slide *slide : m_slides) {
+            const Object *text = slide->getTextElem(false);
+            const Part *part = text ? text->getData() : nullptr;
+            if (part && part->getBodyDataLen() == 0 && canLoseEmptyText(*slide))
+                slide->removeTextElem();
+        }
+    });
 }
 
 bool MMS_COMP_SMILData::isEmpty() const
@@ -323,31 +340,33 @@ void MMS_COMP_SMILData::setMultiPart(MMS_COMP_SMILMultipart *multipart)
 
 bool MMS_COMP_SMILData::copyTo(MMS_COMP_SMILData *target, MMS_COMP_SMILMultipart *multipart) const
 {
-    if (!target)
-        return false;
-    target->setMultiPart(multipart);
-    target->setLayoutMeasureUnit(m_measureUnit);
-    if (const MMS_COMP_SMILRootLayout *rootLayout = getRootLayout())
-        target->setRootLayout(rootLayout->getWidth(), rootLayout->getHeight());
-    for (unsigned int i = 0; i < getRegionCount(); ++i) {
-        auto region = std::make_unique<MMS_COMP_SMILRegion>(*getRegion(i));
-        if (!target->m_layout.isRegionExist(region.get(), nullptr))
-            target->appendRegion(region.release());
-    }
-    for (int i = 0, count = m_metas.count(); i < count; ++i) {
-        if (!target->appendMeta(m_metas.at(i)->getName(), m_metas.at(i)->getContent()))
+    return unlessOutOfMemory(false, [&]() -> bool {
+        if (!target)
             return false;
-    }
-    // A copy onto itself would otherwise walk what it adds.
-    for (int i = 0, count = m_slides.count(); i < count; ++i) {
-        auto slide = newSlideOf(multipart, Slide::DefaultDuration);
-        if (!slide)
-            return false;
-        if (!m_slides.at(i)->copyTo(slide.get(), multipart)) {
-            discard(std::move(slide));
-            return false;
+        target->setMultiPart(multipart);
+        target->setLayoutMeasureUnit(m_measureUnit);
+        if (const MMS_COMP_SMILRootLayout *rootLayout = getRootLayout())
+            target->setRootLayout(rootLayout->getWidth(), rootLayout->getHeight());
+        for (unsigned int i = 0; i < getRegionCount(); ++i) {
+            auto region = std::make_unique<MMS_COMP_SMILRegion>(*getRegion(i));
+            if (!target->m_layout.isRegionExist(region.get(), nullptr))
+                target->appendRegion(region.release());
         }
-        target->appendSlide(slide.release());
-    }
-    return true;
+        for (int i = 0, count = m_metas.count(); i < count; ++i) {
+            if (!target->appendMeta(m_metas.at(i)->getName(), m_metas.at(i)->getContent()))
+                return false;
+        }
+        // A copy onto itself would otherwise walk what it adds.
+        for (int i = 0, count = m_slides.count(); i < count; ++i) {
+            auto slide = newSlideOf(multipart, Slide::DefaultDuration);
+            if (!slide)
+                return false;
+            if (!m_slides.at(i)->copyTo(slide.get(), multipart)) {
+                discard(std::move(slide));
+                return false;
+            }
+            target->appendSlide(slide.release());
+        }
+        return true;
+    });
 }

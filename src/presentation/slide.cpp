@@ -1,5 +1,6 @@
 #include "presentation/slide.h"
 
+#include "platform/no_memory.h"
 #include "smil/smil_parser.h"
 #include "smil/smil_result.h"
 
@@ -102,8 +103,10 @@ Object *MMS_COMP_SMILTimingContainer::getMediaObject(unsigned int index) const
 
 void MMS_COMP_SMILTimingContainer::appendObject(Object *object)
 {
-    if (object)
-        m_objects.append(object);
+    asFarAsMemoryGoes([&] {
+        if (object)
+            m_objects.append(object);
+    });
 }
 
 bool MMS_COMP_SMILTimingContainer::insert(unsigned int index, Object *object)
@@ -236,41 +239,43 @@ bool MMS_COMP_SMILTimingContainer::updateData(const QString &regionId, const QSt
                                               bool textBelowImage,
                                               MMS_COMP_SMILMultipart *multipart)
 {
-    const int text = indexOfLast(isText);
-    const int picture = indexOfLast(isPicture);
-    int existing = -1;
-    int place = m_objects.count();
-    if (type == SMIL_MEDIA_TEXT) {
-        existing = text;
-        if (!textBelowImage && picture >= 0)
-            place = picture;
-    } else if (type == SMIL_MEDIA_IMAGE || type == SMIL_MEDIA_VIDEO) {
-        existing = picture;
-        if (textBelowImage && text >= 0)
-            place = text;
-    } else {
-        const auto same =
-            std::find_if(m_objects.begin(), m_objects.end(), [type](const Object *object) {
-                return object->getMediaElementType() == type;
-            });
-        if (same != m_objects.end())
-            existing = int(same - m_objects.begin());
-    }
+    return unlessOutOfMemory(false, [&]() -> bool {
+        const int text = indexOfLast(isText);
+        const int picture = indexOfLast(isPicture);
+        int existing = -1;
+        int place = m_objects.count();
+        if (type == SMIL_MEDIA_TEXT) {
+            existing = text;
+            if (!textBelowImage && picture >= 0)
+                place = picture;
+        } else if (type == SMIL_MEDIA_IMAGE || type == SMIL_MEDIA_VIDEO) {
+            existing = picture;
+            if (textBelowImage && text >= 0)
+                place = text;
+        } else {
+            const auto same =
+                std::find_if(m_objects.begin(), m_objects.end(), [type](const Object *object) {
+                    return object->getMediaElementType() == type;
+                });
+            if (same != m_objects.end())
+                existing = int(same - m_objects.begin());
+        }
 
-    std::unique_ptr<Object> added;
-    Object *object = m_objects.at(existing);
-    if (!object) {
-        added = newObject(getMultiPart());
-        object = added.get();
-    }
-    if (!object || !object->setData(regionId, src, type, subType, bytes, multipart))
-        return false;
-    if (added)
-        m_objects.insert(place, added.release());
-    // A video that an image takes the place of leaves its duration behind. Kept.
-    if (plays(*object))
-        rectifyDur();
-    return true;
+        std::unique_ptr<Object> added;
+        Object *object = m_objects.at(existing);
+        if (!object) {
+            added = newObject(getMultiPart());
+            object = added.get();
+        }
+        if (!object || !object->setData(regionId, src, type, subType, bytes, multipart))
+            return false;
+        if (added)
+            m_objects.insert(place, added.release());
+        // A video that an image takes the place of leaves its duration behind. Kept.
+        if (plays(*object))
+            rectifyDur();
+        return true;
+    });
 }
 
 bool MMS_COMP_SMILTimingContainer::isBlank() const
@@ -370,22 +375,24 @@ void MMS_COMP_SMILTimingContainer::clear()
 bool MMS_COMP_SMILTimingContainer::copyTo(MMS_COMP_SMILTimingContainer *target,
                                           MMS_COMP_SMILMultipart *multipart) const
 {
-    if (!target)
-        return false;
-    target->setDur(m_dur);
-    target->setMultiPart(multipart);
-    // A copy onto itself would otherwise walk what it adds.
-    for (int i = 0, count = m_objects.count(); i < count; ++i) {
-        auto copy = newObject(nullptr);
-        if (!copy || !m_objects.at(i)->copyTo(copy.get(), multipart))
+    return unlessOutOfMemory(false, [&]() -> bool {
+        if (!target)
             return false;
-        target->appendObject(copy.release());
-    }
-    target->setSetDurManually(m_setDurManually);
-    target->setPageColor(m_pageColor);
-    target->setTextColor(m_textColor);
-    target->setTextSize(m_textSize);
-    return true;
+        target->setDur(m_dur);
+        target->setMultiPart(multipart);
+        // A copy onto itself would otherwise walk what it adds.
+        for (int i = 0, count = m_objects.count(); i < count; ++i) {
+            auto copy = newObject(nullptr);
+            if (!copy || !m_objects.at(i)->copyTo(copy.get(), multipart))
+                return false;
+            target->appendObject(copy.release());
+        }
+        target->setSetDurManually(m_setDurManually);
+        target->setPageColor(m_pageColor);
+        target->setTextColor(m_textColor);
+        target->setTextSize(m_textSize);
+        return true;
+    });
 }
 
 bool MMS_COMP_SMILTimingContainer::writeToStream(QDataStream &stream) const
@@ -398,19 +405,21 @@ bool MMS_COMP_SMILTimingContainer::writeToStream(QDataStream &stream) const
 
 bool MMS_COMP_SMILTimingContainer::readFromStream(QDataStream &stream)
 {
-    qint32 dur = 0;
-    qint32 count = 0;
-    stream >> dur >> count;
-    m_dur = dur;
-    // A count is believed only as long as there is something to read.
-    for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
-        auto object = newObject(nullptr);
-        if (!object)
-            return false;
-        Object *read = object.release();
-        m_objects.append(read);
-        if (!read->readFromStream(stream))
-            return false;
-    }
-    return true;
+    return unlessOutOfMemory(false, [&]() -> bool {
+        qint32 dur = 0;
+        qint32 count = 0;
+        stream >> dur >> count;
+        m_dur = dur;
+        // A count is believed only as long as there is something to read.
+        for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
+            auto object = newObject(nullptr);
+            if (!object)
+                return false;
+            Object *read = object.release();
+            m_objects.append(read);
+            if (!read->readFromStream(stream))
+                return false;
+        }
+        return true;
+    });
 }

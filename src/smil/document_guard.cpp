@@ -1,6 +1,6 @@
 #include "smil/document_guard.h"
 
-#include <QHash>
+#include "platform/text_hash.h"
 
 #include <algorithm>
 #include <optional>
@@ -56,8 +56,8 @@ private:
 
     qint64 m_longest;
     int m_entityChain = 0;
-    QHash<QStringView, Entity> m_entities;
-    QHash<QStringView, qint64> m_defaultAttributes; // characters by element name
+    QvlTextMap<QStringView, Entity> m_entities;
+    QvlTextMap<QStringView, qint64> m_defaultAttributes; // characters by element name
 };
 
 // The position behind the next @p end, or the end of the text.
@@ -142,8 +142,10 @@ bool Scanner::measureStartTag(QStringView text, qsizetype *at, Extent *extent)
     extent->deepest = std::max(extent->deepest, extent->depth + 1);
     if (!tag.endsWith(u'/'))
         ++extent->depth;
-    if (!m_defaultAttributes.isEmpty())
-        extent->length += m_defaultAttributes.value(nameAt(tag, 0));
+    if (!m_defaultAttributes.empty()) {
+        const auto attributes = m_defaultAttributes.find(nameAt(tag, 0));
+        extent->length += attributes == m_defaultAttributes.end() ? 0 : attributes->second;
+    }
     for (qsizetype i = tag.indexOf(u'&'); i >= 0; i = tag.indexOf(u'&', i)) {
         if (!measureReference(tag, &i, extent))
             return false;
@@ -156,23 +158,24 @@ bool Scanner::measureReference(QStringView text, qsizetype *at, Extent *extent)
 {
     ++*at;
     ++extent->length;
-    const auto entity = m_entities.find(nameAt(text, *at));
-    if (entity == m_entities.end())
+    const auto found = m_entities.find(nameAt(text, *at));
+    if (found == m_entities.end())
         return true;
-    if (entity->state == Entity::BeingMeasured)
+    Entity &entity = found->second;
+    if (entity.state == Entity::BeingMeasured)
         return false;
-    if (entity->state == Entity::NotMeasured) {
+    if (entity.state == Entity::NotMeasured) {
         if (++m_entityChain > DeepestEntityChain)
             return false;
-        entity->state = Entity::BeingMeasured;
-        if (!measure(entity->value, &entity->extent))
+        entity.state = Entity::BeingMeasured;
+        if (!measure(entity.value, &entity.extent))
             return false;
-        entity->state = Entity::Measured;
+        entity.state = Entity::Measured;
         --m_entityChain;
     }
-    extent->deepest = std::max(extent->deepest, extent->depth + entity->extent.deepest);
-    extent->depth += entity->extent.depth;
-    extent->length += entity->extent.length;
+    extent->deepest = std::max(extent->deepest, extent->depth + entity.extent.deepest);
+    extent->depth += entity.extent.depth;
+    extent->length += entity.extent.length;
     return isWithin(*extent);
 }
 
@@ -229,8 +232,8 @@ void Scanner::declareEntity(QStringView declaration)
     if (name.isEmpty() || rest.size() < 2 || (rest[0] != u'"' && rest[0] != u'\''))
         return;
     const qsizetype end = rest.indexOf(rest[0], 1);
-    if (end > 0 && !m_entities.contains(name))
-        m_entities.insert(name, Entity{rest.sliced(1, end - 1), Entity::NotMeasured, {}});
+    if (end > 0)
+        m_entities.try_emplace(name, Entity{rest.sliced(1, end - 1), Entity::NotMeasured, {}});
 }
 
 // Defaults are not told apart from other literals: there is no harm in counting too much.

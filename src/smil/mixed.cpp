@@ -5,6 +5,7 @@
 #include "smil/smil_parser.h"
 
 #include "multipart/multipart.h"
+#include "platform/no_memory.h"
 #include "presentation/presentation.h"
 
 #include <memory>
@@ -98,23 +99,25 @@ bool insertSmilPart(MMS_COMP_SMILMultipart *multipart, const QByteArray &smil)
 int MMS_COMP_SMILParser::makeSmilForMixed(MMS_COMP_SMILMultipart *multipart,
                                           MMS_COMP_SMILData *data, bool writeSmil)
 {
-    if (!multipart || !data)
-        return NotCreated;
-    data->setMultiPart(multipart);
-    for (int i = 0; i < multipart->getPartCount(); ++i) {
-        Part *part = multipart->getBodypartByIndex(i);
-        if (part->getDispFileType() == Part::Shown)
-            continue;
-        const KindRow *kind = kindOf(*part);
-        if (kind && !appendSlide(multipart, data, part, *kind))
+    return unlessOutOfMemory(NotCreated, [&]() -> int {
+        if (!multipart || !data)
             return NotCreated;
-    }
-    if (!writeSmil)
-        return Created;
-    const QByteArray smil = convertToSMILLang(data).toUtf8();
-    if (Part *part = multipart->getSmilPart()) {
-        part->setBodyData(smil);
-        return Created;
-    }
-    return insertSmilPart(multipart, smil) ? Created : NotCreated;
+        data->setMultiPart(multipart);
+        for (int i = 0; i < multipart->getPartCount(); ++i) {
+            Part *part = multipart->getBodypartByIndex(i);
+            if (part->getDispFileType() == Part::Shown)
+                continue;
+            const KindRow *kind = kindOf(*part);
+            if (kind && !appendSlide(multipart, data, part, *kind))
+                return NotCreated;
+        }
+        if (!writeSmil)
+            return Created;
+        const QByteArray smil = convertToSMILLang(data).toUtf8();
+        if (Part *part = multipart->getSmilPart()) {
+            part->setBodyData(smil);
+            return Created;
+        }
+        return insertSmilPart(multipart, smil) ? Created : NotCreated;
+    });
 }

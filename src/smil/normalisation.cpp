@@ -4,6 +4,7 @@
  */
 #include "smil/smil_parser.h"
 
+#include "platform/no_memory.h"
 #include "presentation/presentation.h"
 
 #include <optional>
@@ -106,26 +107,28 @@ void nameTwoOfMany(MMS_COMP_SMILData *data)
 
 int MMS_COMP_SMILParser::updateToCorvaneRegion(MMS_COMP_SMILData *data)
 {
-    if (!data)
-        return 0;
-    switch (data->getRegionCount()) {
-    case 0:
-        append(data, textRegion());
-        append(data, imageRegion());
-        break;
-    case 1: // stays where it is
-        data->getRegion(0)->setWidth(textRegion().width);
-        data->getRegion(0)->setHeight(textRegion().height);
-        rename(data, data->getRegion(0), textRegion().id);
-        append(data, imageRegion());
-        break;
-    case 2:
-        normaliseTwo(data);
-        break;
-    default:
-        nameTwoOfMany(data);
-    }
-    return 1;
+    return unlessOutOfMemory(0, [&]() -> int {
+        if (!data)
+            return 0;
+        switch (data->getRegionCount()) {
+        case 0:
+            append(data, textRegion());
+            append(data, imageRegion());
+            break;
+        case 1: // stays where it is
+            data->getRegion(0)->setWidth(textRegion().width);
+            data->getRegion(0)->setHeight(textRegion().height);
+            rename(data, data->getRegion(0), textRegion().id);
+            append(data, imageRegion());
+            break;
+        case 2:
+            normaliseTwo(data);
+            break;
+        default:
+            nameTwoOfMany(data);
+        }
+        return 1;
+    });
 }
 
 void MMS_COMP_SMILParser::updateToCorvaneRootLayout(MMS_COMP_SMILData *data)

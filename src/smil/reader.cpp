@@ -4,6 +4,7 @@
  */
 #include "smil/smil_parser.h"
 
+#include "platform/no_memory.h"
 #include "presentation/presentation.h"
 #include "smil/document_guard.h"
 #include "smil/smil_result.h"
@@ -167,30 +168,34 @@ int durationOf(const QDomElement &element)
 int MMS_COMP_SMILParser::parse(const QArray<char> &smilText, MMS_COMP_SMILMultipart *multipart,
                                MMS_COMP_SMILData *data)
 {
-    m_lastWarning = 0;
-    if (!data || smilText.isEmpty())
-        return SmilResult::NullArgument;
-    const QString text = repairedText(smilText);
-    QDomDocument document(QStringLiteral("smil"));
-    if (!DocumentGuard::isWithinLimits(text) || !document.setContent(text, false))
-        return SmilResult::NotWellFormed;
-    return readDocument(&document, multipart, data);
+    return unlessOutOfMemory(SmilResult::OutOfMemory, [&]() -> int {
+        m_lastWarning = 0;
+        if (!data || smilText.isEmpty())
+            return SmilResult::NullArgument;
+        const QString text = repairedText(smilText);
+        QDomDocument document(QStringLiteral("smil"));
+        if (!DocumentGuard::isWithinLimits(text) || !document.setContent(text, false))
+            return SmilResult::NotWellFormed;
+        return readDocument(&document, multipart, data);
+    });
 }
 
 int MMS_COMP_SMILParser::parse(const QString &fileName, MMS_COMP_SMILMultipart *multipart,
                                MMS_COMP_SMILData *data)
 {
-    m_lastWarning = 0;
-    if (!data)
-        return SmilResult::NullArgument;
-    QFile file(fileName);
-    if (!file.open(QIODevice::ReadOnly))
-        return SmilResult::FileUnreadable;
-    const QByteArray octets = file.readAll();
-    QDomDocument document(QStringLiteral("smil"));
-    if (!DocumentGuard::isWithinLimits(markupOf(octets)) || !document.setContent(octets, false))
-        return SmilResult::NotWellFormed;
-    return readDocument(&document, multipart, data);
+    return unlessOutOfMemory(SmilResult::OutOfMemory, [&]() -> int {
+        m_lastWarning = 0;
+        if (!data)
+            return SmilResult::NullArgument;
+        QFile file(fileName);
+        if (!file.open(QIODevice::ReadOnly))
+            return SmilResult::FileUnreadable;
+        const QByteArray octets = file.readAll();
+        QDomDocument document(QStringLiteral("smil"));
+        if (!DocumentGuard::isWithinLimits(markupOf(octets)) || !document.setContent(octets, false))
+            return SmilResult::NotWellFormed;
+        return readDocument(&document, multipart, data);
+    });
 }
 
 int MMS_COMP_SMILParser::readDocument(QDomDocument *document, MMS_COMP_SMILMultipart *multipart,

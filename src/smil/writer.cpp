@@ -6,6 +6,7 @@
  */
 #include "smil/smil_parser.h"
 
+#include "platform/no_memory.h"
 #include "presentation/presentation.h"
 
 #include <array>
@@ -181,8 +182,10 @@ void Writer::param(const MMS_COMP_SMILMediaObjectParam &param)
 
 QString MMS_COMP_SMILParser::convertToSMILLang(MMS_COMP_SMILData *data)
 {
-    if (!data)
-        return QLatin1String("");
-    data->updateParamToSlide();
-    return Writer().write(*data);
+    return unlessOutOfMemory(QString(), [&]() -> QString {
+        if (!data)
+            return QLatin1String("");
+        data->updateParamToSlide();
+        return Writer().write(*data);
+    });
 }

@@ -1,5 +1,6 @@
 #include "wire/header_decoder.h"
 
+#include "platform/no_memory.h"
 #include "wire/field_base.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
@@ -29,26 +30,28 @@ MMS_UA_Decoder::~MMS_UA_Decoder() = default;
 unsigned char MMS_UA_Decoder::decodeHeader(unsigned char *pdu, unsigned int &length,
                                            MMS_UA_UAMsg *msg)
 {
-    m_headerEnded = false;
-    if (!pdu || !msg)
-        return WireResult::BadArgument;
-    if (length > unsigned(std::numeric_limits<int>::max()))
-        return WireResult::OutOfData;
-    const int size = int(length);
-    m_buffer.reset(new (std::nothrow) LinearBuffer(LinearBuffer::forReading(pdu, size)));
-    if (!m_buffer)
-        return WireResult::BadArgument;
-    m_message = msg;
+    return unlessOutOfMemory(WireResult::BadArgument, [&]() -> unsigned char {
+        m_headerEnded = false;
+        if (!pdu || !msg)
+            return WireResult::BadArgument;
+        if (length > unsigned(std::numeric_limits<int>::max()))
+            return WireResult::OutOfData;
+        const int size = int(length);
+        m_buffer.reset(new (std::nothrow) LinearBuffer(LinearBuffer::forReading(pdu, size)));
+        if (!m_buffer)
+            return WireResult::BadArgument;
+        m_message = msg;
 
-    const unsigned char result = readFields();
-    if (result != WireResult::Read)
-        return result;
-    // A last text without its terminator leaves the cursor one past the end.
-    const int bodyStart = std::min(m_buffer->getPosition(), size);
-    msg->setBody(pdu + bodyStart);
-    msg->setBodyLength(size - bodyStart);
-    m_buffer.reset();
-    return WireResult::Read;
+        const unsigned char result = readFields();
+        if (result != WireResult::Read)
+            return result;
+        // A last text without its terminator leaves the cursor one past the end.
+        const int bodyStart = std::min(m_buffer->getPosition(), size);
+        msg->setBody(pdu + bodyStart);
+        msg->setBodyLength(size - bodyStart);
+        m_buffer.reset();
+        return WireResult::Read;
+    });
 }
 
 unsigned char MMS_UA_Decoder::readFields()

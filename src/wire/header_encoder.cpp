@@ -1,10 +1,13 @@
 #include "wire/header_encoder.h"
 
+#include "platform/no_memory.h"
 #include "wire/field_base.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
 #include "wire/message_types.h"
 #include "wire/wire_result.h"
+
+#include <QScopeGuard>
 
 #include <new>
 
@@ -23,31 +26,32 @@ MMS_UA_Encoder::~MMS_UA_Encoder() = default;
 
 unsigned char MMS_UA_Encoder::encodeHeader(MMS_UA_UAMsg *msg, unsigned char **out, int *outLength)
 {
-    if (!msg || !out || !outLength)
-        return WireResult::BadArgument;
-    const int size = sizeOfEncodedHeader(msg);
-    auto *octets = new (std::nothrow) unsigned char[size_t(size)];
-    if (!octets)
-        return WireResult::BadArgument;
-    *out = octets;
-    *outLength = size;
-    m_buffer = std::make_unique<LinearBuffer>(octets, size);
-    m_buffer->zerolize();
-    const unsigned char result = encodeByType(msg->getMessageType());
-    m_buffer.reset(); // the array is the caller's from here on
-    return result;
+    return unlessOutOfMemory(WireResult::BadArgument, [&]() -> unsigned char {
+        if (!msg || !out || !outLength)
+            return WireResult::BadArgument;
+        const int size = sizeOfEncodedHeader(msg);
+        auto octets = std::make_unique<unsigned char[]>(size_t(size));
+        const auto forgetArray = qScopeGuard([this] { m_buffer.reset(); });
+        m_buffer = std::make_unique<LinearBuffer>(octets.get(), size);
+        const unsigned char result = encodeByType(msg->getMessageType());
+        *outLength = size;
+        *out = octets.release(); // the array is the caller's from here on
+        return result;
+    });
 }
 
 int MMS_UA_Encoder::sizeOfEncodedHeader(MMS_UA_UAMsg *msg)
 {
-    if (!msg)
-        return 0;
-    m_message = msg;
-    m_fieldsPresent = msg->getFieldsPresent();
-    int size = 0;
-    for (unsigned char code : writeOrder(msg->getMessageType()))
-        size += sizeOfField(code);
-    return size;
+    return unlessOutOfMemory(0, [&]() -> int {
+        if (!msg)
+            return 0;
+        m_message = msg;
+        m_fieldsPresent = msg->getFieldsPresent();
+        int size = 0;
+        for (unsigned char code : writeOrder(msg->getMessageType()))
+            size += sizeOfField(code);
+        return size;
+    });
 }
 
 unsigned char MMS_UA_Encoder::encodeByType(unsigned char type)

@@ -9,9 +9,7 @@ namespace {
 
 void appendCopy(QPtrList<MMS_UTIL_Entry> &list, const MMS_UTIL_Entry &entry)
 {
-    auto copy = std::make_unique<MMS_UTIL_Entry>(entry);
-    list.append(copy.get());
-    copy.release();
+    list.append(new MMS_UTIL_Entry(entry));
 }
 
 } // namespace

@@ -1,0 +1,10 @@
+/*
+ * Comparison in lower case without making lower-case copies: references are compared with every
+ * part of a message, and also while one is taken down, when there may be no memory.
+ */
+#pragma once
+
+#include <QStringView>
+
+/// True when the two are equal in lower case, exactly as QString::toLower() gives it.
+bool isSameInLowerCase(QStringView a, QStringView b);

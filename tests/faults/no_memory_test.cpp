@@ -1,0 +1,294 @@
+/*
+ * Memory runs out: the n-th allocation fails, for every n that a message takes on its way through
+ * the library. No exception leaves the library, nothing is lost or deleted twice, and what comes
+ * back says so.
+ *
+ * Qt's readers of XML and of pictures end the process, or wait for ever, when memory runs out
+ * within them, so their allocations succeed here.
+ */
+#include "multipart/multipart_parser.h"
+#include "multipart/multipart_result.h"
+#include "presentation/presentation.h"
+#include "smil/smil_parser.h"
+#include "smil/smil_result.h"
+#include "wire/header_decoder.h"
+#include "wire/header_encoder.h"
+#include "wire/header_record.h"
+#include "wire/wire_result.h"
+
+#include <QBuffer>
+#include <QDataStream>
+#include <QFile>
+#include <QIODevice>
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+#include <cstring>
+#include <memory>
+
+#include <execinfo.h>
+#include <link.h>
+
+namespace {
+
+/// What becomes of the allocations of this thread while one is counted.
+struct Faults
+{
+    bool active = false;
+    long untilFailure = 0; ///< 0: none fails
+    long counted = 0;
+    long balance = 0; ///< blocks that were taken and not given back
+
+    bool shouldFail();
+};
+
+thread_local Faults faults;
+
+/// Where the code of a library stands in memory.
+struct CodeRange
+{
+    const char *name;
+    std::uintptr_t begin = 0;
+    std::uintptr_t end = 0;
+};
+
+int findLibrary(dl_phdr_info *info, size_t, void *found)
+{
+    auto *range = static_cast<CodeRange *>(found);
+    if (!std::strstr(info->dlpi_name, range->name))
+        return 0;
+    range->begin = info->dlpi_addr;
+    for (int i = 0; i < info->dlpi_phnum; ++i) {
+        const auto &header = info->dlpi_phdr[i];
+        range->end =
+            std::max<std::uintptr_t>(range->end, info->dlpi_addr + header.p_vaddr + header.p_memsz);
+    }
+    return 1;
+}
+
+CodeRange rangeOf(const char *library)
+{
+    CodeRange range{library};
+    dl_iterate_phdr(findLibrary, &range);
+    return range;
+}
+
+// Readers of documents and pictures.
+const CodeRange qtReaders[] = {rangeOf("libQt6Xml"), rangeOf("libQt6Gui")};
+
+bool isInQtReader()
+{
+    std::array<void *, 64> frames{};
+    const int count = backtrace(frames.data(), int(frames.size()));
+    return std::any_of(frames.begin(), frames.begin() + count, [](void *frame) {
+        const auto address = reinterpret_cast<std::uintptr_t>(frame);
+        return std::ranges::any_of(qtReaders, [address](const CodeRange &range) {
+            return address >= range.begin && address < range.end;
+        });
+    });
+}
+
+bool Faults::shouldFail()
+{
+    if (!active)
+        return false;
+    active = false; // looking may allocate
+    const bool counts = !isInQtReader();
+    active = true;
+    return counts && ++counted == untilFailure;
+}
+
+} // namespace
+
+extern "C" {
+void *__libc_malloc(size_t size);
+void *__libc_calloc(size_t count, size_t size);
+void *__libc_realloc(void *block, size_t size);
+void __libc_free(void *block);
+
+void *malloc(size_t size)
+{
+    if (faults.shouldFail())
+        return nullptr;
+    faults.balance += faults.active;
+    return __libc_malloc(size);
+}
+
+void *calloc(size_t count, size_t size)
+{
+    if (faults.shouldFail())
+        return nullptr;
+    faults.balance += faults.active;
+    return __libc_calloc(count, size);
+}
+
+void *realloc(void *block, size_t size)
+{
+    if (faults.shouldFail())
+        return nullptr;
+    faults.balance += faults.active && !block;
+    return __libc_realloc(block, size);
+}
+
+void free(void *block)
+{
+    faults.balance -= faults.active && block;
+    __libc_free(block);
+}
+}
+
+namespace {
+
+using Multipart = MMS_COMP_SMILMultipart;
+
+QByteArray messageOf(const char *name)
+{
+    QFile file(QStringLiteral(QVL_FIXTURES "/messages/") + QLatin1String(name));
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+/// Counts the allocations within its scope, of which the @p failing one fails.
+class Counted
+{
+public:
+    explicit Counted(long failing)
+    {
+        faults = {};
+        faults.untilFailure = failing;
+        faults.active = true;
+    }
+    Counted(const Counted &) = delete;
+    Counted &operator=(const Counted &) = delete;
+    ~Counted() { faults.active = false; }
+};
+
+/// The way of a message in and out; the texts that a caller needs are made before anything fails.
+class Journey
+{
+public:
+    explicit Journey(const QByteArray &pdu) : m_pdu(pdu.constData(), pdu.size())
+    {
+        m_stored.open(QIODevice::ReadWrite);
+        m_stored.write(QByteArray(10000, '\0')); // room that is there
+    }
+
+    /// True when every step says that it did all of its work.
+    bool go();
+
+private:
+    bool receive(MMS_UA_UAMsg *header, Multipart *body, MMS_COMP_SMILData *slides);
+    bool edit(Multipart *body, MMS_COMP_SMILData *slides) const;
+    bool store(MMS_COMP_SMILData *slides);
+    bool send(MMS_UA_UAMsg *header, Multipart *body, MMS_COMP_SMILData *slides) const;
+
+    QByteArray m_pdu;
+    QBuffer m_stored;
+    QDataStream m_stream{&m_stored};
+    QString m_region = QStringLiteral("text");
+    QString m_name = QString::fromLatin1("added.txt");
+    QString m_subType = QStringLiteral("plain");
+    QByteArray m_text = QByteArray("text");
+};
+
+bool Journey::receive(MMS_UA_UAMsg *header, Multipart *body, MMS_COMP_SMILData *slides)
+{
+    auto *octets = reinterpret_cast<unsigned char *>(m_pdu.data());
+    auto length = unsigned(m_pdu.size());
+    if (MMS_UA_Decoder().decodeHeader(octets, length, header) != WireResult::Read)
+        return false;
+    body->setMimeType(header->getContentType());
+    body->setSubType(header->getContentSubType());
+    const QByteArray data = QByteArray::fromRawData(
+        reinterpret_cast<const char *>(header->getBody()), header->getBodyLength());
+    if (MMS_COMP_SMILMultipartParser::parse(data, header, body) != MultipartResult::Ok)
+        return false;
+    if (const auto *smil = body->getSmilPart())
+        return MMS_COMP_SMILParser().parse(smil->getBodyData(), body, slides) == SmilResult::Ok;
+    return MMS_COMP_SMILParser::makeSmilForMixed(body, slides, true) == 1;
+}
+
+bool Journey::edit(Multipart *body, MMS_COMP_SMILData *slides) const
+{
+    auto *slide = slides->appendSlide(1000u);
+    const QString src = slides->createUniqueSrc(m_name);
+    return slide && !src.isEmpty()
+        && slide->updateData(m_region, src, SMIL_MEDIA_TEXT, m_subType, m_text, true, body);
+}
+
+bool Journey::store(MMS_COMP_SMILData *slides)
+{
+    m_stored.seek(0);
+    slides->getSlide(slides->getTotalSlidesNum() - 1)->writeToStream(m_stream);
+    m_stored.seek(0);
+    MMS_COMP_SMILTimingContainer read(nullptr);
+    return read.readFromStream(m_stream);
+}
+
+bool Journey::send(MMS_UA_UAMsg *header, Multipart *body, MMS_COMP_SMILData *slides) const
+{
+    slides->removeEmptyTextBeforeSend();
+    const QString smil = MMS_COMP_SMILParser::convertToSMILLang(slides);
+    const QByteArray octets = MMS_COMP_SMILMultipartParser::assembleBody(body, header);
+    unsigned char *out = nullptr;
+    int length = 0;
+    const auto result = MMS_UA_Encoder().encodeHeader(header, &out, &length);
+    const std::unique_ptr<unsigned char[]> owner(out);
+    return !smil.isEmpty() && !octets.isEmpty() && result == WireResult::Written;
+}
+
+bool Journey::go()
+{
+    MMS_UA_UAMsg header;
+    Multipart body;
+    MMS_COMP_SMILData slides(&body);
+    return receive(&header, &body, &slides) && edit(&body, &slides) && store(&slides)
+        && send(&header, &body, &slides);
+}
+
+} // namespace
+
+class NoMemory : public testing::TestWithParam<const char *>
+{
+};
+
+TEST_P(NoMemory, EveryAllocationMayFail)
+{
+    const QByteArray pdu = messageOf(GetParam());
+    ASSERT_FALSE(pdu.isEmpty());
+    std::array<void *, 4> frames{};
+    backtrace(frames.data(), int(frames.size())); // loads what it needs
+    for (int i = 0; i < 2; ++i) { // so that what is made once is there
+        Journey journey(pdu);
+        ASSERT_TRUE(journey.go());
+    }
+    long total = 0;
+    {
+        Journey journey(pdu);
+        const Counted counted(0);
+        ASSERT_TRUE(journey.go());
+        total = faults.counted;
+    }
+    ASSERT_GT(total, 50);
+    int reported = 0;
+    for (long n = 1; n <= total; ++n) {
+        Journey journey(pdu);
+        bool done = false;
+        try {
+            const Counted counted(n);
+            done = journey.go();
+        } catch (const std::bad_alloc &) {
+            ADD_FAILURE() << "an exception left the library at allocation " << n;
+            continue;
+        }
+        // The C library drops its time zone before it takes memory for the next one.
+        EXPECT_LE(faults.balance, 0) << "blocks lost at allocation " << n;
+        tzset();
+        reported += !done;
+    }
+    EXPECT_GT(reported, total / 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Message, NoMemory, testing::Values("related.mms", "mixed.mms"));

@@ -1,0 +1,57 @@
+/*
+ * Comparison in lower case gives what comparing lower-case copies gives, for every character.
+ */
+#include "multipart/lower_case.h"
+
+#include <QString>
+
+#include <gtest/gtest.h>
+
+TEST(LowerCase, EveryCharacterEqualsItsLowerCase)
+{
+    for (char32_t character = 0; character <= 0x10FFFF; ++character) {
+        const QString text = QString::fromUcs4(&character, 1);
+        if (!isSameInLowerCase(text, text.toLower()))
+            ADD_FAILURE() << "character " << unsigned(character);
+        const QString folded = text.toCaseFolded();
+        if (isSameInLowerCase(text, folded) != (text.toLower() == folded.toLower()))
+            ADD_FAILURE() << "folded character " << unsigned(character);
+    }
+}
+
+TEST(LowerCase, IsThatOfBothTexts)
+{
+    const char16_t lone[] = {0xD800, 'A', 0};
+    const QString texts[] = {
+        "",
+        "a",
+        "A",
+        "aB",
+        "Ab",
+        "abc",
+        "ab",
+        QString::fromUtf8("É"),
+        QString::fromUtf8("é"),
+        QString::fromUtf8("İ"),
+        QString::fromUtf8("i̇"),
+        QString::fromUtf8("i"),
+        QString::fromUtf8("Σ"),
+        QString::fromUtf8("ς"),
+        QString::fromUtf8("ſ"),
+        "s",
+        "S",
+        QString::fromUtf8("𐐀"),
+        QString::fromUtf8("𐐨"),
+        QString::fromUtf16(lone),
+        QString::fromUtf16(lone).toLower(),
+        QString::fromUtf8("ß"),
+        QString::fromUtf8("ẞ"),
+        "ss",
+    };
+    for (const QString &a : texts) {
+        for (const QString &b : texts) {
+            EXPECT_EQ(isSameInLowerCase(a, b), a.toLower() == b.toLower())
+                << a.toStdString() << ' ' << b.toStdString();
+        }
+    }
+}
