@@ -27,9 +27,10 @@ public:
      * Returns WireResult::Read, and then msg's body describes what follows the header within the
      * caller's array, which has to outlive that use. Otherwise the code of the first failure:
      * WireResult::BadArgument for a null @p pdu or @p msg and when there is no memory,
-     * WireResult::UnknownField for a field that is not well-known, WireResult::OutOfData, WireResult::UnsupportedContentType. Fields
-     * decoded before a failure stay in @p msg. No field is checked against another: that is for the
-     * checks of the record. @p length is only read. Nothing is read outside the array.
+     * WireResult::UnknownField for a field that is not well-known, WireResult::OutOfData,
+     * WireResult::UnsupportedContentType. Fields decoded before a failure stay in @p msg. No field
+     * is checked against another: that is for the checks of the record. @p length is only read.
+     * Nothing is read outside the array.
      */
     [[nodiscard]] unsigned char decodeHeader(unsigned char *pdu, unsigned int &length,
                                              MMS_UA_UAMsg *msg);
