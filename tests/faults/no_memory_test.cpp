@@ -109,7 +109,7 @@ void *__libc_calloc(size_t count, size_t size);
 void *__libc_realloc(void *block, size_t size);
 void __libc_free(void *block);
 
-void *malloc(size_t size)
+Q_DECL_EXPORT void *malloc(size_t size)
 {
     if (faults.shouldFail())
         return nullptr;
@@ -117,7 +117,7 @@ void *malloc(size_t size)
     return __libc_malloc(size);
 }
 
-void *calloc(size_t count, size_t size)
+Q_DECL_EXPORT void *calloc(size_t count, size_t size)
 {
     if (faults.shouldFail())
         return nullptr;
@@ -125,7 +125,7 @@ void *calloc(size_t count, size_t size)
     return __libc_calloc(count, size);
 }
 
-void *realloc(void *block, size_t size)
+Q_DECL_EXPORT void *realloc(void *block, size_t size)
 {
     if (faults.shouldFail())
         return nullptr;
@@ -133,7 +133,7 @@ void *realloc(void *block, size_t size)
     return __libc_realloc(block, size);
 }
 
-void free(void *block)
+Q_DECL_EXPORT void free(void *block)
 {
     faults.balance -= faults.active && block;
     __libc_free(block);
