@@ -154,6 +154,14 @@ TEST(ClipGuard, RefusesAnMp4ThatAnnouncesOutOfProportion)
     }
 }
 
+TEST(ClipGuard, RefusesTablesThatLieInOneAnother)
+{
+    const QByteArray table = "stsc" + bigEndian({0, 4096}); // its entries are the tables behind it
+    EXPECT_EQ(playLength(movie(track(Announced())) + box("free", table), "3gp"), 60);
+    EXPECT_EQ(playLength(movie(track(Announced())) + box("free", table.repeated(3000)), "3gp"),
+              std::nullopt);
+}
+
 TEST(ClipGuard, RefusesCompressedMovieHeaders)
 {
     const QByteArray compressed =

@@ -51,6 +51,7 @@ private:
     uint64_t m_samples = 0;
     uint64_t m_chunks = 0; // of the track with most
     uint64_t m_samplesPerChunk = 0; // of the largest
+    uint64_t m_chunkSizes = 0; // entries of all tracks together
     uint64_t m_edits = 0; // of the track with most
     bool m_isCompressed = false;
 };
@@ -78,6 +79,9 @@ void BoxCounts::addChunkSizes(Octets box)
     constexpr std::size_t entry = 12;
     const uint64_t room = box.size() < header ? 0 : (box.size() - header) / entry;
     const uint64_t count = std::min(bigEndianAt<uint32_t>(box, 8), room);
+    m_chunkSizes += count;
+    if (m_chunkSizes > MostSamples)
+        return; // refused; tables that lie in one another are not walked again and again
     for (uint64_t i = 0; i < count; ++i) {
         m_samplesPerChunk =
             std::max(m_samplesPerChunk, bigEndianAt<uint32_t>(box, header + i * entry + 4));
@@ -88,7 +92,7 @@ bool BoxCounts::isWithinLimits(std::size_t size) const
 {
     // A sample takes a bit at least.
     const uint64_t mostUnframed = std::min<uint64_t>(MostUnframedSamples, 8 * uint64_t(size));
-    return !m_isCompressed && m_samples <= MostSamples
+    return !m_isCompressed && m_samples <= MostSamples && m_chunkSizes <= MostSamples
         && (m_chunks == 0 || m_samplesPerChunk <= mostUnframed / m_chunks)
         && (m_edits == 0 || m_samples <= MostEdits / m_edits);
 }
