@@ -9,7 +9,6 @@
 #include "presentation/presentation.h"
 
 #include <memory>
-#include <new>
 
 namespace {
 
@@ -58,9 +57,7 @@ bool appendSlide(MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data, Par
     Slide *slide = data->appendSlide(unsigned(Slide::DefaultDuration));
     if (!slide)
         return false;
-    std::unique_ptr<Object> object(new (std::nothrow) Object(multipart));
-    if (!object)
-        return false;
+    auto object = std::make_unique<Object>(multipart);
     object->setData(part);
     object->setMediaElementType(kind.element);
     object->setSrc(part->getContentLocation());
@@ -72,11 +69,9 @@ bool appendSlide(MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data, Par
     return true;
 }
 
-bool insertSmilPart(MMS_COMP_SMILMultipart *multipart, const QByteArray &smil)
+void insertSmilPart(MMS_COMP_SMILMultipart *multipart, const QByteArray &smil)
 {
-    std::unique_ptr<Part> part(new (std::nothrow) Part);
-    if (!part)
-        return false;
+    auto part = std::make_unique<Part>();
     const QString location = multipart->createUniqueLocation(QStringLiteral("qvlsmil.smil"));
     const QString contentId = QLatin1Char('<') + location + QLatin1Char('>');
     part->setDispFileType(Part::Shown);
@@ -91,7 +86,6 @@ bool insertSmilPart(MMS_COMP_SMILMultipart *multipart, const QByteArray &smil)
     multipart->setExtType(QStringLiteral("application/smil"));
     multipart->setMimeType(QStringLiteral("application"));
     multipart->setSubType(QStringLiteral("vnd.wap.multipart.related"));
-    return true;
 }
 
 } // namespace
@@ -114,10 +108,10 @@ int MMS_COMP_SMILParser::makeSmilForMixed(MMS_COMP_SMILMultipart *multipart,
         if (!writeSmil)
             return Created;
         const QByteArray smil = convertToSMILLang(data).toUtf8();
-        if (Part *part = multipart->getSmilPart()) {
+        if (Part *part = multipart->getSmilPart())
             part->setBodyData(smil);
-            return Created;
-        }
-        return insertSmilPart(multipart, smil) ? Created : NotCreated;
+        else
+            insertSmilPart(multipart, smil);
+        return Created;
     });
 }

@@ -51,7 +51,7 @@ shown README.md 1 | grep -vxF '  ...' | diff -u - <(grep -xF -f <(shown README.m
 bash -c "$(command_line docs/json.md 1)" >said
 diff -u <(shown docs/json.md 1) said || fail "qvlmms show --json prints something else"
 
-if command -v ffmpeg sox >/dev/null; then
+if command -v ffmpeg >/dev/null && command -v sox >/dev/null; then
   "$source_dir/examples/data/make_media" build/demo
   block README.md sh 2 >picture.sh
   quietly bash -e picture.sh

@@ -13,12 +13,11 @@ int Commands::render(const QStringList &arguments)
     QCommandLineParser parser;
     describe(
         &parser, "render",
-        "Draws every slide of a message, and all of them on a contact sheet, and writes the\n"
-        "pictures to a folder as slide-1.png and so on and contact-sheet.png. Files of these "
-        "names\n"
-        "are replaced.\n"
-        "Exit code: 0 drawn, 1 the message was refused or has no slides, 2 wrong usage or a file\n"
-        "that cannot be read or written.",
+        "Draws every slide of a message, and all of them on a contact sheet, and writes\n"
+        "the pictures to a folder as slide-1.png and so on and contact-sheet.png. Files of\n"
+        "these names are replaced.\n"
+        "Exit code: 0 drawn, 1 the message was refused or has no slides, 2 wrong usage or a\n"
+        "file that cannot be read or written.",
         {{"FILE", "File with one PDU; - is standard input."}, {"DIR", "Folder for the pictures."}});
     const QCommandLineOption scaleOption(
         QStringLiteral("scale"),

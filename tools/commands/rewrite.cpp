@@ -34,17 +34,14 @@ QByteArray rewritten(Message *message)
 int Commands::rewrite(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    describe(
-        &parser, "rewrite",
-        "Reads a message and writes it again: slides in the handset's layout, names for all "
-        "parts,\n"
-        "and the fields that its type takes. A message that brings no SMIL gets the slides that "
-        "are\n"
-        "made of its parts.\n"
-        "Exit code: 0 written, 1 the message was refused or has no parts, 2 wrong usage or a file\n"
-        "that cannot be read or written.",
-        {{"FILE", "File with one PDU; - is standard input."},
-         {"OUT", "File to write; - is standard output."}});
+    describe(&parser, "rewrite",
+             "Reads a message and writes it again: slides in the handset's layout, names for\n"
+             "all parts, and the fields that its type takes. A message that brings no SMIL gets\n"
+             "the slides that are made of its parts.\n"
+             "Exit code: 0 written, 1 the message was refused or has no parts, 2 wrong usage or a\n"
+             "file that cannot be read or written.",
+             {{"FILE", "File with one PDU; - is standard input."},
+              {"OUT", "File to write; - is standard output."}});
     int exitCode = AllDecoded;
     if (!parse(parser, arguments, 2, 2, &exitCode))
         return exitCode;

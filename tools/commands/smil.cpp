@@ -31,11 +31,9 @@ int Commands::smil(const QStringList &arguments)
 {
     QCommandLineParser parser;
     describe(&parser, "smil",
-             "Prints the normalised SMIL text of a message, or of a SMIL document by itself, whose "
-             "media\n"
-             "are then taken as being there. A message that brings no SMIL gets the slides that "
-             "are made\n"
-             "of its parts.\n"
+             "Prints the normalised SMIL text of a message, or of a SMIL document by itself,\n"
+             "whose media are then taken as being there. A message that brings no SMIL gets the\n"
+             "slides that are made of its parts.\n"
              "Exit code: 0 read, 1 refused, 2 wrong usage or an unreadable file.",
              {{"FILE", "File with one PDU or one SMIL document; - is standard input."}});
     const QCommandLineOption model(QStringLiteral("model"),
