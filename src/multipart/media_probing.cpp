@@ -5,6 +5,7 @@
 #include "multipart/body_part.h"
 
 #include "platform/comp_util.h"
+#include "platform/no_memory.h"
 #include "platform/player_engine.h"
 
 #include <QGuiApplication>
@@ -35,6 +36,15 @@ bool open(MP_PlayerEngine &engine, const QByteArray &data, const QByteArray &ext
     return engine.open(data.constData(), int(data.size()), extension.constData());
 }
 
+// Closes the engine, too.
+int playDuration(MP_PlayerEngine &engine)
+{
+    StaticStreamInfo info;
+    const bool known = engine.getStreamInfo(&info) && info.playDuration != 0;
+    engine.close();
+    return known ? info.playDuration : NotMeasured;
+}
+
 // Up to the next step, by the signed remainder: negative durations stay, and so does one whose next
 // step is no int.
 int roundedUp(int duration)
@@ -60,51 +70,52 @@ bool isDecodableImage(const QByteArray &data)
 
 int MMS_COMP_SMILMultipartBodypart::getPlayDur()
 {
-    if (m_bodyData.isEmpty())
-        return NotMeasured;
-    const EnginePointer engine = createEngine();
-    if (!engine)
-        return NotMeasured;
-    QString extension = MMS_COMP_Util::getFirstSupportExtNameByMIMEType(m_contentType, m_subType);
-    if (extension.isEmpty())
-        extension = MMS_COMP_Util::getExtName(m_contentLocation);
-    if (extension.isEmpty() || !open(*engine, m_bodyData, extension.toLocal8Bit())) {
-        m_mediaCheck = MediaCheck::NotSupported;
-        return NotMeasured;
-    }
-    StaticStreamInfo info;
-    int duration = NotMeasured;
-    if (engine->getStreamInfo(&info) && info.playDuration != 0
-        && info.playDuration != NotMeasured) {
-        m_mediaCheck = MediaCheck::Supported;
-        duration = info.playDuration;
-    }
-    engine->close();
-    return roundedUp(duration);
+    return unlessOutOfMemory(NotMeasured, [this] {
+        if (m_bodyData.isEmpty())
+            return NotMeasured;
+        const EnginePointer engine = createEngine();
+        if (!engine)
+            return NotMeasured;
+        QString extension =
+            MMS_COMP_Util::getFirstSupportExtNameByMIMEType(m_contentType, m_subType);
+        if (extension.isEmpty())
+            extension = MMS_COMP_Util::getExtName(m_contentLocation);
+        if (extension.isEmpty() || !open(*engine, m_bodyData, extension.toLocal8Bit())) {
+            m_mediaCheck = MediaCheck::NotSupported;
+            return NotMeasured;
+        }
+        const int duration = playDuration(*engine);
+        if (duration != NotMeasured)
+            m_mediaCheck = MediaCheck::Supported;
+        return roundedUp(duration);
+    });
 }
 
 bool MMS_COMP_SMILMultipartBodypart::isMediaObjectSupported()
 {
-    if (m_mediaCheck != MediaCheck::NotChecked)
-        return m_mediaCheck == MediaCheck::Supported;
-    if (m_contentType == QLatin1String("image")) {
-        const bool supported = isDecodableImage(m_bodyData);
-        m_mediaCheck = supported ? MediaCheck::Supported : MediaCheck::NotSupported;
-        return supported;
-    }
-    if (m_contentType != QLatin1String("audio") && m_contentType != QLatin1String("video"))
-        return true;
+    return unlessOutOfMemory(false, [this] {
+        if (m_mediaCheck != MediaCheck::NotChecked)
+            return m_mediaCheck == MediaCheck::Supported;
+        if (m_contentType == QLatin1String("image")) {
+            const bool supported = isDecodableImage(m_bodyData);
+            m_mediaCheck = supported ? MediaCheck::Supported : MediaCheck::NotSupported;
+            return supported;
+        }
+        if (m_contentType != QLatin1String("audio") && m_contentType != QLatin1String("video"))
+            return true;
 
-    const QString name = m_dispFileName.isEmpty() ? m_contentLocation : m_dispFileName;
-    QString extension =
-        MMS_COMP_Util::getFirstSupportExtNameByMIMEType(m_contentType, m_subType).toLower();
-    if (extension.isEmpty() && name.isEmpty())
-        return false;
-    if (extension.isEmpty())
-        extension = MMS_COMP_Util::getExtName(name); // in the sender's case: the engine is asked so
-    const EnginePointer engine = createEngine();
-    if (!engine || !open(*engine, m_bodyData, extension.toLatin1()))
-        return false;
-    engine->close();
-    return true;
+        const QString &name = m_dispFileName.isEmpty() ? m_contentLocation : m_dispFileName;
+        QString extension =
+            MMS_COMP_Util::getFirstSupportExtNameByMIMEType(m_contentType, m_subType).toLower();
+        if (extension.isEmpty() && name.isEmpty())
+            return false;
+        if (extension.isEmpty())
+            extension =
+                MMS_COMP_Util::getExtName(name); // in the sender's case: so is the engine asked
+        const EnginePointer engine = createEngine();
+        if (!engine || !open(*engine, m_bodyData, extension.toLatin1()))
+            return false;
+        engine->close();
+        return true;
+    });
 }

@@ -9,6 +9,7 @@
 #include "platform/player_engine.h"
 
 #include "platform/host/clip.h"
+#include "platform/no_memory.h"
 
 #include <QLatin1StringView>
 
@@ -57,9 +58,11 @@ public:
         close();
         if (!data || size <= 0 || !extension)
             return false;
-        m_measure = openClip({reinterpret_cast<const unsigned char *>(data), size_t(size)},
-                             QLatin1StringView(extension));
-        return bool(m_measure);
+        return unlessOutOfMemory(false, [&] {
+            m_measure = openClip({reinterpret_cast<const unsigned char *>(data), size_t(size)},
+                                 QLatin1StringView(extension));
+            return bool(m_measure);
+        });
     }
 
     void close() override { m_measure = nullptr; }
@@ -68,8 +71,10 @@ public:
     {
         if (!info || !m_measure)
             return false;
-        info->playDuration = m_measure();
-        return true;
+        return unlessOutOfMemory(false, [&] {
+            info->playDuration = m_measure();
+            return true;
+        });
     }
 
 private:
