@@ -4,9 +4,12 @@
 #include "smil/smil_parser.h"
 
 #include <QDomElement>
+#include <QHash>
 
 #include <algorithm>
 #include <array>
+#include <unordered_set>
+#include <utility>
 
 namespace {
 
@@ -14,12 +17,24 @@ namespace {
 constexpr std::array fitKeywords{"hidden", "fill", "meet", "scroll", "slice"};
 static_assert(fitKeywords.size() == SMIL_REGION_FIT_UNKNOWN);
 
-bool equals(const MMS_COMP_SMILRegion &a, const MMS_COMP_SMILRegion &b)
+struct EqualRegions
 {
-    return a.getWidth() == b.getWidth() && a.getHeight() == b.getHeight()
-        && a.getTop() == b.getTop() && a.getLeft() == b.getLeft() && a.getId() == b.getId()
-        && a.getFit() == b.getFit();
-}
+    bool operator()(const MMS_COMP_SMILRegion *a, const MMS_COMP_SMILRegion *b) const
+    {
+        return a->getWidth() == b->getWidth() && a->getHeight() == b->getHeight()
+            && a->getTop() == b->getTop() && a->getLeft() == b->getLeft()
+            && a->getId() == b->getId() && a->getFit() == b->getFit();
+    }
+};
+
+struct RegionHash
+{
+    size_t operator()(const MMS_COMP_SMILRegion *region) const
+    {
+        return qHashMulti(QHashSeed::globalSeed(), region->getWidth(), region->getHeight(),
+                          region->getTop(), region->getLeft(), region->getId(), region->getFit());
+    }
+};
 
 } // namespace
 
@@ -83,6 +98,29 @@ void MMS_COMP_SMILRootLayout::setBackgroundColor(const QString &text)
     MMS_COMP_SMILParser::parseColor(text, m_backgroundColor);
 }
 
+/// The regions of a layout by their values, the first of equal ones.
+class MMS_COMP_SMILLayout::RegionIndex
+    : public std::unordered_set<MMS_COMP_SMILRegion *, RegionHash, EqualRegions>
+{
+};
+
+MMS_COMP_SMILLayout::Filling::Filling(MMS_COMP_SMILLayout *layout) : m_layout(layout)
+{
+    asFarAsMemoryGoes([layout] {
+        auto index = std::make_unique<RegionIndex>();
+        for (MMS_COMP_SMILRegion *region : layout->m_regions) {
+            if (region)
+                index->insert(region);
+        }
+        layout->m_index = std::move(index);
+    });
+}
+
+MMS_COMP_SMILLayout::Filling::~Filling()
+{
+    m_layout->m_index = nullptr;
+}
+
 MMS_COMP_SMILLayout::MMS_COMP_SMILLayout()
 {
     m_regions.setAutoDelete(true);
@@ -117,11 +155,19 @@ MMS_COMP_SMILRegion *MMS_COMP_SMILLayout::getRegion(unsigned int index) const
     return index < getRegionCount() ? m_regions.at(int(index)) : nullptr;
 }
 
+void MMS_COMP_SMILLayout::append(std::unique_ptr<MMS_COMP_SMILRegion> region)
+{
+    MMS_COMP_SMILRegion *added = region.release();
+    m_regions.append(added);
+    if (m_index)
+        m_index->insert(added);
+}
+
 void MMS_COMP_SMILLayout::appendRegion(MMS_COMP_SMILRegion *region)
 {
     asFarAsMemoryGoes([&] {
-        if (region && !isRegionExist(region, nullptr))
-            m_regions.append(region);
+        if (region && !findEqual(*region))
+            append(std::unique_ptr<MMS_COMP_SMILRegion>(region));
     });
 }
 
@@ -137,13 +183,24 @@ MMS_COMP_SMILRegion *MMS_COMP_SMILLayout::appendRegion(float left, float top, fl
         region->setHeight(height);
         region->setFit(fit);
         region->setId(id);
-        MMS_COMP_SMILRegion *existing = nullptr;
-        if (isRegionExist(region.get(), &existing))
+        MMS_COMP_SMILRegion *added = region.get();
+        if (MMS_COMP_SMILRegion *existing = findEqual(*added))
             return existing;
-        MMS_COMP_SMILRegion *added = region.release();
-        m_regions.append(added);
+        append(std::move(region));
         return added;
     });
+}
+
+MMS_COMP_SMILRegion *MMS_COMP_SMILLayout::findEqual(const MMS_COMP_SMILRegion &region) const
+{
+    if (m_index) {
+        const auto found = m_index->find(const_cast<MMS_COMP_SMILRegion *>(&region));
+        return found != m_index->end() ? *found : nullptr;
+    }
+    const auto found = std::ranges::find_if(m_regions, [&](const MMS_COMP_SMILRegion *other) {
+        return other && EqualRegions()(&region, other);
+    });
+    return found != m_regions.end() ? *found : nullptr;
 }
 
 bool MMS_COMP_SMILLayout::isRegionExist(const MMS_COMP_SMILRegion *region,
@@ -151,14 +208,22 @@ bool MMS_COMP_SMILLayout::isRegionExist(const MMS_COMP_SMILRegion *region,
 {
     if (!region)
         return false;
-    const auto existing =
-        std::find_if(m_regions.begin(), m_regions.end(), [&](const MMS_COMP_SMILRegion *other) {
-            return other && equals(*region, *other);
-        });
-    const bool exists = existing != m_regions.end();
+    MMS_COMP_SMILRegion *existing = findEqual(*region);
     if (found)
-        *found = exists ? *existing : nullptr;
-    return exists;
+        *found = existing;
+    return existing;
+}
+
+void MMS_COMP_SMILLayout::addRegionsOf(const MMS_COMP_SMILLayout &source)
+{
+    asFarAsMemoryGoes([&] {
+        const Filling filling(this);
+        for (int i = 0, count = source.m_regions.count(); i < count; ++i) {
+            const MMS_COMP_SMILRegion *region = source.m_regions.at(i);
+            if (region && !findEqual(*region))
+                append(std::make_unique<MMS_COMP_SMILRegion>(*region));
+        }
+    });
 }
 
 QString MMS_COMP_SMILLayout::withoutPixelUnit(const QString &text)

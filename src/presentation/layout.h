@@ -123,14 +123,40 @@ public:
      */
     bool isRegionExist(const MMS_COMP_SMILRegion *region, MMS_COMP_SMILRegion **found) const;
 
+    /// Adds copies of the regions of @p source, which may be the layout itself, unless equal ones
+    /// are there.
+    void addRegionsOf(const MMS_COMP_SMILLayout &source);
+
+    /**
+     * While one lives, nobody changes the regions except by appendRegion(), and equal ones are
+     * found without a walk over all of them. At most one at a time.
+     */
+    class QVL_EXPORT Filling
+    {
+    public:
+        explicit Filling(MMS_COMP_SMILLayout *layout);
+        Filling(const Filling &) = delete;
+        Filling &operator=(const Filling &) = delete;
+        ~Filling();
+
+    private:
+        MMS_COMP_SMILLayout *m_layout;
+    };
+
     /// The number of pixels in a size's text: -1 for an empty one, 0 for one that is no number.
     static int pixelsOf(const QString &text);
     /// @p text trimmed, in lower case, and two characters shorter when it holds "px".
     static QString withoutPixelUnit(const QString &text);
 
 private:
+    class RegionIndex;
+
+    void append(std::unique_ptr<MMS_COMP_SMILRegion> region);
+    MMS_COMP_SMILRegion *findEqual(const MMS_COMP_SMILRegion &region) const;
+
     std::unique_ptr<MMS_COMP_SMILRootLayout> m_rootLayout;
     QPtrList<MMS_COMP_SMILRegion> m_regions;
+    std::unique_ptr<RegionIndex> m_index; ///< while a Filling lives
 };
 
 /// A name and content pair of the head. Setters return true.

@@ -347,11 +347,7 @@ bool MMS_COMP_SMILData::copyTo(MMS_COMP_SMILData *target, MMS_COMP_SMILMultipart
         target->setLayoutMeasureUnit(m_measureUnit);
         if (const MMS_COMP_SMILRootLayout *rootLayout = getRootLayout())
             target->setRootLayout(rootLayout->getWidth(), rootLayout->getHeight());
-        for (unsigned int i = 0; i < getRegionCount(); ++i) {
-            auto region = std::make_unique<MMS_COMP_SMILRegion>(*getRegion(i));
-            if (!target->m_layout.isRegionExist(region.get(), nullptr))
-                target->appendRegion(region.release());
-        }
+        target->m_layout.addRegionsOf(m_layout);
         for (int i = 0, count = m_metas.count(); i < count; ++i) {
             if (!target->appendMeta(m_metas.at(i)->getName(), m_metas.at(i)->getContent()))
                 return false;

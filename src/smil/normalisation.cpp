@@ -7,6 +7,7 @@
 #include "platform/no_memory.h"
 #include "presentation/presentation.h"
 
+#include <algorithm>
 #include <optional>
 
 namespace {
@@ -30,6 +31,12 @@ const OwnRegion &imageRegion()
 {
     static const OwnRegion region{QStringLiteral("image"), 0, 160, 120, 160};
     return region;
+}
+
+bool hasNullRegion(MMS_COMP_SMILLayout &layout)
+{
+    const auto &regions = *layout.getRegionList();
+    return std::ranges::find(regions, nullptr) != regions.end();
 }
 
 void append(MMS_COMP_SMILData *data, const OwnRegion &own)
@@ -108,7 +115,7 @@ void nameTwoOfMany(MMS_COMP_SMILData *data)
 int MMS_COMP_SMILParser::updateToCorvaneRegion(MMS_COMP_SMILData *data)
 {
     return unlessOutOfMemory(0, [&]() -> int {
-        if (!data)
+        if (!data || hasNullRegion(*data->getLayout()))
             return 0;
         switch (data->getRegionCount()) {
         case 0:

@@ -272,6 +272,7 @@ int MMS_COMP_SMILParser::parseSmilLayout(QDomElement *layout, MMS_COMP_SMILData 
 {
     if (!layout || !data)
         return SmilResult::NullArgument;
+    const MMS_COMP_SMILLayout::Filling filling(data->getLayout());
     const auto readRegion = [&](QDomElement *region) { return parseSmilRegion(region, data); };
     QDomElement child = firstChild(*layout);
     if (const int result = readWhile(&child, "region", readRegion))

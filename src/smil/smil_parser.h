@@ -74,7 +74,8 @@ public:
 
     /**
      * Brings the regions into the handset's layout, a text region above an image region, and takes
-     * the media objects along. With three and more regions only ids change. 0 for null, else 1.
+     * the media objects along. With three and more regions only ids change. 0, and nothing
+     * done, for null and for a list of regions that holds null; else 1.
      */
     static int updateToCorvaneRegion(MMS_COMP_SMILData *data);
     /// Sets the root layout to 120 by 160, making one when there is none. Null is ignored.

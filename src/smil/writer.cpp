@@ -62,8 +62,10 @@ QString Writer::write(const MMS_COMP_SMILData &data)
     if (const MMS_COMP_SMILRootLayout *layout = data.getRootLayout())
         rootLayout(*layout);
     const bool pixels = data.getLayoutMeasureUnit() == SMIL_UNIT_PIXEL;
-    for (unsigned int i = 0; i < data.getRegionCount(); ++i)
-        region(*data.getRegion(i), pixels ? Quote : QLatin1String("%\""));
+    for (unsigned int i = 0; i < data.getRegionCount(); ++i) {
+        if (const MMS_COMP_SMILRegion *entry = data.getRegion(i))
+            region(*entry, pixels ? Quote : QLatin1String("%\""));
+    }
     m_out += QLatin1String("</layout> \n</head>\n<body>\n");
     for (unsigned int i = 0; i < data.getTotalSlidesNum(); ++i)
         slide(*data.getSlide(i));
