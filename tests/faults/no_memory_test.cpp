@@ -12,6 +12,7 @@
 #include "presentation/presentation.h"
 #include "smil/smil_parser.h"
 #include "smil/smil_result.h"
+#include "support/allocations.h"
 #include "wire/header_decoder.h"
 #include "wire/header_encoder.h"
 #include "wire/header_record.h"
@@ -26,7 +27,6 @@
 
 #include <algorithm>
 #include <array>
-#include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <memory>
@@ -35,19 +35,6 @@
 #include <link.h>
 
 namespace {
-
-/// What becomes of the allocations of this thread while one is counted.
-struct Faults
-{
-    bool active = false;
-    long untilFailure = 0; ///< 0: none fails
-    long counted = 0;
-    long balance = 0; ///< blocks that were taken and not given back
-
-    bool shouldFail();
-};
-
-thread_local Faults faults;
 
 /// Where the code of a library stands in memory.
 struct CodeRange
@@ -93,67 +80,13 @@ bool isInQtReader()
     });
 }
 
-bool Faults::shouldFail()
+thread_local long counted = 0;
+thread_local long failing = 0; ///< the number of the allocation that fails; 0: none
+
+bool shouldFail()
 {
-    if (!active)
-        return false;
-    active = false; // looking may allocate
-    const bool counts = !isInQtReader();
-    active = true;
-    return counts && ++counted == untilFailure;
+    return !isInQtReader() && ++counted == failing;
 }
-
-} // namespace
-
-extern "C" {
-void *__libc_malloc(size_t size);
-void *__libc_calloc(size_t count, size_t size);
-void *__libc_memalign(size_t alignment, size_t size);
-void *__libc_realloc(void *block, size_t size);
-void __libc_free(void *block);
-
-Q_DECL_EXPORT void *malloc(size_t size)
-{
-    if (faults.shouldFail())
-        return nullptr;
-    faults.balance += faults.active;
-    return __libc_malloc(size);
-}
-
-Q_DECL_EXPORT void *calloc(size_t count, size_t size)
-{
-    if (faults.shouldFail())
-        return nullptr;
-    faults.balance += faults.active;
-    return __libc_calloc(count, size);
-}
-
-Q_DECL_EXPORT void *realloc(void *block, size_t size)
-{
-    if (faults.shouldFail())
-        return nullptr;
-    faults.balance += faults.active && !block;
-    return __libc_realloc(block, size);
-}
-
-// FFmpeg's allocations.
-Q_DECL_EXPORT int posix_memalign(void **block, size_t alignment, size_t size)
-{
-    if (faults.shouldFail())
-        return ENOMEM;
-    faults.balance += faults.active;
-    *block = __libc_memalign(alignment, size);
-    return *block ? 0 : ENOMEM;
-}
-
-Q_DECL_EXPORT void free(void *block)
-{
-    faults.balance -= faults.active && block;
-    __libc_free(block);
-}
-}
-
-namespace {
 
 using Multipart = MMS_COMP_SMILMultipart;
 
@@ -163,21 +96,6 @@ QByteArray fixture(const char *folder, const char *name)
         QStringLiteral(QVL_FIXTURES "/%1/%2").arg(QLatin1String(folder), QLatin1String(name)));
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
-
-/// Counts the allocations within its scope, of which the @p failing one fails.
-class Counted
-{
-public:
-    explicit Counted(long failing)
-    {
-        faults = {};
-        faults.untilFailure = failing;
-        faults.active = true;
-    }
-    Counted(const Counted &) = delete;
-    Counted &operator=(const Counted &) = delete;
-    ~Counted() { faults.active = false; }
-};
 
 /// The way of a message in and out; the texts that a caller needs are made before anything fails.
 class Journey
@@ -297,22 +215,27 @@ void failEachAllocation(Make make, Outcome &outcome)
     }
     {
         auto work = make();
-        const Counted counted(0);
+        counted = failing = 0;
+        const CountedAllocations allocations(shouldFail);
         ASSERT_TRUE(work.go());
-        outcome.allocations = faults.counted;
+        outcome.allocations = counted;
     }
     for (long n = 1; n <= outcome.allocations; ++n) {
         auto work = make();
+        counted = 0;
+        failing = n;
         bool done = false;
+        long lost = 0;
         try {
-            const Counted counted(n);
+            const CountedAllocations allocations(shouldFail);
             done = work.go();
+            lost = allocations.balance();
         } catch (const std::bad_alloc &) {
             ADD_FAILURE() << "an exception left the library at allocation " << n;
             continue;
         }
         // The C library drops its time zone before it takes memory for the next one.
-        EXPECT_LE(faults.balance, 0) << "blocks lost at allocation " << n;
+        EXPECT_LE(lost, 0) << "blocks lost at allocation " << n;
         tzset();
         outcome.reported += !done;
     }
