@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# Line and branch coverage of the library by the tests. The full report goes to
-# build/coverage/report.txt, with the lines and branches that no test takes.
+# Line and branch coverage of the library by the tests, see coverage_report.sh.
 #     tests/coverage.sh [CTEST_ARGUMENT...]
 set -euo pipefail
 cd "$(dirname "$0")/.."
@@ -13,7 +12,4 @@ LLVM_PROFILE_FILE="$PWD/$build/profiles/%8m.profraw" ctest --preset coverage "$@
   grep -v ' Passed ' "$build"/tests.log
   exit 1
 }
-llvm-profdata merge -o "$build"/tests.profdata "$build"/profiles/*.profraw
-libraries=("$build"/src/libqvlsmilparser-xscale-r.so -object "$build"/src/platform/libqvlplatform.so)
-llvm-cov show "${libraries[@]}" -instr-profile="$build"/tests.profdata --show-branches=count src >"$build"/report.txt
-llvm-cov report "${libraries[@]}" -instr-profile="$build"/tests.profdata --show-region-summary=false src
+exec tests/coverage_report.sh "$build"

@@ -1,0 +1,264 @@
+/*
+ * Growth: every operation that handles a whole message, at one size and at twice that size.
+ */
+#include "subjects.h"
+#include "support/benchmarks.h"
+#include "support/messages.h"
+#include "support/presentations.h"
+
+#include <functional>
+#include <memory>
+
+namespace {
+
+using Message = MMS_COMP_SMILMultipart;
+using Operation = std::function<bool()>;
+using Prepare = Operation (*)(int size);
+
+struct Row
+{
+    const char *name;
+    int size;
+    Prepare prepare;
+};
+
+constexpr int OctetsOfPart = 1000;
+constexpr int LargestHalf = 127; // a body counts its parts in one octet
+
+std::shared_ptr<Message> picturesOf(int parts, Names names)
+{
+    auto message = std::make_shared<Message>();
+    addPictures(message.get(), parts, parts * OctetsOfPart, names);
+    return message;
+}
+
+std::shared_ptr<Message> textsOf(int parts)
+{
+    auto message = std::make_shared<Message>();
+    message->setSubType(QStringLiteral("vnd.wap.multipart.mixed"));
+    for (int i = 0; i < parts; ++i) {
+        auto part = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
+        part->setContentType(QStringLiteral("text"));
+        part->setContentSubType(QStringLiteral("plain"));
+        part->setContentLocation(QStringLiteral("text%1.txt").arg(i));
+        part->setBodyData(QByteArray("text"));
+        message->appendBodypart(part.release());
+    }
+    return message;
+}
+
+template <Names names>
+Operation parseParts(int parts)
+{
+    return [body = assembled(picturesOf(parts, names).get())] {
+        MMS_UA_UAMsg header;
+        Message message;
+        return parseBody(body, &header, &message) && message.getPartCount() > 0;
+    };
+}
+
+// One use of the message with @p parts parts, which stays as it is.
+template <auto Use>
+Operation onParts(int parts)
+{
+    return [message = picturesOf(parts, Names::Given), parts] { return Use(message.get(), parts); };
+}
+
+// One use of a presentation of a shape, which stays as it is.
+template <Shape (*ShapeOf)(int), auto Use>
+Operation onSlides(int size)
+{
+    auto show = std::make_shared<Slideshow>();
+    fill(show.get(), ShapeOf(size));
+    return [show] { return Use(show.get()); };
+}
+
+template <Shape (*ShapeOf)(int)>
+Operation readSlides(int size)
+{
+    auto message = std::make_shared<Message>();
+    addShownParts(message.get(), ShapeOf(size));
+    return [message, smil = smilOf(ShapeOf(size))] { return readSmil(smil, message.get()); };
+}
+
+Shape withSlides(int size)
+{
+    return {.slides = size};
+}
+
+Shape withOwnParts(int size)
+{
+    return {.slides = size, .ownParts = true};
+}
+
+Shape withRegions(int size)
+{
+    return {.regions = size};
+}
+
+Shape withParams(int size)
+{
+    return {.params = size};
+}
+
+bool copyParts(Message *message, int parts)
+{
+    Message copy;
+    copy.copyFrom(*message);
+    return copy.getPartCount() == parts;
+}
+
+// The copy is without names, or with one name for all.
+template <bool Shared>
+bool nameParts(Message *message, int)
+{
+    Message copy;
+    copy.copyFrom(*message);
+    for (int i = 0; i < copy.getPartCount(); ++i) {
+        copy.getBodypartByIndex(i)->setContentLocation(QString());
+        copy.getBodypartByIndex(i)->setContentID(QString());
+        if (Shared)
+            copy.getBodypartByIndex(i)->setDispFileName(QStringLiteral("same.jpg"));
+    }
+    MMS_COMP_SMILMultipartParser::checkLocation(&copy);
+    return !copy.getBodypartByIndex(0)->getContentLocation().isEmpty();
+}
+
+bool assembleParts(Message *message, int)
+{
+    return !assembled(message).isEmpty();
+}
+
+bool findPart(Message *message, int parts)
+{
+    const QString last = QStringLiteral("picture%1.jpg").arg(parts - 1);
+    return message->isPartExist(last) && message->getAttachment(parts - 1)
+        && message->getAttachmentCount() == parts
+        && message->getBodyPartBySrc(last, MMS_COMP_SMILMultipartBodypart::Attachment);
+}
+
+bool nameNewPart(Message *message, int)
+{
+    return !message->createUniqueLocation(QStringLiteral("picture0.jpg")).isEmpty()
+        && !message->createUniqueAttchmentLocation(QStringLiteral("jpg")).isEmpty();
+}
+
+Operation makeSlides(int parts)
+{
+    return [message = textsOf(parts)] {
+        Message copy;
+        copy.copyFrom(*message);
+        MMS_COMP_SMILData slides(&copy);
+        return MMS_COMP_SMILParser::makeSmilForMixed(&copy, &slides, true) == 1;
+    };
+}
+
+bool writeSlides(Slideshow *show)
+{
+    return !MMS_COMP_SMILParser::convertToSMILLang(&show->slides).isEmpty();
+}
+
+bool normaliseSlides(Slideshow *show)
+{
+    return MMS_COMP_SMILParser::updateToCorvaneRegion(&show->slides) == 1;
+}
+
+bool copySlides(Slideshow *show)
+{
+    Slideshow copy;
+    copy.message.copyFrom(show->message);
+    return show->slides.copyTo(&copy.slides, &copy.message);
+}
+
+bool cleanSlides(Slideshow *show)
+{
+    show->slides.removeEmptyTextBeforeSend();
+    return !show->slides.isEmpty();
+}
+
+bool exchangeParams(Slideshow *show)
+{
+    show->slides.updateParamToSlide();
+    show->slides.updateParamFromSlide();
+    return true;
+}
+
+bool setMessage(Slideshow *show)
+{
+    show->slides.setMultiPart(&show->message);
+    return true;
+}
+
+bool nameNewSource(Slideshow *show)
+{
+    return !show->slides.createUniqueSrc(QStringLiteral("picture0.jpg")).isEmpty()
+        && show->slides.isElemNameExist(QStringLiteral("picture0.jpg"));
+}
+
+std::shared_ptr<MMS_UA_UAMsg> headerTo(int recipients)
+{
+    constexpr unsigned char sendReq = 128;
+    auto header = std::make_shared<MMS_UA_UAMsg>();
+    fillHeader(header.get(), sendReq);
+    while (header->getToRecipients().count() < recipients)
+        header->addToRecipient(*header->getToRecipients().at(0));
+    return header;
+}
+
+Operation decodeRecipients(int recipients)
+{
+    return [pdu = encodedHeader(headerTo(recipients).get())] {
+        MMS_UA_UAMsg header;
+        return decodeHeader(pdu, &header);
+    };
+}
+
+Operation encodeRecipients(int recipients)
+{
+    return [header = headerTo(recipients)] { return !encodedHeader(header.get()).isEmpty(); };
+}
+
+constexpr Row rows[] = {
+    {"recipients, decode", 1000, decodeRecipients},
+    {"recipients, encode", 1000, encodeRecipients},
+    {"parts, parse named", LargestHalf, parseParts<Names::Given>},
+    {"parts, parse unnamed", LargestHalf, parseParts<Names::Missing>},
+    {"parts, assemble", LargestHalf, onParts<assembleParts>},
+    {"parts, copy", 1000, onParts<copyParts>},
+    {"parts, name all", 1000, onParts<nameParts<false>>},
+    {"parts, name all the same", 1000, onParts<nameParts<true>>},
+    {"parts, name a new one", 1000, onParts<nameNewPart>},
+    {"parts, find", 1000, onParts<findPart>},
+    {"parts, make slides", 1000, makeSlides},
+    {"slides, read", 1000, readSlides<withSlides>},
+    {"slides, write", 1000, onSlides<withSlides, writeSlides>},
+    {"slides, normalise", 1000, onSlides<withSlides, normaliseSlides>},
+    {"slides, copy", 1000, onSlides<withSlides, copySlides>},
+    {"slides, remove empty texts", 1000, onSlides<withSlides, cleanSlides>},
+    {"slides, exchange params", 1000, onSlides<withSlides, exchangeParams>},
+    {"slides, set message", 1000, onSlides<withSlides, setMessage>},
+    {"slides, name a new source", 1000, onSlides<withSlides, nameNewSource>},
+    {"slides with own parts, read", 500, readSlides<withOwnParts>},
+    {"slides with own parts, copy", 500, onSlides<withOwnParts, copySlides>},
+    {"slides with own parts, name a new source", 500, onSlides<withOwnParts, nameNewSource>},
+    {"regions, read", 200, readSlides<withRegions>},
+    {"regions, write", 200, onSlides<withRegions, writeSlides>},
+    {"regions, normalise", 200, onSlides<withRegions, normaliseSlides>},
+    {"regions, copy", 200, onSlides<withRegions, copySlides>},
+    {"params, read", 500, readSlides<withParams>},
+    {"params, write", 500, onSlides<withParams, writeSlides>},
+    {"params, copy", 500, onSlides<withParams, copySlides>},
+    {"params, exchange", 500, onSlides<withParams, exchangeParams>},
+};
+
+} // namespace
+
+void addGrowthBenchmarks()
+{
+    for (const Row &row : rows) {
+        for (int size : {row.size, 2 * row.size}) {
+            addBenchmark(std::string("growth/") + row.name + '/' + std::to_string(size),
+                         [=] { return Work{row.prepare(size)}; });
+        }
+    }
+}

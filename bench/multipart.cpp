@@ -1,0 +1,87 @@
+/*
+ * Bodies: parsing and assembling by size, number of parts and whether the parts bring names, beside
+ * the reference, arrays of the same sizes that are taken, filled and given back.
+ */
+#include "subjects.h"
+#include "support/benchmarks.h"
+#include "support/messages.h"
+
+#include <cstring>
+#include <memory>
+#include <vector>
+
+namespace {
+
+constexpr int sizes[] = {1000, 30'000, 300'000, 3'000'000};
+constexpr int counts[] = {1, 10, 255};
+
+std::string nameOf(const char *operation, int octets, int parts)
+{
+    return std::string(operation) + '/' + std::to_string(octets) + '/' + std::to_string(parts);
+}
+
+auto messageOf(int octets, int parts, Names names)
+{
+    auto message = std::make_shared<MMS_COMP_SMILMultipart>();
+    addPictures(message.get(), parts, octets, names);
+    return message;
+}
+
+auto parsing(int octets, int parts, Names names)
+{
+    const QByteArray body = assembled(messageOf(octets, parts, names).get());
+    return Work{[body] {
+                    MMS_UA_UAMsg header;
+                    MMS_COMP_SMILMultipart message;
+                    return MMS_COMP_SMILMultipartParser::parse(body, &header, &message)
+                        == MultipartResult::Ok;
+                },
+                body.size()};
+}
+
+auto assembling(int octets, int parts, Names names)
+{
+    auto message = messageOf(octets, parts, names);
+    const qint64 size = assembled(message.get()).size();
+    return Work{[message] { return !assembled(message.get()).isEmpty(); }, size};
+}
+
+auto copying(int octets, int parts)
+{
+    const auto size = size_t(octets / parts);
+    using Array = std::unique_ptr<char[]>;
+    auto copies = std::make_shared<std::vector<Array>>(size_t(parts));
+    return Work{[source = QByteArray(octets, 'x'), copies, size] {
+                    const char *from = source.constData();
+                    for (Array &copy : *copies) {
+                        copy.reset(new char[size]);
+                        std::memcpy(copy.get(), from, size);
+                        from += size;
+                    }
+                    benchmark::ClobberMemory();
+                    for (Array &copy : *copies)
+                        copy.reset();
+                    return true;
+                },
+                octets};
+}
+
+} // namespace
+
+void addMultipartBenchmarks()
+{
+    for (int octets : sizes) {
+        for (int parts : counts) {
+            addBenchmark(nameOf("parse/named", octets, parts),
+                         [=] { return parsing(octets, parts, Names::Given); });
+            addBenchmark(nameOf("parse/unnamed", octets, parts),
+                         [=] { return parsing(octets, parts, Names::Missing); });
+            addBenchmark(nameOf("assemble/named", octets, parts),
+                         [=] { return assembling(octets, parts, Names::Given); });
+            addBenchmark(nameOf("assemble/unnamed", octets, parts),
+                         [=] { return assembling(octets, parts, Names::Missing); });
+            addBenchmark(nameOf("reference/copy", octets, parts),
+                         [=] { return copying(octets, parts); });
+        }
+    }
+}

@@ -1,0 +1,80 @@
+/*
+ * Presentations: reading, normalising and writing by number of slides, beside the reference, Qt's
+ * tree builder alone on the same text. All slides show the same two parts.
+ */
+#include "smil/document_guard.h"
+#include "subjects.h"
+#include "support/benchmarks.h"
+#include "support/presentations.h"
+
+#include <QDomDocument>
+
+#include <memory>
+
+namespace {
+
+constexpr int slideCounts[] = {1, 10, 100, 1000, 5000};
+
+auto reading(int slides)
+{
+    const Shape shape{.slides = slides};
+    auto message = std::make_shared<MMS_COMP_SMILMultipart>();
+    addShownParts(message.get(), shape);
+    const QByteArray smil = smilOf(shape);
+    return Work{[smil, message] { return readSmil(smil, message.get()); }, smil.size()};
+}
+
+auto buildingTree(int slides)
+{
+    const QByteArray smil = smilOf({.slides = slides});
+    return Work{[text = QString::fromUtf8(smil)] {
+                    QDomDocument document(QStringLiteral("smil"));
+                    return bool(document.setContent(text, false));
+                },
+                smil.size()};
+}
+
+auto guarding(int slides)
+{
+    const QByteArray smil = smilOf({.slides = slides});
+    return Work{[text = QString::fromUtf8(smil)] { return DocumentGuard::isWithinLimits(text); },
+                smil.size()};
+}
+
+auto showOf(int slides)
+{
+    auto show = std::make_shared<Slideshow>();
+    fill(show.get(), {.slides = slides});
+    return show;
+}
+
+// From the second time on the regions have their names already, and the walk is the same.
+auto normalising(int slides)
+{
+    return Work{[show = showOf(slides)] {
+        MMS_COMP_SMILParser::updateToCorvaneRootLayout(&show->slides);
+        return MMS_COMP_SMILParser::updateToCorvaneRegion(&show->slides) == 1;
+    }};
+}
+
+auto writing(int slides)
+{
+    auto show = showOf(slides);
+    const qint64 size = smilOf({.slides = slides}).size();
+    return Work{[show] { return !MMS_COMP_SMILParser::convertToSMILLang(&show->slides).isEmpty(); },
+                size};
+}
+
+} // namespace
+
+void addSmilBenchmarks()
+{
+    for (int slides : slideCounts) {
+        const std::string suffix = '/' + std::to_string(slides);
+        addBenchmark("smil/read" + suffix, [=] { return reading(slides); });
+        addBenchmark("smil/normalise" + suffix, [=] { return normalising(slides); });
+        addBenchmark("smil/write" + suffix, [=] { return writing(slides); });
+        addBenchmark("smil/guard" + suffix, [=] { return guarding(slides); });
+        addBenchmark("reference/tree" + suffix, [=] { return buildingTree(slides); });
+    }
+}

@@ -1,0 +1,52 @@
+/*
+ * How a benchmark is measured: a prepared operation is repeated, and then done once more while the
+ * heap is watched, so that watching costs no time that is measured.
+ */
+#pragma once
+
+#include "support/allocations.h"
+
+#include <benchmark/benchmark.h>
+
+#include <QtGlobal>
+
+#include <string>
+
+/// What a benchmark repeats. The operation gives true when it did its work.
+template <typename Operation>
+struct Work
+{
+    Operation once;
+    qint64 octets = 0; ///< that one repetition handles; 0 when there is no such number
+};
+
+// Clang 14 deduces nothing for aggregates by itself.
+template <typename Operation>
+Work(Operation) -> Work<Operation>;
+template <typename Operation>
+Work(Operation, qint64) -> Work<Operation>;
+
+template <typename Operation>
+void measure(benchmark::State &state, Work<Operation> work)
+{
+    for (auto _ : state) {
+        if (!work.once()) {
+            state.SkipWithError("the operation failed");
+            return;
+        }
+    }
+    state.SetBytesProcessed(state.iterations() * work.octets);
+    const CountedAllocations allocations;
+    benchmark::DoNotOptimize(work.once());
+    state.counters["allocations"] = double(allocations.count());
+    state.counters["allocated"] = double(allocations.octets());
+    state.counters["peak"] = double(allocations.peak());
+}
+
+/// Adds the benchmark @p name. @p prepare makes its Work, before anything is measured.
+template <typename Prepare>
+void addBenchmark(const std::string &name, Prepare prepare)
+{
+    benchmark::RegisterBenchmark(name.c_str(),
+                                 [prepare](benchmark::State &state) { measure(state, prepare()); });
+}

@@ -1,0 +1,12 @@
+#!/usr/bin/env bash
+# Prints line and branch coverage of the library from the profiles in BUILD/profiles. The full report
+# goes to BUILD/report.txt, with the lines and branches that were not taken.
+#     tests/coverage_report.sh BUILD
+set -euo pipefail
+cd "$(dirname "$0")/.."
+
+build=$1
+libraries=("$build"/src/libqvlsmilparser-xscale-r.so -object "$build"/src/platform/libqvlplatform.so)
+llvm-profdata merge -o "$build"/all.profdata "$build"/profiles/*.profraw
+llvm-cov show "${libraries[@]}" -instr-profile="$build"/all.profdata --show-branches=count src >"$build"/report.txt
+llvm-cov report "${libraries[@]}" -instr-profile="$build"/all.profdata --show-region-summary=false src
