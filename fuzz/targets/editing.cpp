@@ -208,8 +208,12 @@ void Session::takeElement()
     const auto take = m_input.PickValueInArray(takes);
     Object *object = (target->*take)(true);
     require(target->getMediaObjectCount() == before - (object ? 1 : 0), "what is taken is gone");
-    if (object)
-        target->insert(unsigned(index()), object) ? void() : delete object;
+    if (!object || target->insert(unsigned(index()), object))
+        return;
+    const Part *part = object->getData();
+    if (part && !part->isHeldByMultipart())
+        object->clear(); // nobody else deletes it
+    delete object;
 }
 
 void Session::removeElement()
