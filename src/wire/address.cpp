@@ -25,7 +25,8 @@ unsigned char AddressBinary::readFrom(LinearBuffer *buffer, MMS_UTIL_Entry *entr
     std::ignore = EncodedStringBinary::readFrom(buffer, &text); // cut off: as far as it goes
     if (const qsizetype suffix = text.indexOf(PlmnSuffix); suffix >= 0) {
         entry->setType(MMS_UTIL_Entry::Plmn);
-        entry->setAddress(text.left(suffix));
+        text.truncate(suffix);
+        entry->setAddress(text);
         return WireResult::Read;
     }
     entry->setType(MMS_UTIL_Entry::Email);

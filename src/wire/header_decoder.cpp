@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <new>
 
 namespace {
 
@@ -37,9 +36,7 @@ unsigned char MMS_UA_Decoder::decodeHeader(unsigned char *pdu, unsigned int &len
         if (length > unsigned(std::numeric_limits<int>::max()))
             return WireResult::OutOfData;
         const int size = int(length);
-        m_buffer.reset(new (std::nothrow) LinearBuffer(LinearBuffer::forReading(pdu, size)));
-        if (!m_buffer)
-            return WireResult::BadArgument;
+        m_buffer = LinearBuffer::forReading(pdu, size);
         m_message = msg;
 
         const unsigned char result = readFields();
@@ -60,7 +57,7 @@ unsigned char MMS_UA_Decoder::readFields()
     int position = 0;
     while (m_buffer->hasMore() && !m_headerEnded) {
         int code = 0;
-        if (const auto result = IntegerBinary::readFrom(m_buffer.get(), &code))
+        if (const auto result = IntegerBinary::readFrom(&*m_buffer, &code))
             return result;
         if (const auto result = readField(code))
             return result;
@@ -74,8 +71,9 @@ unsigned char MMS_UA_Decoder::readFields()
 
 unsigned char MMS_UA_Decoder::readField(int code)
 {
-    const std::unique_ptr<FieldBase> codec(selectReader(code));
-    return codec ? codec->readField(m_buffer.get(), m_message) : WireResult::UnknownField;
+    m_headerEnded = code == HeaderFieldCode::ContentType;
+    const HeaderFieldInfo *field = headerFieldInfo(code);
+    return field ? field->codec->readField(&*m_buffer, m_message) : WireResult::UnknownField;
 }
 
 FieldBase *MMS_UA_Decoder::selectReader(int code)

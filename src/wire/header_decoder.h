@@ -6,7 +6,7 @@
 #include "platform/export.h"
 #include "wire/linear_buffer.h"
 
-#include <memory>
+#include <optional>
 
 class FieldBase;
 class MMS_UA_UAMsg;
@@ -45,7 +45,7 @@ private:
     unsigned char readFields();
     unsigned char readField(int code);
 
-    std::unique_ptr<LinearBuffer> m_buffer;
+    std::optional<LinearBuffer> m_buffer; ///< while a header is decoded
     MMS_UA_UAMsg *m_message = nullptr;
     bool m_headerEnded = false;
 };

@@ -9,7 +9,7 @@
 
 #include <QScopeGuard>
 
-#include <new>
+#include <memory>
 
 namespace {
 
@@ -32,7 +32,7 @@ unsigned char MMS_UA_Encoder::encodeHeader(MMS_UA_UAMsg *msg, unsigned char **ou
         const int size = sizeOfEncodedHeader(msg);
         auto octets = std::make_unique<unsigned char[]>(size_t(size));
         const auto forgetArray = qScopeGuard([this] { m_buffer.reset(); });
-        m_buffer = std::make_unique<LinearBuffer>(octets.get(), size);
+        m_buffer.emplace(octets.get(), size);
         const unsigned char result = encodeByType(msg->getMessageType());
         *outLength = size;
         *out = octets.release(); // the array is the caller's from here on
@@ -64,22 +64,20 @@ unsigned char MMS_UA_Encoder::encodeByType(unsigned char type)
 
 unsigned char MMS_UA_Encoder::encodeField(int code)
 {
-    if (!headerFieldInfo(code))
+    const HeaderFieldInfo *field = headerFieldInfo(code);
+    if (!field)
         return WireResult::CannotWrite;
     if (!isWritten(code))
         return WireResult::Written;
     if (!m_buffer)
         return WireResult::BadArgument;
-    const std::unique_ptr<FieldBase> codec(selectWriter(code));
-    return codec->writeField(m_buffer.get(), m_message);
+    return field->codec->writeField(&*m_buffer, m_message);
 }
 
 int MMS_UA_Encoder::sizeOfField(int code)
 {
-    if (!headerFieldInfo(code) || !m_message || !isWritten(code))
-        return 0;
-    const std::unique_ptr<FieldBase> codec(selectWriter(code));
-    return codec->fieldSize(m_message);
+    const HeaderFieldInfo *field = headerFieldInfo(code);
+    return field && m_message && isWritten(code) ? field->codec->fieldSize(m_message) : 0;
 }
 
 FieldBase *MMS_UA_Encoder::selectWriter(int code)

@@ -6,7 +6,7 @@
 #include "platform/export.h"
 #include "wire/linear_buffer.h"
 
-#include <memory>
+#include <optional>
 
 class FieldBase;
 class MMS_UA_UAMsg;
@@ -61,5 +61,5 @@ private:
 
     unsigned int m_fieldsPresent = 0;
     MMS_UA_UAMsg *m_message = nullptr;
-    std::unique_ptr<LinearBuffer> m_buffer;
+    std::optional<LinearBuffer> m_buffer; ///< while a header is encoded
 };

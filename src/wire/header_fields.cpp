@@ -8,40 +8,45 @@
 namespace {
 
 template <typename Codec>
+constinit Codec shared;
+
+template <typename Codec>
 FieldBase *create()
 {
     return new Codec;
 }
 
+template <typename Codec>
+constexpr HeaderFieldInfo row(unsigned char code, const char *name)
+{
+    return {code, name, &shared<Codec>, create<Codec>};
+}
+
 constexpr std::array table{
-    HeaderFieldInfo{HeaderFieldCode::Bcc, "Bcc", create<BccField>},
-    HeaderFieldInfo{HeaderFieldCode::Cc, "Cc", create<CcField>},
-    HeaderFieldInfo{HeaderFieldCode::ContentLocation, "Content-Location",
-                    create<ContentLocationField>},
-    HeaderFieldInfo{HeaderFieldCode::ContentType, "Content-Type", create<ContentTypeField>},
-    HeaderFieldInfo{HeaderFieldCode::Date, "Date", create<MsgDateField>},
-    HeaderFieldInfo{HeaderFieldCode::DeliveryReport, "Delivery-Report",
-                    create<DeliveryReportField>},
-    HeaderFieldInfo{HeaderFieldCode::DeliveryTime, "Delivery-Time", create<DeliveryTimeField>},
-    HeaderFieldInfo{HeaderFieldCode::Expiry, "Expiry", create<ExpiryField>},
-    HeaderFieldInfo{HeaderFieldCode::From, "From", create<FromField>},
-    HeaderFieldInfo{HeaderFieldCode::MessageClass, "Message-Class", create<MsgClassField>},
-    HeaderFieldInfo{HeaderFieldCode::MessageId, "Message-ID", create<MsgIDField>},
-    HeaderFieldInfo{HeaderFieldCode::MessageType, "Message-Type", create<MsgTypeField>},
-    HeaderFieldInfo{HeaderFieldCode::MmsVersion, "MMS-Version", create<VersionField>},
-    HeaderFieldInfo{HeaderFieldCode::MessageSize, "Message-Size", create<MsgSizeField>},
-    HeaderFieldInfo{HeaderFieldCode::Priority, "Priority", create<PriorityField>},
-    HeaderFieldInfo{HeaderFieldCode::ReadReply, "Read-Reply", create<ReadReplyField>},
-    HeaderFieldInfo{HeaderFieldCode::ReportAllowed, "Report-Allowed", create<ReportAllowedField>},
-    HeaderFieldInfo{HeaderFieldCode::ResponseStatus, "Response-Status",
-                    create<ResponseStatusField>},
-    HeaderFieldInfo{HeaderFieldCode::ResponseText, "Response-Text", create<ResponseTextField>},
-    HeaderFieldInfo{HeaderFieldCode::SenderVisibility, "Sender-Visibility",
-                    create<SenderVisibilityField>},
-    HeaderFieldInfo{HeaderFieldCode::Status, "Status", create<MsgStatusField>},
-    HeaderFieldInfo{HeaderFieldCode::Subject, "Subject", create<SubjectField>},
-    HeaderFieldInfo{HeaderFieldCode::To, "To", create<ToField>},
-    HeaderFieldInfo{HeaderFieldCode::TransactionId, "Transaction-Id", create<TIDField>},
+    row<BccField>(HeaderFieldCode::Bcc, "Bcc"),
+    row<CcField>(HeaderFieldCode::Cc, "Cc"),
+    row<ContentLocationField>(HeaderFieldCode::ContentLocation, "Content-Location"),
+    row<ContentTypeField>(HeaderFieldCode::ContentType, "Content-Type"),
+    row<MsgDateField>(HeaderFieldCode::Date, "Date"),
+    row<DeliveryReportField>(HeaderFieldCode::DeliveryReport, "Delivery-Report"),
+    row<DeliveryTimeField>(HeaderFieldCode::DeliveryTime, "Delivery-Time"),
+    row<ExpiryField>(HeaderFieldCode::Expiry, "Expiry"),
+    row<FromField>(HeaderFieldCode::From, "From"),
+    row<MsgClassField>(HeaderFieldCode::MessageClass, "Message-Class"),
+    row<MsgIDField>(HeaderFieldCode::MessageId, "Message-ID"),
+    row<MsgTypeField>(HeaderFieldCode::MessageType, "Message-Type"),
+    row<VersionField>(HeaderFieldCode::MmsVersion, "MMS-Version"),
+    row<MsgSizeField>(HeaderFieldCode::MessageSize, "Message-Size"),
+    row<PriorityField>(HeaderFieldCode::Priority, "Priority"),
+    row<ReadReplyField>(HeaderFieldCode::ReadReply, "Read-Reply"),
+    row<ReportAllowedField>(HeaderFieldCode::ReportAllowed, "Report-Allowed"),
+    row<ResponseStatusField>(HeaderFieldCode::ResponseStatus, "Response-Status"),
+    row<ResponseTextField>(HeaderFieldCode::ResponseText, "Response-Text"),
+    row<SenderVisibilityField>(HeaderFieldCode::SenderVisibility, "Sender-Visibility"),
+    row<MsgStatusField>(HeaderFieldCode::Status, "Status"),
+    row<SubjectField>(HeaderFieldCode::Subject, "Subject"),
+    row<ToField>(HeaderFieldCode::To, "To"),
+    row<TIDField>(HeaderFieldCode::TransactionId, "Transaction-Id"),
 };
 
 constexpr bool everyCodeHasItsRow()

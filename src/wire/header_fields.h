@@ -51,6 +51,7 @@ struct HeaderFieldInfo
 {
     unsigned char code; ///< 1..24
     const char *name; ///< as the standard spells it, such as "Message-Class"
+    FieldBase *codec; ///< of the field's class, shared by all who use it
     FieldBase *(*createCodec)(); ///< makes a new codec of the field's class, owned by the caller
 };
 
