@@ -50,6 +50,7 @@ TEST(Reference, ContentIdsAreEqualAfterTrimmingAndReducingWithoutCase)
         {"abc", "\t<CID:Abc>\n", true},
         {"<abc", "abc>", true},
         {QString(QChar(0xC9)), QString(QChar(0xE9)), true},
+        {QString(QChar(0xC9)), QString(QChar(0xE8)), false},
         {"abc", "abd", false},
         {"abc", "", false},
         {"", "abc", false},

@@ -114,7 +114,8 @@ TEST(Region, OtherFitsAreUnknown)
         EXPECT_TRUE(region.setFit(QString(text)));
         EXPECT_EQ(region.getFit(), SMIL_REGION_FIT_UNKNOWN);
     }
-    EXPECT_EQ(MMS_COMP_SMILRegion::fitKeyword(SMIL_REGION_FIT_UNKNOWN), nullptr);
+    for (const int number : {5, 6, -1})
+        EXPECT_EQ(MMS_COMP_SMILRegion::fitKeyword(MMS_COMP_SMIL_REGION_FIT(number)), nullptr);
 }
 
 TEST(Region, FitIsSetByItsNumberToo)

@@ -300,6 +300,16 @@ TEST(MediaObjectFromElement, AbsentAttributesAreNull)
     EXPECT_TRUE(object.getRegionId().isNull());
 }
 
+TEST(MediaObjectFromElement, NullIsNotInTheMessage)
+{
+    Multipart multipart;
+    addPart(multipart, {});
+    Object object(nullptr);
+    EXPECT_EQ(object.setObjectElem(nullptr, &multipart), 3);
+    EXPECT_EQ(factsOf(object), ObjectFacts());
+    EXPECT_EQ(object.getData(), nullptr);
+}
+
 TEST(MediaObjectFromElement, ParamsAreNotRead)
 {
     Multipart multipart;

@@ -73,6 +73,7 @@ TEST_F(PresentationTest, NewOneIsEmptyInPixels)
     EXPECT_EQ(data.getMetaCount(), 0U);
     EXPECT_EQ(data.getRegionCount(), 0U);
     EXPECT_EQ(data.getRootLayout(), data.getLayout()->getRootLayout());
+    EXPECT_EQ(std::as_const(data).getLayout(), data.getLayout());
     EXPECT_EQ(rootSize(data), std::pair(120, 160));
     EXPECT_EQ(data.getMultiPart(), &message);
     EXPECT_TRUE(data.isEmpty());
@@ -132,6 +133,8 @@ const RegionRow RegionRows[] = {
     {{"7abc", "abc", "5.", "--5"}, "7 0 5 0 0 x"},
     {{"nan", "inf", "-infinity", "+inf"}, "0 0 0 0 0 x"},
     {{"1e39", "-1e39", "1e999", "0x10"}, "0 0 0 0 0 x"},
+    // the highest float
+    {{"340282346638528859811704183484516925440", "3.5e38", "0", "0"}, "3.40282e+38 0 0 0 0 x"},
     {{"+-5", "-+5", "+", "-"}, "0 0 0 0 0 x"},
     {{"1,5", "1 2", "12px3", "1px%"}, "1 1 12 1 0 x", SMIL_UNIT_PERCENT},
     {{"%", "0", "0", "0"}, "0 0 0 0 0 x", SMIL_UNIT_PERCENT},
@@ -339,6 +342,7 @@ TEST_F(PresentationTest, WhatIsNoMediaElementChangesNothing)
         }
         EXPECT_EQ(created, untouched);
     }
+    EXPECT_EQ(data.appendElementObject(nullptr, &message, true, 1, nullptr), 1);
     EXPECT_EQ(data.getTotalSlidesNum(), 0U);
     EXPECT_EQ(factsOf(message), (QList<PartFacts>{{.location = "a"}}));
 }

@@ -561,11 +561,17 @@ TEST_F(SlideTest, PageColourGoesToTheFirstTextPictureAndAudio)
 
 TEST_F(SlideTest, TextColourGoesToTheFirstTextOnly)
 {
-    Slide slide(nullptr);
-    appendKinds(slide, "attir");
-    slide.setTextColor(Blue);
-    slide.updateTextColorToElem();
-    EXPECT_EQ(valuesOf(slide, "foreground-color"), (QStringList{"", "#0080ff", "", "", ""}));
+    const std::pair<QString, QStringList> rows[] = {
+        {"attir", {"", "#0080ff", "", "", ""}},
+        {"air?", {"", "", "", ""}},
+    };
+    for (const auto &[kinds, values] : rows) {
+        Slide slide(nullptr);
+        appendKinds(slide, kinds);
+        slide.setTextColor(Blue);
+        slide.updateTextColorToElem();
+        EXPECT_EQ(valuesOf(slide, "foreground-color"), values) << kinds.toStdString();
+    }
 }
 
 TEST_F(SlideTest, UsableColourChangesTheValueOfAParamThatIsThere)

@@ -65,15 +65,30 @@ void expectBothForms(std::initializer_list<Row> rows, int result)
     }
 }
 
+// The entities e1, e2, ...: the first is @p first, the others what @p next makes of a reference to
+// the one before.
+template <typename Next>
+QByteArray entityChain(int length, const QByteArray &first, Next next)
+{
+    QByteArray declarations = entity("e1", first);
+    for (int i = 2; i <= length; ++i) {
+        const QByteArray reference = "&e" + QByteArray::number(i - 1) + ';';
+        declarations += entity("e" + QByteArray::number(i), next(reference));
+    }
+    return declarations;
+}
+
+// Each is the one before and nothing else.
+QByteArray aliases(int length)
+{
+    return entityChain(length, "x", [](const QByteArray &reference) { return reference; });
+}
+
 // Each says ten times the one before: a thousand million characters in the end.
 QByteArray laughs()
 {
-    QByteArray declarations = entity("e0", "lolololola");
-    for (int i = 1; i < 9; ++i) {
-        const QByteArray reference = "&e" + QByteArray::number(i - 1) + ';';
-        declarations += entity("e" + QByteArray::number(i), reference.repeated(10));
-    }
-    return declarations;
+    return entityChain(9, "lolololola",
+                       [](const QByteArray &reference) { return reference.repeated(10); });
 }
 
 } // namespace
@@ -153,6 +168,7 @@ TEST(DocumentGuard, CountsElementsWhoseValuesLookLikeTheEndOfATag)
          {"apostrophe in quotes", smil(nested(DeepestNesting, "<a b=\"'/>\" c=\"'\">"))},
          {"quote in apostrophes", smil(nested(DeepestNesting, "<a b='\"/>' c='\"'>"))},
          {"slash before the end", smil(nested(DeepestNesting, "<a b='/'>"))},
+         {"empty value", smil(nested(DeepestNesting, "<a b=''>"))},
          {"comment in a value", smil(nested(DeepestNesting, "<a b='-->'>"))}},
         SmilResult::NotWellFormed);
 }
@@ -176,6 +192,7 @@ TEST(DocumentGuard, ReadsWhatOnlyLooksLikeElements)
     const QByteArray tags = QByteArray("<a>").repeated(1000);
     expectBothForms({{"comment", smil("<!--" + tags + "-->")},
                      {"comment with dashes", smil("<!-- > - -> " + tags + " ->-->")},
+                     {"comment that begins with a greater-than", smil("<!-->" + tags + "-->")},
                      {"character data", smil("<![CDATA[" + tags + "]]>")},
                      {"character data with brackets", smil("<![CDATA[]] ]>" + tags + "]]]>")},
                      {"instruction", smil("<?p " + tags + "?>")},
@@ -202,16 +219,20 @@ TEST(DocumentGuard, CountsElementsBehindWhatOnlyLooksLikeEndTags)
          {"instruction", smil(nested(DeepestNesting, "<a><?p </a>?>"))},
          {"comment in front", "<!--" + ends + "--><d>" + deep + "</d>"},
          {"instruction in front", "<?p " + ends + "?><d>" + deep + "</d>"},
+         {"empty comment", smil("<!---->" + deep)},
+         {"empty character data", smil("<![CDATA[]]>" + deep)},
          {"quote in a comment", smil("<!-- \" ' -->" + deep)},
          {"quote in a text", smil("\" '" + deep)},
          {"start of a comment in character data", smil("<![CDATA[<!--]]>" + deep)},
          {"start of a comment in an instruction", smil("<?p <!-- ?>" + deep)},
          {"start of character data in a comment", smil("<!--<![CDATA[-->" + deep)},
          {"comment in declarations", declaring("<!-- ]> ' \" <!ENTITY e '-->", deep)},
+         {"empty comment in declarations", declaring("<!---->", deep)},
          {"instruction in declarations", declaring("<?p ]> ' \" ?>", deep)},
          {"bracket in an entity", declaring(entity("e", "]>"), deep)},
          {"comment in an entity", declaring(entity("e", "<!--"), deep)},
          {"greater-than in an identifier", "<!DOCTYPE d PUBLIC '>' \"<!--\"><d>" + deep + "</d>"},
+         {"empty identifier", "<!DOCTYPE d SYSTEM ''><d>" + deep + "</d>"},
          {"element declarations", declaring("<!ELEMENT a ANY><!NOTATION n SYSTEM '<!--'>", deep)}},
         SmilResult::NotWellFormed);
 }
@@ -224,6 +245,10 @@ TEST(DocumentGuard, ReadsOrdinaryEntities)
          {"value", declaring(entity("e", "text"), "<a b='&e;'/>")},
          {"markup", declaring(entity("e", "<a>x</a>"), "&e;&e;")},
          {"entities of entities", declaring(entity("e", "x") + entity("f", "&e;&e;"), "&f;")},
+         {"64 entities in one another", declaring(aliases(64), "&e64;")},
+         {"first of two declarations",
+          declaring(entity("e", "") + entity("e", QByteArray(4000, 'x')),
+                    QByteArray("&e;").repeated(1000))},
          {"predefined", "<d b='&lt;&amp;'>&lt;&gt;&amp;&quot;&apos;&#65;&#x42;</d>"},
          {"default attributes", declaring("<!ATTLIST a b CDATA 'c'>", "<a/>")},
          {"long but seldom used",
@@ -237,9 +262,9 @@ TEST(DocumentGuard, RefusesWhatGrowsTooMuch)
 {
     const QByteArray longText(4000, 'x');
     expectBothForms(
-        {{"each entity ten times the one before", declaring(laughs(), "&e8;")},
-         {"the same in a value", declaring(laughs(), "<a b='&e8;'/>")},
-         {"the same half way", declaring(laughs(), QByteArray("&e2;").repeated(1000))},
+        {{"each entity ten times the one before", declaring(laughs(), "&e9;")},
+         {"the same in a value", declaring(laughs(), "<a b='&e9;'/>")},
+         {"the same half way", declaring(laughs(), QByteArray("&e3;").repeated(1000))},
          {"one long entity", declaring(entity("e", longText), QByteArray("&e;").repeated(75000))},
          {"one long entity in a value",
           declaring(entity("e", longText), "<a b='" + QByteArray("&e;").repeated(1000) + "'/>")},
@@ -247,6 +272,8 @@ TEST(DocumentGuard, RefusesWhatGrowsTooMuch)
           declaring(entity("e", longText), QByteArray("<a b='&e;'/>").repeated(1000))},
          {"in apostrophes",
           declaring("<!ENTITY e '" + longText + "'>", QByteArray("&e;").repeated(1000))},
+         {"first of two declarations",
+          declaring(entity("e", longText) + entity("e", ""), QByteArray("&e;").repeated(1000))},
          {"long entity of values",
           declaring(entity("e", longText) + entity("f", "<a b='&e;'/>"),
                     QByteArray("&f;").repeated(1000))},
@@ -269,24 +296,36 @@ TEST(DocumentGuard, GrowthIsMeasuredByTheDocumentsOwnSize)
                          QByteArray("&e;").repeated(uses) + QByteArray(filler, '.'));
     };
     expectBothForms(
-        {{"small to 50,000", grown(500, 100, 0)}, {"20,000 to 300,000", grown(4000, 75, 16000)}},
+        {{"small to 50,000", grown(500, 100, 0)}, {"20,000 to 384,000", grown(4000, 91, 15691)}},
         SmilResult::NotSmil);
     expectBothForms(
-        {{"small to 100,000", grown(500, 200, 0)}, {"20,000 to 450,000", grown(4000, 112, 16000)}},
+        {{"small to 100,000", grown(500, 200, 0)}, {"20,000 to 388,000", grown(4000, 92, 15691)}},
         SmilResult::NotWellFormed);
+}
+
+TEST(DocumentGuard, ElementsGrowByTheirOwnDefaultAttributesOnly)
+{
+    const QByteArray name(500, 'n');
+    expectBothForms(
+        {{"long name and short default",
+          declaring("<!ATTLIST " + name + " b CDATA 'c'>" + entity("e", "<" + name + "/>"),
+                    QByteArray("&e;").repeated(100))},
+         {"default of another element",
+          declaring("<!ATTLIST a b CDATA 'c'>" + entity("e", QByteArray("<b/>").repeated(100)),
+                    QByteArray("&e;").repeated(180))}},
+        SmilResult::NotSmil);
 }
 
 TEST(DocumentGuard, RefusesEntitiesThatNestTooDeep)
 {
-    QByteArray chain = entity("e0", nested(30));
-    for (int i = 1; i < 10; ++i)
-        chain += entity("e" + QByteArray::number(i),
-                        nested(30, "<a>", "&e" + QByteArray::number(i - 1) + ';'));
+    const QByteArray chain = entityChain(
+        10, nested(30), [](const QByteArray &reference) { return nested(30, "<a>", reference); });
     expectBothForms(
         {{"in one entity", declaring(entity("e", nested(DeepestNesting)), "&e;")},
          {"used deep inside",
           declaring(entity("e", nested(100)), nested(DeepestNesting - 100, "<a>", "&e;"))},
-         {"entity of entities", declaring(chain, "&e9;")},
+         {"entity of entities", declaring(chain, "&e10;")},
+         {"65 entities in one another", declaring(aliases(65), "&e65;")},
          {"behind a harmless use",
           declaring(entity("e", nested(100)), "&e;" + nested(DeepestNesting - 100, "<a>", "&e;"))}},
         SmilResult::NotWellFormed);

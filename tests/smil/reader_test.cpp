@@ -142,6 +142,7 @@ TEST(SmilReader, ResultsOfTheStructure)
         {"capital head", "<smil><HEAD/><HEAD/><body/><BODY/></smil>", 0},
         {"capitals", "<SMIL/>", -9},
         {"other root", "<html/>", -9},
+        {"own region line twice and nothing else", textLine + textLine, -9},
         {"longer name", "<smile/>", -9},
         {"prefix", "<s:smil/>", -9},
         {"declared prefix", "<s:smil xmlns:s='urn:s'/>", -9},
@@ -198,6 +199,7 @@ TEST(SmilReader, WhatStandsBeforeSmilIsLeftOut)
          0},
         {"byte order mark", "\xEF\xBB\xBF<smil/>", 0},
         {"byte order mark and declaration", "\xEF\xBB\xBF<?xml version='1.0'?><smil/>", 0},
+        {"one letter", "x<smil/>", 0},
         {"garbage", "garbage <b & </x> \"<smil/>", 0},
         {"zero octets", octet(0, 3) + "<smil/>", 0},
         {"octets that are no text", "\xFF\xFE\x80<smil/>", 0},
@@ -692,6 +694,29 @@ TEST(SmilFragments, RootIsAnElementCalledSmil)
     EXPECT_TRUE(regionsOf(message.data).isEmpty()) << "normalisation is for whole documents";
 }
 
+TEST(SmilFragments, NeedAnElementAndAPresentation)
+{
+    const auto results = [](QDomElement *element, MMS_COMP_SMILData *data) -> QList<int> {
+        MMS_COMP_SMILParser parser;
+        int depth = 1;
+        return {parser.parseSmil(element, nullptr, data),
+                parser.parseSmilHead(element, data),
+                parser.parseSmilMeta(element, data),
+                MMS_COMP_SMILParser::parseSmilLayout(element, data),
+                MMS_COMP_SMILParser::parseSmilRootLayout(element, data),
+                MMS_COMP_SMILParser::parseSmilRegion(element, data),
+                MMS_COMP_SMILParser::parseSmilBody(element, nullptr, data),
+                MMS_COMP_SMILParser::parseSmilPar(element, nullptr, data, depth),
+                MMS_COMP_SMILParser::parseSmilSeq(element, nullptr, data, depth)};
+    };
+    SmilMessage message;
+    Fragment smil("<smil/>");
+    EXPECT_EQ(results(nullptr, &message.data), QList<int>(9, -6));
+    EXPECT_EQ(results(&smil.element, nullptr), QList<int>(9, -6));
+    EXPECT_EQ(results(nullptr, nullptr), QList<int>(9, -6));
+    EXPECT_EQ(results(&smil.element, &message.data), QList<int>(9, 0));
+}
+
 TEST(SmilFragments, HeadMetaAndRootLayout)
 {
     SmilMessage message;
@@ -838,8 +863,10 @@ TEST_F(SmilFile, Results)
         {documentOf("", nested("par", 11)), -16},
         {"<?xml version='1.0'?>\n<!DOCTYPE smil>\n<!-- <smil> -->\n<smil/>", 0},
     };
-    for (const auto &[text, result] : rows)
+    for (const auto &[text, result] : rows) {
         EXPECT_EQ(read(text), result) << text.toStdString();
+        EXPECT_EQ(message.parser.getLastWarning(), 0);
+    }
 }
 
 TEST_F(SmilFile, MissingFileAndFolderCannotBeOpened)

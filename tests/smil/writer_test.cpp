@@ -258,6 +258,8 @@ TEST(Writer, ElementsOfMediaObjects)
         {SMIL_MEDIA_IMAGE, "<img src=\"s\" alt=\"a\" region=\"r\" >\n</img>\n"},
         {SMIL_MEDIA_REF, "<ref src=\"s\" alt=\"a\" region=\"r\" >\n</ref>\n"},
         {SMIL_MEDIA_UNKNOWN, ""},
+        {MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(6), ""}, // streams may hold any number
+        {MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(-1), ""},
     };
     for (const auto &[type, text] : rows) {
         SCOPED_TRACE(type);

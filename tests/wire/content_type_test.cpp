@@ -97,6 +97,7 @@ TEST(ContentTypeValue, DropsAQuoteBeforeStartAlone)
         {"only the first", "06 B3 8A 22 22 61 00"_octets, "", "", "type=;start=\"a"},
         {"quote and nothing", "04 B3 8A 22 00"_octets, "", "", noParameters},
         {"a closing quote stays", "06 B3 8A 22 61 22 00"_octets, "", "", "type=;start=a\""},
+        {"counted as one octet", "06 B3 8A 22 61 00 77 66"_octets, "", "", "type=;start=a", 1},
         {"not before type", "05 B3 89 22 61 00"_octets, "", "", "type=\"a;start="},
     });
 }
@@ -202,6 +203,27 @@ TEST(ContentTypeValue, RunsOutPastTheEnd)
     MMS_CONTENT_TYPE_T contentType = usedContentType();
     EXPECT_EQ(ContentTypeField::readFrom(input, &contentType), WireResult::OutOfData);
     EXPECT_EQ(contentType.type, "old");
+}
+
+// The published buffer yields what stands behind its end: here the last octet of each row.
+TEST(ContentTypeValue, RunsOutBehindTheSlackOctet)
+{
+    const FailureRow rows[] = {
+        {"stray octet before the media octet", "04 C2"_octets, ""},
+        {"media octet", "01 B3"_octets, "application"},
+        {"type parameter", "02 B3 89"_octets, "application"},
+        {"start parameter", "02 B3 8A"_octets, "application"},
+        {"quote before start", "03 B3 8A 22"_octets, "application"},
+    };
+    for (const FailureRow &row : rows) {
+        SCOPED_TRACE(row.name);
+        const HeapBlock block(row.octets);
+        LinearBuffer buffer(block.data(), block.size() - 1);
+        MMS_CONTENT_TYPE_T contentType;
+        EXPECT_EQ(ContentTypeField::readFrom(&buffer, &contentType), WireResult::OutOfData);
+        EXPECT_EQ(contentType.type, row.type);
+        EXPECT_EQ(contentType.parameters, "");
+    }
 }
 
 struct WriteRow

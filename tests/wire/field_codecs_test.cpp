@@ -446,6 +446,19 @@ TEST(RecipientFields, GoOnAfterARecipientThatCannotBeWritten)
     }
 }
 
+TEST(RecipientFields, PassOverNullEntries)
+{
+    for (const ListRow &row : listRows) {
+        SCOPED_TRACE(row.name);
+        MMS_UA_UAMsg msg;
+        (msg.*row.list)().append(nullptr);
+        expectWritten(row.make, msg, ""_octets);
+        (msg.*row.add)(MMS_UTIL_Entry("", 0, "a"));
+        (msg.*row.list)().append(nullptr);
+        expectWritten(row.make, msg, octet(row.code | 0x80) + text("a"));
+    }
+}
+
 const MMS_UTIL_Entry placeholder("NoBody", 2, "");
 const MMS_UTIL_Entry formerSender("Ann", 0, "old");
 

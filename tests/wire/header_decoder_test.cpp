@@ -313,6 +313,15 @@ TEST(HeaderDecoder, RunsOutAtALengthThatIsNoInt)
     }
 }
 
+TEST(HeaderDecoder, TakesTheLargestLengthThatIsAnInt)
+{
+    const HeapBlock block("84 A3"_octets); // ends the header, so nothing behind it is looked at
+    unsigned int length = INT_MAX;
+    MMS_UA_UAMsg msg;
+    EXPECT_EQ(MMS_UA_Decoder().decodeHeader(block.data(), length, &msg), WireResult::Read);
+    EXPECT_EQ(msg.getBodyLength(), INT_MAX - 2);
+}
+
 TEST(HeaderDecoder, DecodesOneHeaderAfterTheOther)
 {
     MMS_UA_Decoder decoder;

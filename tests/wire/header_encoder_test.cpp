@@ -227,6 +227,18 @@ TEST_F(HeaderEncoder, SizesNoFieldThatIsSkippedOrUnknown)
     }
 }
 
+TEST_F(HeaderEncoder, KnowsNoFieldBeforeItWasGivenARecord)
+{
+    MMS_UA_Encoder encoder;
+    for (int code = 1; code <= 24; ++code) {
+        EXPECT_EQ(encoder.sizeOfField(code), 0) << code;
+        const bool isAlwaysWritten = code == 13 || code == 9;
+        EXPECT_EQ(encoder.encodeField(code),
+                  isAlwaysWritten ? WireResult::BadArgument : WireResult::Written)
+            << code;
+    }
+}
+
 TEST_F(HeaderEncoder, EncodesASkippedFieldAsWrittenAndAnUnknownOneAsNotWritable)
 {
     MMS_UA_UAMsg msg;

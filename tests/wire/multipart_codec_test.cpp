@@ -174,6 +174,14 @@ TEST(MultipartDecoder, RefusesNullAndImpossibleArguments)
               WireResult::OutOfData);
 }
 
+TEST(MultipartDecoder, TakesTheLargestLengthThatIsAnInt)
+{
+    const unsigned char zero = 0; // no entries, so nothing behind it is looked at
+    Multipart multipart;
+    EXPECT_EQ(MMS_UA_MultiPart_CODEC::decodeMultipart(true, &zero, 0x7FFFFFFF, &multipart),
+              WireResult::Read);
+}
+
 TEST(MultipartEncoderArguments, NullIsRefused)
 {
     Multipart multipart;
@@ -283,4 +291,20 @@ TEST_F(MultipartEncoder, DataThatDoesNotFitEndsTheEncodingWithoutALength)
     EXPECT_EQ(body.result, WireResult::CannotWrite);
     EXPECT_EQ(body.length, Untouched);
     EXPECT_NE(body.array, nullptr);
+}
+
+// The parts share their octets, so that many of them take no memory. The second sum, cut to 32
+// bits, would be a small size.
+TEST_F(MultipartEncoder, BodyWhoseSizeIsNoIntHasNoArray)
+{
+    const QByteArray data(32 * 1024 * 1024, 'd');
+    for (const int count : {64, 128}) {
+        SCOPED_TRACE(count);
+        Multipart large;
+        appendParts(large, QList<PartFacts>(count, {.format = "image/jpeg", .data = data}));
+        const Encoded body(large);
+        EXPECT_EQ(body.result, WireResult::CannotWrite);
+        EXPECT_EQ(body.length, Untouched);
+        EXPECT_EQ(body.array, nullptr);
+    }
 }

@@ -13,6 +13,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 namespace {
 
 struct ReadRow
@@ -419,6 +421,30 @@ TEST(MultipartEntryRead, RunningOutOfDataAnywhereGivesNine)
     for (const QByteArray &row : rows) {
         SCOPED_TRACE(row.toHex(' ').constData());
         EXPECT_EQ(ReadEntry(row).result, WireResult::OutOfData);
+    }
+}
+
+// The published buffer yields what stands behind its end: here the last octet of each row. What
+// should follow that octet would replace a value that was read before.
+TEST(MultipartEntryRead, ValueBehindTheSlackOctetReplacesNothing)
+{
+    const PartFacts located = {.format = "image/jpeg", .location = "a"};
+    const PartFacts identified = {.format = "image/jpeg", .id = "a"};
+    const std::tuple<const char *, QByteArray, PartFacts> rows[] = {
+        {"name", "06 00 05 9E 85 61 00 85"_octets, located},
+        {"location", "05 00 9E 8E 61 00 8E"_octets, located},
+        {"quote of a location", "06 00 9E 8E 61 00 8E 7F"_octets, located},
+        {"text of a location", "07 00 9E 8E 61 00 8E 62 63"_octets, located},
+        {"Content-ID", "05 00 9E C0 61 00 C0"_octets, identified},
+        {"quote of a Content-ID", "06 00 9E C0 61 00 C0 22"_octets, identified},
+    };
+    for (const auto &[name, octets, facts] : rows) {
+        SCOPED_TRACE(name);
+        const HeapBlock block(octets);
+        LinearBuffer buffer(block.data(), block.size() - 1);
+        Part part;
+        EXPECT_EQ(Multipart_Entry::readFrom(&buffer, &part), WireResult::OutOfData);
+        EXPECT_EQ(factsOf(part), facts);
     }
 }
 

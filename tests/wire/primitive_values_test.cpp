@@ -188,6 +188,7 @@ TEST(UIntBinary, ReadsWhatItWrites)
         {(1 << 21) - 1, "FF FF 7F"_octets},
         {1 << 21, "81 80 80 00"_octets},
         {1 << 24, "88 80 80 00"_octets},
+        {0x01234567, "89 8D 8A 67"_octets},
         {(1 << 28) - 1, "FF FF FF 7F"_octets},
         {1 << 28, "81 80 80 80 00"_octets},
         {INT_MAX, "87 FF FF FF 7F"_octets},
