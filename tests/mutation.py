@@ -23,7 +23,7 @@ FOLDERS = ["src/wire", "src/multipart", "src/presentation", "src/smil"]
 
 # The programs that notice most, and soonest, for each folder; the others follow.
 PROGRAMS = ["wire", "multipart", "media_probing", "presentation", "slide_duration", "smil", "mixed",
-            "documents", "corpus", "corpus_smil"]
+            "documents", "corpus", "corpus_smil", "media_probing_gui", "no_memory"]
 FIRST = {"wire": "wire", "multipart": "multipart", "presentation": "presentation", "smil": "smil"}
 
 NOT_CODE = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])*\'|^#[^\n]*',
@@ -98,7 +98,7 @@ class Workshop:
         text = path.read_text()
         path.write_text(text[:offset] + new + text[offset + len(old):])
         try:
-            if self.run(["cmake", "--build", self.build, "--target", "qvlsmilparser"]).returncode:
+            if self.run(["cmake", "--build", self.build, "--target", *PROGRAMS]).returncode:
                 return "invalid"
             first = FIRST.get(file.parts[1])
             order = sorted(PROGRAMS, key=lambda program: program != first)

@@ -1,0 +1,163 @@
+/*
+ * What each operation gives when there is no memory for it: the result that its documentation
+ * promises, whichever of its allocations fails.
+ */
+#include "multipart/multipart_parser.h"
+#include "multipart/multipart_result.h"
+#include "multipart/part_facts.h"
+#include "platform/msg_header_base.h"
+#include "support/allocations.h"
+#include "wire/header_decoder.h"
+#include "wire/header_encoder.h"
+#include "wire/header_record.h"
+#include "wire/multipart_codec.h"
+#include "wire/wire_result.h"
+
+#include <gtest/gtest.h>
+
+#include <memory>
+
+namespace {
+
+using Parser = MMS_COMP_SMILMultipartParser;
+
+thread_local long counted = 0;
+thread_local long failing = 0; ///< the number of the allocation that fails
+
+bool shouldFail()
+{
+    return ++counted == failing;
+}
+
+/// What the operations work on, made before anything fails.
+struct Material
+{
+    Material()
+    {
+        appendParts(message, {{.format = "image/jpeg", .location = "a", .data = "A"}});
+        record.setTransactionId("T1");
+        record.addFieldsPresent(0x00800000);
+    }
+
+    QByteArray pdu = "98 61 00 84 A3"_octets;
+    // Without data, for which a lack of memory is OutOfData.
+    QByteArray body = "01 02 00 01 9E"_octets;
+    QString name = "a";
+    Multipart message;
+    Multipart target;
+    MMS_UA_UAMsg record;
+    Part part;
+    std::unique_ptr<Part> spare = std::make_unique<Part>();
+};
+
+int decodeHeader(Material &material)
+{
+    MMS_UA_Decoder decoder;
+    unsigned int length = unsigned(material.pdu.size());
+    auto *octets = reinterpret_cast<unsigned char *>(material.pdu.data());
+    return decoder.decodeHeader(octets, length, &material.record);
+}
+
+int encodeHeader(Material &material)
+{
+    MMS_UA_Encoder encoder;
+    unsigned char *out = nullptr;
+    int length = 0;
+    const int result = encoder.encodeHeader(&material.record, &out, &length);
+    const std::unique_ptr<unsigned char[]> owner(out);
+    return result;
+}
+
+int decodeMultipart(Material &material)
+{
+    const auto *octets = reinterpret_cast<const unsigned char *>(material.body.constData());
+    return MMS_UA_MultiPart_CODEC::decodeMultipart(true, octets, unsigned(material.body.size()),
+                                                   &material.target);
+}
+
+int encodeMultipart(Material &material)
+{
+    unsigned char *out = nullptr;
+    unsigned int length = 0;
+    const int result =
+        MMS_UA_MultiPart_CODEC::encodeMultipart(true, &material.message, &out, &length);
+    const std::unique_ptr<unsigned char[]> owner(out);
+    return result;
+}
+
+int parse(Material &material)
+{
+    return Parser::parse(material.body, &material.record, &material.target);
+}
+
+int assembleBody(Material &material)
+{
+    return int(Parser::assembleBody(&material.message, &material.record).size());
+}
+
+int insertBodypart(Material &material)
+{
+    return material.message.insertBodypart(material.spare.release(), 0);
+}
+
+int setBodyData(Material &material)
+{
+    return material.part.setBodyData("octets", 6);
+}
+
+int createUniqueLocation(Material &material)
+{
+    return material.message.createUniqueLocation(material.name).isNull();
+}
+
+int createUniqueAttachmentLocation(Material &material)
+{
+    return material.message.createUniqueAttchmentLocation(material.name).isNull();
+}
+
+struct Row
+{
+    const char *name;
+    int (*operation)(Material &);
+    int success;
+    int failure;
+};
+
+const Row rows[] = {
+    {"decodeHeader", decodeHeader, WireResult::Read, WireResult::BadArgument},
+    {"encodeHeader", encodeHeader, WireResult::Written, WireResult::BadArgument},
+    {"decodeMultipart", decodeMultipart, WireResult::Read, WireResult::BadArgument},
+    {"encodeMultipart", encodeMultipart, WireResult::Written, WireResult::CannotWrite},
+    {"parse", parse, MultipartResult::Ok, MultipartResult::OutOfMemory},
+    {"assembleBody", assembleBody, 12, 0},
+    {"insertBodypart", insertBodypart, MultipartResult::Ok, MultipartResult::InsertionRefused},
+    {"setBodyData", setBodyData, MultipartResult::Ok, MultipartResult::OutOfMemory},
+    {"createUniqueLocation", createUniqueLocation, false, true},
+    {"createUniqueAttchmentLocation", createUniqueAttachmentLocation, false, true},
+};
+
+} // namespace
+
+TEST(NoMemory, IsTheResultOfEveryOperation)
+{
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        for (long n = 0;; ++n) { // nothing fails at first
+            SCOPED_TRACE(n);
+            Material material;
+            counted = 0;
+            failing = n;
+            int result = 0;
+            {
+                const CountedAllocations allocations(shouldFail);
+                result = row.operation(material);
+            }
+            const bool failed = n > 0 && counted >= n;
+            EXPECT_EQ(result, failed ? row.failure : row.success);
+            if (n > 0 && !failed) {
+                EXPECT_GT(n, 1);
+                break;
+            }
+        }
+    }
+}
