@@ -60,10 +60,9 @@ bool isDecodableImage(const QByteArray &data)
     if (qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
         QPixmap pixmap;
         pixmap.loadFromData(data);
-        return pixmap.width() > 0 && pixmap.height() > 0;
+        return !pixmap.isNull();
     }
-    const QImage image = QImage::fromData(data);
-    return image.width() > 0 && image.height() > 0;
+    return !QImage::fromData(data).isNull();
 }
 
 } // namespace

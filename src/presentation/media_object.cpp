@@ -12,7 +12,6 @@
 #include <algorithm>
 #include <array>
 #include <memory>
-#include <new>
 #include <tuple>
 
 using Part = MMS_COMP_SMILMultipartBodypart;
@@ -236,25 +235,29 @@ bool MMS_COMP_SMILMediaObject::setData(const QString &regionId, const QString &s
                                        const QString &subType, const QArray<char> &bytes,
                                        MMS_COMP_SMILMultipart *multipart)
 {
-    m_multipart = multipart;
-    setMediaElementType(type);
-    setSrc(src);
-    setRegionId(regionId);
-    Part *part = getData();
-    if (!part) {
-        part = new (std::nothrow) Part;
-        if (!part)
-            return false;
-        if (multipart)
-            multipart->appendBodypart(part);
-    }
-    part->setContentLocation(src);
-    part->setDispFileName(MMS_COMP_Util::stripePath(src));
-    setContentTypeOf(part, type);
-    part->setContentSubType(subType);
-    part->setDispFileType(Part::Shown);
-    part->setBodyData(bytes);
-    return setData(part);
+    return unlessOutOfMemory(false, [&] {
+        m_multipart = multipart;
+        setMediaElementType(type);
+        setSrc(src);
+        setRegionId(regionId);
+        Part *part = getData();
+        std::unique_ptr<Part> added;
+        if (!part) {
+            added = std::make_unique<Part>();
+            part = added.get();
+            if (multipart)
+                multipart->appendBodypart(added.release());
+        }
+        part->setContentLocation(src);
+        part->setDispFileName(MMS_COMP_Util::stripePath(src));
+        setContentTypeOf(part, type);
+        part->setContentSubType(subType);
+        part->setDispFileType(Part::Shown);
+        part->setBodyData(bytes);
+        setData(part);
+        std::ignore = added.release(); // the object's own from here on
+        return true;
+    });
 }
 
 int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement *element, MMS_COMP_SMILMultipart *multipart)

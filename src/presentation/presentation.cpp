@@ -13,7 +13,6 @@
 #include <cmath>
 #include <limits>
 #include <memory>
-#include <new>
 
 using Object = MMS_COMP_SMILMediaObject;
 using Part = MMS_COMP_SMILMultipartBodypart;
@@ -65,17 +64,20 @@ bool canLoseEmptyText(const Slide &slide)
 }
 
 // Lets go of the content of a slide that is not to be: it belongs to others.
-void discard(std::unique_ptr<Slide> slide)
+struct Discarder
 {
-    for (unsigned int i = 0; i < slide->getMediaObjectCount(); ++i)
-        slide->getMediaObject(i)->setData(nullptr);
-}
+    void operator()(Slide *slide) const
+    {
+        for (unsigned int i = 0; i < slide->getMediaObjectCount(); ++i)
+            slide->getMediaObject(i)->setData(nullptr);
+        delete slide;
+    }
+};
 
 std::unique_ptr<Slide> newSlideOf(MMS_COMP_SMILMultipart *multipart, int dur)
 {
-    std::unique_ptr<Slide> slide(new (std::nothrow) Slide(multipart));
-    if (slide)
-        slide->setDur(dur);
+    auto slide = std::make_unique<Slide>(multipart);
+    slide->setDur(dur);
     return slide;
 }
 
@@ -154,9 +156,7 @@ MMS_COMP_SMILMeta *MMS_COMP_SMILData::getMeta(unsigned int index) const
 bool MMS_COMP_SMILData::appendMeta(const QString &name, const QString &content)
 {
     return unlessOutOfMemory(false, [&]() -> bool {
-        auto *meta = new (std::nothrow) MMS_COMP_SMILMeta;
-        if (!meta)
-            return false;
+        auto *meta = new MMS_COMP_SMILMeta;
         meta->setName(name);
         meta->setContent(content);
         m_metas.append(meta);
@@ -224,9 +224,7 @@ int MMS_COMP_SMILData::appendElementObject(QDomElement *element, MMS_COMP_SMILMu
             added = newSlideOf(multipart, dur);
             slide = added.get();
         }
-        std::unique_ptr<Object> object(new (std::nothrow) Object(multipart));
-        if (!slide || !object)
-            return SmilResult::OutOfMemory;
+        auto object = std::make_unique<Object>(multipart);
         if (const int result = object->setObjectElem(element, multipart))
             return result;
         if (created)
@@ -348,19 +346,14 @@ bool MMS_COMP_SMILData::copyTo(MMS_COMP_SMILData *target, MMS_COMP_SMILMultipart
         if (const MMS_COMP_SMILRootLayout *rootLayout = getRootLayout())
             target->setRootLayout(rootLayout->getWidth(), rootLayout->getHeight());
         target->m_layout.addRegionsOf(m_layout);
-        for (int i = 0, count = m_metas.count(); i < count; ++i) {
-            if (!target->appendMeta(m_metas.at(i)->getName(), m_metas.at(i)->getContent()))
-                return false;
-        }
+        for (int i = 0, count = m_metas.count(); i < count; ++i)
+            target->appendMeta(m_metas.at(i)->getName(), m_metas.at(i)->getContent());
         // A copy onto itself would otherwise walk what it adds.
         for (int i = 0, count = m_slides.count(); i < count; ++i) {
-            auto slide = newSlideOf(multipart, Slide::DefaultDuration);
-            if (!slide)
+            std::unique_ptr<Slide, Discarder> slide(
+                newSlideOf(multipart, Slide::DefaultDuration).release());
+            if (!m_slides.at(i)->copyTo(slide.get(), multipart))
                 return false;
-            if (!m_slides.at(i)->copyTo(slide.get(), multipart)) {
-                discard(std::move(slide));
-                return false;
-            }
             target->appendSlide(slide.release());
         }
         return true;

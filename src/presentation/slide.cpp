@@ -9,7 +9,6 @@
 #include <algorithm>
 #include <limits>
 #include <memory>
-#include <new>
 
 using Object = MMS_COMP_SMILMediaObject;
 using Part = MMS_COMP_SMILMultipartBodypart;
@@ -64,11 +63,6 @@ bool hasCharacters(const Object &object)
 {
     const Part *part = object.getData();
     return part && !part->getBodyData().isEmpty() && part->getBodyData().front() != '\0';
-}
-
-std::unique_ptr<Object> newObject(MMS_COMP_SMILMultipart *multipart)
-{
-    return std::unique_ptr<Object>(new (std::nothrow) Object(multipart));
 }
 
 // Takes over the colour in the param of @p object; false when there is no usable one.
@@ -264,10 +258,10 @@ bool MMS_COMP_SMILTimingContainer::updateData(const QString &regionId, const QSt
         std::unique_ptr<Object> added;
         Object *object = m_objects.at(existing);
         if (!object) {
-            added = newObject(getMultiPart());
+            added = std::make_unique<Object>(getMultiPart());
             object = added.get();
         }
-        if (!object || !object->setData(regionId, src, type, subType, bytes, multipart))
+        if (!object->setData(regionId, src, type, subType, bytes, multipart))
             return false;
         if (added)
             m_objects.insert(place, added.release());
@@ -382,8 +376,8 @@ bool MMS_COMP_SMILTimingContainer::copyTo(MMS_COMP_SMILTimingContainer *target,
         target->setMultiPart(multipart);
         // A copy onto itself would otherwise walk what it adds.
         for (int i = 0, count = m_objects.count(); i < count; ++i) {
-            auto copy = newObject(nullptr);
-            if (!copy || !m_objects.at(i)->copyTo(copy.get(), multipart))
+            auto copy = std::make_unique<Object>(nullptr);
+            if (!m_objects.at(i)->copyTo(copy.get(), multipart))
                 return false;
             target->appendObject(copy.release());
         }
@@ -412,13 +406,9 @@ bool MMS_COMP_SMILTimingContainer::readFromStream(QDataStream &stream)
         m_dur = dur;
         // A count is believed only as long as there is something to read.
         for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
-            auto object = newObject(nullptr);
-            if (!object)
-                return false;
-            Object *read = object.release();
-            m_objects.append(read);
-            if (!read->readFromStream(stream))
-                return false;
+            auto *object = new Object(nullptr);
+            m_objects.append(object);
+            object->readFromStream(stream);
         }
         return true;
     });

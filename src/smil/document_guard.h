@@ -18,7 +18,8 @@ inline constexpr int DeepestNesting = 256;
  *
  * Says nothing about whether the document is well-formed: one that is not may pass, and is then
  * refused by the tree builder. Documents do not pass whose entities refer to one another in a
- * circle, or whose declarations hide what they come to behind other references.
+ * circle or more than 64 deep, or whose declarations hide what they come to behind other
+ * references.
  */
 bool isWithinLimits(QStringView document);
 

@@ -78,7 +78,7 @@ std::optional<int> readClock(QStringView text)
     const qsizetype colon = text.indexOf(QLatin1Char(':'));
     const QStringView rest = text.sliced(colon + 1);
     const qsizetype point = rest.indexOf(QLatin1Char('.'));
-    if (point <= 0)
+    if (point < 0)
         return std::nullopt;
     const auto minutes = strictInt(text.first(colon));
     const auto seconds = strictInt(rest.first(point));
@@ -148,7 +148,7 @@ std::optional<QColor> readHexadecimal(QStringView digits)
     std::array<int, 3> components{};
     for (size_t i = 0; i < components.size(); ++i) {
         const auto value = strictInt(digits.sliced(qsizetype(i) * width, width), 16);
-        if (!value || *value < 0 || *value > 255)
+        if (!value || *value < 0)
             return std::nullopt;
         components[i] = *value;
     }

@@ -124,7 +124,7 @@ void Writer::object(const MMS_COMP_SMILMediaObject &object)
     constexpr std::array names{QLatin1String("audio"), QLatin1String("video"),
                                QLatin1String("text"), QLatin1String("img"), QLatin1String("ref")};
     const auto type = object.getMediaElementType();
-    if (type < 0 || size_t(type) >= names.size())
+    if (size_t(type) >= names.size())
         return;
     const QLatin1String name = names[size_t(type)];
     m_out += QLatin1Char('<') + name;

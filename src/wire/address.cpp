@@ -11,7 +11,15 @@ namespace {
 
 constexpr QLatin1String PlmnSuffix("/TYPE=PLMN");
 
-bool isAscii(const QByteArray &octets)
+WireText::Octets plmnOctets(const QString &address)
+{
+    WireText::Octets octets = WireText::utf8(address);
+    if (!address.contains(QChar::Null)) // which ends the whole text
+        octets.append(PlmnSuffix.data(), PlmnSuffix.size());
+    return octets;
+}
+
+bool isAscii(QByteArrayView octets)
 {
     return std::all_of(octets.begin(), octets.end(),
                        [](char octet) { return static_cast<unsigned char>(octet) < 0x80; });
@@ -47,11 +55,15 @@ unsigned char AddressBinary::writeTo(LinearBuffer *buffer, const MMS_UTIL_Entry 
 {
     switch (entry.getType()) {
     case MMS_UTIL_Entry::Plmn:
-        return PlainTextBinary::writeTo(buffer, entry.getAddress() + PlmnSuffix);
-    case MMS_UTIL_Entry::Email:
-        return isAscii(WireText::utf8(entry.getAddress()))
-            ? PlainTextBinary::writeTo(buffer, entry.getAddress())
-            : EncodedStringBinary::writeTo(buffer, entry.getAddress());
+        WireText::append(buffer, plmnOctets(entry.getAddress()));
+        return WireResult::Written;
+    case MMS_UTIL_Entry::Email: {
+        const WireText::Octets octets = WireText::utf8(entry.getAddress());
+        if (!isAscii(octets))
+            return EncodedStringBinary::writeTo(buffer, entry.getAddress());
+        WireText::append(buffer, octets);
+        return WireResult::Written;
+    }
     default:
         return WireResult::CannotWrite;
     }
@@ -61,11 +73,12 @@ int AddressBinary::sizeOf(const MMS_UTIL_Entry &entry)
 {
     switch (entry.getType()) {
     case MMS_UTIL_Entry::Plmn:
-        return PlainTextBinary::sizeOf(entry.getAddress() + PlmnSuffix);
-    case MMS_UTIL_Entry::Email:
-        return isAscii(WireText::utf8(entry.getAddress()))
-            ? PlainTextBinary::sizeOf(entry.getAddress())
-            : EncodedStringBinary::sizeOf(entry.getAddress());
+        return WireText::sizeOf(plmnOctets(entry.getAddress()));
+    case MMS_UTIL_Entry::Email: {
+        const WireText::Octets octets = WireText::utf8(entry.getAddress());
+        return isAscii(octets) ? WireText::sizeOf(octets)
+                               : EncodedStringBinary::sizeOf(entry.getAddress());
+    }
     default:
         return 0;
     }

@@ -8,7 +8,7 @@ qint64 localSecondsSinceJulianDayZero(const QDateTime &value)
 {
     constexpr qint64 secondsOfDay = 24 * 60 * 60;
     const qint64 day = value.date().isValid() ? value.date().toJulianDay() : 0;
-    const qint64 second = value.time().isValid() ? value.time().msecsSinceStartOfDay() / 1000 : 0;
+    const qint64 second = value.time().msecsSinceStartOfDay() / 1000; // 0 for no time
     return day * secondsOfDay + second;
 }
 

@@ -8,8 +8,8 @@
 namespace {
 
 constexpr int HighestPosition = 24;
-constexpr std::array<unsigned char, 3> leadingFields{
-    HeaderFieldCode::MessageType, HeaderFieldCode::TransactionId, HeaderFieldCode::MmsVersion};
+constexpr auto leadingFields = std::to_array<unsigned char>(
+    {HeaderFieldCode::MessageType, HeaderFieldCode::TransactionId, HeaderFieldCode::MmsVersion});
 
 } // namespace
 

@@ -58,8 +58,9 @@ public:
     /**
      * Appends one part to @p multipart for every entry in the @p length octets at @p data. Returns
      * WireResult::Read, or WireResult::OutOfData when data runs out, which an empty body is, or a
-     * length cannot be right; WireResult::BadArgument for a null @p multipart. Parts decoded before
-     * a failure stay. Nothing is read outside the array.
+     * length cannot be right, or there is no memory for a part's data; WireResult::BadArgument for
+     * a null @p multipart and when there is no memory for anything else. Parts decoded before a
+     * failure stay. Nothing is read outside the array.
      */
     [[nodiscard]] static unsigned char decodeMultipart(bool related, const unsigned char *data,
                                                        unsigned int length,

@@ -42,7 +42,7 @@ public:
 private:
     bool readLength(int *length);
     bool readContentType();
-    bool readMediaText();
+    void readMediaText();
     bool readParameters(int count);
     bool readNameParameter();
     void readCharsetParameter();
@@ -88,8 +88,10 @@ bool EntryReader::readContentType()
         return true;
     }
     m_buffer->rewind(1);
-    if (first >= FirstTextOctet)
-        return readMediaText();
+    if (first >= FirstTextOctet) {
+        readMediaText();
+        return true;
+    }
 
     int length = 0;
     unsigned char media = 0;
@@ -102,16 +104,16 @@ bool EntryReader::readContentType()
     }
     m_buffer->rewind(1);
     const int textStart = m_buffer->getPosition();
-    return readMediaText() && readParameters(length - (m_buffer->getPosition() - textStart));
+    readMediaText();
+    return readParameters(length - (m_buffer->getPosition() - textStart));
 }
 
-bool EntryReader::readMediaText()
+// Its first octet is known to be there.
+void EntryReader::readMediaText()
 {
     QString text;
-    if (PlainTextBinary::readFrom(m_buffer, &text) != WireResult::Read)
-        return false;
+    std::ignore = PlainTextBinary::readFrom(m_buffer, &text);
     setMediaText(text);
-    return true;
 }
 
 void EntryReader::setMediaCode(unsigned char octet)

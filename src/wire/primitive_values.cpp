@@ -5,6 +5,7 @@
 #include "wire/wire_result.h"
 #include "wire/wire_text.h"
 
+#include <algorithm>
 #include <tuple>
 
 namespace {
@@ -27,24 +28,15 @@ bool beginsPlainText(unsigned char firstOctet)
     return firstOctet == 0 || (firstOctet >= 0x20 && firstOctet <= 0x7F);
 }
 
-void appendText(LinearBuffer *buffer, const QByteArray &octets)
+bool needsQuote(QByteArrayView octets)
 {
-    if (WireText::needsQuote(octets))
-        buffer->appendByte(WireText::Quote);
-    buffer->appendData(reinterpret_cast<const unsigned char *>(octets.constData()),
-                       int(octets.size()));
-    buffer->appendByte(0);
-}
-
-int sizeOfText(const QByteArray &octets)
-{
-    return int(octets.size()) + 1 + (WireText::needsQuote(octets) ? 1 : 0);
+    return !octets.isEmpty() && hasHighBit(static_cast<unsigned char>(octets.front()));
 }
 
 // Octets behind the value-length: charset, text with quote, terminator.
-int encodedStringLength(const QByteArray &octets)
+int encodedStringLength(QByteArrayView octets)
 {
-    return 1 + sizeOfText(octets);
+    return 1 + WireText::sizeOf(octets);
 }
 
 QString decodeEncodedText(QByteArrayView octets, int charset)
@@ -63,12 +55,33 @@ QString decodeEncodedText(QByteArrayView octets, int charset)
 
 } // namespace
 
-QByteArray WireText::utf8(const QString &text)
+WireText::Octets WireText::utf8(const QString &text)
 {
-    QByteArray octets = text.toUtf8();
-    if (const qsizetype end = octets.indexOf('\0'); end >= 0)
-        octets.truncate(end);
+    const auto isPlainAscii = [](QChar c) { return c.unicode() != 0 && c.unicode() < HighBit; };
+    Octets octets(text.size());
+    if (std::all_of(text.begin(), text.end(), isPlainAscii)) {
+        std::transform(text.begin(), text.end(), octets.begin(),
+                       [](QChar c) { return c.toLatin1(); });
+        return octets;
+    }
+    const QByteArray converted = text.toUtf8();
+    const auto end = std::find(converted.begin(), converted.end(), '\0');
+    octets.resize(end - converted.begin());
+    std::copy(converted.begin(), end, octets.begin());
     return octets;
+}
+
+void WireText::append(LinearBuffer *buffer, QByteArrayView octets)
+{
+    if (needsQuote(octets))
+        buffer->appendByte(Quote);
+    buffer->appendData(reinterpret_cast<const unsigned char *>(octets.data()), int(octets.size()));
+    buffer->appendByte(0);
+}
+
+int WireText::sizeOf(QByteArrayView octets)
+{
+    return int(octets.size()) + 1 + (needsQuote(octets) ? 1 : 0);
 }
 
 unsigned char IntegerBinary::readFrom(LinearBuffer *buffer, int *value)
@@ -217,13 +230,13 @@ unsigned char PlainTextBinary::readFrom(LinearBuffer *buffer, QString *text)
 
 unsigned char PlainTextBinary::writeTo(LinearBuffer *buffer, const QString &text)
 {
-    appendText(buffer, WireText::utf8(text));
+    WireText::append(buffer, WireText::utf8(text));
     return WireResult::Written;
 }
 
 int PlainTextBinary::sizeOf(const QString &text)
 {
-    return sizeOfText(WireText::utf8(text));
+    return WireText::sizeOf(WireText::utf8(text));
 }
 
 unsigned char EncodedStringBinary::readFrom(LinearBuffer *buffer, QString *text)
@@ -252,10 +265,10 @@ unsigned char EncodedStringBinary::readFrom(LinearBuffer *buffer, QString *text)
 
 unsigned char EncodedStringBinary::writeTo(LinearBuffer *buffer, const QString &text)
 {
-    const QByteArray octets = WireText::utf8(text);
+    const WireText::Octets octets = WireText::utf8(text);
     ValueLengthBinary::writeTo(buffer, encodedStringLength(octets));
     CharsetBinary::writeTo(buffer, CharsetUtf8);
-    appendText(buffer, octets);
+    WireText::append(buffer, octets);
     return WireResult::Written;
 }
 

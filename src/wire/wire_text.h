@@ -3,24 +3,29 @@
  */
 #pragma once
 
-#include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
+#include <QVarLengthArray>
+
+class LinearBuffer;
 
 namespace WireText {
 
 /// First octet of a text whose first character would otherwise be taken for something else.
 inline constexpr unsigned char Quote = 127;
 
+/// Octets of a text; those of most texts stand on the stack.
+using Octets = QVarLengthArray<char, 256>;
+
 /**
  * @p text in UTF-8, up to its first U+0000: a text ends at its first zero when it is written, so
  * everything that is sized or counted goes by this.
  */
-QByteArray utf8(const QString &text);
+Octets utf8(const QString &text);
 
-/// True when the written form of @p octets begins with a Quote.
-inline bool needsQuote(const QByteArray &octets)
-{
-    return !octets.isEmpty() && static_cast<unsigned char>(octets.front()) >= 0x80;
-}
+/// Appends a plain text of these octets: a Quote where one is needed, the octets, a zero.
+void append(LinearBuffer *buffer, QByteArrayView octets);
+/// Octets that append() appends.
+int sizeOf(QByteArrayView octets);
 
 } // namespace WireText
