@@ -19,6 +19,15 @@ WireText::Octets plmnOctets(const QString &address)
     return octets;
 }
 
+// Where the first PlmnSuffix stands, or -1. Few addresses have a slash, so most are told at once.
+qsizetype findPlmnSuffix(QStringView text)
+{
+    qsizetype at = text.indexOf(PlmnSuffix.front());
+    while (at >= 0 && !text.sliced(at).startsWith(PlmnSuffix))
+        at = text.indexOf(PlmnSuffix.front(), at + 1);
+    return at;
+}
+
 bool isAscii(QByteArrayView octets)
 {
     return std::all_of(octets.begin(), octets.end(),
@@ -31,7 +40,7 @@ unsigned char AddressBinary::readFrom(LinearBuffer *buffer, MMS_UTIL_Entry *entr
 {
     QString text;
     std::ignore = EncodedStringBinary::readFrom(buffer, &text); // cut off: as far as it goes
-    if (const qsizetype suffix = text.indexOf(PlmnSuffix); suffix >= 0) {
+    if (const qsizetype suffix = findPlmnSuffix(text); suffix >= 0) {
         entry->setType(MMS_UTIL_Entry::Plmn);
         text.truncate(suffix);
         entry->setAddress(text);

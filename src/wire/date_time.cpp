@@ -4,19 +4,23 @@
 
 namespace {
 
-qint64 localSecondsSinceJulianDayZero(const QDateTime &value)
+qint64 offsetFromUtc(quint32 seconds)
 {
-    constexpr qint64 secondsOfDay = 24 * 60 * 60;
-    const qint64 day = value.date().isValid() ? value.date().toJulianDay() : 0;
-    const qint64 second = value.time().msecsSinceStartOfDay() / 1000; // 0 for no time
-    return day * secondsOfDay + second;
+    if constexpr (sizeof(std::time_t) > sizeof seconds) {
+        tzset();
+        const std::time_t time = seconds;
+        std::tm parts{};
+        localtime_r(&time, &parts);
+        return parts.tm_gmtoff;
+    } else {
+        return QDateTime::fromSecsSinceEpoch(seconds).offsetFromUtc();
+    }
 }
 
 } // namespace
 
 QDateTime DateTime::fromSeconds(int seconds)
 {
-    tzset();
     return QDateTime::fromSecsSinceEpoch(quint32(seconds));
 }
 
@@ -40,8 +44,9 @@ int DateTime::toSeconds(const QDateTime &value)
     return static_cast<int>(std::mktime(&parts));
 }
 
-int DateTime::secondsBetween(const QDateTime &from, const QDateTime &to)
+int DateTime::sinceJulianDayZero(int seconds)
 {
-    return static_cast<int>(localSecondsSinceJulianDayZero(to)
-                            - localSecondsSinceJulianDayZero(from));
+    constexpr qint64 secondsUntil1970 = qint64(2'440'588) * 24 * 60 * 60;
+    const auto unsignedSeconds = quint32(seconds);
+    return static_cast<int>(secondsUntil1970 + unsignedSeconds + offsetFromUtc(unsignedSeconds));
 }

@@ -14,11 +14,10 @@ QDateTime fromSeconds(int seconds);
 int toSeconds(const QDateTime &value);
 
 /**
- * Seconds from @p from to @p to by their local dates and times of day, wrapped to 32 bits.
- *
- * An invalid date counts as day 0 of the Julian day count. Expiry depends on it: its reference date
- * does not exist, and stored messages hold the number of seconds that came of that.
+ * The seconds from day 0 of the Julian day count to the local date and time of @p seconds since
+ * 1970, wrapped to 32 bits. Expiry is stored so: it was meant to count from 1970, but from a
+ * reference date that does not exist, and stored messages hold what came of that.
  */
-int secondsBetween(const QDateTime &from, const QDateTime &to);
+int sinceJulianDayZero(int seconds);
 
 } // namespace DateTime

@@ -30,12 +30,6 @@ int expiryLength(MMS_UA_UAMsg *msg)
     return 1 + IntegerBinary::sizeOf(msg->getExpiry());
 }
 
-// January 0th is no date. Kept: stored messages hold the seconds that are counted from it.
-QDateTime expiryReference()
-{
-    return QDateTime(QDate(1970, 0, 0), QTime(0, 0, 0, 0));
-}
-
 } // namespace
 
 FieldBase::~FieldBase() = default;
@@ -69,18 +63,14 @@ unsigned char FromField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     if (!buffer->readByte(&token))
         return WireResult::OutOfData;
 
-    const auto store = [msg](const MMS_UTIL_Entry &entry) {
-        if (entry.isEmpty())
-            return;
-        msg->setFrom(entry);
-        msg->addFieldsPresent(headerFieldMask(HeaderFieldCode::From));
-    };
-    store(MMS_UTIL_Entry(QStringLiteral("NoBody"), MMS_UTIL_Entry::Absent, QLatin1String("")));
-    if (length < 2 || token != AddressPresent)
-        return result;
     MMS_UTIL_Entry sender;
-    const unsigned char addressResult = AddressBinary::readFrom(buffer, &sender);
-    store(sender);
+    const bool named = length >= 2 && token == AddressPresent;
+    const unsigned char addressResult = named ? AddressBinary::readFrom(buffer, &sender) : result;
+    if (sender.isEmpty())
+        sender =
+            MMS_UTIL_Entry(QStringLiteral("NoBody"), MMS_UTIL_Entry::Absent, QLatin1String(""));
+    msg->setFrom(sender);
+    msg->addFieldsPresent(headerFieldMask(HeaderFieldCode::From));
     return addressResult;
 }
 
@@ -124,10 +114,10 @@ int MsgDateField::fieldSize(MMS_UA_UAMsg *msg)
 
 unsigned char ExpiryField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
-    QDateTime expiry;
-    const unsigned char result = TimeBinary::readFrom(buffer, &expiry);
+    int seconds = 0;
+    const unsigned char result = TimeBinary::readSeconds(buffer, &seconds);
     if (result == WireResult::Read)
-        msg->setExpiry(DateTime::secondsBetween(expiryReference(), expiry));
+        msg->setExpiry(DateTime::sinceJulianDayZero(seconds));
     msg->addFieldsPresent(headerFieldMask(HeaderFieldCode::Expiry));
     return result;
 }

@@ -172,9 +172,9 @@ public:
 };
 
 /// Expiry. Reading stores the seconds from a reference date that does not exist, see
-/// DateTime::secondsBetween(); writing emits the stored number as a relative time. The presence bit
-/// is set, and the old value kept, when the value could not be read. Kept: stored messages depend
-/// on it.
+/// DateTime::sinceJulianDayZero(); writing emits the stored number as a relative time. The presence
+/// bit is set, and the old value kept, when the value could not be read. Kept: stored messages
+/// depend on it.
 class QVL_EXPORT ExpiryField : public FieldBase
 {
 public:

@@ -33,28 +33,6 @@ bool LinearBuffer::appendData(const unsigned char *octets, int count)
     return true;
 }
 
-bool LinearBuffer::appendByte(unsigned char octet)
-{
-    if (!hasMore())
-        return false;
-    m_data[m_position++] = octet;
-    return true;
-}
-
-unsigned char LinearBuffer::readByte()
-{
-    const int at = m_position++;
-    return m_zeroBehindEnd && at >= m_size ? 0 : m_data[at];
-}
-
-bool LinearBuffer::readByte(unsigned char *octet)
-{
-    if (m_position > m_size)
-        return false;
-    *octet = readByte();
-    return true;
-}
-
 bool LinearBuffer::readData(unsigned char *octets, int count)
 {
     const auto view = readView(count);

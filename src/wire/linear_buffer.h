@@ -39,18 +39,34 @@ public:
     bool appendData(const unsigned char *octets, int count);
 
     /// Stores @p octet at the cursor; false, and nothing written, when it does not fit.
-    bool appendByte(unsigned char octet);
+    bool appendByte(unsigned char octet)
+    {
+        if (!hasMore())
+            return false;
+        m_data[m_position++] = octet;
+        return true;
+    }
 
     /// The octet at the cursor, which moves on. Nothing is checked: the caller knows that it is
     /// there.
-    unsigned char readByte();
+    unsigned char readByte()
+    {
+        const int at = m_position++;
+        return m_zeroBehindEnd && at >= m_size ? 0 : m_data[at];
+    }
 
     /**
      * Reads the octet at the cursor into @p octet. False only when the cursor is already past the
      * end: reading at the end succeeds once and yields the octet just behind the array. Kept: the
      * codecs rely on it for texts whose terminator was cut off.
      */
-    bool readByte(unsigned char *octet);
+    bool readByte(unsigned char *octet)
+    {
+        if (m_position > m_size)
+            return false;
+        *octet = readByte();
+        return true;
+    }
 
     /// Copies the next @p count octets to @p octets; false, and nothing read, when there are fewer.
     bool readData(unsigned char *octets, int count);

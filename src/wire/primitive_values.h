@@ -64,6 +64,8 @@ class QVL_EXPORT TimeBinary
 {
 public:
     static unsigned char readFrom(LinearBuffer *buffer, QDateTime *value);
+    /// The same without the conversion to local time.
+    static unsigned char readSeconds(LinearBuffer *buffer, int *seconds);
     static unsigned char writeTo(LinearBuffer *buffer, const QDateTime &value);
     static int sizeOf(const QDateTime &value);
 };
