@@ -75,7 +75,8 @@ class Workshop:
         shutil.copytree(ROOT, self.tree, ignore=shutil.ignore_patterns("build", ".git"))
         self.run(["cmake", "-S", self.tree, "-B", self.build, "-G", "Ninja",
                   "-DCMAKE_CXX_COMPILER=clang++", "-DCMAKE_BUILD_TYPE=Debug",
-                  "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DQVL_BUILD_EXAMPLES=OFF",
+                  "-DCMAKE_CXX_FLAGS_DEBUG=-O0", "-DCMAKE_LINK_DEPENDS_NO_SHARED=ON",
+                  "-DQVL_BUILD_EXAMPLES=OFF",
                   f"-DQVL_CORPUS={ROOT.parent / 'shared' / 'corpus'}"]).check_returncode()
         self.run(["cmake", "--build", self.build, "--target", *PROGRAMS]).check_returncode()
         for program in PROGRAMS:

@@ -12,7 +12,7 @@
 #include "wire/multipart_writer.h"
 #include "wire/wire_result.h"
 
-#include <new>
+#include <optional>
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
@@ -113,12 +113,14 @@ void MMS_COMP_SMILMultipartParser::checkLocation(MMS_COMP_SMILMultipart *multipa
     asFarAsMemoryGoes([&] {
         if (!multipart)
             return;
-        PartNames names(*multipart);
+        std::optional<PartNames> names; // most messages bring all of theirs
         for (int i = 0; i < multipart->getPartCount(); ++i) {
             Part *part = multipart->getBodypartByIndex(i);
             if (part->getContentLocation().isEmpty()) {
-                part->setContentLocation(locationFor(*part, names));
-                names.add(*part);
+                if (!names)
+                    names.emplace(*multipart);
+                part->setContentLocation(locationFor(*part, *names));
+                names->add(*part);
             }
             if (part->getDispFileName().isEmpty())
                 part->setDispFileName(part->getContentLocation());

@@ -6,6 +6,8 @@
 
 #include <QUrl>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int LocationLimit = 100; // a location is shorter than this
@@ -21,6 +23,17 @@ QString withDot(const QString &ext)
 QString withoutAmpersand(QString name)
 {
     return name.remove(QLatin1Char('&'));
+}
+
+// Most names are so plain that no parser is needed to tell.
+bool isUrl(const QString &name)
+{
+    const auto isPlain = [](QChar c) {
+        return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9')
+            || c == u'.' || c == u'_' || c == u'-';
+    };
+    return (!name.isEmpty() && std::all_of(name.begin(), name.end(), isPlain))
+        || QUrl(name).isValid();
 }
 
 QString contentIdKey(const QString &text)
@@ -56,13 +69,14 @@ struct NameParts
 
 bool PartNames::isUsable(const QString &name)
 {
-    return name.size() < LocationLimit && QUrl(name).isValid();
+    return name.size() < LocationLimit && isUrl(name);
 }
 
 void PartNames::add(const MMS_COMP_SMILMultipartBodypart &part)
 {
     m_locations.insert(part.getContentLocation().toLower());
-    m_contentIds.insert(contentIdKey(part.getContentID()));
+    if (const QString key = contentIdKey(part.getContentID()); !key.isEmpty())
+        m_contentIds.insert(key);
 }
 
 void PartNames::add(const MMS_COMP_SMILMultipart &multipart)
@@ -71,12 +85,10 @@ void PartNames::add(const MMS_COMP_SMILMultipart &multipart)
         add(*multipart.getBodypartByIndex(i));
 }
 
-bool PartNames::isFree(const QString &name) const
+bool PartNames::isTaken(const QString &name) const
 {
-    if (!isUsable(name) || m_exact.contains(name) || m_locations.contains(name.toLower()))
-        return false;
-    const QString key = contentIdKey(name);
-    return key.isEmpty() || !m_contentIds.contains(key);
+    return m_exact.contains(name) || m_locations.contains(name.toLower())
+        || (!m_contentIds.empty() && m_contentIds.contains(contentIdKey(name)));
 }
 
 // The first of prefix 0 suffix, prefix 1 suffix, ... that is free, or a null text when the pattern
@@ -90,10 +102,12 @@ QString PartNames::firstFree(const QString &prefix, const QString &suffix)
     const qsizetype last = next + qsizetype(taken);
     for (; next <= last; ++next) {
         const QString name = prefix + QString::number(next) + suffix;
-        if (isFree(name))
-            return name;
+        if (isTaken(name))
+            continue;
         if (!isUsable(name))
             break;
+        ++next; // whoever asked uses the name
+        return name;
     }
     return QString();
 }
@@ -121,7 +135,7 @@ QString PartNames::uniqueLocation(const QString &name)
     NameParts parts(name);
     QString candidate = withoutAmpersand(parts.fileName);
     parts.cutBase();
-    if (!QUrl(candidate).isValid())
+    if (!isUrl(candidate))
         parts.base = renamed;
     if (!parts.suffix.isEmpty())
         candidate = parts.base + parts.suffix;
@@ -133,7 +147,7 @@ QString PartNames::uniqueSource(const QString &name)
 {
     NameParts parts(name);
     QString candidate = withoutAmpersand(parts.fileName);
-    if (!QUrl(candidate).isValid()) {
+    if (!isUrl(candidate)) {
         parts.base = renamed;
         candidate = parts.base + parts.suffix;
     }

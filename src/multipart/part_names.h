@@ -35,12 +35,13 @@ public:
     QString uniqueSource(const QString &name);
 
 private:
-    bool isFree(const QString &name) const;
+    bool isTaken(const QString &name) const;
+    bool isFree(const QString &name) const { return !isTaken(name) && isUsable(name); }
     QString firstFree(const QString &prefix, const QString &suffix);
     QString itselfOrNumbered(const QString &candidate, const QString &base, const QString &suffix);
 
     QvlTextSet m_locations; // in lower case
-    QvlTextSet m_contentIds; // reduced and in lower case
+    QvlTextSet m_contentIds; // reduced and in lower case, none of them empty
     QvlTextSet m_exact;
     QvlTextMap<QString, int> m_nextNumber; // by pattern; lower numbers are known to be taken
 };

@@ -15,6 +15,7 @@
 #include "wire/wire_text.h"
 
 #include <QtEndian>
+#include <QVarLengthArray>
 
 #include <tuple>
 
@@ -186,7 +187,7 @@ bool EntryReader::readContentLocation()
         return false;
     if (octet == WireText::Quote && !m_buffer->readByte(&octet))
         return false;
-    QByteArray location;
+    QVarLengthArray<char, 128> location;
     while (octet != 0) {
         if (location.size() == LongestLocation)
             return false;
@@ -194,7 +195,7 @@ bool EntryReader::readContentLocation()
         if (!m_buffer->readByte(&octet))
             return false;
     }
-    m_part->setContentLocation(QString::fromUtf8(location));
+    m_part->setContentLocation(QString::fromUtf8(QByteArrayView(location)));
     return true;
 }
 
