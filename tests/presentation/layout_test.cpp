@@ -11,6 +11,8 @@
 #include <gtest/gtest.h>
 
 #include <limits>
+
+#include <limits>
 #include <memory>
 
 namespace {
@@ -433,4 +435,38 @@ TEST(Meta, KeepsWhatItIsGiven)
     EXPECT_TRUE(meta.setContent("\"me\" "));
     EXPECT_EQ(meta.getName(), " author ");
     EXPECT_EQ(meta.getContent(), "\"me\" ");
+}
+
+TEST(LayoutCopies, LeaveOutNullAndWhatIsThere)
+{
+    MMS_COMP_SMILLayout source;
+    source.appendRegion(0, 0, 120, 160, "hidden", "a");
+    source.getRegionList()->append(nullptr);
+    source.appendRegion(0, 0, 120, 160, "hidden", "b");
+    MMS_COMP_SMILLayout target;
+    MMS_COMP_SMILRegion *first = target.appendRegion(0, 0, 120, 160, "hidden", "b");
+    target.addRegionsOf(source);
+    ASSERT_EQ(target.getRegionCount(), 2U);
+    EXPECT_EQ(target.getRegion(0), first);
+    EXPECT_EQ(target.getRegion(1)->getId(), "a");
+}
+
+TEST(LayoutCopies, OntoItselfEndEvenWithARegionThatEqualsNone)
+{
+    MMS_COMP_SMILLayout layout;
+    layout.appendRegion(std::numeric_limits<float>::quiet_NaN(), 0, 120, 160, "hidden", "a");
+    layout.addRegionsOf(layout);
+    EXPECT_EQ(layout.getRegionCount(), 2U);
+}
+
+TEST(LayoutFilling, FindsTheFirstOfEqualRegions)
+{
+    MMS_COMP_SMILLayout layout;
+    layout.getRegionList()->append(nullptr);
+    MMS_COMP_SMILRegion *first = layout.appendRegion(-0.0F, 0, 120, 160, "hidden", "a");
+    const MMS_COMP_SMILLayout::Filling filling(&layout);
+    EXPECT_EQ(layout.appendRegion(0.0F, 0, 120, 160, "hidden", "a"), first);
+    MMS_COMP_SMILRegion *other = layout.appendRegion(0, 0, 120, 160, "hidden", "A");
+    EXPECT_NE(other, first);
+    EXPECT_EQ(layout.appendRegion(0, 0, 120, 160, "hidden", "A"), other);
 }

@@ -281,3 +281,13 @@ TEST(Normalisation, ObjectsOfOneIdMoveOnEverySlide)
     EXPECT_EQ(objectRegionsOf(data), (QStringList{"new", "A", " a", "b", "new", "aa", "new"}));
     MMS_COMP_SMILParser::updateObjectRegionId(nullptr, "a", "b");
 }
+
+TEST(Normalisation, LeavesAListThatHoldsNullAsItIs)
+{
+    MMS_COMP_SMILData data(nullptr);
+    addRegions(data, {{1, 2, 3, 4, "a"}});
+    data.getLayout()->getRegionList()->append(nullptr);
+    EXPECT_EQ(MMS_COMP_SMILParser::updateToCorvaneRegion(&data), 0);
+    EXPECT_EQ(data.getRegion(0)->getId(), "a");
+    EXPECT_EQ(data.getRegionCount(), 2U);
+}
