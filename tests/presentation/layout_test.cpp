@@ -11,8 +11,6 @@
 #include <gtest/gtest.h>
 
 #include <limits>
-
-#include <limits>
 #include <memory>
 
 namespace {

@@ -32,4 +32,16 @@ for message in *.mms; do
   fi
 done
 "$qvlmms" show - <related.mms | without_now | tail -n +2 | diff - <(tail -n +2 related.txt) || failed=1
+
+# Several at a time come out in their order.
+for format in "" --json; do
+  "$qvlmms" show $format *.mms | without_now >"$work/one" || true
+  "$qvlmms" show $format --jobs 3 *.mms | without_now >"$work/three" || true
+  diff "$work/one" "$work/three" || failed=1
+done
+for jobs in 0 257 two; do
+  code=0
+  "$qvlmms" show --jobs "$jobs" related.mms 2>"$work/error" || code=$?
+  [ "$code" -eq 2 ] && grep -q 'from 1 to 256' "$work/error" || { echo "--jobs $jobs: exit code $code"; failed=1; }
+done
 exit "$failed"

@@ -6,6 +6,10 @@
 #include "terminal_text.h"
 
 #include <QCommandLineParser>
+#include <QtConcurrentRun>
+#include <QThreadPool>
+
+#include <utility>
 
 #include <unistd.h>
 
@@ -43,6 +47,60 @@ private:
     bool m_shown;
 };
 
+/// What is printed of one file.
+struct Shown
+{
+    QByteArray text;
+    QString error; ///< when the file could not be read
+    bool refused = false;
+};
+
+Shown showFile(const QString &file, bool json)
+{
+    Shown shown;
+    if (const auto message = readMessage(file, &shown.error)) {
+        shown.text =
+            json ? TerminalText::jsonLine(messageJson(*message)) : messageText(*message).toUtf8();
+        shown.refused = message->isRefused();
+    }
+    return shown;
+}
+
+/// Shows files in their order, some of them at the same time.
+class Files
+{
+public:
+    Files(QStringList names, bool json, int jobs) : m_names(std::move(names)), m_json(json)
+    {
+        m_pool.setMaxThreadCount(jobs);
+    }
+
+    /// What the next file gives.
+    Shown next()
+    {
+        // Some wait, so that nobody is idle while a long one before them is shown.
+        const qsizetype most = 4 * m_pool.maxThreadCount();
+        for (; m_running.size() < most && m_started < m_names.size(); ++m_started)
+            m_running += QtConcurrent::run(&m_pool, showFile, m_names[m_started], m_json);
+        return m_running.takeFirst().result();
+    }
+
+private:
+    QStringList m_names;
+    bool m_json;
+    qsizetype m_started = 0;
+    QList<QFuture<Shown>> m_running;
+    QThreadPool m_pool;
+};
+
+// The number of jobs that is asked for, or 0 when it is no such number.
+int jobsIn(const QString &text)
+{
+    constexpr int most = 256;
+    const int jobs = text.toInt();
+    return jobs >= 1 && jobs <= most ? jobs : 0;
+}
+
 QString summary(int decoded, int refused, int unreadable)
 {
     return QStringLiteral("\n%1 messages: %2 decoded, %3 refused, %4 not readable\n")
@@ -65,34 +123,42 @@ int Commands::show(const QStringList &arguments)
     const QCommandLineOption json(QStringLiteral("json"),
                                   QStringLiteral("Print one JSON object a line."));
     parser.addOption(json);
+    const QCommandLineOption jobs(QStringLiteral("jobs"),
+                                  QStringLiteral("Show N files at a time, in their order."),
+                                  QStringLiteral("N"), QStringLiteral("1"));
+    parser.addOption(jobs);
     int exitCode = AllDecoded;
     if (!parse(parser, arguments, 1, arguments.size(), &exitCode))
         return exitCode;
 
-    const QStringList files = parser.positionalArguments().sliced(1);
+    const int atATime = jobsIn(parser.value(jobs));
+    if (atATime == 0) {
+        printError(QStringLiteral("--jobs takes a number from 1 to 256"));
+        return CannotDo;
+    }
+
+    const QStringList names = parser.positionalArguments().sliced(1);
+    Files files(names, parser.isSet(json), atATime);
     int decoded = 0;
     int refused = 0;
     int unreadable = 0;
-    Progress progress(files.size());
-    for (const QString &file : files) {
-        QString error;
-        const auto message = readMessage(file, &error);
+    Progress progress(names.size());
+    for (const QString &name : names) {
+        const Shown shown = files.next();
         progress.hide();
-        if (message) {
+        if (shown.error.isEmpty()) {
             if (decoded + refused > 0 && !parser.isSet(json))
                 print(stdout, "\n");
-            ++(message->isRefused() ? refused : decoded);
-            print(stdout,
-                  parser.isSet(json) ? TerminalText::jsonLine(messageJson(*message))
-                                     : messageText(*message).toUtf8());
+            ++(shown.refused ? refused : decoded);
+            print(stdout, shown.text);
         } else {
-            printError(file + QLatin1String(": ") + error);
+            printError(name + QLatin1String(": ") + shown.error);
             ++unreadable;
         }
         progress.step();
     }
     progress.hide();
-    if (files.size() > 1 && !parser.isSet(json))
+    if (names.size() > 1 && !parser.isSet(json))
         print(stdout, summary(decoded, refused, unreadable).toUtf8());
     return unreadable > 0 ? CannotDo : refused > 0 ? Refused : AllDecoded;
 }
