@@ -17,6 +17,8 @@
 using Part = MMS_COMP_SMILMultipartBodypart;
 using Param = MMS_COMP_SMILMediaObjectParam;
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Names stand at their numbers.
@@ -34,9 +36,9 @@ int numberOf(const std::array<const char *, Size> &words, const QString &text)
     return int(row - words.begin());
 }
 
-QString trimmedAttribute(const QDomElement &element, const char *name)
+QString trimmedAttribute(const QDomElement &element, const QString &name)
 {
-    return element.attribute(QLatin1String(name)).trimmed();
+    return element.attribute(name).trimmed();
 }
 
 void setContentTypeOf(Part *part, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type)
@@ -268,9 +270,9 @@ int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement *element, MMS_COMP_SMILM
             return SmilResult::NotInMessage;
         setMediaElementType(
             MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(numberOf(elementNames, element->tagName().trimmed())));
-        m_src = trimmedAttribute(*element, "src");
-        m_alt = trimmedAttribute(*element, "alt");
-        m_regionId = trimmedAttribute(*element, "region");
+        m_src = trimmedAttribute(*element, u"src"_s);
+        m_alt = trimmedAttribute(*element, u"alt"_s);
+        m_regionId = trimmedAttribute(*element, u"region"_s);
         if (!multipart)
             return SmilResult::NotInMessage;
         Part *part = multipart->getBodyPartBySrc(m_src, Part::Attachment);
@@ -283,8 +285,8 @@ int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement *element, MMS_COMP_SMILM
         if (part->getDispFileType() == Part::Shown)
             part->setRefCount(part->getRefCount() + 1);
         part->setDispFileType(Part::Shown);
-        MMS_COMP_SMILParser::parseTime(trimmedAttribute(*element, "begin"), &m_begin);
-        MMS_COMP_SMILParser::parseTime(trimmedAttribute(*element, "end"), &m_end);
+        MMS_COMP_SMILParser::parseTime(trimmedAttribute(*element, u"begin"_s), &m_begin);
+        MMS_COMP_SMILParser::parseTime(trimmedAttribute(*element, u"end"_s), &m_end);
         return SmilResult::Ok;
     });
 }

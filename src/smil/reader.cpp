@@ -16,6 +16,8 @@
 #include <algorithm>
 #include <array>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using TimeContainerReader = int (*)(QDomElement *, MMS_COMP_SMILMultipart *, MMS_COMP_SMILData *,
@@ -160,7 +162,7 @@ int readTimedChildren(QDomElement *parent, MMS_COMP_SMILMultipart *multipart,
 
 int durationOf(const QDomElement &element)
 {
-    return MMS_COMP_SMILParser::parseDur(element.attribute(QStringLiteral("dur")));
+    return MMS_COMP_SMILParser::parseDur(element.attribute(u"dur"_s));
 }
 
 } // namespace
@@ -261,8 +263,7 @@ int MMS_COMP_SMILParser::parseSmilMeta(QDomElement *meta, MMS_COMP_SMILData *dat
 {
     if (!meta || !data)
         return SmilResult::NullArgument;
-    if (!data->appendMeta(meta->attribute(QStringLiteral("name")),
-                          meta->attribute(QStringLiteral("content"))))
+    if (!data->appendMeta(meta->attribute(u"name"_s), meta->attribute(u"content"_s)))
         m_lastWarning = SmilResult::MetaRefused;
     return SmilResult::Ok;
 }
@@ -294,9 +295,9 @@ int MMS_COMP_SMILParser::parseSmilRegion(QDomElement *region, MMS_COMP_SMILData 
 {
     if (!region || !data)
         return SmilResult::NullArgument;
-    const auto text = [region](const char *name) { return region->attribute(QLatin1String(name)); };
-    return data->appendRegion(text("left"), text("top"), text("width"), text("height"), text("fit"),
-                              text("id"))
+    const auto text = [region](const QString &name) { return region->attribute(name); };
+    return data->appendRegion(text(u"left"_s), text(u"top"_s), text(u"width"_s), text(u"height"_s),
+                              text(u"fit"_s), text(u"id"_s))
         ? SmilResult::Ok
         : SmilResult::RegionRefused;
 }
@@ -338,9 +339,9 @@ int MMS_COMP_SMILParser::parseMediaObjectParam(QDomElement *element,
     for (QDomElement child = firstChild(*element); !child.isNull(); child = nextElement(child)) {
         if (child.tagName() != QLatin1String("param"))
             continue;
-        const auto text = [&](const char *name) { return child.attribute(QLatin1String(name)); };
-        const int result =
-            object->appendParamElem(text("name"), text("value"), text("valuetype"), text("type"));
+        const auto text = [&](const QString &name) { return child.attribute(name); };
+        const int result = object->appendParamElem(text(u"name"_s), text(u"value"_s),
+                                                   text(u"valuetype"_s), text(u"type"_s));
         if (result != SmilResult::Ok)
             return result;
     }
@@ -349,9 +350,9 @@ int MMS_COMP_SMILParser::parseMediaObjectParam(QDomElement *element,
 
 bool MMS_COMP_SMILParser::isValidBodyElement(const QDomElement *element)
 {
-    return element && std::any_of(bodyTags.begin(), bodyTags.end(), [element](const char *tag) {
-               return element->tagName() == QLatin1String(tag);
-           });
+    const QString name = element ? element->tagName() : QString();
+    return std::any_of(bodyTags.begin(), bodyTags.end(),
+                       [&name](const char *tag) { return name == QLatin1String(tag); });
 }
 
 QDomNode MMS_COMP_SMILParser::getNextSibling(const QDomNode &node)
