@@ -4,7 +4,6 @@
 #include "wire/wire_result.h"
 #include "wire/wire_text.h"
 
-#include <algorithm>
 #include <tuple>
 
 namespace {
@@ -26,12 +25,6 @@ qsizetype findPlmnSuffix(QStringView text)
     while (at >= 0 && !text.sliced(at).startsWith(PlmnSuffix))
         at = text.indexOf(PlmnSuffix.front(), at + 1);
     return at;
-}
-
-bool isAscii(QByteArrayView octets)
-{
-    return std::all_of(octets.begin(), octets.end(),
-                       [](char octet) { return static_cast<unsigned char>(octet) < 0x80; });
 }
 
 } // namespace
@@ -68,7 +61,7 @@ unsigned char AddressBinary::writeTo(LinearBuffer *buffer, const MMS_UTIL_Entry 
         return WireResult::Written;
     case MMS_UTIL_Entry::Email: {
         const WireText::Octets octets = WireText::utf8(entry.getAddress());
-        if (!isAscii(octets))
+        if (!WireText::isAscii(octets))
             return EncodedStringBinary::writeTo(buffer, entry.getAddress());
         WireText::append(buffer, octets);
         return WireResult::Written;
@@ -85,8 +78,8 @@ int AddressBinary::sizeOf(const MMS_UTIL_Entry &entry)
         return WireText::sizeOf(plmnOctets(entry.getAddress()));
     case MMS_UTIL_Entry::Email: {
         const WireText::Octets octets = WireText::utf8(entry.getAddress());
-        return isAscii(octets) ? WireText::sizeOf(octets)
-                               : EncodedStringBinary::sizeOf(entry.getAddress());
+        return WireText::isAscii(octets) ? WireText::sizeOf(octets)
+                                         : EncodedStringBinary::sizeOf(entry.getAddress());
     }
     default:
         return 0;

@@ -53,6 +53,8 @@ QString decodeEncodedText(QByteArrayView octets, int charset)
     // stays in a quoted text. Kept: the composer relies on what it has stored.
     if (!text.isEmpty() && octets[text.size() - 1] == 0)
         text.chop(1);
+    if (WireText::isAscii(text)) // which needs no decoder, whatever the charset
+        return QString::fromLatin1(text);
     return charset == CharsetReadAsUtf8 ? QString::fromUtf8(text) : QString::fromLocal8Bit(text);
 }
 

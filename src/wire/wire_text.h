@@ -7,6 +7,8 @@
 #include <QString>
 #include <QVarLengthArray>
 
+#include <algorithm>
+
 class LinearBuffer;
 
 namespace WireText {
@@ -22,6 +24,12 @@ using Octets = QVarLengthArray<char, 256>;
  * everything that is sized or counted goes by this.
  */
 Octets utf8(const QString &text);
+
+inline bool isAscii(QByteArrayView octets)
+{
+    return std::all_of(octets.begin(), octets.end(),
+                       [](char octet) { return static_cast<unsigned char>(octet) < 0x80; });
+}
 
 /// Appends a plain text of these octets: a Quote where one is needed, the octets, a zero.
 void append(LinearBuffer *buffer, QByteArrayView octets);
