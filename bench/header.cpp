@@ -82,6 +82,8 @@ void addHeaderBenchmarks()
                      [&type] { return encoding(headerOf(type)); });
     }
     addBenchmark("notification/decode",
+                 [] { return decoding(notificationWithoutTime(NotificationOctets)); });
+    addBenchmark("notification/decode with Expiry",
                  [] { return decoding(encodedHeader(notification().get())); });
     addBenchmark("notification/encode", [] { return encoding(notification()); });
     addBenchmark("notification/record", makingRecord);

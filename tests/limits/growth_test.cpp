@@ -352,6 +352,23 @@ Work copying(int size)
     };
 }
 
+// The slides outlive what is measured: with them go their parts, each looked for among all.
+Work makingSlides(int size)
+{
+    auto message = std::make_shared<Message>();
+    for (int i = 0; i < size; ++i) {
+        auto text = picture(QStringLiteral("%1.txt").arg(i));
+        text->setContentType(QStringLiteral("text"));
+        text->setContentSubType(QStringLiteral("plain"));
+        message->parts.appendBodypart(text.release());
+    }
+    return [message] {
+        EXPECT_EQ(MMS_COMP_SMILParser::makeSmilForMixed(&message->parts, &message->slides, true),
+                  1);
+        EXPECT_GT(message->slides.getTotalSlidesNum(), 0U);
+    };
+}
+
 Work normalising(int size)
 {
     return [message = messageOf<regionsDocument>(size)] {
@@ -440,6 +457,7 @@ constexpr Subject subjects[] = {
     {"slides, copied", 2500, copying<slidesDocument>},
     {"regions, copied", 5000, copying<regionsDocument>},
     {"params of one object, copied", 5000, copying<paramsDocument>},
+    {"parts, slides made of them", 127, makingSlides},
     {"regions, normalised", 5000, normalising},
     {"objects whose region is renamed", 2500, renamingRegionsOfObjects},
     {"slides, a source named for them", 2500, namingSource},
