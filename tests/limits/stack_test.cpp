@@ -50,6 +50,11 @@ struct Depth
     int result;
 };
 
+void PrintTo(const Depth &depth, std::ostream *out)
+{
+    *out << depth.levels << " levels of " << depth.tag;
+}
+
 class NestedElements : public testing::TestWithParam<Depth>
 {
 };
