@@ -5,7 +5,25 @@
 
 #include "platform/host/mime_extension_table.h"
 
+#include <vector>
+
 using namespace HostPlatform;
+
+namespace {
+
+// Made once, so that the names of many parts share them.
+const QString &preferredExtension(const MimeExtensionRow &row)
+{
+    static const std::vector<QString> texts = [] {
+        std::vector<QString> made;
+        for (const MimeExtensionRow &each : mimeExtensionTable)
+            made.emplace_back(latin1(each.extensions.preferred()));
+        return made;
+    }();
+    return texts[size_t(&row - mimeExtensionTable.data())];
+}
+
+} // namespace
 
 QString MMS_COMP_Util::getFirstSupportExtNameByMIMEType(const QString &type, const QString &subtype)
 {
@@ -14,7 +32,7 @@ QString MMS_COMP_Util::getFirstSupportExtNameByMIMEType(const QString &type, con
             return candidate.mediaType.matches(type, subtype);
         });
     const bool named = row != mimeExtensionTable.end() && row->naming == Naming::ByExtension;
-    return latin1(named ? row->extensions.preferred() : "");
+    return named ? preferredExtension(*row) : QString(latin1(""));
 }
 
 bool MMS_COMP_Util::getMIMETypeByExtName(const QString &ext, QString &type, QString &subtype)
