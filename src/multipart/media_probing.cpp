@@ -108,9 +108,8 @@ bool MMS_COMP_SMILMultipartBodypart::isMediaObjectSupported()
             MMS_COMP_Util::getFirstSupportExtNameByMIMEType(m_contentType, m_subType).toLower();
         if (extension.isEmpty() && name.isEmpty())
             return false;
-        if (extension.isEmpty())
-            extension =
-                MMS_COMP_Util::getExtName(name); // in the sender's case: so is the engine asked
+        if (extension.isEmpty()) // in the sender's case: so is the engine asked
+            extension = MMS_COMP_Util::getExtName(name);
         const EnginePointer engine = createEngine();
         if (!engine || !open(*engine, m_bodyData, extension.toLatin1()))
             return false;

@@ -51,12 +51,10 @@ const KindRow *kindOf(Part &part)
     return nullptr;
 }
 
-bool appendSlide(MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data, Part *part,
+void appendSlide(MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data, Part *part,
                  const KindRow &kind)
 {
     Slide *slide = data->appendSlide(unsigned(Slide::DefaultDuration));
-    if (!slide)
-        return false;
     auto object = std::make_unique<Object>(multipart);
     object->setData(part);
     object->setMediaElementType(kind.element);
@@ -66,7 +64,6 @@ bool appendSlide(MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data, Par
     slide->appendObject(object.release());
     slide->rectifyDur();
     part->setDispFileType(Part::Shown);
-    return true;
 }
 
 void insertSmilPart(MMS_COMP_SMILMultipart *multipart, const QByteArray &smil)
@@ -101,9 +98,8 @@ int MMS_COMP_SMILParser::makeSmilForMixed(MMS_COMP_SMILMultipart *multipart,
             Part *part = multipart->getBodypartByIndex(i);
             if (part->getDispFileType() == Part::Shown)
                 continue;
-            const KindRow *kind = kindOf(*part);
-            if (kind && !appendSlide(multipart, data, part, *kind))
-                return NotCreated;
+            if (const KindRow *kind = kindOf(*part))
+                appendSlide(multipart, data, part, *kind);
         }
         if (!writeSmil)
             return Created;
