@@ -12,7 +12,7 @@ namespace {
 // Empty, not null: a stream tells the two apart.
 QString emptyText()
 {
-    return QLatin1String("");
+    return QStringLiteral("");
 }
 
 using EnumToText = bool (*)(int, QCString &);

@@ -120,7 +120,6 @@ void MMS_COMP_SMILMultipartParser::checkLocation(MMS_COMP_SMILMultipart *multipa
                 if (!names)
                     names.emplace(*multipart);
                 part->setContentLocation(locationFor(*part, *names));
-                names->add(*part);
             }
             if (part->getDispFileName().isEmpty())
                 part->setDispFileName(part->getContentLocation());

@@ -7,6 +7,9 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <array>
+#include <charconv>
+#include <limits>
 
 namespace {
 
@@ -15,9 +18,18 @@ constexpr int LongestBaseAndExtension = 88; // leaves room for a number and two 
 
 constexpr QLatin1String renamed("renamed");
 
-QString withDot(const QString &ext)
+template <typename Base>
+QString withExtension(const Base &base, const QString &ext)
 {
-    return ext.isEmpty() ? ext : QLatin1Char('.') + ext;
+    return ext.isEmpty() ? QString(base) : base + QLatin1Char('.') + ext;
+}
+
+QString numbered(const QString &prefix, int number, const QString &ext)
+{
+    std::array<char, std::numeric_limits<int>::digits10 + 1> digits;
+    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
+    const QLatin1String decimal(digits.data(), int(end - digits.data()));
+    return withExtension(prefix + decimal, ext);
 }
 
 QString withoutAmpersand(QString name)
@@ -46,7 +58,7 @@ struct NameParts
 {
     explicit NameParts(const QString &name)
         : fileName(MMS_COMP_Util::stripePath(name)), base(MMS_COMP_Util::getNoExtName(fileName)),
-          ext(MMS_COMP_Util::getExtName(fileName)), suffix(withDot(ext))
+          ext(MMS_COMP_Util::getExtName(fileName))
     {
     }
 
@@ -62,7 +74,6 @@ struct NameParts
     QString fileName;
     QString base;
     QString ext;
-    QString suffix;
 };
 
 } // namespace
@@ -74,40 +85,45 @@ bool PartNames::isUsable(const QString &name)
 
 void PartNames::add(const MMS_COMP_SMILMultipartBodypart &part)
 {
-    m_locations.insert(part.getContentLocation().toLower());
+    if (const QString location = part.getContentLocation(); !location.isEmpty())
+        m_locations.insert(location.toLower());
     if (const QString key = contentIdKey(part.getContentID()); !key.isEmpty())
         m_contentIds.insert(key);
 }
 
 void PartNames::add(const MMS_COMP_SMILMultipart &multipart)
 {
+    m_locations.reserve(size_t(multipart.getPartCount()));
     for (int i = 0; i < multipart.getPartCount(); ++i)
         add(*multipart.getBodypartByIndex(i));
 }
 
-bool PartNames::isTaken(const QString &name) const
+// False, and nothing changed, when the name is taken already.
+bool PartNames::take(const QString &name)
 {
-    return m_exact.contains(name) || m_locations.contains(name.toLower())
-        || (!m_contentIds.empty() && m_contentIds.contains(contentIdKey(name)));
+    if (!m_exact.empty() && m_exact.contains(name))
+        return false;
+    if (!m_contentIds.empty() && m_contentIds.contains(contentIdKey(name)))
+        return false;
+    return m_locations.insert(name.toLower()).second;
 }
 
-// The first of prefix 0 suffix, prefix 1 suffix, ... that is free, or a null text when the pattern
+// The first of prefix0.ext, prefix1.ext, ... that is free, or a null text when the pattern
 // itself makes all of them unusable. Every taken name blocks one number at most, so one of the
 // numbers up to their count is free unless the names get too long or are no URLs, which no higher
 // number mends.
-QString PartNames::firstFree(const QString &prefix, const QString &suffix)
+QString PartNames::takeFirstFree(const QString &prefix, const QString &ext)
 {
-    int &next = m_nextNumber[prefix + QChar::Null + suffix];
+    int &next = m_nextNumber[{prefix, ext}];
     const std::size_t taken = m_locations.size() + m_contentIds.size() + m_exact.size();
     const qsizetype last = next + qsizetype(taken);
-    for (; next <= last; ++next) {
-        const QString name = prefix + QString::number(next) + suffix;
-        if (isTaken(name))
-            continue;
+    while (next <= last) {
+        const QString name = numbered(prefix, next, ext);
         if (!isUsable(name))
             break;
-        ++next; // whoever asked uses the name
-        return name;
+        ++next;
+        if (take(name))
+            return name;
     }
     return QString();
 }
@@ -115,17 +131,17 @@ QString PartNames::firstFree(const QString &prefix, const QString &suffix)
 QString PartNames::uniqueAttachmentLocation(const QString &ext)
 {
     const QString prefix = QStringLiteral("file");
-    QString name = firstFree(prefix, withDot(ext));
-    return name.isNull() ? firstFree(prefix, QString()) : name;
+    QString name = takeFirstFree(prefix, ext);
+    return name.isNull() ? takeFirstFree(prefix, QString()) : name;
 }
 
-QString PartNames::itselfOrNumbered(const QString &candidate, const QString &base,
-                                    const QString &suffix)
+QString PartNames::takeItselfOrNumbered(const QString &candidate, const QString &base,
+                                        const QString &ext)
 {
-    if (isFree(candidate))
+    if (isUsable(candidate) && take(candidate))
         return candidate;
-    QString numbered = firstFree(base + QLatin1Char('_'), suffix);
-    return numbered.isNull() ? uniqueAttachmentLocation(QString()) : numbered;
+    QString name = takeFirstFree(base + QLatin1Char('_'), ext);
+    return name.isNull() ? uniqueAttachmentLocation(QString()) : name;
 }
 
 // The name is tested for being a URL without its "&", but with an extension the "&" stays in the
@@ -137,9 +153,9 @@ QString PartNames::uniqueLocation(const QString &name)
     parts.cutBase();
     if (!isUrl(candidate))
         parts.base = renamed;
-    if (!parts.suffix.isEmpty())
-        candidate = parts.base + parts.suffix;
-    return itselfOrNumbered(candidate, parts.base, parts.suffix);
+    if (!parts.ext.isEmpty())
+        candidate = withExtension(parts.base, parts.ext);
+    return takeItselfOrNumbered(candidate, parts.base, parts.ext);
 }
 
 // Only the first candidate is without "&". Kept for the same reason.
@@ -149,9 +165,9 @@ QString PartNames::uniqueSource(const QString &name)
     QString candidate = withoutAmpersand(parts.fileName);
     if (!isUrl(candidate)) {
         parts.base = renamed;
-        candidate = parts.base + parts.suffix;
+        candidate = withExtension(parts.base, parts.ext);
     }
     if (parts.cutBase())
-        candidate = parts.base + parts.suffix;
-    return itselfOrNumbered(candidate, parts.base, parts.suffix);
+        candidate = withExtension(parts.base, parts.ext);
+    return takeItselfOrNumbered(candidate, parts.base, parts.ext);
 }

@@ -1,6 +1,6 @@
 /*
  * The names that a message's parts already answer to, indexed, so that naming many parts does not
- * walk all of them for every candidate. Names can be added but not taken back: an index lives for
+ * walk all of them for every candidate. Names can be taken but not given back: an index lives for
  * one naming pass.
  */
 #pragma once
@@ -8,6 +8,9 @@
 #include "platform/text_hash.h"
 
 #include <QString>
+
+#include <map>
+#include <utility>
 
 class MMS_COMP_SMILMultipart;
 class MMS_COMP_SMILMultipartBodypart;
@@ -29,19 +32,21 @@ public:
     /// Makes @p name taken in exactly this spelling.
     void addExact(const QString &name) { m_exact.insert(name); }
 
-    /// What the operations of the message and of the presentation that create names result in.
+    /// What the operations of the message and of the presentation that create names result in. The
+    /// name is taken from then on.
     QString uniqueAttachmentLocation(const QString &ext);
     QString uniqueLocation(const QString &name);
     QString uniqueSource(const QString &name);
 
 private:
-    bool isTaken(const QString &name) const;
-    bool isFree(const QString &name) const { return !isTaken(name) && isUsable(name); }
-    QString firstFree(const QString &prefix, const QString &suffix);
-    QString itselfOrNumbered(const QString &candidate, const QString &base, const QString &suffix);
+    bool take(const QString &name);
+    QString takeFirstFree(const QString &prefix, const QString &ext);
+    QString takeItselfOrNumbered(const QString &candidate, const QString &base, const QString &ext);
 
     QvlTextSet m_locations; // in lower case
     QvlTextSet m_contentIds; // reduced and in lower case, none of them empty
     QvlTextSet m_exact;
-    QvlTextMap<QString, int> m_nextNumber; // by pattern; lower numbers are known to be taken
+    // By what stands before the number, and the extension behind it; lower numbers are known to be
+    // taken.
+    std::map<std::pair<QString, QString>, int> m_nextNumber;
 };

@@ -142,12 +142,15 @@ MMS_COMP_SMILRootLayout *MMS_COMP_SMILLayout::setRootLayout(int width, int heigh
 
 int MMS_COMP_SMILLayout::setRootLayout(QDomElement *element)
 {
-    if (!element)
-        return RootLayoutRefused;
-    setRootLayout(pixelsOf(element->attribute(QStringLiteral("width"))),
-                  pixelsOf(element->attribute(QStringLiteral("height"))));
-    m_rootLayout->setBackgroundColor(element->attribute(QStringLiteral("background-color")));
-    return 0;
+    return unlessOutOfMemory(RootLayoutRefused, [&]() -> int {
+        if (!element)
+            return RootLayoutRefused;
+        MMS_COMP_SMILRootLayout *rootLayout =
+            setRootLayout(pixelsOf(element->attribute(QStringLiteral("width"))),
+                          pixelsOf(element->attribute(QStringLiteral("height"))));
+        rootLayout->setBackgroundColor(element->attribute(QStringLiteral("background-color")));
+        return 0;
+    });
 }
 
 MMS_COMP_SMILRegion *MMS_COMP_SMILLayout::getRegion(unsigned int index) const

@@ -354,14 +354,14 @@ int MMS_COMP_SMILMediaObject::updateParamByName(const QString &name, const QStri
             param->setValue(value);
             return SmilResult::Ok;
         }
-        return appendParamElem(name, value, SMIL_PARAM_VALUE_DATA, QLatin1String(""));
+        return appendParamElem(name, value, SMIL_PARAM_VALUE_DATA, QStringLiteral(""));
     });
 }
 
 QString MMS_COMP_SMILMediaObject::getParamValueByName(const QString &name) const
 {
     const Param *param = getParam(indexOfParam(name));
-    return param ? param->getValue() : QLatin1String("");
+    return param ? param->getValue() : QStringLiteral("");
 }
 
 void MMS_COMP_SMILMediaObject::removeParamByName(const QString &name)

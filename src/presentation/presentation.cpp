@@ -120,8 +120,10 @@ int MMS_COMP_SMILData::setRootLayout(QDomElement *element)
 MMS_COMP_SMILRootLayout *MMS_COMP_SMILData::setRootLayout(const QString &width,
                                                           const QString &height, const QString &)
 {
-    return m_layout.setRootLayout(MMS_COMP_SMILLayout::pixelsOf(width),
-                                  MMS_COMP_SMILLayout::pixelsOf(height));
+    return unlessOutOfMemory(nullptr, [&] {
+        return m_layout.setRootLayout(MMS_COMP_SMILLayout::pixelsOf(width),
+                                      MMS_COMP_SMILLayout::pixelsOf(height));
+    });
 }
 
 void MMS_COMP_SMILData::appendRegion(MMS_COMP_SMILRegion *region)
@@ -140,12 +142,14 @@ MMS_COMP_SMILRegion *MMS_COMP_SMILData::appendRegion(const QString &left, const 
                                                      const QString &width, const QString &height,
                                                      const QString &fit, const QString &id)
 {
-    for (const QString &text : {left, top, width, height}) {
-        if (text.contains(QLatin1Char('%')))
-            m_measureUnit = SMIL_UNIT_PERCENT;
-    }
-    return appendRegion(regionNumber(left, 0), regionNumber(top, 0), regionNumber(width, -1),
-                        regionNumber(height, -1), fit, id);
+    return unlessOutOfMemory(nullptr, [&] {
+        for (const QString &text : {left, top, width, height}) {
+            if (text.contains(QLatin1Char('%')))
+                m_measureUnit = SMIL_UNIT_PERCENT;
+        }
+        return appendRegion(regionNumber(left, 0), regionNumber(top, 0), regionNumber(width, -1),
+                            regionNumber(height, -1), fit, id);
+    });
 }
 
 MMS_COMP_SMILMeta *MMS_COMP_SMILData::getMeta(unsigned int index) const

@@ -5,6 +5,7 @@
 #include "smil/smil_result.h"
 
 #include <QDataStream>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <limits>
@@ -15,10 +16,23 @@ using Part = MMS_COMP_SMILMultipartBodypart;
 
 namespace {
 
-constexpr QLatin1String PageColourParam("background-color");
-constexpr QLatin1String TextColourParam("foreground-color");
-constexpr QLatin1String TextSizeParam("textsize");
 constexpr int DurationStep = 500; // milliseconds
+
+// The texts are part of the library, so that naming a param takes no memory.
+QString pageColourParam()
+{
+    return QStringLiteral("background-color");
+}
+
+QString textColourParam()
+{
+    return QStringLiteral("foreground-color");
+}
+
+QString textSizeParam()
+{
+    return QStringLiteral("textsize");
+}
 
 bool isText(const Object &object)
 {
@@ -66,7 +80,7 @@ bool hasCharacters(const Object &object)
 }
 
 // Takes over the colour in the param of @p object; false when there is no usable one.
-bool readColour(const Object *object, QLatin1String param, MMS_COMP_COLOR *colour)
+bool readColour(const Object *object, const QString &param, MMS_COMP_COLOR *colour)
 {
     if (!object)
         return false;
@@ -107,10 +121,14 @@ bool MMS_COMP_SMILTimingContainer::insert(unsigned int index, Object *object)
 {
     if (!object || index > getMediaObjectCount())
         return false;
-    m_objects.insert(int(index), object);
-    if (plays(*object))
+    const bool inserted = unlessOutOfMemory(false, [&] {
+        const auto ownAgain = qScopeGuard([this] { m_objects.setAutoDelete(true); });
+        m_objects.setAutoDelete(false); // without memory the object stays the caller's
+        return m_objects.insert(int(index), object);
+    });
+    if (inserted && plays(*object))
         rectifyDur();
-    return true;
+    return inserted;
 }
 
 bool MMS_COMP_SMILTimingContainer::remove(unsigned int index)
@@ -294,18 +312,18 @@ void MMS_COMP_SMILTimingContainer::removeParamFromAll(const QString &name)
 void MMS_COMP_SMILTimingContainer::updatePageColorToElem()
 {
     if (!m_pageColor.isUsable())
-        return removeParamFromAll(PageColourParam);
+        return removeParamFromAll(pageColourParam());
     for (Object *object : {first(isText), first(isPicture), first(isAudio)}) {
         if (object)
-            object->updateParamByName(PageColourParam, m_pageColor.color.name());
+            object->updateParamByName(pageColourParam(), m_pageColor.color.name());
     }
 }
 
 void MMS_COMP_SMILTimingContainer::updatePageColorFromElem()
 {
-    const bool found = readColour(first(isText), PageColourParam, &m_pageColor)
-        || readColour(first(isPicture), PageColourParam, &m_pageColor)
-        || readColour(first(isAudio), PageColourParam, &m_pageColor);
+    const bool found = readColour(first(isText), pageColourParam(), &m_pageColor)
+        || readColour(first(isPicture), pageColourParam(), &m_pageColor)
+        || readColour(first(isAudio), pageColourParam(), &m_pageColor);
     if (!found)
         m_pageColor.kind = SMIL_COLOR_INVALID;
 }
@@ -313,27 +331,27 @@ void MMS_COMP_SMILTimingContainer::updatePageColorFromElem()
 void MMS_COMP_SMILTimingContainer::updateTextColorToElem()
 {
     if (!m_textColor.isUsable())
-        return removeParamFromAll(TextColourParam);
+        return removeParamFromAll(textColourParam());
     if (Object *text = first(isText))
-        text->updateParamByName(TextColourParam, m_textColor.color.name());
+        text->updateParamByName(textColourParam(), m_textColor.color.name());
 }
 
 void MMS_COMP_SMILTimingContainer::updateTextColorFromElem()
 {
-    if (!readColour(first(isText), TextColourParam, &m_textColor))
+    if (!readColour(first(isText), textColourParam(), &m_textColor))
         m_textColor.kind = SMIL_COLOR_INVALID;
 }
 
 int MMS_COMP_SMILTimingContainer::updateTextSizeToElem()
 {
     Object *text = first(isText);
-    return text ? text->updateParamByName(TextSizeParam, m_textSize) : SmilResult::Ok;
+    return text ? text->updateParamByName(textSizeParam(), m_textSize) : SmilResult::Ok;
 }
 
 void MMS_COMP_SMILTimingContainer::updateTextSizeFromElem()
 {
     const Object *text = first(isText);
-    m_textSize = text ? text->getParamValueByName(TextSizeParam) : QStringLiteral("normal");
+    m_textSize = text ? text->getParamValueByName(textSizeParam()) : QStringLiteral("normal");
 }
 
 unsigned int MMS_COMP_SMILTimingContainer::getPageSize() const

@@ -1,4 +1,4 @@
-/*
+/** @file
  * A slide: the media shown together, how long, and its colours. Holds the rules of composing, at
  * most one text, one image or video, and one audio, and derives the duration from what plays.
  */
@@ -19,7 +19,7 @@ class QDataStream;
  * without owning it; the pointer becomes null when the message is deleted.
  *
  * A picture is an image or a video. The order of the media objects matters: a text behind the
- * picture is shown below it.
+ * picture is shown below it. Lookups walk the objects, of which a slide has few.
  */
 class QVL_EXPORT MMS_COMP_SMILTimingContainer
 {
@@ -34,43 +34,67 @@ public:
     /// Releases the content of the slide's objects, as clear() does.
     ~MMS_COMP_SMILTimingContainer();
 
-    /// Milliseconds; -1 for none given, -2 for indefinite.
+    /// How long the slide is shown, in milliseconds; -1 for none given, -2 for indefinite. Starts
+    /// as DefaultDuration.
     int getDur() const { return m_dur; }
+    /// @copydoc getDur
     void setDur(int milliseconds) { m_dur = milliseconds; }
-    /// Whether the user fixed the duration.
+    /// Whether the user fixed the duration. rectifyDur() takes that back when something plays.
     bool getSetDurManually() const { return m_setDurManually; }
+    /// @copydoc getSetDurManually
     void setSetDurManually(bool manually) { m_setDurManually = manually; }
-    /// The message, or null; not owned.
+    /// The message, or null; not owned. The slide's objects keep their own.
     MMS_COMP_SMILMultipart *getMultiPart() const { return m_multipart.get(); }
+    /// @copydoc getMultiPart
     void setMultiPart(MMS_COMP_SMILMultipart *multipart) { m_multipart = multipart; }
+    /// Colour behind the media; unusable until one is set.
     MMS_COMP_COLOR getPageColor() const { return m_pageColor; }
+    /// @copydoc getPageColor
     void setPageColor(const MMS_COMP_COLOR &colour) { m_pageColor = colour; }
+    /// Colour of the text; unusable until one is set.
     MMS_COMP_COLOR getTextColor() const { return m_textColor; }
+    /// @copydoc getTextColor
     void setTextColor(const MMS_COMP_COLOR &colour) { m_textColor = colour; }
-    /// Keyword such as "normal".
+    /// Size of the text: a keyword such as "normal", or empty.
     QString getTextSize() const { return m_textSize; }
+    /// @copydoc getTextSize
     void setTextSize(const QString &size) { m_textSize = size; }
 
+    /// Count of media objects.
     unsigned int getMediaObjectCount() const { return unsigned(m_objects.count()); }
     /// The object at @p index, which stays the slide's, or null out of range.
     MMS_COMP_SMILMediaObject *getMediaObject(unsigned int index) const;
     /// Adds @p object, which becomes the slide's, without any check. Null is ignored.
     void appendObject(MMS_COMP_SMILMediaObject *object);
-    /// Puts @p object, which becomes the slide's, at @p index; false for null or beyond the end.
+    /// Puts @p object, which becomes the slide's, at @p index; false for null, beyond the end or
+    /// without memory, and it stays the caller's. One that plays derives the duration anew.
     bool insert(unsigned int index, MMS_COMP_SMILMediaObject *object);
-    /// Releases, removes and deletes the object at @p index; true also when there is none.
+    /// Releases, removes and deletes the object at @p index; true also when there is none. One that
+    /// played derives the duration anew.
     bool remove(unsigned int index);
 
     /// Whether the slide has room for an element "text", "img", "video" or "audio", in any case.
     bool canBeInserted(const QString &kind) const;
     /**
-     * Puts new content into the slide, in place of what has its place. @p textBelowImage says where
-     * a text goes that is new, or a picture beside the text. False when there is no memory.
+     * Puts new content into the slide, in place of what has its place: the last text, the last
+     * picture, or the first object of another kind. A video or sound derives the duration anew.
+     *
+     * @param regionId region that the content is shown in
+     * @param src location of the part; used as it is, also when another part has it
+     * @param type kind of element
+     * @param subType subtype of the part, such as "jpeg"
+     * @param bytes octets of the part, which are shared and not copied
+     * @param textBelowImage where a text goes that is new, or a picture beside the text
+     * @param multipart the message, which gets a part that is new
+     * @return false when there is no memory
      */
     bool updateData(const QString &regionId, const QString &src,
                     MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type, const QString &subType,
                     const QArray<char> &bytes, bool textBelowImage,
                     MMS_COMP_SMILMultipart *multipart);
+
+    /// @name Objects by their kind
+    /// @{
 
     /**
      * The first object of its kind, or null. With @p take it leaves the slide and becomes the
@@ -80,47 +104,62 @@ public:
     MMS_COMP_SMILMediaObject *getVideoElem(bool take);
     MMS_COMP_SMILMediaObject *getImgObjectLikeElem(bool take);
     MMS_COMP_SMILMediaObject *getAudioElem(bool take);
+    /// @}
 
-    /// Each releases, removes and deletes the first object that fits.
+    /// Releases, removes and deletes the first text, if any.
     void removeTextElem();
+    /// The same with the first picture. A video derives the duration anew.
     void removeImgLikeElem();
+    /// The same with the first object whose location is @p src, in the same case.
     void removeBySrc(const QString &src);
 
+    /// True when there is a video.
     bool isVideoExist() const;
-    /// True for a video too: it takes the picture's place.
+    /// True when there is an image, or a video: it takes the picture's place.
     bool isImageExist() const;
+    /// True when there is a sound.
     bool isAudioExist() const;
     /// True when there is nothing but texts without characters.
     bool isBlank() const;
     /// False when a picture comes behind a text, else true.
     bool isTextBellowImg() const;
 
-    /// Colours and text size travel as params of the media objects: into them and out of them.
+    /// Puts the page colour, which travels as a param, into the first text, picture and sound. An
+    /// unusable one removes the param from all objects.
     void updatePageColorToElem();
+    /// Takes it from the first of the three that has a usable one; else it becomes unusable.
     void updatePageColorFromElem();
+    /// Puts the text colour into a param of the first text. An unusable one removes the param from
+    /// all objects.
     void updateTextColorToElem();
+    /// Takes it from the first text; else it becomes unusable.
     void updateTextColorFromElem();
-    int updateTextSizeToElem(); ///< 0, or SmilResult::OutOfMemory
+    /// Puts the text size, an empty one too, into a param of the first text. Returns 0, or
+    /// SmilResult::OutOfMemory.
+    int updateTextSizeToElem();
+    /// Takes it from the first text; "normal" without one.
     void updateTextSizeFromElem();
 
-    /// Octets of the slide's content.
+    /// Octets of the parts that the slide's objects are bound to.
     unsigned int getPageSize() const;
     /**
      * Derives the duration from the first video and the first audio: the sum of what plays, else
-     * the user's or the default one, rounded up to a multiple of 500 ms.
+     * the user's or the default one, rounded up to a multiple of 500 ms. Measures the two in the
+     * platform's player engine.
      */
     void rectifyDur();
     /// Releases and deletes all objects; the duration is the default one again.
     void clear();
 
-    /// Copies the slide to @p target with content from @p multipart; false when an object fails.
+    /// Copies the slide to @p target with content from @p multipart. False for null, or when an
+    /// object cannot be copied, see MMS_COMP_SMILMediaObject::copyTo(), and then the copies made
+    /// until then stay.
     bool copyTo(MMS_COMP_SMILTimingContainer *target, MMS_COMP_SMILMultipart *multipart) const;
 
-    /**
-     * Duration, count and the objects' records, in the stream's own encoding. Both return true,
-     * reading false when there is no memory; objects that were there stay in front.
-     */
+    /// Writes duration, count and the objects' records in the stream's own encoding. Returns true.
     bool writeToStream(QDataStream &stream) const;
+    /// Reads what writeToStream() wrote, as far as the stream goes. Objects that were there stay in
+    /// front. False when there is no memory, else true.
     bool readFromStream(QDataStream &stream);
 
 private:
@@ -136,7 +175,7 @@ private:
     int m_dur = DefaultDuration;
     bool m_setDurManually = false;
     QvlWeakPointer<MMS_COMP_SMILMultipart> m_multipart;
-    MMS_COMP_COLOR m_pageColor{SMIL_COLOR_INVALID, QLatin1String(""), QColor()};
-    MMS_COMP_COLOR m_textColor{SMIL_COLOR_INVALID, QLatin1String(""), QColor()};
-    QString m_textSize = QLatin1String("");
+    MMS_COMP_COLOR m_pageColor{SMIL_COLOR_INVALID, QStringLiteral(""), QColor()};
+    MMS_COMP_COLOR m_textColor{SMIL_COLOR_INVALID, QStringLiteral(""), QColor()};
+    QString m_textSize = QStringLiteral("");
 };

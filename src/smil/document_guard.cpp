@@ -67,6 +67,12 @@ qsizetype behind(QStringView text, qsizetype from, QStringView end)
     return found < 0 ? text.size() : found + end.size();
 }
 
+qsizetype behind(QStringView text, qsizetype from, QChar end)
+{
+    const qsizetype found = text.indexOf(end, from);
+    return found < 0 ? text.size() : found + 1;
+}
+
 QStringView nameAt(QStringView text, qsizetype at)
 {
     qsizetype end = at;
@@ -83,7 +89,7 @@ qsizetype endOfTag(QStringView text, qsizetype from)
         if (character == u'>')
             return at;
         if (character == u'"' || character == u'\'')
-            at = behind(text, at + 1, QStringView(&character, 1)) - 1;
+            at = behind(text, at + 1, character) - 1;
     }
     return text.size();
 }
@@ -115,21 +121,22 @@ bool Scanner::measure(QStringView text, Extent *extent)
 bool Scanner::measureMarkup(QStringView text, qsizetype *at, Extent *extent)
 {
     const QStringView rest = text.sliced(*at);
+    const QChar kind = rest.size() > 1 ? rest[1] : QChar();
     const qsizetype start = *at;
     bool within = true;
-    if (rest.startsWith(u"<!--")) {
+    if (kind == u'/') {
+        *at = behind(text, *at + 2, u'>');
+        --extent->depth;
+    } else if (kind == u'?') {
+        *at = behind(text, *at + 2, u"?>");
+    } else if (kind != u'!') {
+        within = measureStartTag(text, at, extent);
+    } else if (rest.startsWith(u"<!--")) {
         *at = behind(text, *at + 4, u"-->");
     } else if (rest.startsWith(u"<![CDATA[")) {
         *at = behind(text, *at + 9, u"]]>");
-    } else if (rest.startsWith(u"<?")) {
-        *at = behind(text, *at + 2, u"?>");
-    } else if (rest.startsWith(u"<!")) {
-        within = m_entityChain == 0 && readDoctype(text, at); // no entity holds a document type
-    } else if (rest.startsWith(u"</")) {
-        *at = behind(text, *at + 2, u">");
-        --extent->depth;
     } else {
-        within = measureStartTag(text, at, extent);
+        within = m_entityChain == 0 && readDoctype(text, at); // no entity holds a document type
     }
     extent->length += *at - start;
     return within;
@@ -158,7 +165,8 @@ bool Scanner::measureReference(QStringView text, qsizetype *at, Extent *extent)
 {
     ++*at;
     ++extent->length;
-    const auto found = m_entities.find(nameAt(text, *at));
+    const QStringView name = nameAt(text, *at);
+    const auto found = m_entities.find(name);
     if (found == m_entities.end())
         return true;
     Entity &entity = found->second;
@@ -175,7 +183,7 @@ bool Scanner::measureReference(QStringView text, qsizetype *at, Extent *extent)
     }
     extent->deepest = std::max(extent->deepest, extent->depth + entity.extent.deepest);
     extent->depth += entity.extent.depth;
-    extent->length += entity.extent.length;
+    extent->length += entity.extent.length - (name.size() + 2); // which the reference itself counts
     return isWithin(*extent);
 }
 
@@ -196,7 +204,7 @@ bool Scanner::readDoctype(QStringView text, qsizetype *at)
                 return false;
             *at = std::min(end + 1, text.size());
         } else if (character == u'"' || character == u'\'') {
-            *at = behind(text, *at + 1, QStringView(&character, 1));
+            *at = behind(text, *at + 1, character);
         } else {
             ++*at;
             if (character == u'[')

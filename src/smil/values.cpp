@@ -7,6 +7,7 @@
 #include "presentation/colour.h"
 #include "presentation/smil_time.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -33,11 +34,21 @@ std::optional<int> strictInt(QStringView text, int base = 10)
     return ok ? std::optional(value) : std::nullopt;
 }
 
+// Most numbers are whole and short, which takes no reader of fractions.
+float toFloat(QStringView number, bool *ok)
+{
+    constexpr qsizetype exactDigits = 7;
+    const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
+    const bool whole = !number.isEmpty() && number.size() <= exactDigits
+        && std::all_of(number.begin(), number.end(), isDigit);
+    return whole ? float(number.toInt(ok)) : number.toFloat(ok);
+}
+
 // Single precision, one multiplication after the other: "0.01min" is 599.
 std::optional<int> scaled(QStringView number, std::span<const float> factors)
 {
     bool ok = false;
-    float value = number.toFloat(&ok);
+    float value = toFloat(number, &ok);
     for (float factor : factors)
         value *= factor;
     constexpr float limit = 2147483648.0F;

@@ -10,12 +10,22 @@ namespace {
 
 constexpr QLatin1String PlmnSuffix("/TYPE=PLMN");
 
+// U+0000 ends the whole text.
+int plmnSuffixSize(const QString &address)
+{
+    return address.contains(QChar::Null) ? 0 : int(PlmnSuffix.size());
+}
+
 WireText::Octets plmnOctets(const QString &address)
 {
     WireText::Octets octets = WireText::utf8(address);
-    if (!address.contains(QChar::Null)) // which ends the whole text
-        octets.append(PlmnSuffix.data(), PlmnSuffix.size());
+    octets.append(PlmnSuffix.data(), plmnSuffixSize(address));
     return octets;
+}
+
+bool isAscii(const QString &address)
+{
+    return WireText::isPlain(address) || WireText::isAscii(WireText::utf8(address));
 }
 
 // Where the first PlmnSuffix stands, or -1. Few addresses have a slash, so most are told at once.
@@ -59,13 +69,10 @@ unsigned char AddressBinary::writeTo(LinearBuffer *buffer, const MMS_UTIL_Entry 
     case MMS_UTIL_Entry::Plmn:
         WireText::append(buffer, plmnOctets(entry.getAddress()));
         return WireResult::Written;
-    case MMS_UTIL_Entry::Email: {
-        const WireText::Octets octets = WireText::utf8(entry.getAddress());
-        if (!WireText::isAscii(octets))
-            return EncodedStringBinary::writeTo(buffer, entry.getAddress());
-        WireText::append(buffer, octets);
-        return WireResult::Written;
-    }
+    case MMS_UTIL_Entry::Email:
+        return isAscii(entry.getAddress())
+            ? PlainTextBinary::writeTo(buffer, entry.getAddress())
+            : EncodedStringBinary::writeTo(buffer, entry.getAddress());
     default:
         return WireResult::CannotWrite;
     }
@@ -75,12 +82,10 @@ int AddressBinary::sizeOf(const MMS_UTIL_Entry &entry)
 {
     switch (entry.getType()) {
     case MMS_UTIL_Entry::Plmn:
-        return WireText::sizeOf(plmnOctets(entry.getAddress()));
-    case MMS_UTIL_Entry::Email: {
-        const WireText::Octets octets = WireText::utf8(entry.getAddress());
-        return WireText::isAscii(octets) ? WireText::sizeOf(octets)
-                                         : EncodedStringBinary::sizeOf(entry.getAddress());
-    }
+        return WireText::sizeOf(entry.getAddress()) + plmnSuffixSize(entry.getAddress());
+    case MMS_UTIL_Entry::Email:
+        return isAscii(entry.getAddress()) ? PlainTextBinary::sizeOf(entry.getAddress())
+                                           : EncodedStringBinary::sizeOf(entry.getAddress());
     default:
         return 0;
     }

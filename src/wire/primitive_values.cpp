@@ -6,8 +6,6 @@
 #include "wire/wire_text.h"
 
 #include <algorithm>
-#include <cstring>
-#include <functional>
 #include <numeric>
 #include <tuple>
 
@@ -37,9 +35,10 @@ bool needsQuote(QByteArrayView octets)
 }
 
 // Octets behind the value-length: charset, text with quote, terminator.
-int encodedStringLength(QByteArrayView octets)
+template <typename Text>
+int encodedStringLength(const Text &text)
 {
-    return 1 + WireText::sizeOf(octets);
+    return 1 + WireText::sizeOf(text);
 }
 
 QString decodeEncodedText(QByteArrayView octets, int charset)
@@ -60,22 +59,28 @@ QString decodeEncodedText(QByteArrayView octets, int charset)
 
 } // namespace
 
+bool WireText::isPlain(QStringView text)
+{
+    // U+0000 becomes the largest of all. A plain loop, which compilers turn into vector
+    // instructions.
+    const auto larger = [](char16_t most, char16_t unit) {
+        return std::max(most, char16_t(unit - 1));
+    };
+    return std::accumulate(text.utf16(), text.utf16() + text.size(), char16_t(), larger)
+        < HighBit - 1;
+}
+
 WireText::Octets WireText::utf8(const QString &text)
 {
-    // Most texts are ASCII. Two plain loops, which compilers turn into vector instructions.
-    const auto *units = reinterpret_cast<const char16_t *>(text.constData());
-    const qsizetype size = text.size();
-    Octets octets(size);
-    const char16_t bits = std::accumulate(units, units + size, char16_t(), std::bit_or<char16_t>());
-    std::transform(units, units + size, octets.data(), [](char16_t unit) { return char(unit); });
-    if (bits < HighBit && !std::memchr(octets.data(), 0, size_t(size)))
+    if (isPlain(text)) {
+        Octets octets(text.size());
+        std::transform(text.begin(), text.end(), octets.data(),
+                       [](QChar character) { return char(character.unicode()); });
         return octets;
-
+    }
     const QByteArray converted = text.toUtf8();
     const auto end = std::find(converted.begin(), converted.end(), '\0');
-    octets.resize(end - converted.begin());
-    std::copy(converted.begin(), end, octets.begin());
-    return octets;
+    return Octets(converted.begin(), end);
 }
 
 void WireText::append(LinearBuffer *buffer, QByteArrayView octets)
@@ -89,6 +94,11 @@ void WireText::append(LinearBuffer *buffer, QByteArrayView octets)
 int WireText::sizeOf(QByteArrayView octets)
 {
     return int(octets.size()) + 1 + (needsQuote(octets) ? 1 : 0);
+}
+
+int WireText::sizeOf(const QString &text)
+{
+    return isPlain(text) ? int(text.size()) + 1 : sizeOf(utf8(text));
 }
 
 unsigned char IntegerBinary::readFrom(LinearBuffer *buffer, int *value)
@@ -251,7 +261,7 @@ unsigned char PlainTextBinary::writeTo(LinearBuffer *buffer, const QString &text
 
 int PlainTextBinary::sizeOf(const QString &text)
 {
-    return WireText::sizeOf(WireText::utf8(text));
+    return WireText::sizeOf(text);
 }
 
 unsigned char EncodedStringBinary::readFrom(LinearBuffer *buffer, QString *text)
@@ -289,6 +299,6 @@ unsigned char EncodedStringBinary::writeTo(LinearBuffer *buffer, const QString &
 
 int EncodedStringBinary::sizeOf(const QString &text)
 {
-    const int length = encodedStringLength(WireText::utf8(text));
+    const int length = encodedStringLength(text);
     return ValueLengthBinary::sizeOf(length) + length;
 }

@@ -31,9 +31,14 @@ inline bool isAscii(QByteArrayView octets)
                        [](char octet) { return static_cast<unsigned char>(octet) < 0x80; });
 }
 
+/// True for a text without U+0000 that takes one octet a character in UTF-8.
+bool isPlain(QStringView text);
+
 /// Appends a plain text of these octets: a Quote where one is needed, the octets, a zero.
 void append(LinearBuffer *buffer, QByteArrayView octets);
 /// Octets that append() appends.
 int sizeOf(QByteArrayView octets);
+/// Octets that append() appends of utf8(@p text).
+int sizeOf(const QString &text);
 
 } // namespace WireText

@@ -6,6 +6,7 @@
 #include "multipart/multipart_result.h"
 #include "multipart/part_facts.h"
 #include "platform/msg_header_base.h"
+#include "presentation/presentation.h"
 #include "support/allocations.h"
 #include "wire/header_decoder.h"
 #include "wire/header_encoder.h"
@@ -20,6 +21,7 @@
 namespace {
 
 using Parser = MMS_COMP_SMILMultipartParser;
+using Object = MMS_COMP_SMILMediaObject;
 
 thread_local long counted = 0;
 thread_local long failing = 0; ///< the number of the allocation that fails
@@ -48,6 +50,10 @@ struct Material
     MMS_UA_UAMsg record;
     Part part;
     std::unique_ptr<Part> spare = std::make_unique<Part>();
+    QString length = " 12PX ";
+    MMS_COMP_SMILData slides{&message};
+    MMS_COMP_SMILTimingContainer slide{&message};
+    std::unique_ptr<Object> object = std::make_unique<Object>(&message);
 };
 
 int decodeHeader(Material &material)
@@ -115,6 +121,27 @@ int createUniqueAttachmentLocation(Material &material)
     return material.message.createUniqueAttchmentLocation(material.name).isNull();
 }
 
+int setRootLayout(Material &material)
+{
+    return material.slides.setRootLayout(material.length, material.length, QString()) != nullptr;
+}
+
+int appendRegion(Material &material)
+{
+    return material.slides.appendRegion(material.length, material.length, material.length,
+                                        material.length, material.name, material.name)
+        != nullptr;
+}
+
+int insertObject(Material &material)
+{
+    Object *object = material.object.get();
+    const bool inserted = material.slide.insert(0, object);
+    if (inserted)
+        std::ignore = material.object.release(); // the slide's
+    return inserted;
+}
+
 struct Row
 {
     const char *name;
@@ -134,6 +161,9 @@ const Row rows[] = {
     {"setBodyData", setBodyData, MultipartResult::Ok, MultipartResult::OutOfMemory},
     {"createUniqueLocation", createUniqueLocation, false, true},
     {"createUniqueAttchmentLocation", createUniqueAttachmentLocation, false, true},
+    {"setRootLayout", setRootLayout, true, false},
+    {"appendRegion", appendRegion, true, false},
+    {"insert", insertObject, true, false},
 };
 
 } // namespace

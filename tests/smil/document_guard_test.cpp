@@ -303,6 +303,20 @@ TEST(DocumentGuard, GrowthIsMeasuredByTheDocumentsOwnSize)
         SmilResult::NotWellFormed);
 }
 
+TEST(DocumentGuard, ReferencesCountAsWhatTheyStandForAlone)
+{
+    // 1,616 characters may grow to 91,392: by 181 times the 496 that a reference gives more than it
+    // takes.
+    const auto document = [](int size) {
+        const QByteArray bare =
+            declaring(entity("e", QByteArray(499, 'x')), QByteArray("&e;").repeated(181));
+        return declaring(entity("e", QByteArray(499, 'x')),
+                         QByteArray("&e;").repeated(181) + QByteArray(size - bare.size(), '.'));
+    };
+    expectBothForms({{"just as long", document(1616)}}, SmilResult::NotSmil);
+    expectBothForms({{"a little longer", document(1615)}}, SmilResult::NotWellFormed);
+}
+
 TEST(DocumentGuard, ElementsGrowByTheirOwnDefaultAttributesOnly)
 {
     const QByteArray name(500, 'n');
