@@ -1,4 +1,4 @@
-/*
+/** @file
  * Umbrella header: everything that the library publishes.
  *
  * A received message goes through MMS_UA_Decoder into a MMS_UA_UAMsg, through

@@ -1,4 +1,4 @@
-/*
+/** @file
  * One part of a multimedia message: its MIME headers, its octets, and what the presentation needs
  * to know of it.
  */
@@ -31,28 +31,34 @@ public:
     MMS_COMP_SMILMultipartBodypart();
     /// Copies everything, reference count included; who owns the part and who points at it stays.
     MMS_COMP_SMILMultipartBodypart(const MMS_COMP_SMILMultipartBodypart &other);
+    /// Takes over the same.
     MMS_COMP_SMILMultipartBodypart &operator=(const MMS_COMP_SMILMultipartBodypart &other);
+    /// Makes the weak pointers at the part null.
     ~MMS_COMP_SMILMultipartBodypart();
 
-    /// Shown or Attachment.
+    /// A DispFileType: what the presentation does with the part. Starts as Attachment.
     int getDispFileType() const { return m_dispFileType; }
+    /// @copydoc getDispFileType
     void setDispFileType(int type) { m_dispFileType = type; }
 
-    /// Name shown to the user.
+    /// Name shown to the user. Setting returns 0.
     QString getDispFileName() const { return m_dispFileName; }
+    /// @copydoc getDispFileName
     int setDispFileName(const QString &name);
 
     /// Main type, such as "image". Setting it in either form makes the next media probe run anew.
     QString getContentType() const { return m_contentType; }
+    /// @copydoc getContentType
     void setContentType(const QString &type);
     /// Sets the text of an EMAIL_Util type code: 1, or 0 and nothing changed for an unknown code.
     int setContentType(int code);
     /// EMAIL_Util type code of the main type, or -1.
     int getContentTypeByCode() const;
 
-    /// Subtype, such as "jpeg". Setting it in either form makes the next media probe run anew.
+    /// Subtype, such as "jpeg". Setting it in either form makes the next media probe run anew; in
+    /// this one it returns 1.
     QString getSubType() const { return m_subType; }
-    /// Returns 1.
+    /// @copydoc getSubType
     int setContentSubType(const QString &subType);
     /// Sets the text of an EMAIL_Util subtype code: 1, or 0 and nothing changed for an unknown
     /// code.
@@ -60,8 +66,9 @@ public:
     /// EMAIL_Util subtype code of the subtype, or -1.
     int getSubTypeCode() const;
 
-    /// Name of the charset.
+    /// Name of the charset. Octets that came as "UCS2" were converted to UTF-8 on their way in.
     QString getCharset() const { return m_charset; }
+    /// @copydoc getCharset
     void setCharset(const QString &charset) { m_charset = charset; }
     /// Sets the text of an EMAIL_Util charset code: 1, or 0 and nothing changed for an unknown
     /// code.
@@ -72,19 +79,24 @@ public:
      */
     int getCharsetByCode() const;
 
+    /// Description for the application's own use; not part of a message on the wire.
     QString getDescription() const { return m_description; }
+    /// @copydoc getDescription
     void setDescription(const QString &description) { m_description = description; }
 
     /// Content-Location: the name by which the presentation refers to the part. Setting returns 0.
     QString getContentLocation() const { return m_contentLocation; }
+    /// @copydoc getContentLocation
     int setContentLocation(const QString &location);
 
     /// Content-ID as the sender wrote it, angle brackets included. Setting returns 0.
     QString getContentID() const { return m_contentID; }
+    /// @copydoc getContentID
     int setContentID(const QString &id);
 
-    /// Name of the transfer encoding. Setting returns 0.
+    /// Name of the transfer encoding; not part of a message on the wire. Setting returns 0.
     QString getContentXferEncoding() const { return m_contentXferEncoding; }
+    /// @copydoc getContentXferEncoding
     int setContentXferEncoding(const QString &encoding);
     /// Sets the text of an EMAIL_Util transfer encoding code, "" for an unknown code.
     void setContentXferEncodingByCode(int code);
@@ -98,13 +110,17 @@ public:
     /// Shares the octets of @p data. Makes the next media probe run anew.
     void setBodyData(const QArray<char> &data);
     /**
-     * Copies @p len octets at @p data; a length below 1 empties the body. Makes the next media
-     * probe run anew. Returns 0, or MultipartResult::OutOfMemory.
+     * Copies octets into the part. Makes the next media probe run anew. Linear in their count.
+     *
+     * @param data the octets; not looked at when @p len is below 1
+     * @param len count of octets; one below 1 empties the body
+     * @return 0, or MultipartResult::OutOfMemory, which leaves the octets that were there
      */
     int setBodyData(const char *data, int len);
 
     /// How many objects of the presentation use the part; starts at 1.
     int getRefCount() const { return m_refCount; }
+    /// @copydoc getRefCount
     void setRefCount(int count) { m_refCount = count; }
 
     /// "type/subtype"; "/" when both are empty.
@@ -123,9 +139,10 @@ public:
     int readFromStream(QDataStream &stream);
 
     /**
-     * Play duration in milliseconds of an audio or video part, rounded up to a multiple of 500, or
-     * -1 when it cannot be measured. Opens the octets in the platform's player engine at every
-     * call.
+     * How long an audio or video part plays. Opens the octets in the platform's player engine at
+     * every call, so linear in their count.
+     *
+     * @return milliseconds, rounded up to a multiple of 500, or -1 when they cannot be measured
      */
     int getPlayDur();
 

@@ -1,4 +1,4 @@
-/*
+/** @file
  * Pointers that know whether their target is still there. Media objects point at body parts, and
  * the presentation at the message, without owning them, while either side may be deleted first.
  */
@@ -16,8 +16,11 @@
 class QvlLiveness
 {
 public:
+    /// Of an object that nobody has taken yet.
     QvlLiveness() = default;
+    /// The same: nothing is copied.
     QvlLiveness(const QvlLiveness &) { }
+    /// Changes nothing.
     QvlLiveness &operator=(const QvlLiveness &) { return *this; }
 
     /// Expires when the object that holds the token is destroyed.
@@ -28,7 +31,9 @@ public:
         return m_token;
     }
 
+    /// Whether a container has taken the object; it stays true from then on.
     bool isHeld() const { return m_held; }
+    /// @copydoc isHeld
     void setHeld() { m_held = true; }
 
 private:
@@ -42,6 +47,7 @@ template <typename T>
 class QvlWeakPointer
 {
 public:
+    /// Points at @p target, which stays its owner's; null points at nothing.
     QvlWeakPointer(T *target = nullptr) : m_target(target)
     {
         asFarAsMemoryGoes([this] {
@@ -50,6 +56,7 @@ public:
         });
     }
 
+    /// The target, or null when it is gone.
     T *get() const { return m_alive.expired() ? nullptr : m_target; }
 
 private:

@@ -1,9 +1,5 @@
-/*
+/** @file
  * The body of a multimedia message: an ordered list of parts and the values of its content type.
- *
- * A reference matches a part when it equals the part's Content-ID as isCidEqual() compares them, or
- * the part's Content-Location without regard to case. A message is related when its type is
- * "application" and its subtype "vnd.wap.multipart.related" in any case; any other is mixed.
  */
 #pragma once
 
@@ -14,7 +10,16 @@
 
 #include <QString>
 
-/// Multipart message body. Owns its parts unless it was made by the copy constructor.
+/**
+ * Multipart message body. Owns its parts unless it was made by the copy constructor.
+ *
+ * A reference matches a part when it equals the part's Content-ID as isCidEqual() compares them, or
+ * the part's Content-Location without regard to case. A message is related when its type is
+ * "application" and its subtype "vnd.wap.multipart.related" in any case; any other is mixed.
+ *
+ * Whatever takes a reference or a name walks the parts once, and so do getSmilPart(), holds() and
+ * the attachments of a related message.
+ */
 class QVL_EXPORT MMS_COMP_SMILMultipart
 {
 public:
@@ -27,11 +32,13 @@ public:
      */
     MMS_COMP_SMILMultipart(const MMS_COMP_SMILMultipart &source);
     MMS_COMP_SMILMultipart &operator=(const MMS_COMP_SMILMultipart &) = delete;
+    /// Deletes the parts that the message owns and makes the weak pointers at it null.
     ~MMS_COMP_SMILMultipart();
 
     /**
      * Takes over ext type, mime type, subtype and start, and appends a copy of every part of
-     * @p source, sharing its octets. The boundary and the parts already here stay.
+     * @p source, sharing its octets; @p source may be the message itself. The boundary and the
+     * parts already here stay. Linear in the parts of @p source.
      */
     void copyFrom(const MMS_COMP_SMILMultipart &source);
 
@@ -45,12 +52,16 @@ public:
     {
         return m_parts.at(index);
     }
-    /// Adds @p part, which becomes the message's, at the end. Null is ignored.
+    /// Adds @p part, which becomes the message's, at the end. Null is ignored. When there is no
+    /// memory, a message that owns its parts deletes it.
     void appendBodypart(MMS_COMP_SMILMultipartBodypart *part);
     /**
-     * Puts @p part, which becomes the message's, before the part at @p index: at the front for an
-     * index of 0 and below, at the end for one that is out of range. Returns 0, or
-     * MultipartResult::InsertionRefused for a null part.
+     * Puts a part before another.
+     *
+     * @param part becomes the message's
+     * @param index of the other part: below 0 stands for the front, out of range for the end
+     * @return 0, or MultipartResult::InsertionRefused for a null part, and when there is no memory,
+     * and then a message that owns its parts deletes it
      */
     int insertBodypart(MMS_COMP_SMILMultipartBodypart *part, int index);
     /**
@@ -61,19 +72,25 @@ public:
     /**
      * Takes one use of the parts that match @p src back. Meant for references that match one part:
      * where several match, every removal makes the next one hit the part behind the match. Kept:
-     * callers rely on what is left. Returns 0, also when nothing matches, or
-     * MultipartResult::RemovalRefused for an empty reference or when nothing stands at that place.
+     * callers rely on what is left.
+     *
+     * @param src a reference: Content-ID or Content-Location
+     * @return 0, also when nothing matches, or MultipartResult::RemovalRefused for an empty
+     * reference or when nothing stands at that place
      */
     int deletePartBySrc(const QString &src);
 
     /// Main type of the body, such as "application".
     QString getMimeType() const { return m_mimeType; }
+    /// @copydoc getMimeType
     void setMimeType(const QString &type) { m_mimeType = type; }
     /// Subtype of the body, such as "vnd.wap.multipart.related".
     QString getSubType() const { return m_subType; }
+    /// @copydoc getSubType
     void setSubType(const QString &subType) { m_subType = subType; }
     /// Content type of the presentation: the "type" parameter of a related body.
     QString getExtType() const { return m_extType; }
+    /// @copydoc getExtType
     void setExtType(const QString &type) { m_extType = type; }
     /// Reference of the presentation part: the "start" parameter.
     QString getStart() const { return m_start; }
@@ -81,6 +98,7 @@ public:
     void setStart(const QString &start);
     /// Boundary of a body in text form; such a body is neither parsed nor assembled.
     QString getBoundary() const { return m_boundary; }
+    /// @copydoc getBoundary
     void setBoundary(const QString &boundary) { m_boundary = boundary; }
 
     /// @p reference without one leading "<", then one trailing ">", then a leading "cid:" in any
@@ -91,7 +109,8 @@ public:
      * parseCid(); never for an @p a that is empty then.
      */
     static bool isCidEqual(const QString &a, const QString &b);
-    /// The first part of display file type @p type that matches @p src, or null.
+    /// The first part of display file type @p type that matches @p src, which stays the message's,
+    /// or null.
     MMS_COMP_SMILMultipartBodypart *getBodyPartBySrc(const QString &src, int type) const;
     /**
      * The presentation part: the one that start refers to, or the first part of a related message
@@ -106,20 +125,23 @@ public:
     bool isPartExist(const QString &name) const;
     /**
      * The first of "file0", "file1", ... with the extension @p ext, unless that is empty, that can
-     * be given to a new part. When @p ext itself makes every name unusable it is left out.
+     * be given to a new part. When @p ext itself makes every name unusable it is left out. A null
+     * text when there is no memory.
      */
     QString createUniqueAttchmentLocation(const QString &ext) const;
     /**
      * A location for a new part made of the file name in @p name: the name itself when it can be
      * used, else with "_0", "_1", ... before its extension. Base and extension are cut to 88
      * characters. When the extension or a character of the name makes every one of these unusable
-     * the result is that of createUniqueAttchmentLocation() without extension.
+     * the result is that of createUniqueAttchmentLocation() without extension. A null text when
+     * there is no memory.
      */
     QString createUniqueLocation(const QString &name) const;
 
     /// Count of attachments: all parts of a mixed message, the unclaimed ones of a related one.
     int getAttachmentCount() const;
-    /// The attachment at @p index, counted as above, or null out of range.
+    /// The attachment at @p index, counted as by getAttachmentCount(), which stays the message's,
+    /// or null out of range.
     MMS_COMP_SMILMultipartBodypart *getAttachment(int index) const;
 
     /// True when @p part itself, not only one of its name, is among the parts.

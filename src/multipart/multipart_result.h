@@ -1,4 +1,4 @@
-/*
+/** @file
  * Result codes of the multipart message, named once.
  */
 #pragma once
@@ -7,13 +7,13 @@
 
 /// Results of the multipart message's operations: 0 for success, negative for failure.
 namespace MultipartResult {
-inline constexpr int Ok = 0;
+inline constexpr int Ok = 0; ///< done
 inline constexpr int NullArgument = -6; ///< null header or null multipart
-inline constexpr int OutOfMemory = -15;
+inline constexpr int OutOfMemory = -15; ///< what was done until then stays
 inline constexpr int CannotEncode = -18; ///< the codec could not write
 inline constexpr int CannotDecode = -19; ///< the codec could not read
-inline constexpr int UnknownCodecResult = -20;
-inline constexpr int InsertionRefused = -21;
+inline constexpr int UnknownCodecResult = -20; ///< a code that is no WireResult
+inline constexpr int InsertionRefused = -21; ///< null part, or no memory
 inline constexpr int RemovalRefused = -22; ///< bad index, empty reference or failed removal
 
 /// The meaning of @p code in words, in English and without a full stop; never null.

@@ -1,4 +1,4 @@
-/*
+/** @file
  * File names and their extensions, as the composer handles them.
  */
 #pragma once

@@ -1,4 +1,4 @@
-/*
+/** @file
  * Debug output of raw octets.
  */
 #pragma once

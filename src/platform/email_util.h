@@ -1,4 +1,4 @@
-/*
+/** @file
  * Numbers for MIME types, subtypes, charsets and transfer encodings, as the e-mail system uses
  * them.
  */
@@ -22,12 +22,18 @@ public:
     /// Codes of subtypes that the model uses.
     enum SubTypeCode { MultipartRelated = 64, Smil = 66 };
 
+    /// Code of a main type, such as "image".
     static int typeStrToEnum(const QCString &text);
+    /// Main type of a code.
     static bool typeEnumToStr(int code, QCString &text);
+    /// Code of a subtype, such as "jpeg".
     static int subTypeStrToEnum(const QCString &text);
+    /// Subtype of a code.
     static bool subTypeEnumToStr(int code, QCString &text);
-    /// Charsets have no lookup by text.
+    /// Charset of a code, such as "utf-8". Charsets have no lookup by text.
     static bool charsetEnumToStr(int code, QCString &text);
+    /// Code of a transfer encoding, such as "base64".
     static int cteStrToEnum(const QCString &text);
+    /// Transfer encoding of a code.
     static QCString cteEnumToStr(int code);
 };

@@ -1,4 +1,4 @@
-/*
+/** @file
  * Address entry of a message: a sender or a recipient.
  */
 #pragma once
@@ -20,13 +20,20 @@ public:
 
     /// An empty entry of type Email.
     MMS_UTIL_Entry() = default;
+    /// An entry with these values; @p type is a Type.
     MMS_UTIL_Entry(QString name, unsigned char type, QString address);
 
+    /// Display name, often empty. Read from messages but never written into one.
     QString getName() const { return m_name; }
+    /// @copydoc getName
     void setName(const QString &name) { m_name = name; }
+    /// A Type. Only Email and Plmn have a form on the wire.
     unsigned char getType() const { return m_type; }
+    /// @copydoc getType
     void setType(unsigned char type) { m_type = type; }
+    /// Phone number or e-mail address, without "/TYPE=PLMN" and without angle brackets.
     QString getAddress() const { return m_address; }
+    /// @copydoc getAddress
     void setAddress(const QString &address) { m_address = address; }
 
     /// True when both the name and the address are empty.

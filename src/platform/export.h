@@ -1,4 +1,4 @@
-/*
+/** @file
  * What leaves the shared libraries: everything else is built with hidden visibility.
  */
 #pragma once

@@ -1,4 +1,4 @@
-/*
+/** @file
  * Well-known media codes: the one-octet numbers that WSP gives to content types.
  */
 #pragma once

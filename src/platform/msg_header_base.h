@@ -1,4 +1,4 @@
-/*
+/** @file
  * The header values that the whole messaging system shares, whatever the transport: base of the
  * header record of the wire codec.
  */
@@ -18,55 +18,86 @@
 class QVL_EXPORT MMS_UTIL_MsgHeaderBase
 {
 public:
+    /// No sender and no recipients; the priority is normal, everything else empty, 0 or false.
     MMS_UTIL_MsgHeaderBase();
     MMS_UTIL_MsgHeaderBase(const MMS_UTIL_MsgHeaderBase &) = delete;
     MMS_UTIL_MsgHeaderBase &operator=(const MMS_UTIL_MsgHeaderBase &) = delete;
+    /// Deletes the recipient entries.
     virtual ~MMS_UTIL_MsgHeaderBase();
 
+    /// Sender. One without an address asks the relay to insert it when the header is encoded; a
+    /// header that names none is decoded to an entry of kind MMS_UTIL_Entry::Absent.
     MMS_UTIL_Entry getFrom() const { return m_from; }
+    /// @copydoc getFrom
     void setFrom(const MMS_UTIL_Entry &from) { m_from = from; }
 
-    /// Each of the three copies @p entry to the end of its list.
+    /// Adds a copy of @p entry to the list of To.
     void addToRecipient(const MMS_UTIL_Entry &entry);
+    /// Adds a copy of @p entry to the list of Cc.
     void addCcRecipient(const MMS_UTIL_Entry &entry);
+    /// Adds a copy of @p entry to the list of Bcc, whom the others do not see.
     void addBccRecipient(const MMS_UTIL_Entry &entry);
 
-    /// The recipient lists themselves, which delete their entries: change them in place.
+    /// @name Lists of recipients
+    /// @{
+
+    /// The list of recipients itself, which deletes its entries: change it in place.
     QPtrList<MMS_UTIL_Entry> &getToRecipients() { return m_to; }
     const QPtrList<MMS_UTIL_Entry> &getToRecipients() const { return m_to; }
     QPtrList<MMS_UTIL_Entry> &getCcRecipients() { return m_cc; }
     const QPtrList<MMS_UTIL_Entry> &getCcRecipients() const { return m_cc; }
     QPtrList<MMS_UTIL_Entry> &getBccRecipients() { return m_bcc; }
     const QPtrList<MMS_UTIL_Entry> &getBccRecipients() const { return m_bcc; }
+    /// @}
 
+    /// Subject; empty when there is none.
     QString getSubject() const { return m_subject; }
+    /// @copydoc getSubject
     void setSubject(const QString &subject) { m_subject = subject; }
 
-    /// Date of the message. A decoded header carries the moment of its decoding.
+    /// Date of the message, in local time. A decoded header carries the moment of its decoding.
     QDateTime getDate() const { return m_date; }
+    /// @copydoc getDate
     void setDate(const QDateTime &date) { m_date = date; }
 
-    /// Seconds; what they count from depends on who set them (see ExpiryField).
+    /// Seconds after which the message is given up. An application sets those from now; decoded
+    /// ones count from elsewhere, see ExpiryField.
     int getExpiry() const { return m_expiry; }
+    /// @copydoc getExpiry
     void setExpiry(int seconds) { m_expiry = seconds; }
 
+    /// When the message may be delivered, in local time; null for at once. A decoded relative time
+    /// lies in the first years after 1970.
     QDateTime getDeliveryTime() const { return m_deliveryTime; }
+    /// @copydoc getDeliveryTime
     void setDeliveryTime(const QDateTime &time) { m_deliveryTime = time; }
 
     /// 128 low, 129 normal (the default), 130 high.
     unsigned char getPriority() const { return m_priority; }
+    /// @copydoc getPriority
     void setPriority(unsigned char priority) { m_priority = priority; }
 
-    /// Size in octets that a notification announces.
+    /// Size in octets that a notification announces; 0 when it announces none.
     int getMessageSize() const { return m_messageSize; }
+    /// @copydoc getMessageSize
     void setMessageSize(int octets) { m_messageSize = octets; }
 
+    /// Whether the sender asks to be told that the message was read.
     bool getReadReply() const { return m_readReply; }
+    /// @copydoc getReadReply
     void setReadReply(bool wanted) { m_readReply = wanted; }
+    /// Whether the sender asks to be told that the message was delivered.
     bool getDeliveryReport() const { return m_deliveryReport; }
+    /// @copydoc getDeliveryReport
     void setDeliveryReport(bool wanted) { m_deliveryReport = wanted; }
+    /// True shows the sender when the header is encoded. A decoded header has the reverse, see
+    /// SenderVisibilityField.
     bool getSenderVisibility() const { return m_senderVisibility; }
+    /// @copydoc getSenderVisibility
     void setSenderVisibility(bool flag) { m_senderVisibility = flag; }
+
+    /// @name Content type of the body
+    /// @{
 
     /// Content type of the body: main type, subtype and the parameters joined by ";".
     QString getContentType() const { return m_contentType; }
@@ -75,6 +106,7 @@ public:
     void setContentSubType(const QString &subType) { m_contentSubType = subType; }
     QString getContentTypeParams() const { return m_contentTypeParams; }
     void setContentTypeParams(const QString &params) { m_contentTypeParams = params; }
+    /// @}
 
 private:
     MMS_UTIL_Entry m_from;

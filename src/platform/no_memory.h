@@ -1,4 +1,4 @@
-/*
+/** @file
  * What happens when memory runs out within the library: a result code. Applications of handsets are
  * built without exceptions, so none leaves the library.
  *
@@ -15,18 +15,23 @@
 class QvlOperationScope
 {
 public:
+    /// The operation runs as long as the object lives.
     QvlOperationScope() { ++depth; }
     QvlOperationScope(const QvlOperationScope &) = delete;
     QvlOperationScope &operator=(const QvlOperationScope &) = delete;
     ~QvlOperationScope() { --depth; }
 
+    /// True while an operation of the library runs on this thread.
     static bool isActive() { return depth > 0; }
 
 private:
     static inline thread_local int depth = 0;
 };
 
-/// What @p operation gives, or @p failure when there is no memory for it.
+/**
+ * What @p operation gives, or @p failure when there is no memory for it. Within another operation
+ * the exception passes instead.
+ */
 template <typename Operation>
 std::invoke_result_t<Operation> unlessOutOfMemory(std::invoke_result_t<Operation> failure,
                                                   Operation operation)

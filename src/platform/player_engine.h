@@ -1,4 +1,4 @@
-/*
+/** @file
  * The media player engine, as far as the library needs it: to learn whether a clip can be played
  * and how long it plays.
  */
@@ -30,8 +30,12 @@ public:
     virtual void destroy() = 0;
 
     /**
-     * Opens @p size octets at @p data, which must stay alive until close(), as a file with the
-     * extension @p extension (zero-terminated, without dot). True when the engine can play it.
+     * Opens a clip.
+     *
+     * @param data the octets of the clip; not owned, and must stay alive until close()
+     * @param size count of octets
+     * @param extension of the file that the clip would be, zero-terminated and without dot
+     * @return true when the engine can play it
      */
     virtual bool open(const char *data, int size, const char *extension) = 0;
 

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The pointer list of the published interfaces: an ordered list that deletes what it holds when
  * auto-delete is on. Message, slide and layout own their children through it.
  */
@@ -14,22 +14,28 @@
  * Ordered list of pointers to T, owning when autoDelete() is on (it starts off).
  *
  * Not copyable, so that two lists never believe that they own the same object. Null pointers can
- * be stored; whoever walks a list guards against them. All index arguments count from 0.
+ * be stored; whoever walks a list guards against them. All index arguments count from 0. Changes
+ * are linear in the items behind the place of the change.
  */
 template <typename T>
 class QPtrList
 {
 public:
+    /// An empty list that owns nothing.
     QPtrList() = default;
     QPtrList(const QPtrList &) = delete;
     QPtrList &operator=(const QPtrList &) = delete;
+    /// Empties the list as clear() does.
     ~QPtrList() { clear(); }
 
-    /// Says whether remove(), clear() and the destructor delete what they take off the list.
+    /// Whether remove(), clear() and the destructor delete what they take off the list.
     void setAutoDelete(bool on) { m_autoDelete = on; }
+    /// @copydoc setAutoDelete
     bool autoDelete() const { return m_autoDelete; }
 
+    /// Count of items, null pointers included.
     int count() const { return static_cast<int>(m_items.size()); }
+    /// True when there is no item.
     bool isEmpty() const { return m_items.empty(); }
 
     /// The pointer at @p index, or null when the index is out of range.
@@ -42,11 +48,11 @@ public:
     /// it when there is no memory for one more.
     void append(T *item) { put(count(), item); }
 
-    /// Adds @p item at the front.
+    /// Adds @p item at the front, owned as by append().
     void prepend(T *item) { put(0, item); }
 
-    /// Puts @p item before the one at @p index; false, and nothing taken, unless 0 <= index <=
-    /// count().
+    /// Puts @p item, owned as by append(), before the one at @p index; false, and nothing taken,
+    /// unless 0 <= index <= count().
     bool insert(int index, T *item)
     {
         if (index < 0 || index > count())
@@ -64,7 +70,7 @@ public:
         return true;
     }
 
-    /// Takes the item at @p index off without deleting it; null out of range.
+    /// Takes the item at @p index off and leaves it to the caller; null out of range.
     T *take(int index)
     {
         if (!holds(index))
@@ -81,7 +87,9 @@ public:
             dispose(item);
     }
 
+    /// The first item, for walking the list; invalid once it changes.
     auto begin() const { return m_items.begin(); }
+    /// Behind the last item; invalid once the list changes.
     auto end() const { return m_items.end(); }
 
 private:

@@ -1,4 +1,4 @@
-/*
+/** @file
  * Published type names that today's Qt no longer has, under which callers' source still compiles.
  */
 #pragma once
@@ -7,13 +7,16 @@
 
 #include <QByteArray>
 
+/// What the published names stand for.
 namespace QvlQtNames {
+/// The array of T. Only char has one.
 template <typename T>
 struct ArrayOf;
+/// The array of octets.
 template <>
 struct ArrayOf<char>
 {
-    using Type = QByteArray;
+    using Type = QByteArray; ///< today's name of the array
 };
 } // namespace QvlQtNames
 

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The one setting that the library looks at.
  */
 #pragma once

@@ -1,4 +1,4 @@
-/*
+/** @file
  * A colour as a SMIL document gives it.
  */
 #pragma once

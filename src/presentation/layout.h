@@ -1,4 +1,4 @@
-/*
+/** @file
  * The head of a presentation: the screen area, the regions into which media are placed, and the
  * free name and content pairs. Whether region numbers are pixels or per cent is a property of the
  * whole presentation.
@@ -17,36 +17,52 @@ class QDomElement;
 
 /// How media are fitted into a region.
 enum MMS_COMP_SMIL_REGION_FIT : int {
-    SMIL_REGION_FIT_HIDDEN = 0,
-    SMIL_REGION_FIT_FILL = 1,
-    SMIL_REGION_FIT_MEET = 2,
-    SMIL_REGION_FIT_SCROLL = 3,
-    SMIL_REGION_FIT_SLICE = 4,
-    SMIL_REGION_FIT_UNKNOWN = 5,
+    SMIL_REGION_FIT_HIDDEN = 0, ///< at their own size, cut at the edges
+    SMIL_REGION_FIT_FILL = 1, ///< stretched in both directions
+    SMIL_REGION_FIT_MEET = 2, ///< as large as fits in, in proportion
+    SMIL_REGION_FIT_SCROLL = 3, ///< at their own size, with means to scroll
+    SMIL_REGION_FIT_SLICE = 4, ///< as small as covers the region, in proportion
+    SMIL_REGION_FIT_UNKNOWN = 5, ///< a keyword that is none of these; not written as SMIL
 };
 
-/// A named rectangle. Setters take any value and return true.
+/**
+ * A named rectangle, in the unit that MMS_COMP_SMILData::getLayoutMeasureUnit() tells. Starts as
+ * "default", 120 wide and 160 high in the top left corner. Setters take any value and return true.
+ */
 class QVL_EXPORT MMS_COMP_SMILRegion
 {
 public:
+    /// @name Size
+    /// @{
+
+    /// Size of the rectangle.
     float getHeight() const { return m_height; }
     bool setHeight(float height);
     float getWidth() const { return m_width; }
     bool setWidth(float width);
+    /// @}
+
     /// Distance from the root layout's top edge.
     float getTop() const { return m_top; }
+    /// @copydoc getTop
     bool setTop(float top);
     /// Distance from the root layout's left edge.
     float getLeft() const { return m_left; }
+    /// @copydoc getLeft
     bool setLeft(float left);
+    /// Left plus width.
     float getRight() const { return m_left + m_width; }
+    /// Top plus height.
     float getBottom() const { return m_top + m_height; }
 
     /// Name by which media objects refer to the region; need not be unique.
     QString getId() const { return m_id; }
+    /// @copydoc getId
     bool setId(const QString &id);
 
+    /// How media are fitted; starts as SMIL_REGION_FIT_HIDDEN.
     MMS_COMP_SMIL_REGION_FIT getFit() const { return m_fit; }
+    /// @copydoc getFit
     void setFit(MMS_COMP_SMIL_REGION_FIT fit) { m_fit = fit; }
     /// Sets the fit by its keyword, compared with regard to case; unknown for any other text.
     bool setFit(const QString &keyword);
@@ -62,17 +78,25 @@ private:
     MMS_COMP_SMIL_REGION_FIT m_fit = SMIL_REGION_FIT_HIDDEN;
 };
 
-/// The screen area of a presentation, in pixels. Setters take any value and return true.
+/// The screen area of a presentation. Setters take any value and return true.
 class QVL_EXPORT MMS_COMP_SMILRootLayout
 {
 public:
+    /// @name Size
+    /// @{
+
+    /// Size in pixels; starts as 120 wide and 160 high.
     int getWidth() const { return m_width; }
     bool setWidth(int width);
     int getHeight() const { return m_height; }
     bool setHeight(int height);
+    /// @}
 
-    /// The colour itself: read it or change it in place.
+    /// The colour itself, which stays the root layout's: read it or change it in place. Starts as
+    /// none; with one the SMIL text is not well-formed, see
+    /// MMS_COMP_SMILParser::convertToSMILLang().
     MMS_COMP_COLOR *getBackgroundColor() { return &m_backgroundColor; }
+    /// The same for reading.
     const MMS_COMP_COLOR *getBackgroundColor() const { return &m_backgroundColor; }
     /// Sets the colour by its text, see MMS_COMP_SMILParser::parseColor().
     void setBackgroundColor(const QString &text);
@@ -83,14 +107,19 @@ private:
     MMS_COMP_COLOR m_backgroundColor;
 };
 
-/// Root layout and regions, both owned.
+/**
+ * Root layout and regions, both owned. Adding a region, or asking for one by its values, compares
+ * it with all regions, unless a Filling lives.
+ */
 class QVL_EXPORT MMS_COMP_SMILLayout
 {
 public:
     /// Result of setRootLayout(QDomElement *) when it was refused.
     static constexpr int RootLayoutRefused = -7;
 
+    /// A root layout of 120 by 160 pixels, and no region.
     MMS_COMP_SMILLayout();
+    /// Deletes root layout and regions.
     ~MMS_COMP_SMILLayout();
 
     /// The root layout, which stays the layout's; null when there is none.
@@ -103,10 +132,11 @@ public:
      */
     int setRootLayout(QDomElement *element);
 
+    /// Count of regions.
     unsigned int getRegionCount() const { return unsigned(m_regions.count()); }
     /// The region at @p index, which stays the layout's, or null out of range.
     MMS_COMP_SMILRegion *getRegion(unsigned int index) const;
-    /// The list of regions itself.
+    /// The list of regions itself, which deletes its regions: change it in place.
     QPtrList<MMS_COMP_SMILRegion> *getRegionList() { return &m_regions; }
 
     /**
@@ -114,17 +144,31 @@ public:
      * case it stays the caller's. Null is ignored.
      */
     void appendRegion(MMS_COMP_SMILRegion *region);
-    /// Adds a region with these values unless an equal one is there; the one that is in the layout.
+    /**
+     * Adds a region with these values unless an equal one is there. Geometry is in the unit of the
+     * presentation.
+     *
+     * @param left distance from the left edge
+     * @param top distance from the top edge
+     * @param width of the region
+     * @param height of the region
+     * @param fit keyword, see MMS_COMP_SMILRegion::setFit()
+     * @param id name of the region
+     * @return the region that is in the layout and stays its own; null when there is no memory
+     */
     MMS_COMP_SMILRegion *appendRegion(float left, float top, float width, float height,
                                       const QString &fit, const QString &id);
     /**
-     * True when a region with the same six values is in the layout; @p found, unless it is null, is
-     * then that region, else null. False, and @p found unchanged, for a null region.
+     * Whether a region with the same six values is in the layout.
+     *
+     * @param region to compare with; null gives false and leaves @p found alone
+     * @param found unless null, gets the region in the layout, or null when there is none
+     * @return true when there is one
      */
     bool isRegionExist(const MMS_COMP_SMILRegion *region, MMS_COMP_SMILRegion **found) const;
 
     /// Adds copies of the regions of @p source, which may be the layout itself, unless equal ones
-    /// are there.
+    /// are there. Linear in the regions of both.
     void addRegionsOf(const MMS_COMP_SMILLayout &source);
 
     /**
@@ -134,9 +178,11 @@ public:
     class QVL_EXPORT Filling
     {
     public:
+        /// Indexes the regions of @p layout, which must not be null and must live longer.
         explicit Filling(MMS_COMP_SMILLayout *layout);
         Filling(const Filling &) = delete;
         Filling &operator=(const Filling &) = delete;
+        /// Ends the filling; the regions stay.
         ~Filling();
 
     private:
@@ -163,9 +209,13 @@ private:
 class QVL_EXPORT MMS_COMP_SMILMeta
 {
 public:
+    /// What the content says, such as "author".
     QString getName() const { return m_name; }
+    /// @copydoc getName
     bool setName(const QString &name);
+    /// The text itself. Written as it is, so it should hold neither "&" nor "<" nor quotes.
     QString getContent() const { return m_content; }
+    /// @copydoc getContent
     bool setContent(const QString &content);
 
 private:

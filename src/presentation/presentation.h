@@ -1,4 +1,4 @@
-/*
+/** @file
  * The presentation of a multimedia message: layout, metas and slides, bound to the message that
  * holds the content. Read from SMIL, changed by the composer, written as SMIL.
  */
@@ -16,7 +16,7 @@ class QDomElement;
 
 /// Unit of region geometry.
 enum MMS_COMP_SMIL_UNIT_TYPE_ENUM : int {
-    SMIL_UNIT_PIXEL = 0,
+    SMIL_UNIT_PIXEL = 0, ///< pixels of the screen
     SMIL_UNIT_PERCENT = 1, ///< per cent of the root layout
 };
 
@@ -39,13 +39,19 @@ public:
     /// Deletes all slides and metas; layout and unit stay.
     void clean();
 
+    /// Unit of all regions; starts as pixels. Setting it converts nothing.
     MMS_COMP_SMIL_UNIT_TYPE_ENUM getLayoutMeasureUnit() const { return m_measureUnit; }
+    /// @copydoc getLayoutMeasureUnit
     void setLayoutMeasureUnit(MMS_COMP_SMIL_UNIT_TYPE_ENUM unit) { m_measureUnit = unit; }
 
     /// The layout itself, which stays the presentation's.
     MMS_COMP_SMILLayout *getLayout() { return &m_layout; }
+    /// The same for reading.
     const MMS_COMP_SMILLayout *getLayout() const { return &m_layout; }
-    /// These are the layout's operations.
+    /// @name Operations of the layout
+    /// @{
+
+    /// The operation of MMS_COMP_SMILLayout with the same name and arguments.
     MMS_COMP_SMILRootLayout *getRootLayout() const { return m_layout.getRootLayout(); }
     MMS_COMP_SMILRootLayout *setRootLayout(int width, int height);
     int setRootLayout(QDomElement *element);
@@ -54,48 +60,75 @@ public:
     void appendRegion(MMS_COMP_SMILRegion *region);
     MMS_COMP_SMILRegion *appendRegion(float left, float top, float width, float height,
                                       const QString &fit, const QString &id);
+    /// @}
 
-    /// Sets the size from texts such as "120px"; the colour is ignored. The root layout, or null.
+    /// Sets the size from texts such as "120px"; the colour is ignored. The root layout, which
+    /// stays the layout's, or null when there is no memory.
     MMS_COMP_SMILRootLayout *setRootLayout(const QString &width, const QString &height,
                                            const QString &backgroundColor);
     /**
-     * Adds a region from texts such as "120px" and "50%", unless an equal one is there; the one
-     * that is in the layout. A text with "%" makes the unit per cent for the whole presentation. An
-     * absent width or height is -1; a text is read as far as it is a number.
+     * Adds a region from texts such as "120px" and "50%", unless an equal one is there. A text with
+     * "%" makes the unit per cent for the whole presentation. A text is read as far as it is a
+     * number.
+     *
+     * @param left distance from the left edge; 0 when empty
+     * @param top distance from the top edge; 0 when empty
+     * @param width of the region; -1 when empty
+     * @param height of the region; -1 when empty
+     * @param fit keyword, see MMS_COMP_SMILRegion::setFit()
+     * @param id name of the region
+     * @return the region that is in the layout and stays its own; null when there is no memory
      */
     MMS_COMP_SMILRegion *appendRegion(const QString &left, const QString &top, const QString &width,
                                       const QString &height, const QString &fit, const QString &id);
 
-    /// Ids of the regions of the handset's own layout.
+    /// Id of the text region in the handset's own layout.
     QString getTextRegionId() const { return QStringLiteral("text"); }
+    /// Id of the image region in the handset's own layout.
     QString getImgRegionId() const { return QStringLiteral("image"); }
 
+    /// Count of metas.
     unsigned int getMetaCount() const { return unsigned(m_metas.count()); }
     /// The meta at @p index, which stays the presentation's, or null out of range.
     MMS_COMP_SMILMeta *getMeta(unsigned int index) const;
-    /// False when there is no memory.
+    /// Adds a meta, also when there is one with the name. False when there is no memory.
     bool appendMeta(const QString &name, const QString &content);
 
+    /// Count of slides.
     unsigned int getTotalSlidesNum() const { return unsigned(m_slides.count()); }
     /// The slide at @p index, which stays the presentation's, or null out of range.
     MMS_COMP_SMILTimingContainer *getSlide(unsigned int index) const;
     /// Adds @p slide, which becomes the presentation's. Null is ignored.
     void appendSlide(MMS_COMP_SMILTimingContainer *slide);
-    /// Adds an empty slide of @p dur milliseconds, taken as signed; null when there is no memory.
+    /// Adds an empty slide of @p dur milliseconds, taken as signed. The slide, which stays the
+    /// presentation's, or null when there is no memory.
     MMS_COMP_SMILTimingContainer *appendSlide(unsigned int dur);
 
-    /// These are the slide's operations; 0, null or false for a slide that is out of range.
+    /// @name Operations of a slide
+    /// @{
+
+    /// The slide's operation, see MMS_COMP_SMILTimingContainer; 0, null or false for a slide that
+    /// is out of range. What is inserted becomes the slide's.
     unsigned int getMediaObjectCount(unsigned int slide) const;
     MMS_COMP_SMILMediaObject *getMediaObject(unsigned int slide, unsigned int index) const;
     bool insertMediaObject(unsigned int slide, unsigned int index,
                            MMS_COMP_SMILMediaObject *object);
     bool deleteMediaObject(unsigned int slide, unsigned int index);
+    /// @}
 
     /**
-     * Places a media element of a document: on the last slide when it has room and @p newSlide is
-     * false, else on a new one of @p dur milliseconds. Returns 0, and the object in @p created
-     * unless that is null; SmilResult::NotAMedia, SmilResult::NotInMessage or
-     * SmilResult::OutOfMemory, and nothing changed.
+     * Places a media element of a document on the last slide, or on a new one when that has no
+     * room. Linear in the parts.
+     *
+     * @param element text, img, video, audio or ref; its params are not read
+     * @param multipart the message that has the content
+     * @param newSlide true for a new slide in any case
+     * @param dur milliseconds that a new slide lasts, as MMS_COMP_SMILTimingContainer::getDur()
+     * @param created unless null, gets the object, which stays its slide's
+     * @retval SmilResult::Ok the object is on its slide
+     * @retval SmilResult::NotAMedia any other element, or null; nothing changed
+     * @retval SmilResult::NotInMessage no part has the content; nothing changed
+     * @retval SmilResult::OutOfMemory no memory for the object or its slide
      */
     int appendElementObject(QDomElement *element, MMS_COMP_SMILMultipart *multipart, bool newSlide,
                             int dur, MMS_COMP_SMILMediaObject **created);
@@ -104,12 +137,15 @@ public:
      * A location for new content, made of the file name in @p name, that no media object and no
      * body part uses: the name itself, else with "_0", "_1", ... before its extension. Base and
      * extension are cut to 88 characters. When the extension or a character of the name makes every
-     * one of these unusable the result is "file0", "file1", ...
+     * one of these unusable the result is "file0", "file1", ... A null text when there is no
+     * memory. Linear in the objects and parts.
      */
     QString createUniqueSrc(const QString &name) const;
-    /// True when @p name is used, is no valid URL, or has 100 characters or more.
+    /// True when @p name is used, is no valid URL, or has 100 characters or more. Linear in the
+    /// objects and parts.
     bool isElemNameExist(const QString &name) const;
-    /// Deletes the first media object whose part has this location or Content-ID.
+    /// Releases and deletes the first media object whose part has this location, in the same case,
+    /// or Content-ID. Linear in the objects and parts.
     void deleteObjectByDataLocation(const QString &location);
 
     /**
@@ -123,15 +159,21 @@ public:
     /// Removes texts without octets, but for one that alone carries a slide's page colour.
     void removeEmptyTextBeforeSend();
 
-    /// True when every slide is blank.
+    /// True when every slide is blank, see MMS_COMP_SMILTimingContainer::isBlank().
     bool isEmpty() const;
     /// The message, or null; not owned.
     MMS_COMP_SMILMultipart *getMultiPart() const { return m_multipart.get(); }
-    /// Sets the message of the presentation and of every slide.
+    /// Sets the message of the presentation and of every slide; their objects keep their own.
     void setMultiPart(MMS_COMP_SMILMultipart *multipart);
     /**
-     * Copies everything but the root layout's colour to @p target, with content from @p multipart;
-     * false for null or when something cannot be copied. What was copied until then stays.
+     * Copies everything but the root layout's colour, behind what @p target has. Linear in the
+     * regions and metas, and in the parts for every object.
+     *
+     * @param target gets the copy; may be the presentation itself
+     * @param multipart the message that the copy is of; it needs the parts with the same locations,
+     * shown
+     * @return false for null or when something cannot be copied, and what was copied until then
+     * stays
      */
     bool copyTo(MMS_COMP_SMILData *target, MMS_COMP_SMILMultipart *multipart) const;
 

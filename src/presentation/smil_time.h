@@ -1,4 +1,4 @@
-/*
+/** @file
  * A begin or end time as a SMIL document gives it.
  */
 #pragma once
@@ -16,10 +16,10 @@ enum MMS_COMP_SMIL_TIME_TYPE : int {
 /// Time record, filled by MMS_COMP_SMILParser::parseTime().
 struct MMS_COMP_SMIL_TIME
 {
-    static constexpr int AtBegin = 0;
-    static constexpr int AtEnd = -1;
+    static constexpr int AtBegin = 0; ///< value of an event time: when the other element begins
+    static constexpr int AtEnd = -1; ///< value of an event time: when the other element ends
 
-    MMS_COMP_SMIL_TIME_TYPE timeType = SMIL_TIME_NONE;
+    MMS_COMP_SMIL_TIME_TYPE timeType = SMIL_TIME_NONE; ///< what the text was
     QString eventId; ///< id of the element that an event time refers to; empty for an offset
     /// Milliseconds; for an event time AtBegin or AtEnd of the other element, else from its begin.
     int timeValue = 0;

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The SMIL side of a message: reads the text of the SMIL part into a presentation, brings foreign
  * layouts into the handset's own, writes a presentation as SMIL text, and presents messages that
  * come without. One source file for each role. The model is only declared here, because it uses the
@@ -25,22 +25,41 @@ class QVL_EXPORT MMS_COMP_SMILParser
 {
 public:
     /**
-     * Reads @p smilText into @p data, binding media to the parts of @p multipart, brings the layout
-     * into the handset's own and takes colours and text sizes from the media's params.
+     * Reads a document into a presentation, binding media to the parts of the message, brings the
+     * layout into the handset's own and takes colours and text sizes from the media's params. Media
+     * whose content is not in the message are passed over. Linear in the slides; each element walks
+     * the parts.
      *
-     * Returns 0 or a SmilResult code; what was read before a failure stays in @p data. The text may
-     * begin with anything before "<smil" and end in one zero octet.
+     * @param smilText the document in UTF-8. Anything may stand before "<smil", and one zero octet
+     * at the end
+     * @param multipart the message that has the content; its parts are marked as shown. Null passes
+     * over all media
+     * @param data gets the slides, behind those that it has
+     * @retval SmilResult::Ok read; getLastWarning() tells of metas that were not kept
+     * @retval SmilResult::NullArgument null @p data or an empty text; nothing changed
+     * @retval SmilResult::NotWellFormed no XML, or beyond the limits of a document; nothing changed
+     * @retval SmilResult::NotSmil the document element is not smil; nothing changed
+     * @retval SmilResult::HeadAfterBody what was read before the head stays
+     * @retval SmilResult::SecondHead what was read before the second one stays
+     * @retval SmilResult::SecondBody what was read before the second one stays
+     * @retval SmilResult::NestedTooDeep what was read before the eleventh par or seq stays
+     * @retval SmilResult::OutOfMemory what was read before stays
      */
     [[nodiscard]] int parse(const QArray<char> &smilText, MMS_COMP_SMILMultipart *multipart,
                             MMS_COMP_SMILData *data);
-    /// As above, from the file @p fileName, whose encoding is found as XML says.
+    /// The same from the file @p fileName, whose encoding is found as XML says and which has to
+    /// begin as a document. SmilResult::FileUnreadable when it cannot be opened.
     [[nodiscard]] int parse(const QString &fileName, MMS_COMP_SMILMultipart *multipart,
                             MMS_COMP_SMILData *data);
 
     /// SmilResult::MetaRefused when the last parse() could not keep a meta element, else 0.
     int getLastWarning() const { return m_lastWarning; }
 
-    /// Readers of one kind of element each, for callers that read fragments. SmilResult codes.
+    /// @name Fragments
+    /// @{
+
+    /// Reads one kind of element, for callers that read fragments. A SmilResult code,
+    /// SmilResult::NullArgument for a null element or presentation.
     int parseSmil(QDomElement *root, MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data);
     int parseSmilHead(QDomElement *head, MMS_COMP_SMILData *data);
     int parseSmilMeta(QDomElement *meta, MMS_COMP_SMILData *data);
@@ -49,11 +68,18 @@ public:
     static int parseSmilRegion(QDomElement *region, MMS_COMP_SMILData *data);
     static int parseSmilBody(QDomElement *body, MMS_COMP_SMILMultipart *multipart,
                              MMS_COMP_SMILData *data);
-    /// @p depth counts the par and seq elements around and including this one.
+    /// @}
+
+    /// Reads a time container as parseSmil() reads its kind; SmilResult::NestedTooDeep for an
+    /// eleventh level. @p depth counts the par and seq elements around and including this one;
+    /// behind the call it is what it was.
     static int parseSmilSeq(QDomElement *seq, MMS_COMP_SMILMultipart *multipart,
                             MMS_COMP_SMILData *data, int &depth);
+    /// @copydoc parseSmilSeq
     static int parseSmilPar(QDomElement *par, MMS_COMP_SMILMultipart *multipart,
                             MMS_COMP_SMILData *data, int &depth);
+    /// Adds the params of a media element to @p object. A SmilResult code, SmilResult::NullArgument
+    /// for null.
     static int parseMediaObjectParam(QDomElement *element, MMS_COMP_SMILMediaObject *object);
 
     /// True for par, seq, text, img, audio, video and ref; false for null.
@@ -65,28 +91,37 @@ public:
     /// The word for a kind that getTypeEnum() gives, "" for any other.
     static QString getMimeTypeStr(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type);
 
-    /// Reads a begin or end time. A text that is empty or not understood leaves the value alone.
+    /// Reads a begin or end time such as "2500ms", "2.5s", "0:02.500" or "id(other)(end)" into
+    /// @p time, which must not be null. A text that is empty or not understood leaves the value
+    /// alone.
     static void parseTime(const QString &text, MMS_COMP_SMIL_TIME *time);
     /// Milliseconds; -1 for an empty text, -2 for "indefinite", 5000 for one not understood.
     static int parseDur(const QString &text);
-    /// Reads a colour: one of sixteen names, "#rgb" or "#rrggbb".
+    /// Reads a colour: one of sixteen names in lower case, or "#rrggbb". In "#rgb" a digit is not
+    /// doubled: "#fff" is nearly black. A text that gives no colour leaves the last colour alone
+    /// but not its kind.
     static void parseColor(const QString &text, MMS_COMP_COLOR &colour);
 
     /**
      * Brings the regions into the handset's layout, a text region above an image region, and takes
-     * the media objects along. With three and more regions only ids change. 0, and nothing
-     * done, for null and for a list of regions that holds null; else 1.
+     * the media objects along. With three and more regions only ids change. Linear in the regions
+     * and objects.
+     *
+     * @return 0, and nothing done, for null and for a list of regions that holds null; 0 when there
+     * is no memory; else 1
      */
     static int updateToCorvaneRegion(MMS_COMP_SMILData *data);
     /// Sets the root layout to 120 by 160, making one when there is none. Null is ignored.
     static void updateToCorvaneRootLayout(MMS_COMP_SMILData *data);
-    /// Moves every media object from the region @p oldId to the region @p newId.
+    /// Moves every media object from the region @p oldId to the region @p newId. Null is ignored.
     static void updateObjectRegionId(MMS_COMP_SMILData *data, const QString &oldId,
                                      const QString &newId);
 
     /**
-     * The SMIL text of @p data, "" for null. Values are written as they are: one that holds "&",
-     * "<" or a quote, and a root layout with a colour, make a text that is not well-formed.
+     * The SMIL text of @p data, "" for null or when there is no memory. Puts the colours and text
+     * sizes of the slides into the params of their objects first. Values are written as they are:
+     * one that holds "&", "<" or a quote, and a root layout with a colour, make a text that is not
+     * well-formed. Linear in what is written.
      */
     static QString convertToSMILLang(MMS_COMP_SMILData *data);
 
@@ -95,11 +130,15 @@ public:
      * picture, video or sound, becomes a slide of its own at the end of @p data, in the order of
      * the parts, and counts as shown from then on. A slide lasts 5 seconds, or as long as its clip.
      *
-     * With @p writeSmil the SMIL text of @p data goes into the message: into its SMIL part, or else
-     * into a new first part, which makes the message a related one.
+     * Opens pictures and clips, so linear in their octets.
      *
-     * Returns 1; 0 for a null argument or when there is no memory, and what was done until then
-     * stays.
+     * @param multipart the message; with @p writeSmil a SMIL part that it gets makes it a related
+     * one
+     * @param data gets the slides, behind those that it has
+     * @param writeSmil true to store the SMIL text of @p data in the message: in its SMIL part, or
+     * else in a new first part
+     * @return 1; 0 for a null argument or when there is no memory, and what was done until then
+     * stays
      */
     static int makeSmilForMixed(MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data,
                                 bool writeSmil);

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The Content-Type header field, the last one of a PDU, and its value.
  */
 #pragma once
@@ -25,13 +25,18 @@ class QVL_EXPORT ContentTypeField : public FieldBase
 {
 public:
     /**
-     * Reads a content type value. Returns WireResult::Read, WireResult::OutOfData, or
-     * WireResult::UnsupportedContentType for a general form of any other media type. When the data
-     * runs out inside the parameters, type and subtype are already set.
+     * Reads a content type value.
+     *
+     * @param buffer stands at the value
+     * @param contentType gets the value; empty texts for a media code that is not assigned
+     * @retval WireResult::Read the value was read
+     * @retval WireResult::OutOfData data ran out; inside the parameters type and subtype are set
+     * @retval WireResult::UnsupportedContentType general form of any other media type
      */
     static unsigned char readFrom(LinearBuffer *buffer, MMS_CONTENT_TYPE_T *contentType);
 
-    /// Appends the field code and the value; returns WireResult::Written.
+    /// Appends the field code and the value; returns WireResult::Written. A media type without a
+    /// well-known code is written as the octet 0x7F.
     static unsigned char writeTo(LinearBuffer *buffer, const MMS_CONTENT_TYPE_T &contentType);
 
     /// Octets of the value alone, without the field code that writeTo() appends too.

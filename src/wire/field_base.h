@@ -1,4 +1,4 @@
-/*
+/** @file
  * Base of the header field codecs.
  */
 #pragma once
@@ -17,21 +17,30 @@ class MMS_UA_UAMsg;
 class QVL_EXPORT FieldBase
 {
 public:
+    /// For codecs from MMS_UA_Decoder::selectReader() and MMS_UA_Encoder::selectWriter().
     virtual ~FieldBase();
 
     /**
-     * Reads the field's value, whose code has already been consumed, into the record and sets the
-     * field's presence bit. Returns WireResult::Read or WireResult::OutOfData; what a failed read
+     * Reads the field's value into the record and sets the field's presence bit. What a failed read
      * leaves in the record is said at each class that changes anything.
+     *
+     * @param buffer stands behind the field's code
+     * @param msg gets the value
+     * @return WireResult::Read or WireResult::OutOfData; ContentTypeField also
+     * WireResult::UnsupportedContentType
      */
     virtual unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) = 0;
 
     /**
-     * Appends code and value from the record. Returns WireResult::Written, or
-     * WireResult::CannotWrite for a value that has no form on the wire.
+     * Appends code and value from the record, whether the field is present or not.
+     *
+     * @param buffer gets the octets; what does not fit is dropped, so size it with fieldSize()
+     * @param msg has the value
+     * @return WireResult::Written, or WireResult::CannotWrite for a value that has no form on the
+     * wire; FromField gives WireResult::OutOfData for a buffer that is full before the address
      */
     virtual unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) = 0;
 
-    /// Octets that writeField() appends, code included.
+    /// Octets that writeField() appends for @p msg, code included.
     virtual int fieldSize(MMS_UA_UAMsg *msg) = 0;
 };

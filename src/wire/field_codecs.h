@@ -1,4 +1,4 @@
-/*
+/** @file
  * The codecs of 23 header fields; Content-Type, the 24th, has a file of its own. A field that
  * shares its shape with others is a line over that shape. Codes stand in header_fields.h.
  */
@@ -171,10 +171,10 @@ public:
     int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
-/// Expiry. Reading stores the seconds from a reference date that does not exist, see
-/// DateTime::sinceJulianDayZero(); writing emits the stored number as a relative time. The presence
-/// bit is set, and the old value kept, when the value could not be read. Kept: stored messages
-/// depend on it.
+/// Expiry. Reading stores the local seconds since 1970 plus 413405696, wrapped to 32 bits: they
+/// count from a reference date that does not exist. Writing emits the stored number as a relative
+/// time. The presence bit is set, and the old value kept, when the value could not be read. Kept:
+/// stored messages depend on it.
 class QVL_EXPORT ExpiryField : public FieldBase
 {
 public:

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The few shapes that header field values have, each written once over a getter and a setter of the
  * header record: shapes know octets, the field classes in field_codecs.h know names. Fields that
  * fit no shape are written out there.
@@ -13,11 +13,11 @@
 #include "wire/primitive_values.h"
 #include "wire/wire_result.h"
 
+/// Shapes of header fields, and what they share. Applications use the classes in field_codecs.h.
 namespace FieldShapes {
 
-/// Tokens of a yes-or-no value.
-inline constexpr unsigned char Yes = 128;
-inline constexpr unsigned char No = 129;
+inline constexpr unsigned char Yes = 128; ///< token of a yes-or-no value
+inline constexpr unsigned char No = 129; ///< token of a yes-or-no value
 
 /// Octets of a field that is its code and one octet.
 inline constexpr int OctetFieldSize = 2;
@@ -28,7 +28,7 @@ inline void writeCode(LinearBuffer *buffer, unsigned char code)
     IntegerBinary::writeTo(buffer, code);
 }
 
-/// Appends a field that is its code and one octet.
+/// Appends a field that is its code and one octet. Returns WireResult::Written.
 inline unsigned char writeOctet(LinearBuffer *buffer, unsigned char code, unsigned char octet)
 {
     writeCode(buffer, code);
@@ -41,6 +41,7 @@ template <unsigned char Code, auto Get, auto Set>
 class QVL_EXPORT Octet : public FieldBase
 {
 public:
+    /// As FieldBase says. Any octet is a value.
     unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
     {
         unsigned char octet = 0;
@@ -51,11 +52,13 @@ public:
         return WireResult::Read;
     }
 
+    /// As FieldBase says. Always WireResult::Written.
     unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
     {
         return writeOctet(buffer, Code, (msg->*Get)());
     }
 
+    /// Always OctetFieldSize.
     int fieldSize(MMS_UA_UAMsg *) override { return OctetFieldSize; }
 };
 
@@ -65,6 +68,7 @@ template <unsigned char Code, auto Get, auto Set, unsigned char WhenSet = Yes,
 class QVL_EXPORT Flag : public FieldBase
 {
 public:
+    /// As FieldBase says. Any octet is a value.
     unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
     {
         unsigned char octet = 0;
@@ -75,22 +79,27 @@ public:
         return WireResult::Read;
     }
 
+    /// As FieldBase says. Always WireResult::Written.
     unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
     {
         return writeOctet(buffer, Code, (msg->*Get)() ? WhenSet : WhenClear);
     }
 
+    /// Always OctetFieldSize.
     int fieldSize(MMS_UA_UAMsg *) override { return OctetFieldSize; }
 };
 
+/// True for a value that says nothing: an empty text, 0, or a null time.
 inline bool countsAsAbsent(const QString &text)
 {
     return text.isEmpty();
 }
+/// @copydoc countsAsAbsent(const QString &)
 inline bool countsAsAbsent(int value)
 {
     return value == 0;
 }
+/// @copydoc countsAsAbsent(const QString &)
 inline bool countsAsAbsent(const QDateTime &value)
 {
     return value.isNull();
@@ -101,6 +110,7 @@ template <unsigned char Code, typename Codec, typename Value, auto Get, auto Set
 class QVL_EXPORT Optional : public FieldBase
 {
 public:
+    /// As FieldBase says. A failed read, and a value that says nothing, change nothing.
     unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
     {
         Value value{};
@@ -112,15 +122,18 @@ public:
         return result;
     }
 
+    /// As FieldBase says. The result of the value's codec.
     unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
     {
         writeCode(buffer, Code);
         return Codec::writeTo(buffer, (msg->*Get)());
     }
 
+    /// As FieldBase says.
     int fieldSize(MMS_UA_UAMsg *msg) override { return 1 + Codec::sizeOf((msg->*Get)()); }
 };
 
+/// The recipients of one kind, as the header record has them.
 using RecipientList = QPtrList<MMS_UTIL_Entry>;
 
 /// A list of addresses, one field each.
@@ -128,7 +141,7 @@ template <unsigned char Code, RecipientList &(MMS_UTIL_MsgHeaderBase::*List)(), 
 class QVL_EXPORT Recipients : public FieldBase
 {
 public:
-    // The address reader never fails, so a recipient that was cut off counts as one.
+    /// Adds one recipient. The address reader never fails, so one that was cut off counts, too.
     unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
     {
         MMS_UTIL_Entry entry;
@@ -138,7 +151,8 @@ public:
         return result;
     }
 
-    // Goes on after an entry that cannot be written; the last entry's result counts.
+    /// Writes a field per recipient. Goes on after an entry that cannot be written; the last
+    /// entry's result counts.
     unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
     {
         unsigned char result = WireResult::Written;
@@ -151,6 +165,7 @@ public:
         return result;
     }
 
+    /// Octets of the fields of all recipients.
     int fieldSize(MMS_UA_UAMsg *msg) override
     {
         int sum = 0;

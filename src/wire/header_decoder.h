@@ -1,4 +1,4 @@
-/*
+/** @file
  * Decoder of MMS PDU headers.
  */
 #pragma once
@@ -15,29 +15,35 @@ class MMS_UA_UAMsg;
 class QVL_EXPORT MMS_UA_Decoder
 {
 public:
+    /// A decoder that has read nothing yet.
     MMS_UA_Decoder();
     MMS_UA_Decoder(const MMS_UA_Decoder &) = delete;
     MMS_UA_Decoder &operator=(const MMS_UA_Decoder &) = delete;
+    /// Frees nothing of what was decoded.
     virtual ~MMS_UA_Decoder();
 
     /**
-     * Decodes the header of the @p length octets at @p pdu into @p msg, up to and with
-     * Content-Type.
+     * Decodes the header of a PDU up to and with Content-Type. Fields decoded before a failure stay
+     * in the record. No field is checked against another: that is for the checks of the record.
+     * Nothing is read outside the array. Linear in the octets of the header.
      *
-     * Returns WireResult::Read, and then msg's body describes what follows the header within the
-     * caller's array, which has to outlive that use. Otherwise the code of the first failure:
-     * WireResult::BadArgument for a null @p pdu or @p msg and when there is no memory,
-     * WireResult::UnknownField for a field that is not well-known, WireResult::OutOfData,
-     * WireResult::UnsupportedContentType. Fields decoded before a failure stay in @p msg. No field
-     * is checked against another: that is for the checks of the record. @p length is only read.
-     * Nothing is read outside the array.
+     * @param pdu the octets, which stay the caller's. The body of @p msg points at those behind the
+     * header, so they have to outlive its use
+     * @param length count of octets; only read
+     * @param msg gets the fields; use a new one for every PDU, because what it has stays
+     * @retval WireResult::Read decoded; only then @p msg has a body, which may be empty
+     * @retval WireResult::BadArgument @p pdu or @p msg is null, or there is no memory
+     * @retval WireResult::UnknownField a field is not among the well-known ones
+     * @retval WireResult::OutOfData the header is cut, or a length cannot be right
+     * @retval WireResult::UnsupportedContentType the content type has no known shape
      */
     [[nodiscard]] unsigned char decodeHeader(unsigned char *pdu, unsigned int &length,
                                              MMS_UA_UAMsg *msg);
 
     /**
      * A new codec for the header field @p code, owned by the caller, or null for a code outside
-     * 1..24. Asking for Content-Type tells the decoder that the header ends with it.
+     * 1..24. Asking for Content-Type tells the decoder that the header ends with it. Only for
+     * reading single fields: decodeHeader() needs none.
      */
     FieldBase *selectReader(int code);
 

@@ -1,4 +1,4 @@
-/*
+/** @file
  * Encoder of MMS PDU headers.
  */
 #pragma once
@@ -16,20 +16,25 @@ class MMS_UA_UAMsg;
 class QVL_EXPORT MMS_UA_Encoder
 {
 public:
+    /// An encoder that has written nothing yet.
     MMS_UA_Encoder();
     MMS_UA_Encoder(const MMS_UA_Encoder &) = delete;
     MMS_UA_Encoder &operator=(const MMS_UA_Encoder &) = delete;
+    /// Frees no array that encodeHeader() made.
     virtual ~MMS_UA_Encoder();
 
     /**
-     * Encodes @p msg into a new array of exactly @p outLength octets, which the caller frees with
-     * array-delete. Which fields are written, and in which order, goes by the message type: those
-     * that are present, and always MMS-Version and From.
+     * Encodes a header record. Which fields are written, and in which order, goes by the message
+     * type: those that are present, and always MMS-Version and From. Linear in the octets.
      *
-     * Returns the result of the last field: WireResult::Written, or WireResult::CannotWrite for an
-     * address of an unknown kind. A message type outside 128..134 gives an empty array and
-     * WireResult::Written. WireResult::BadArgument, and nothing else changed, for a null argument
-     * or when there is no memory.
+     * @param msg the record; a message type outside 128..134 gives an empty array
+     * @param out gets a new array, which the caller frees with array-delete
+     * @param outLength gets the count of its octets
+     * @retval WireResult::Written the last field was written; an earlier recipient of an unknown
+     * kind may be missing all the same
+     * @retval WireResult::CannotWrite the last field is an address of an unknown kind; there is an
+     * array as well
+     * @retval WireResult::BadArgument an argument is null, or there is no memory; nothing changed
      */
     [[nodiscard]] unsigned char encodeHeader(MMS_UA_UAMsg *msg, unsigned char **out,
                                              int *outLength);
@@ -39,18 +44,21 @@ public:
 
     /**
      * Writes the fields of message type @p type, all of them even after a failure; the result is
-     * that of the last one. For use from within encodeHeader(): without an output array every field
-     * that is to be written gives WireResult::BadArgument.
+     * that of the last one, WireResult::Written when there is none. For use from within
+     * encodeHeader(): without an output array every field that is to be written gives
+     * WireResult::BadArgument.
      */
     unsigned char encodeByType(unsigned char type);
 
     /**
-     * Writes one field. WireResult::Written for a field that is absent, WireResult::CannotWrite for
-     * a code outside 1..24.
+     * Writes the field @p code, from within encodeHeader() as encodeByType(). WireResult::Written
+     * for a field that is absent, WireResult::CannotWrite for a code outside 1..24, else what
+     * FieldBase::writeField() gives.
      */
     unsigned char encodeField(int code);
 
-    /// Octets that encodeField() writes for the record of the last sizeOfEncodedHeader().
+    /// Octets that encodeField() writes for @p code in the record of the last
+    /// sizeOfEncodedHeader(), which must still be there; 0 before one and for a code outside 1..24.
     int sizeOfField(int code);
 
     /// A new codec for the header field @p code, owned by the caller, or null outside 1..24.

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The header fields of an MMS PDU (OMA-MMS-ENC, 7.3): one table for decoder, encoder and whoever
  * shows a header.
  */
@@ -12,31 +12,32 @@ class FieldBase;
 
 /// Codes of the header fields: the octet on the wire without its high bit.
 namespace HeaderFieldCode {
+/// The codes, without gaps.
 enum : unsigned char {
-    Bcc = 1,
-    Cc = 2,
-    ContentLocation = 3,
-    ContentType = 4,
-    Date = 5,
-    DeliveryReport = 6,
-    DeliveryTime = 7,
-    Expiry = 8,
-    From = 9,
-    MessageClass = 10,
-    MessageId = 11,
-    MessageType = 12,
-    MmsVersion = 13,
-    MessageSize = 14,
-    Priority = 15,
-    ReadReply = 16,
-    ReportAllowed = 17,
-    ResponseStatus = 18,
-    ResponseText = 19,
-    SenderVisibility = 20,
-    Status = 21,
-    Subject = 22,
-    To = 23,
-    TransactionId = 24,
+    Bcc = 1, ///< recipient that the others do not see
+    Cc = 2, ///< recipient of a copy
+    ContentLocation = 3, ///< where the message of a notification can be fetched
+    ContentType = 4, ///< content type of the body; ends the header
+    Date = 5, ///< when the message was sent or delivered
+    DeliveryReport = 6, ///< whether a delivery report is wanted
+    DeliveryTime = 7, ///< when the message may be delivered
+    Expiry = 8, ///< when the message is given up
+    From = 9, ///< sender
+    MessageClass = 10, ///< personal, advertisement, informational or auto
+    MessageId = 11, ///< id that the relay gave to the message
+    MessageType = 12, ///< kind of PDU, see message_types.h
+    MmsVersion = 13, ///< version of the PDU's encoding
+    MessageSize = 14, ///< octets of the message of a notification
+    Priority = 15, ///< low, normal or high
+    ReadReply = 16, ///< whether a read report is wanted
+    ReportAllowed = 17, ///< whether the recipient allows a delivery report
+    ResponseStatus = 18, ///< what the relay says of a message that was sent
+    ResponseText = 19, ///< the same in words
+    SenderVisibility = 20, ///< whether recipients see the sender
+    Status = 21, ///< what became of a message, in a delivery report or a notification's answer
+    Subject = 22, ///< subject
+    To = 23, ///< recipient
+    TransactionId = 24, ///< what ties an answer to its request
 };
 } // namespace HeaderFieldCode
 
@@ -58,5 +59,5 @@ struct HeaderFieldInfo
 /// All 24 header fields in the order of their codes.
 QVL_EXPORT std::span<const HeaderFieldInfo> headerFields();
 
-/// The header field with @p code, or null when there is none.
+/// The header field with @p code, a row of the table, or null when there is none.
 QVL_EXPORT const HeaderFieldInfo *headerFieldInfo(int code);

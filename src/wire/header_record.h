@@ -1,4 +1,4 @@
-/*
+/** @file
  * The header of one MMS PDU in memory, with the checks that a received header has to pass.
  */
 #pragma once
@@ -21,52 +21,74 @@ class QVL_EXPORT MMS_UA_UAMsg : public MMS_UTIL_MsgHeaderBase
 public:
     /// A record of type m-send-req with no field present.
     MMS_UA_UAMsg();
+    /// Deletes the recipient entries, not what getBody() points at.
     ~MMS_UA_UAMsg() override;
 
+    /// The presence bits of the fields, see headerFieldMask().
     unsigned int getFieldsPresent() const { return m_fieldsPresent; }
+    /// @copydoc getFieldsPresent
     void setFieldsPresent(unsigned int mask) { m_fieldsPresent = mask; }
+    /// Sets the bits of @p mask and leaves the others as they are.
     void addFieldsPresent(unsigned int mask) { m_fieldsPresent |= mask; }
     /// True when every field of @p mask is present; always true for a mask of 0.
     bool fieldsPresent(unsigned int mask) const { return (m_fieldsPresent & mask) == mask; }
 
     /// 128 m-send-req (the default) to 134 m-delivery-ind, see message_types.h.
     unsigned char getMessageType() const { return static_cast<unsigned char>(m_messageType); }
+    /// @copydoc getMessageType
     void setMessageType(unsigned char type) { m_messageType = type; }
 
+    /// What ties an answer to its request. A text on the wire that is not ASCII reads as Latin-1.
     QString getTransactionId() const { return m_transactionId; }
+    /// @copydoc getTransactionId
     void setTransactionId(const QString &id) { m_transactionId = id; }
 
     /// Major version in bits 4 to 6, minor version in bits 0 to 3: 0x10 is 1.0. Starts at 0.
     unsigned char getMMSVersion() const { return m_mmsVersion; }
+    /// @copydoc getMMSVersion
     void setMMSVersion(unsigned char version) { m_mmsVersion = version; }
 
     /// 128 personal (the default), 129 advertisement, 130 informational, 131 auto.
     unsigned char getMessageClass() const { return m_messageClass; }
+    /// @copydoc getMessageClass
     void setMessageClass(unsigned char messageClass) { m_messageClass = messageClass; }
 
     /// Status as on the wire; starts at 128.
     unsigned char getStatus() const { return m_status; }
+    /// @copydoc getStatus
     void setStatus(unsigned char status) { m_status = status; }
 
+    /// Whether the recipient allows that the sender gets a delivery report; starts as false.
     bool getReportAllowed() const { return m_reportAllowed; }
+    /// @copydoc getReportAllowed
     void setReportAllowed(bool allowed) { m_reportAllowed = allowed; }
 
+    /// Where the message of a notification can be fetched: a URI.
     QString getContentLocation() const { return m_contentLocation; }
+    /// @copydoc getContentLocation
     void setContentLocation(const QString &location) { m_contentLocation = location; }
+    /// Id that the relay gave to the message.
     QString getMessageId() const { return m_messageId; }
+    /// @copydoc getMessageId
     void setMessageId(const QString &id) { m_messageId = id; }
 
     /// Response status as on the wire; starts at 128 (ok).
     unsigned char getResponseStatus() const { return m_responseStatus; }
+    /// @copydoc getResponseStatus
     void setResponseStatus(unsigned char status) { m_responseStatus = status; }
+    /// What the relay says in words of a message that was sent; empty when it says nothing.
     QString getResponseText() const { return m_responseText; }
+    /// @copydoc getResponseText
     void setResponseText(const QString &text) { m_responseText = text; }
 
     /// First octet behind the decoded header; points into the decoder's input and is not owned.
+    /// Null until a header was decoded.
     unsigned char *getBody() const { return m_body; }
+    /// @copydoc getBody
     void setBody(unsigned char *body) { m_body = body; }
-    /// Octets from getBody() to the end of the PDU.
+    /// Octets from getBody() to the end of the PDU; 0 for a PDU without a body.
     int getBodyLength() const { return m_bodyLength; }
+    /// @copydoc getBodyLength
     void setBodyLength(int octets) { m_bodyLength = octets; }
 
     /// Order number, from 1, at which the field was first met while decoding; 0 when it was not
@@ -80,7 +102,8 @@ public:
     bool isMMSVersionCorrect() const { return (m_mmsVersion & 0x70) == 0x10; }
     /// True when the minor version is 0.
     bool isMMSMinorVersionCorrect() const { return (m_mmsVersion & 0x0F) == 0; }
-    /// True when every field that the message type demands is present.
+    /// True when every field that the message type demands is present, see MessageTypeInfo; also
+    /// for a type that is not among the seven.
     bool mandatoryFldsPresentInPDU() const;
     /**
      * True when Message-Type, Transaction-Id and MMS-Version, as far as present, came first and in

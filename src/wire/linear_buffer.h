@@ -1,4 +1,4 @@
-/*
+/** @file
  * The cursor through which every wire codec reads and writes: the one place that indexes octets.
  *
  * A buffer over octets that came from outside is made with forReading(): what stands behind its end
@@ -20,7 +20,7 @@
 class QVL_EXPORT LinearBuffer
 {
 public:
-    /// A cursor at position 0 of the @p size octets at @p data.
+    /// A cursor at position 0 of the @p size octets at @p data. A size below 0 counts as 0.
     LinearBuffer(unsigned char *data, int size);
 
     /**
@@ -87,8 +87,11 @@ public:
     /// Moves the cursor on by @p count octets; where that reaches the end, to the last octet.
     void forward(int count);
 
+    /// Octets from the start of the array to the cursor. Reads can take it past the end.
     int getPosition() const { return m_position; }
+    /// Count of octets of the array.
     int getSize() const { return m_size; }
+    /// The array itself, which stays the caller's.
     unsigned char *getData() const { return m_data; }
 
 private:

@@ -1,4 +1,4 @@
-/*
+/** @file
  * The message types of MMS (OMA-MMS-ENC, 6): one table for the checks of a received header, for the
  * order in which the encoder writes fields, and for whoever shows a message.
  */

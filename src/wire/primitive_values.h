@@ -1,4 +1,4 @@
-/*
+/** @file
  * Value codecs, one class for each primitive encoding of WSP (WAP-230-WSP, 8.4.2) that MMS uses.
  *
  * Every class has the same three operations. readFrom() moves the cursor behind the value, stores
@@ -26,6 +26,7 @@ public:
     static unsigned char readFrom(LinearBuffer *buffer, int *value);
     /// Negative values are written as one octet with their low seven bits.
     static unsigned char writeTo(LinearBuffer *buffer, int value);
+    /// Octets that writeTo() appends: 1 to 5.
     static int sizeOf(int value);
 };
 
@@ -33,7 +34,9 @@ public:
 class QVL_EXPORT UIntBinary
 {
 public:
+    /// Reads any count of octets, to the first without the high bit.
     static unsigned char readFrom(LinearBuffer *buffer, int *value);
+    /// Appends 1 to 5 octets.
     static unsigned char writeTo(LinearBuffer *buffer, int value);
     /// Negative values count as one octet although writeTo() appends five.
     static int sizeOf(int value);
@@ -45,7 +48,9 @@ class QVL_EXPORT ValueLengthBinary
 public:
     /// Takes any octet but 31 as the length itself.
     static unsigned char readFrom(LinearBuffer *buffer, int *value);
+    /// Appends 1 to 6 octets; a negative length is one octet.
     static unsigned char writeTo(LinearBuffer *buffer, int value);
+    /// Octets that writeTo() appends.
     static int sizeOf(int value);
 };
 
@@ -63,10 +68,13 @@ class QVL_EXPORT CharsetBinary : public IntegerBinary
 class QVL_EXPORT TimeBinary
 {
 public:
+    /// Seconds that cannot be read count as 0.
     static unsigned char readFrom(LinearBuffer *buffer, QDateTime *value);
     /// The same without the conversion to local time.
     static unsigned char readSeconds(LinearBuffer *buffer, int *seconds);
+    /// Appends value-length, the token of an absolute time and seconds.
     static unsigned char writeTo(LinearBuffer *buffer, const QDateTime &value);
+    /// Octets that writeTo() appends.
     static int sizeOf(const QDateTime &value);
 };
 
@@ -78,8 +86,11 @@ public:
 class QVL_EXPORT PlainTextBinary
 {
 public:
+    /// Reads up to a zero, which is passed over, or to the end of the data. Linear in the text.
     static unsigned char readFrom(LinearBuffer *buffer, QString *text);
+    /// Appends the text and a zero. Linear in the text.
     static unsigned char writeTo(LinearBuffer *buffer, const QString &text);
+    /// Octets that writeTo() appends. Converts the text, so linear in it.
     static int sizeOf(const QString &text);
 };
 
@@ -92,7 +103,10 @@ public:
 class QVL_EXPORT EncodedStringBinary
 {
 public:
+    /// Reads either form. Linear in the text.
     static unsigned char readFrom(LinearBuffer *buffer, QString *text);
+    /// Appends the form with a charset. Linear in the text.
     static unsigned char writeTo(LinearBuffer *buffer, const QString &text);
+    /// Octets that writeTo() appends. Converts the text, so linear in it.
     static int sizeOf(const QString &text);
 };

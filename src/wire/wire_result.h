@@ -1,4 +1,4 @@
-/*
+/** @file
  * Result codes of the wire codec, named once.
  */
 #pragma once
