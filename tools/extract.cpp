@@ -90,10 +90,6 @@ bool extractParts(const Message &message, const QString &directory, QStringList 
                   QString *error)
 {
     const QDir dir(directory);
-    if (!dir.mkpath(QStringLiteral("."))) {
-        *error = QStringLiteral("cannot make the folder ") + visible(directory);
-        return false;
-    }
     for (int i = 0; i < message.body.getPartCount(); ++i) {
         const Part &part = *message.body.getBodypartByIndex(i);
         QFile file;

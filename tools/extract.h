@@ -16,10 +16,9 @@ struct Message;
 QString safeFileName(const QString &location, const QString &fallback);
 
 /**
- * Writes every part of @p message to a new file in the folder @p directory, which is made when it
- * is not there. A name that is taken, by a file that was there before or by another part, gets a
- * number. Adds a line to @p report for each part; false, with the reason in @p error, when one
- * cannot be written.
+ * Writes every part of @p message to a new file in the folder @p directory. A name that is taken,
+ * by a file that was there before or by another part, gets a number. Adds a line to @p report for
+ * each part; false, with the reason in @p error, when one cannot be written.
  */
 bool extractParts(const Message &message, const QString &directory, QStringList *report,
                   QString *error);

@@ -5,6 +5,7 @@
 #include "commands/command_line.h"
 #include "commands/commands.h"
 
+#include <QCommandLineParser>
 #include <QGuiApplication>
 #include <QLoggingCategory>
 
@@ -23,6 +24,8 @@ struct Command
     bool draws = false;
 };
 
+int help(const QStringList &arguments);
+
 constexpr Command commands[] = {
     {"show", "show header, checks, parts and slides of messages", Commands::show},
     {"extract", "write the parts of a message to files", Commands::extract},
@@ -30,6 +33,7 @@ constexpr Command commands[] = {
     {"render", "draw the slides of a message as the handset shows them", Commands::render, true},
     {"compose", "make a message to send out of texts and files", Commands::compose},
     {"rewrite", "write a message again as the library would send it", Commands::rewrite},
+    {"help", "tell what a command does and takes", help},
 };
 
 const Command *findCommand(const QString &name)
@@ -55,21 +59,53 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
 
 QByteArray usage()
 {
-    QByteArray text = "Usage: qvlmms COMMAND [ARGUMENT...]\n\nCommands:\n";
+    QList<Argument> rows;
     for (const Command &command : commands)
-        text += "  " + QByteArray(command.name).leftJustified(10) + command.summary + '\n';
-    return text + "\nqvlmms COMMAND --help tells more; qvlmms --version tells the version.\n";
+        rows += Argument{command.name, command.summary};
+    const QString text = QLatin1String("Usage: qvlmms COMMAND [ARGUMENT...]\n\n"
+                                       "Shows, takes apart, draws and makes multimedia messages "
+                                       "(MMS).\n")
+        + helpList("Commands", rows)
+        + helpList("Options",
+                   {{"-h, --help", "print this; behind a command, what help COMMAND prints"},
+                    {"-v, --version", "print the version"}})
+        + QLatin1String("\nqvlmms help COMMAND tells more.\n");
+    return text.toUtf8();
 }
 
-} // namespace
-
-int main(int argc, char **argv)
+int refuseCommand(const QString &name)
 {
-    const auto application = makeApplication(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("qvlmms"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(QVLMMS_VERSION));
-    const QStringList arguments = QCoreApplication::arguments();
-    const QString name = arguments.value(1);
+    QStringList names;
+    for (const Command &command : commands)
+        names += QString::fromLatin1(command.name);
+    printError(QLatin1String("there is no command ") + name + suggestion(name, names));
+    print(stderr, "qvlmms help lists the commands.\n");
+    return CannotDo;
+}
+
+int help(const QStringList &arguments)
+{
+    QCommandLineParser parser;
+    int exitCode = AllDecoded;
+    if (!parse(&parser,
+               {.name = "help",
+                .purpose = "Tells what a command does and takes, or which commands there are.",
+                .exitCodes = "0 told, 2 wrong usage or there is no such command.",
+                .arguments = {{"[COMMAND]", "name of a command"}}},
+               arguments, &exitCode))
+        return exitCode;
+    const QString name = parser.positionalArguments().value(0);
+    if (const Command *command = findCommand(name))
+        return command->run({name, QStringLiteral("--help")});
+    if (!name.isEmpty())
+        return refuseCommand(name);
+    print(stdout, usage());
+    return AllDecoded;
+}
+
+int run(const QStringList &arguments)
+{
+    const QString name = arguments.value(0);
     if (name == QLatin1String("--help") || name == QLatin1String("-h")) {
         print(stdout, usage());
         return AllDecoded;
@@ -81,7 +117,21 @@ int main(int argc, char **argv)
     if (const Command *command = findCommand(name))
         return command->run(arguments);
     if (!name.isEmpty())
-        printError(QStringLiteral("there is no command ") + name);
+        return refuseCommand(name);
     print(stderr, usage());
+    return CannotDo;
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    const auto application = makeApplication(argc, argv);
+    QCoreApplication::setApplicationName(QStringLiteral("qvlmms"));
+    QCoreApplication::setApplicationVersion(QStringLiteral(QVLMMS_VERSION));
+    const int exitCode = run(QCoreApplication::arguments().mid(1));
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+        return exitCode;
+    printError(QStringLiteral("cannot write to standard output; is the disk full?"));
     return CannotDo;
 }

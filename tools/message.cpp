@@ -1,6 +1,7 @@
 #include "message.h"
 
 #include <QFile>
+#include <QFileInfo>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -17,7 +18,7 @@ bool readOctets(const QString &fileName, QByteArray *octets, QString *error)
         *octets = file.readAll();
     if (opened && file.error() == QFileDevice::NoError)
         return true;
-    *error = file.errorString();
+    *error = whyNotRead(fileName, file);
     return false;
 }
 
@@ -133,4 +134,29 @@ std::unique_ptr<Message> readMessageOrDocument(const QString &fileName, QString 
     else if (message)
         readDocument(message.get());
     return message;
+}
+
+QString whyNotRead(const QString &fileName, const QFileDevice &file)
+{
+    const QFileInfo info(fileName);
+    if (file.fileName().isEmpty())
+        return QLatin1String("cannot read standard input: ") + file.errorString();
+    if (info.isDir())
+        return QLatin1String("cannot read ") + fileName
+            + QLatin1String(": it is a folder; name the files in it");
+    if (!info.exists())
+        return QLatin1String("cannot read ") + fileName
+            + QLatin1String(": there is no such file; is its name right?");
+    return QLatin1String("cannot read ") + fileName + QLatin1String(": ") + file.errorString();
+}
+
+QString whyNoMessage(const Message &message)
+{
+    if (message.octets.isEmpty())
+        return QStringLiteral("the file is empty");
+    return isPdu(message.octets)
+        ? QString()
+        : QStringLiteral("a message begins with the octet 8C and this file "
+                         "does not; headers of HTTP or WSP before it have "
+                         "to be cut off");
 }

@@ -103,10 +103,21 @@ bool writeAll(QFileDevice *file, const QByteArray &octets)
 }
 
 // A device or a folder in the place of the file would be replaced by it.
-bool isReplaceable(const QString &fileName)
+bool isReplaceable(const QFileInfo &info)
 {
-    const QFileInfo info(fileName);
     return !info.exists() || info.isFile();
+}
+
+QString whyNotWritten(const QFileInfo &info, const QString &systemsWord)
+{
+    const QString text = QLatin1String("cannot write ") + info.filePath() + QLatin1String(": ");
+    if (!isReplaceable(info))
+        return text
+            + QLatin1String("it is a folder or a device; name a file, or - for standard output");
+    if (!QFileInfo(info.path()).isDir())
+        return text + QLatin1String("there is no folder ") + info.path()
+            + QLatin1String("; make it first");
+    return text + systemsWord;
 }
 
 } // namespace
@@ -148,11 +159,11 @@ bool Outgoing::write(const QByteArray &octets, const QString &fileName, QString 
         *error = QLatin1String("cannot write to standard output: ") + out.errorString();
         return false;
     }
+    const QFileInfo info(fileName);
     QSaveFile out(fileName);
-    const bool replaceable = isReplaceable(fileName);
-    if (replaceable && out.open(QIODevice::WriteOnly) && writeAll(&out, octets) && out.commit())
+    if (isReplaceable(info) && out.open(QIODevice::WriteOnly) && writeAll(&out, octets)
+        && out.commit())
         return true;
-    *error = QLatin1String("cannot write ") + fileName + QLatin1String(": ")
-        + (replaceable ? out.errorString() : QStringLiteral("it is no file"));
+    *error = whyNotWritten(info, out.errorString());
     return false;
 }

@@ -214,11 +214,10 @@ output() { # OUT LINE
   "$qvlmms" compose -o "$1" --to 1 --slide --text x >said 2>error || code=$?
   [ "$code" -eq 2 ] && [ "$(cat error)" = "qvlmms: $2" ] || complain "-o $1: $code, $(cat error)"
 }
-output missing/x.mms 'cannot write missing/x.mms: No such file or directory'
-output out 'cannot write out: it is no file'
+output missing/x.mms 'cannot write missing/x.mms: there is no folder missing; make it first'
+output out 'cannot write out: it is a folder or a device; name a file, or - for standard output'
 mkfifo pipe
-output pipe 'cannot write pipe: it is no file'
-output '' 'there is no file to write: -o OUT'
+output pipe 'cannot write pipe: it is a folder or a device; name a file, or - for standard output'
 code=0
 "$qvlmms" compose -o - --to 1 --slide --text x >/dev/full 2>error || code=$?
 [ "$code" -eq 2 ] || complain "a full device: exit code $code"
@@ -246,34 +245,34 @@ refuse 2 '--duration 0: a duration above 0 such as 5s, 2500ms or 2.5 is expected
 refuse 2 "--background beige: $text_line" --to 1 --slide --background beige
 refuse 2 "--text-color #fff: $text_line" --to 1 --slide --text-color '#fff'
 refuse 2 '--text-size huge: small, normal or large is expected' --to 1 --slide --text-size huge
-refuse 2 'missing.jpg: No such file or directory' --to 1 --slide --image missing.jpg
-refuse 2 'missing.txt: No such file or directory' --to 1 --slide --text-file missing.txt
-refuse 2 'missing.vcf: No such file or directory' --to 1 --attach missing.vcf
-refuse 2 "..: $("$qvlmms" show .. 2>&1 | cut -d' ' -f3-)" --to 1 --attach ..
+refuse 2 'cannot read missing.jpg: there is no such file; is its name right?' --to 1 --slide --image missing.jpg
+refuse 2 'cannot read missing.txt: there is no such file; is its name right?' --to 1 --slide --text-file missing.txt
+refuse 2 'cannot read missing.vcf: there is no such file; is its name right?' --to 1 --attach missing.vcf
+refuse 2 'cannot read ..: it is a folder; name the files in it' --to 1 --attach ..
 
 # Refusals: content
-refuse 1 'slide 2 already has a text' --to 1 --slide --text a --slide --text b --text-file note.txt
-refuse 1 'slide 1 already has an image or a video' --to 1 --slide --image harbour.jpg --image harbour.jpg
-refuse 1 'slide 1 already has an image or a video' --to 1 --slide --image harbour.jpg --video video.3gp
-refuse 1 'slide 1 already has an image or a video' --to 1 --slide --video video.3gp --image harbour.jpg
-refuse 1 'slide 1 already has an audio' --to 1 --slide --audio voice.amr --audio voice.amr
-refuse 1 'slide 2 has neither text, picture nor audio' --to 1 --slide --text x --slide
-refuse 1 'slide 1 has neither text, picture nor audio' --to 1 --slide --text ''
-refuse 1 'slide 1 has a colour or size of its text, but no text' --to 1 --slide --image harbour.jpg --text-color red
-refuse 1 'slide 1 has a colour or size of its text, but no text' --to 1 --slide --image harbour.jpg --text-size small
-refuse 1 'the type of strange.xyz is not known' --to 1 --slide --image strange.xyz
-refuse 1 'the type of nothing is not known' --to 1 --slide --audio nothing
-refuse 1 'voice.amr is audio/amr, not image' --to 1 --slide --image voice.amr
-refuse 1 'harbour.jpg is image/jpeg, not audio' --to 1 --slide --audio harbour.jpg
-refuse 1 'voice.amr is audio/amr, not video' --to 1 --slide --video voice.amr
-refuse 1 'torn.jpg cannot be shown or played as image/jpeg' --to 1 --slide --image torn.jpg
-refuse 1 'torn.amr cannot be shown or played as audio/amr' --to 1 --slide --audio torn.amr
-refuse 1 'torn.3gp cannot be shown or played as video/3gpp' --to 1 --slide --video torn.3gp
-refuse 1 'latin1.txt is no UTF-8 text' --to 1 --slide --text-file latin1.txt
-refuse 1 'cannot be written so that it reads back: To' --to a/TYPE=PLMN@b --slide --text x
-refuse 1 'cannot be written so that it reads back: zero.txt' --to 1 --slide --text-file zero.txt
+refuse 1 'slide 2 already has a text; begin another with --slide' --to 1 --slide --text a --slide --text b --text-file note.txt
+refuse 1 'slide 1 already has an image or a video; begin another with --slide' --to 1 --slide --image harbour.jpg --image harbour.jpg
+refuse 1 'slide 1 already has an image or a video; begin another with --slide' --to 1 --slide --image harbour.jpg --video video.3gp
+refuse 1 'slide 1 already has an image or a video; begin another with --slide' --to 1 --slide --video video.3gp --image harbour.jpg
+refuse 1 'slide 1 already has an audio; begin another with --slide' --to 1 --slide --audio voice.amr --audio voice.amr
+refuse 1 'slide 2 has neither text, picture nor audio; add one, or leave the slide out' --to 1 --slide --text x --slide
+refuse 1 'slide 1 has neither text, picture nor audio; add one, or leave the slide out' --to 1 --slide --text ''
+refuse 1 'slide 1 has a colour or size of its text, but no text; add one with --text' --to 1 --slide --image harbour.jpg --text-color red
+refuse 1 'slide 1 has a colour or size of its text, but no text; add one with --text' --to 1 --slide --image harbour.jpg --text-size small
+refuse 1 'the type of strange.xyz is not known; it is told by the name'\''s end, such as .jpg' --to 1 --slide --image strange.xyz
+refuse 1 'the type of nothing is not known; it is told by the name'\''s end, such as .jpg' --to 1 --slide --audio nothing
+refuse 1 'voice.amr is audio/amr by its name, not image; use --audio' --to 1 --slide --image voice.amr
+refuse 1 'harbour.jpg is image/jpeg by its name, not audio; use --image' --to 1 --slide --audio harbour.jpg
+refuse 1 'voice.amr is audio/amr by its name, not video; use --audio' --to 1 --slide --video voice.amr
+refuse 1 'torn.jpg cannot be shown or played as image/jpeg; is it damaged or misnamed? --attach sends it as it is' --to 1 --slide --image torn.jpg
+refuse 1 'torn.amr cannot be shown or played as audio/amr; is it damaged or misnamed? --attach sends it as it is' --to 1 --slide --audio torn.amr
+refuse 1 'torn.3gp cannot be shown or played as video/3gpp; is it damaged or misnamed? --attach sends it as it is' --to 1 --slide --video torn.3gp
+refuse 1 'latin1.txt is no UTF-8 text; iconv changes the encoding of texts' --to 1 --slide --text-file latin1.txt
+refuse 1 'cannot be written so that it reads back: To; change it or leave it out' --to a/TYPE=PLMN@b --slide --text x
+refuse 1 'cannot be written so that it reads back: zero.txt; change it or leave it out' --to 1 --slide --text-file zero.txt
 # shellcheck disable=SC2046
-refuse 1 'cannot be written so that it reads back: 256 parts' --to 1 $(printf -- '--attach nothing %.0s' {1..256})
+refuse 1 'cannot be written so that it reads back: 256 parts; change it or leave it out' --to 1 $(printf -- '--attach nothing %.0s' {1..256})
 
 # Size: a message of exactly the limit is written, one of an octet more is not.
 fixed=(--to 1 --transaction-id T --date 2026-01-01 --max-size 2)
@@ -286,11 +285,11 @@ room=$((1900 + 2048 - $(stat -c %s out/message.mms)))
 filled "$room" || complain "refused a message of the limit: $(cat error)"
 [ "$(stat -c %s out/message.mms)" -eq 2048 ] || complain "expected 2048 octets"
 head -c "$((room + 1))" /dev/zero >fill.bin
-refuse 1 'the message has 2049 octets, more than the limit of 2048 octets (2 KB)' "${fixed[@]}" --attach fill.bin
-refuse 1 'the message with voice.amr has more than the limit of 2048 octets (2 KB)' --slide --audio voice.amr "${fixed[@]}"
+refuse 1 'the message has 2049 octets, more than the limit of 2048 octets (2 KB); send less, or set another with --max-size' "${fixed[@]}" --attach fill.bin
+refuse 1 'the message with voice.amr has more than the limit of 2048 octets (2 KB); send less, or set another with --max-size' --slide --audio voice.amr "${fixed[@]}"
 head -c 310000 /dev/zero >fill.bin
 cp fill.bin 100%1.bin
-refuse 1 'the message with 100%1.bin has more than the limit of 307200 octets (300 KB)' --to 1 --attach 100%1.bin
+refuse 1 'the message with 100%1.bin has more than the limit of 307200 octets (300 KB); send less, or set another with --max-size' --to 1 --attach 100%1.bin
 compose --to 1 --attach fill.bin --max-size 400
 
 # Other software

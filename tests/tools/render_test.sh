@@ -36,14 +36,14 @@ refuse() { # CODE PATTERN ARGUMENT...
   [ "$actual" -eq "$code" ] && grep -qE -- "$pattern" "$work/error" || fail "$*: $actual, $(cat "$work/error")"
 }
 for scale in 0 9 -1 2.5 two '' 99999999999; do
-  refuse 2 "^qvlmms: the scale is a number from 1 to 8, not $scale\$" "--scale=$scale" "$2/messages/related.mms" "$work/none"
+  refuse 2 "^qvlmms: --scale $scale: a number from 1 to 8 is expected\$" "--scale=$scale" "$2/messages/related.mms" "$work/none"
 done
-refuse 2 'too few arguments' "$2/messages/related.mms"
-refuse 2 'missing.mms: No such file' "$work/missing.mms" "$work/none"
-refuse 1 'notification.mms: the message has no slides$' "$2/messages/notification.mms" "$work/none"
+refuse 2 'too few arguments: DIR is missing$' "$2/messages/related.mms"
+refuse 2 'cannot read .*/missing.mms: there is no such file' "$work/missing.mms" "$work/none"
+refuse 1 'notification.mms: the message has no slides; qvlmms show tells what it has$' "$2/messages/notification.mms" "$work/none"
 refuse 1 'REFUSED' "$2/show/smil-not-well-formed.mms" "$work/none"
 refuse 1 'REFUSED' "$2/show/cut-body.mms" "$work/none"
-refuse 2 'cannot make the folder' "$2/messages/related.mms" "$work/double.png/none"
+refuse 2 'cannot make the folder .*/none: .*/double.png is a file; name another folder$' "$2/messages/related.mms" "$work/double.png/none"
 [ ! -e "$work/none" ] || fail "made a folder for nothing"
 mkdir -p "$work/taken/slide-2.png"
 refuse 2 'cannot write .*/slide-2.png: ' "$2/messages/related.mms" "$work/taken"

@@ -19,7 +19,9 @@ content() { # FILE
     -e 's/ (shown|attachment)$//' | tr -s ' ' | sed -n '/^ Checks/,$!p; /^ Presentation/,$p'
 }
 rewritten() { # NAME FILE
-  "$qvlmms" rewrite "$2" "$work/$1.mms" || complain "$1 is not rewritten"
+  "$qvlmms" rewrite "$2" "$work/$1.mms" >"$work/said" || complain "$1 is not rewritten"
+  [ "$(cat "$work/said")" = "wrote $work/$1.mms ($(stat -c %s "$work/$1.mms") octets)" ] \
+    || complain "said of $1: $(cat "$work/said")"
   "$qvlmms" show "$work/$1.mms" >"$work/$1.txt" || complain "what is written of $1 is refused"
 }
 
@@ -61,10 +63,10 @@ refuse() { # CODE PATTERN ARGUMENT...
   [ "$code" -eq "$expected" ] && grep -q "$pattern" "$work/error" \
     || complain "$*: $code, $(cat "$work/error")"
 }
-refuse 1 'the message has no parts' "$fixtures/messages/notification.mms" "$work/none.mms"
+refuse 1 'the message has no parts, so there is nothing to write$' "$fixtures/messages/notification.mms" "$work/none.mms"
 refuse 1 'REFUSED' "$fixtures/show/cut-body.mms" "$work/none.mms"
-refuse 2 'No such file' "$work/missing.mms" "$work/none.mms"
-refuse 2 'cannot write .*/folder/none.mms' "$work/mixed.mms" "$work/folder/none.mms"
-refuse 2 'too few arguments' "$work/mixed.mms"
+refuse 2 'there is no such file; is its name right?$' "$work/missing.mms" "$work/none.mms"
+refuse 2 'cannot write .*/folder/none.mms: there is no folder .*/folder; make it first$' "$work/mixed.mms" "$work/folder/none.mms"
+refuse 2 'too few arguments: OUT is missing' "$work/mixed.mms"
 [ ! -e "$work/none.mms" ] || complain "a file is left behind"
 exit "$failed"

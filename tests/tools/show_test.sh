@@ -42,6 +42,6 @@ done
 for jobs in 0 257 two; do
   code=0
   "$qvlmms" show --jobs "$jobs" related.mms 2>"$work/error" || code=$?
-  [ "$code" -eq 2 ] && grep -q 'from 1 to 256' "$work/error" || { echo "--jobs $jobs: exit code $code"; failed=1; }
+  [ "$code" -eq 2 ] && grep -q -- "--jobs $jobs: a number from 1 to 256 is expected" "$work/error" || { echo "--jobs $jobs: exit code $code"; failed=1; }
 done
 exit "$failed"

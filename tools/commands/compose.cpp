@@ -17,48 +17,39 @@ namespace {
 
 using Group = ComposeOption::Group;
 
-QString helpLine(const QString &option, const char *help)
+QList<Option> optionsOf(Group group)
 {
-    return QLatin1String("  ") + option.leftJustified(24) + QLatin1String(help) + QLatin1Char('\n');
-}
-
-QString helpOf(Group group)
-{
-    QString text;
+    QList<Option> options;
     for (const ComposeOption &option : composeOptions()) {
         if (option.group == group)
-            text += helpLine(QStringLiteral("--%1 %2").arg(QLatin1String(option.name),
-                                                           QLatin1String(option.value)),
-                             option.help);
+            options += {option.name, option.value, option.help};
     }
-    return text;
+    return options;
 }
 
-QString description()
+QList<Argument> explainedValues()
 {
-    return QLatin1String("Makes a message to send out of texts and files.\n\nMessage:\n")
-        + helpLine(QStringLiteral("-o OUT"), "file to write; - is standard output")
-        + helpOf(Group::Fields) + QLatin1String("\nContent:\n") + helpOf(Group::Content)
-        + QLatin1String("\nSlide:\n") + helpOf(Group::OfSlide)
-        + QLatin1String(
-               "\nExample:\n"
-               "  qvlmms compose -o holiday.mms --to +4915112345678 --subject Holiday \\\n"
-               "    --slide --image beach.jpg --text 'At the sea' --duration 4s \\\n"
-               "    --slide --text 'See you soon!' --background navy --text-color white\n\n"
-               "Exit code: 0 written, 1 the content was refused, 2 wrong usage or a file that "
-               "cannot be read\nor written.");
+    QList<Argument> values;
+    for (const ComposeValue &value : composeValues())
+        values += Argument{value.name, value.expected};
+    return values;
 }
 
-void addOptions(QCommandLineParser *parser)
+Description description()
 {
-    const auto add = [parser](const char *name, const char *value) {
-        QCommandLineOption option(QString::fromLatin1(name), QString(), QString::fromLatin1(value));
-        option.setFlags(QCommandLineOption::HiddenFromHelp); // the description lists them
-        parser->addOption(option);
-    };
-    add("o", "OUT");
-    for (const ComposeOption &option : composeOptions())
-        add(option.name, option.value);
+    const QList<Option> output{{"o", "OUT", "file to write; - is standard output", true}};
+    return {.name = "compose",
+            .purpose = "Makes a message to send out of texts and files.",
+            .exitCodes =
+                "0 written, 1 the content was refused, 2 wrong usage or a file that cannot "
+                "be read or written.",
+            .groups = {{"Message", output + optionsOf(Group::Fields)},
+                       {"Content", optionsOf(Group::Content)},
+                       {"Slide", optionsOf(Group::OfSlide)}},
+            .values = explainedValues(),
+            .example = "  qvlmms compose -o holiday.mms --to +4915112345678 --subject Holiday \\\n"
+                       "    --slide --image beach.jpg --text 'At the sea' --duration 4s \\\n"
+                       "    --slide --text 'See you soon!' --background navy --text-color white\n"};
 }
 
 Outcome apply(const ComposeOption &option, const QString &value, Composer *composer)
@@ -132,19 +123,13 @@ QString report(const QString &fileName, const Composer &composer)
 int Commands::compose(const QStringList &arguments)
 {
     QCommandLineParser parser;
-    parser.setApplicationDescription(description());
-    parser.addPositionalArgument(QStringLiteral("compose"), QStringLiteral("Make a message."),
-                                 QStringLiteral("compose -o OUT"));
-    addOptions(&parser);
     int exitCode = AllDecoded;
-    if (!parse(parser, arguments, 0, 0, &exitCode))
+    if (!parse(&parser, description(), arguments, &exitCode))
         return exitCode;
 
     const QString fileName = parser.value(QStringLiteral("o"));
     Composer composer;
-    Outcome problem = fileName.isEmpty()
-        ? Problem{Problem::Usage, QStringLiteral("there is no file to write: -o OUT")}
-        : make(parser, &composer);
+    Outcome problem = make(parser, &composer);
     if (!problem)
         problem = write(composer.pdu(), fileName);
     if (problem) {

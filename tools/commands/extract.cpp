@@ -1,7 +1,7 @@
-#include "commands/commands.h"
+#include "extract.h"
 
 #include "commands/command_line.h"
-#include "extract.h"
+#include "commands/commands.h"
 #include "message.h"
 
 #include <QCommandLineParser>
@@ -10,24 +10,28 @@ using namespace CommandLine;
 
 int Commands::extract(const QStringList &arguments)
 {
+    const Description description{
+        .name = "extract",
+        .purpose = "Writes every part of a message to a new file in a folder, under its location's "
+                   "name.",
+        .exitCodes = "0 decoded, 1 the message was refused, 2 wrong usage or a file that cannot be "
+                     "read or written.",
+        .arguments = {{"FILE", "file with one message; - is standard input"},
+                      {"DIR", "folder for the parts; it is made when it is not there"}}};
     QCommandLineParser parser;
-    describe(
-        &parser, "extract",
-        "Writes every part of a message to a new file in a folder, under its location's name.\n"
-        "Exit code: 0 decoded, 1 the message was refused, 2 wrong usage or a file that cannot be\n"
-        "read or written.",
-        {{"FILE", "File with one PDU; - is standard input."}, {"DIR", "Folder for the parts."}});
     int exitCode = AllDecoded;
-    if (!parse(parser, arguments, 2, 2, &exitCode))
+    if (!parse(&parser, description, arguments, &exitCode))
         return exitCode;
 
     const QStringList positional = parser.positionalArguments();
     QString error;
-    const auto message = openMessage(positional[1]);
+    const auto message = openMessage(positional[0]);
     if (!message)
         return CannotDo;
+    if (message->body.getPartCount() > 0 && !makeFolder(positional[1]))
+        return CannotDo;
     QStringList report;
-    const bool written = extractParts(*message, positional[2], &report, &error);
+    const bool written = extractParts(*message, positional[1], &report, &error);
     for (const QString &line : report)
         print(stdout, line.toUtf8() + '\n');
     if (!written) {
@@ -38,6 +42,7 @@ int Commands::extract(const QStringList &arguments)
         printRefusal(*message);
         return Refused;
     }
+    printAdvice(*message);
     if (report.isEmpty())
         print(stdout, "the message has no parts\n");
     return AllDecoded;

@@ -3,6 +3,7 @@
 #include "commands/command_line.h"
 #include "message.h"
 #include "outgoing.h"
+#include "terminal_text.h"
 
 #include <QCommandLineParser>
 
@@ -29,26 +30,34 @@ QByteArray rewritten(Message *message)
     return Outgoing::pduOf(message);
 }
 
+QString report(const QString &fileName, qsizetype octets)
+{
+    return QLatin1String("wrote ") + TerminalText::visible(fileName)
+        + QStringLiteral(" (%1 octets)\n").arg(octets);
+}
+
 } // namespace
 
 int Commands::rewrite(const QStringList &arguments)
 {
+    const Description description{
+        .name = "rewrite",
+        .purpose = "Reads a message and writes it again: slides in the handset's layout, names for "
+                   "all parts, and the fields that its type takes. A message that brings no SMIL "
+                   "gets the slides that are made of its parts.",
+        .exitCodes =
+            "0 written, 1 the message was refused or has no parts, 2 wrong usage or a file "
+            "that cannot be read or written.",
+        .arguments = {{"FILE", "file with one message; - is standard input"},
+                      {"OUT", "file to write; - is standard output"}}};
     QCommandLineParser parser;
-    describe(&parser, "rewrite",
-             "Reads a message and writes it again: slides in the handset's layout, names for\n"
-             "all parts, and the fields that its type takes. A message that brings no SMIL gets\n"
-             "the slides that are made of its parts.\n"
-             "Exit code: 0 written, 1 the message was refused or has no parts, 2 wrong usage or a\n"
-             "file that cannot be read or written.",
-             {{"FILE", "File with one PDU; - is standard input."},
-              {"OUT", "File to write; - is standard output."}});
     int exitCode = AllDecoded;
-    if (!parse(parser, arguments, 2, 2, &exitCode))
+    if (!parse(&parser, description, arguments, &exitCode))
         return exitCode;
 
     const QStringList positional = parser.positionalArguments();
     QString error;
-    const auto message = openMessage(positional[1]);
+    const auto message = openMessage(positional[0]);
     if (!message)
         return CannotDo;
     if (message->isRefused()) {
@@ -56,11 +65,16 @@ int Commands::rewrite(const QStringList &arguments)
         return Refused;
     }
     if (message->body.getPartCount() == 0) {
-        printError(positional[1] + QLatin1String(": the message has no parts"));
+        printError(positional[0]
+                   + QLatin1String(": the message has no parts, so there is nothing to write"));
         return Refused;
     }
-    if (Outgoing::write(rewritten(message.get()), positional[2], &error))
-        return AllDecoded;
-    printError(error);
-    return CannotDo;
+    const QByteArray octets = rewritten(message.get());
+    if (!Outgoing::write(octets, positional[1], &error)) {
+        printError(error);
+        return CannotDo;
+    }
+    if (positional[1] != QLatin1String("-"))
+        print(stdout, report(positional[1], octets.size()).toUtf8());
+    return AllDecoded;
 }

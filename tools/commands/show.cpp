@@ -1,6 +1,7 @@
 #include "commands/commands.h"
 
 #include "commands/command_line.h"
+#include "highlight.h"
 #include "message.h"
 #include "show.h"
 #include "terminal_text.h"
@@ -11,18 +12,19 @@
 
 #include <utility>
 
-#include <unistd.h>
-
 using namespace CommandLine;
 
 namespace {
+
+constexpr int MostJobs = 256;
 
 /// A line on standard error that says how far a long run is, when somebody is there to see it. It
 /// is out of the way while something is printed.
 class Progress
 {
 public:
-    explicit Progress(qsizetype total) : m_total(total), m_shown(total > 1 && isatty(STDERR_FILENO))
+    explicit Progress(qsizetype total)
+        : m_total(total), m_shown(total > 1 && isCapableTerminal(stderr))
     {
     }
     ~Progress() { hide(); }
@@ -52,6 +54,7 @@ struct Shown
 {
     QByteArray text;
     QString error; ///< when the file could not be read
+    QString advice; ///< when it is no message
     bool refused = false;
 };
 
@@ -59,8 +62,9 @@ Shown showFile(const QString &file, bool json)
 {
     Shown shown;
     if (const auto message = readMessage(file, &shown.error)) {
-        shown.text =
-            json ? TerminalText::jsonLine(messageJson(*message)) : messageText(*message).toUtf8();
+        shown.text = json ? TerminalText::jsonLine(messageJson(*message))
+                          : linesFor(stdout, messageText(*message));
+        shown.advice = json ? QString() : whyNoMessage(*message);
         shown.refused = message->isRefused();
     }
     return shown;
@@ -93,14 +97,6 @@ private:
     QThreadPool m_pool;
 };
 
-// The number of jobs that is asked for, or 0 when it is no such number.
-int jobsIn(const QString &text)
-{
-    constexpr int most = 256;
-    const int jobs = text.toInt();
-    return jobs >= 1 && jobs <= most ? jobs : 0;
-}
-
 QString summary(int decoded, int refused, int unreadable)
 {
     return QStringLiteral("\n%1 messages: %2 decoded, %3 refused, %4 not readable\n")
@@ -114,31 +110,26 @@ QString summary(int decoded, int refused, int unreadable)
 
 int Commands::show(const QStringList &arguments)
 {
+    static_assert(MostJobs == 256, "the help says so");
+    const Description description{
+        .name = "show",
+        .purpose = "Shows header, checks, parts and slides of messages.",
+        .exitCodes = "0 all decoded, 1 a message was refused, 2 wrong usage or an unreadable file.",
+        .arguments = {{"FILE...", "files with one message each; - is standard input"}},
+        .groups = {{"Options",
+                    {{"json", nullptr, "print one JSON object a line"},
+                     {"jobs", "N", "show N files at a time, in their order, 1 to 256 (1)"}}}}};
     QCommandLineParser parser;
-    describe(
-        &parser, "show",
-        "Shows header, checks, parts and slides of messages.\n"
-        "Exit code: 0 all decoded, 1 a message was refused, 2 wrong usage or an unreadable file.",
-        {{"FILE...", "Files with one PDU each; - is standard input."}});
-    const QCommandLineOption json(QStringLiteral("json"),
-                                  QStringLiteral("Print one JSON object a line."));
-    parser.addOption(json);
-    const QCommandLineOption jobs(QStringLiteral("jobs"),
-                                  QStringLiteral("Show N files at a time, in their order."),
-                                  QStringLiteral("N"), QStringLiteral("1"));
-    parser.addOption(jobs);
     int exitCode = AllDecoded;
-    if (!parse(parser, arguments, 1, arguments.size(), &exitCode))
+    if (!parse(&parser, description, arguments, &exitCode))
         return exitCode;
-
-    const int atATime = jobsIn(parser.value(jobs));
-    if (atATime == 0) {
-        printError(QStringLiteral("--jobs takes a number from 1 to 256"));
+    const bool wantsJson = parser.isSet(QStringLiteral("json"));
+    const auto jobs = numberOf(parser, "jobs", 1, MostJobs);
+    if (!jobs)
         return CannotDo;
-    }
 
-    const QStringList names = parser.positionalArguments().sliced(1);
-    Files files(names, parser.isSet(json), atATime);
+    const QStringList names = parser.positionalArguments();
+    Files files(names, wantsJson, *jobs);
     int decoded = 0;
     int refused = 0;
     int unreadable = 0;
@@ -147,18 +138,20 @@ int Commands::show(const QStringList &arguments)
         const Shown shown = files.next();
         progress.hide();
         if (shown.error.isEmpty()) {
-            if (decoded + refused > 0 && !parser.isSet(json))
+            if (decoded + refused > 0 && !wantsJson)
                 print(stdout, "\n");
             ++(shown.refused ? refused : decoded);
             print(stdout, shown.text);
+            if (!shown.advice.isEmpty())
+                printError(name + QLatin1String(": ") + shown.advice);
         } else {
-            printError(name + QLatin1String(": ") + shown.error);
+            printError(shown.error);
             ++unreadable;
         }
         progress.step();
     }
     progress.hide();
-    if (names.size() > 1 && !parser.isSet(json))
+    if (names.size() > 1 && !wantsJson)
         print(stdout, summary(decoded, refused, unreadable).toUtf8());
     return unreadable > 0 ? CannotDo : refused > 0 ? Refused : AllDecoded;
 }

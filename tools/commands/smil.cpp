@@ -29,41 +29,45 @@ QString visibleLines(const QString &text)
 
 int Commands::smil(const QStringList &arguments)
 {
+    const Description description{
+        .name = "smil",
+        .purpose = "Prints the normalised SMIL text of a message, or of a SMIL document by itself, "
+                   "whose media are then taken as being there. A message that brings no SMIL gets "
+                   "the slides that are made of its parts.",
+        .exitCodes = "0 read, 1 refused, 2 wrong usage or an unreadable file.",
+        .arguments = {{"FILE", "file with one message or one SMIL document; - is standard input"}},
+        .groups = {
+            {"Options",
+             {{"model", nullptr, "print the presentation instead, a line for each thing in it"}}}}};
     QCommandLineParser parser;
-    describe(&parser, "smil",
-             "Prints the normalised SMIL text of a message, or of a SMIL document by itself,\n"
-             "whose media are then taken as being there. A message that brings no SMIL gets the\n"
-             "slides that are made of its parts.\n"
-             "Exit code: 0 read, 1 refused, 2 wrong usage or an unreadable file.",
-             {{"FILE", "File with one PDU or one SMIL document; - is standard input."}});
-    const QCommandLineOption model(QStringLiteral("model"),
-                                   QStringLiteral("Print the presentation instead, a line for each "
-                                                  "thing in it."));
-    parser.addOption(model);
     int exitCode = AllDecoded;
-    if (!parse(parser, arguments, 1, 1, &exitCode))
+    if (!parse(&parser, description, arguments, &exitCode))
         return exitCode;
 
-    const QString file = parser.positionalArguments().at(1);
+    const bool wantsModel = parser.isSet(QStringLiteral("model"));
+    const QString file = parser.positionalArguments().at(0);
     QString error;
     const auto message = readMessageOrDocument(file, &error);
     if (!message) {
-        printError(file + QLatin1String(": ") + error);
+        printError(error);
         return CannotDo;
     }
     if (!message->smilResult && !message->slidesAreMade) {
         printError(file
-                   + (message->isRefused() ? QLatin1String(": the message was refused")
-                                           : QLatin1String(": the message has no presentation")));
+                   + (message->isRefused()
+                          ? QLatin1String(": the message was refused; qvlmms show tells why")
+                          : QLatin1String(": the message has no presentation; qvlmms show tells "
+                                          "what it has")));
         return Refused;
     }
-    const QString text = parser.isSet(model)
-        ? ModelText::presentation(message->slides)
-        : MMS_COMP_SMILParser::convertToSMILLang(&message->slides);
-    if (!message->isRefused() || parser.isSet(model))
+    const QString text = wantsModel ? ModelText::presentation(message->slides)
+                                    : MMS_COMP_SMILParser::convertToSMILLang(&message->slides);
+    if (!message->isRefused() || wantsModel)
         print(stdout, visibleLines(text).toUtf8());
     if (!message->isRefused())
         return AllDecoded;
     printError(file + QLatin1String(": ") + refusedSmilText(*message));
+    if (!message->smil.contains("<smil"))
+        printAdvice(*message);
     return Refused;
 }

@@ -23,18 +23,28 @@ struct MediaKind
     const char *tag;
     const char *type;
     const char *place; ///< what a slide has when there is no room
+    const char *option; ///< of the command, for a file
 };
 
 constexpr std::array mediaKinds{
-    MediaKind{SMIL_MEDIA_TEXT, "text", "text", "a text"},
-    MediaKind{SMIL_MEDIA_IMAGE, "img", "image", "an image or a video"},
-    MediaKind{SMIL_MEDIA_VIDEO, "video", "video", "an image or a video"},
-    MediaKind{SMIL_MEDIA_AUDIO, "audio", "audio", "an audio"},
+    MediaKind{SMIL_MEDIA_TEXT, "text", "text", "a text", "--text-file"},
+    MediaKind{SMIL_MEDIA_IMAGE, "img", "image", "an image or a video", "--image"},
+    MediaKind{SMIL_MEDIA_VIDEO, "video", "video", "an image or a video", "--video"},
+    MediaKind{SMIL_MEDIA_AUDIO, "audio", "audio", "an audio", "--audio"},
 };
 
 const MediaKind &kindOf(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE element)
 {
     return *std::ranges::find(mediaKinds, element, &MediaKind::element);
+}
+
+// The option that takes files of this type.
+QLatin1String optionFor(const QString &type)
+{
+    const auto kind = std::ranges::find_if(mediaKinds, [&](const MediaKind &candidate) {
+        return type == QLatin1String(candidate.type);
+    });
+    return QLatin1String(kind != mediaKinds.end() ? kind->option : "--attach");
 }
 
 Problem refused(const QString &text)
@@ -46,7 +56,11 @@ Problem tooLarge(const QString &what, qint64 limit)
 {
     return refused(
         what
-        + QStringLiteral(" more than the limit of %1 octets (%2 KB)").arg(limit).arg(limit / 1024));
+        + QStringLiteral(
+              " more than the limit of %1 octets (%2 KB); send less, or set another with "
+              "--max-size")
+              .arg(limit)
+              .arg(limit / 1024));
 }
 
 bool isUtf8(const QByteArray &octets)
@@ -134,7 +148,8 @@ Outcome Composer::addTextFile(const QString &fileName)
     if (auto problem = read(fileName, &octets))
         return problem;
     if (!isUtf8(octets))
-        return refused(fileName + QLatin1String(" is no UTF-8 text"));
+        return refused(fileName
+                       + QLatin1String(" is no UTF-8 text; iconv changes the encoding of texts"));
     return place(SMIL_MEDIA_TEXT, fileName, QStringLiteral("plain"), octets);
 }
 
@@ -148,15 +163,19 @@ Outcome Composer::addMedia(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString 
     QString type;
     QString subtype;
     if (!MMS_COMP_Util::getMIMETypeByExtName(MMS_COMP_Util::getExtName(fileName), type, subtype))
-        return refused(QLatin1String("the type of ") + fileName + QLatin1String(" is not known"));
+        return refused(
+            QLatin1String("the type of ") + fileName
+            + QLatin1String(" is not known; it is told by the name's end, such as .jpg"));
     const auto part = newPart(type, subtype, fileName, octets);
     const QLatin1String expected(kindOf(kind).type);
     if (type != expected)
         return refused(fileName + QLatin1String(" is ") + part->getMimeFormat()
-                       + QLatin1String(", not ") + expected);
+                       + QLatin1String(" by its name, not ") + expected + QLatin1String("; use ")
+                       + optionFor(type));
     if (!part->isMediaObjectSupported())
         return refused(fileName + QLatin1String(" cannot be shown or played as ")
-                       + part->getMimeFormat());
+                       + part->getMimeFormat()
+                       + QLatin1String("; is it damaged or misnamed? --attach sends it as it is"));
     return place(kind, fileName, subtype, octets);
 }
 
@@ -167,7 +186,7 @@ Outcome Composer::read(const QString &fileName, QByteArray *octets)
     if (file.open(QIODevice::ReadOnly))
         *octets = file.read(m_limit + 1);
     if (file.error() != QFileDevice::NoError)
-        return Problem{Problem::File, fileName + QLatin1String(": ") + file.errorString()};
+        return Problem{Problem::File, whyNotRead(fileName, file)};
     m_read += octets->size();
     if (m_read > m_limit)
         return tooLarge(QLatin1String("the message with ") + fileName + QLatin1String(" has"),
@@ -180,7 +199,8 @@ Outcome Composer::admit(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind)
     if (slide().canBeInserted(QLatin1String(kindOf(kind).tag)))
         return {};
     return refused(QStringLiteral("slide %1 already has ").arg(slideCount())
-                   + QLatin1String(kindOf(kind).place));
+                   + QLatin1String(kindOf(kind).place)
+                   + QLatin1String("; begin another with --slide"));
 }
 
 Outcome Composer::place(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString &name,
@@ -201,10 +221,15 @@ Outcome Composer::finishSlide(int index)
     Slide &slide = *m_message.slides.getSlide(unsigned(index));
     const QString name = QStringLiteral("slide %1").arg(index + 1);
     if (slide.getMediaObjectCount() == 0)
-        return refused(name + QLatin1String(" has neither text, picture nor audio"));
+        return refused(
+            name
+            + QLatin1String(" has neither text, picture nor audio; add one, or leave the "
+                            "slide out"));
     if (!slide.getTextElem(false)
         && (slide.getTextColor().isUsable() || !slide.getTextSize().isEmpty()))
-        return refused(name + QLatin1String(" has a colour or size of its text, but no text"));
+        return refused(name
+                       + QLatin1String(" has a colour or size of its text, but no text; add one "
+                                       "with --text"));
     const SlideWishes &wishes = m_wishes[index];
     if (wishes.textAbovePicture) {
         if (Object *text = slide.getTextElem(true))
@@ -257,6 +282,7 @@ Outcome Composer::encode()
         return tooLarge(QStringLiteral("the message has %1 octets,").arg(pdu().size()), m_limit);
     const QString changed = Outgoing::whatChanges(m_message);
     if (!changed.isEmpty())
-        return refused(QLatin1String("cannot be written so that it reads back: ") + changed);
+        return refused(QLatin1String("cannot be written so that it reads back: ") + changed
+                       + QLatin1String("; change it or leave it out"));
     return {};
 }

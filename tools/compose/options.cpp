@@ -20,6 +20,16 @@ constexpr std::array classes{"personal", "advertisement", "informational", "auto
 constexpr std::array priorities{"low", "normal", "high"};
 constexpr std::array textSizes{"small", "normal", "large"};
 
+constexpr ComposeValue Address{"ADDRESS",
+                               "a phone number such as +4915112345678 or an e-mail address"};
+constexpr ComposeValue Colour{
+    "COLOUR",
+    "#rrggbb, aqua, black, blue, fuchsia, gray, green, lime, maroon, navy, olive, purple, red, "
+    "silver, teal, white or yellow"};
+constexpr ComposeValue Moment{"DATE",
+                              "a date from 1970 to 2038-01-19 such as 2026-05-01T12:00:00Z"};
+constexpr ComposeValue values[] = {Address, Colour, Moment};
+
 Problem expected(const char *what)
 {
     return {Problem::Value, QString::fromLatin1(what) + QLatin1String(" is expected")};
@@ -51,7 +61,7 @@ Outcome setAddress(Composer &composer, const QString &text)
 {
     const auto entry = ComposeValues::address(text);
     if (!entry)
-        return expected("a phone number such as +4915112345678 or an e-mail address");
+        return expected(Address.expected);
     (composer.header().*Set)(*entry);
     addField(composer, Field);
     return {};
@@ -62,7 +72,7 @@ Outcome setDateTime(Composer &composer, const QString &text)
 {
     const auto time = ComposeValues::dateTime(text);
     if (!time)
-        return expected("a date from 1970 to 2038-01-19 such as 2026-05-01T12:00:00Z");
+        return expected(Moment.expected);
     (composer.header().*Set)(*time);
     addField(composer, Field);
     return {};
@@ -165,8 +175,7 @@ Outcome setColour(Composer &composer, const QString &text)
 {
     const auto colour = ComposeValues::colour(text);
     if (!colour)
-        return expected("#rrggbb, aqua, black, blue, fuchsia, gray, green, lime, maroon, navy, "
-                        "olive, purple, red, silver, teal, white or yellow");
+        return expected(Colour.expected);
     (composer.slide().*Set)(*colour);
     return {};
 }
@@ -187,12 +196,12 @@ Outcome placeText(Composer &composer, const QString &)
 }
 
 constexpr ComposeOption options[] = {
-    {"to", "ADDRESS", "phone number or e-mail address; like --cc and --bcc as often as needed",
-     Fields, setAddress<To, &Msg::addToRecipient>},
-    {"cc", "ADDRESS", "recipient of a copy", Fields, setAddress<Cc, &Msg::addCcRecipient>},
-    {"bcc", "ADDRESS", "recipient of a copy whom the others do not see", Fields,
+    {"to", Address.name, "recipient; like --cc and --bcc as often as needed", Fields,
+     setAddress<To, &Msg::addToRecipient>},
+    {"cc", Address.name, "recipient of a copy", Fields, setAddress<Cc, &Msg::addCcRecipient>},
+    {"bcc", Address.name, "recipient of a copy whom the others do not see", Fields,
      setAddress<Bcc, &Msg::addBccRecipient>},
-    {"from", "ADDRESS", "sender; without it the relay inserts the address", Fields,
+    {"from", Address.name, "sender; without it the relay inserts the address", Fields,
      setAddress<From, &Msg::setFrom>},
     {"subject", "TEXT", "subject", Fields, setSubject},
     {"priority", "WORD", "low, normal or high", Fields,
@@ -201,7 +210,7 @@ constexpr ComposeOption options[] = {
      setNamed<MessageClass, &Msg::setMessageClass, classes>},
     {"expiry", "TIME", "how long the relay keeps the message: 7d, 12h, 30m or 3600s", Fields,
      setExpiry},
-    {"delivery-time", "DATE", "when to deliver at the earliest, as ISO 8601 has it", Fields,
+    {"delivery-time", Moment.name, "when to deliver at the earliest", Fields,
      setDateTime<DeliveryTime, &Msg::setDeliveryTime>},
     {"delivery-report", nullptr, "ask for delivery reports", Fields,
      setFlag<DeliveryReport, &Msg::setDeliveryReport, true>},
@@ -212,7 +221,7 @@ constexpr ComposeOption options[] = {
      setFlag<SenderVisibility, &Msg::setSenderVisibility, false>},
     {"transaction-id", "ID", "id of the transaction; a new one when it is not given", Fields,
      setTransactionId},
-    {"date", "DATE", "date of the message instead of now, as ISO 8601 has it", Fields,
+    {"date", Moment.name, "date of the message instead of now", Fields,
      setDateTime<Date, &Msg::setDate>},
     {"max-size", "KB", "most octets of the message, in units of 1,024 (300)", Fields, setLimit},
 
@@ -228,9 +237,8 @@ constexpr ComposeOption options[] = {
     {"audio", "FILE", "audio of the slide", OfSlide, addMedia<SMIL_MEDIA_AUDIO>},
     {"duration", "TIME", "5s, 2500ms or 2.5, instead of what plays or 5 seconds", OfSlide,
      setDuration},
-    {"background", "COLOUR", "colour of the page: #rrggbb or one of sixteen names", OfSlide,
-     setColour<&Slide::setPageColor>},
-    {"text-color", "COLOUR", "colour of the text", OfSlide, setColour<&Slide::setTextColor>},
+    {"background", Colour.name, "colour of the page", OfSlide, setColour<&Slide::setPageColor>},
+    {"text-color", Colour.name, "colour of the text", OfSlide, setColour<&Slide::setTextColor>},
     {"text-size", "WORD", "small, normal or large", OfSlide, setTextSize},
     {"text-above", nullptr, "show the text above the picture", OfSlide, placeText<true>},
     {"text-below", nullptr, "show it below, which is the default", OfSlide, placeText<false>},
@@ -241,4 +249,9 @@ constexpr ComposeOption options[] = {
 std::span<const ComposeOption> composeOptions()
 {
     return options;
+}
+
+std::span<const ComposeValue> composeValues()
+{
+    return values;
 }

@@ -23,5 +23,15 @@ struct ComposeOption
     Outcome (*apply)(Composer &composer, const QString &value);
 };
 
+/// What several options take in the same form.
+struct ComposeValue
+{
+    const char *name; ///< what stands for it in the help
+    const char *expected; ///< its form
+};
+
 /// All of them in the order of the help, each group together.
 std::span<const ComposeOption> composeOptions();
+
+/// The values that the help explains by themselves.
+std::span<const ComposeValue> composeValues();

@@ -246,10 +246,6 @@ bool renderSlides(const Message &message, const QString &directory, int scale, Q
                   QString *error)
 {
     const QDir dir(directory);
-    if (!dir.mkpath(QStringLiteral("."))) {
-        *error = QStringLiteral("cannot make the folder ") + visible(directory);
-        return false;
-    }
     const unsigned int total = message.slides.getTotalSlidesNum();
     const unsigned int count = std::min(total, MostSlides);
     QList<QImage> thumbnails;

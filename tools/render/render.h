@@ -22,9 +22,8 @@ QImage renderSlide(const Message &message, unsigned int index, int scale);
 
 /**
  * Writes a picture of every slide of @p message, and of all of them together, to files in the
- * folder @p directory, which is made when it is not there. Files of the same names are replaced.
- * Adds a line to @p report for each file; false, with the reason in @p error, when one cannot be
- * written.
+ * folder @p directory. Files of the same names are replaced. Adds a line to @p report for each
+ * file; false, with the reason in @p error, when one cannot be written.
  */
 bool renderSlides(const Message &message, const QString &directory, int scale, QStringList *report,
                   QString *error);

@@ -1,0 +1,48 @@
+/*
+ * What somebody who mistyped a word may have meant.
+ */
+#include "nearest.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+struct NearestRow
+{
+    const char *word;
+    const char *nearest;
+};
+
+const NearestRow nearestRows[] = {
+    {"show", "show"},
+    {"shew", "show"},
+    {"shwo", "show"},
+    {"sho", "show"},
+    {"shows", "show"},
+    {"extrakt", "extract"},
+    {"smill", "smil"},
+    {"sm", ""},
+    {"swo", ""},
+    {"rendr", "render"},
+    {"rewrit", "rewrite"},
+    {"ls", ""},
+    {"s", ""},
+    {"", ""},
+    {"display", ""},
+    {"extraction", ""},
+    {"--jsno", "--json"},
+};
+
+} // namespace
+
+TEST(Nearest, FindsTheWordThatIsFewestLettersAwayIfItIsClose)
+{
+    const QStringList words{"show", "extract", "smil", "render", "rewrite", "--json"};
+    for (const NearestRow &row : nearestRows)
+        EXPECT_EQ(nearest(row.word, words).toStdString(), row.nearest) << row.word;
+}
+
+TEST(Nearest, TakesTheFirstOfWordsThatAreEquallyNear)
+{
+    EXPECT_EQ(nearest("--text-file", {"--text-fine", "--text-fire"}), "--text-fine");
+}
