@@ -1,6 +1,6 @@
 /*
- * Sends messages: builds a notification, a related message with a presentation, and a mixed message
- * with attachments, and writes each as a PDU.
+ * Makes the messages in fixtures/messages: a notification, a related message with a presentation,
+ * and a mixed message with attachments.
  *
  *     make_messages PICTURE DIR
  */
