@@ -1,5 +1,5 @@
 # qvl_precompile(target): Qt's headers take most of the time in which a source is compiled. Off by
-# default, and in the preset "clang", so that a missing include is noticed.
+# default, and in the presets that use Clang, so that a missing include is noticed.
 function(qvl_precompile target)
   if(QVL_PRECOMPILE)
     target_precompile_headers(${target} PRIVATE
