@@ -5,6 +5,7 @@
 #pragma once
 
 #include "support/allocations.h"
+#include "support/copies.h"
 
 #include <benchmark/benchmark.h>
 
@@ -26,6 +27,15 @@ Work(Operation) -> Work<Operation>;
 template <typename Operation>
 Work(Operation, qint64) -> Work<Operation>;
 
+/// What one repetition takes besides time; all but the count in octets.
+struct Cost
+{
+    long allocations = 0;
+    long allocated = 0;
+    long copied = 0;
+    long peak = 0; ///< held at once
+};
+
 template <typename Operation>
 void measure(benchmark::State &state, Work<Operation> work)
 {
@@ -36,11 +46,18 @@ void measure(benchmark::State &state, Work<Operation> work)
         }
     }
     state.SetBytesProcessed(state.iterations() * work.octets);
-    const CountedAllocations allocations;
-    benchmark::DoNotOptimize(work.once());
-    state.counters["allocations"] = double(allocations.count());
-    state.counters["allocated"] = double(allocations.octets());
-    state.counters["peak"] = double(allocations.peak());
+    Cost cost;
+    {
+        const long copied = copiedOctets();
+        const CountedAllocations allocations;
+        benchmark::DoNotOptimize(work.once());
+        cost = {allocations.count(), allocations.octets(), copiedOctets() - copied,
+                allocations.peak()};
+    }
+    state.counters["allocations"] = double(cost.allocations);
+    state.counters["allocated"] = double(cost.allocated);
+    state.counters["copied"] = double(cost.copied);
+    state.counters["peak"] = double(cost.peak);
 }
 
 /// Adds the benchmark @p name. @p prepare makes its Work, before anything is measured.
