@@ -1,0 +1,71 @@
+#!/usr/bin/env bash
+# Builds the Debian packages from a copy of the tree, on a Debian 12 that has only what debian/control
+# asks for, has lintian look at them, installs them on another that has nothing else, and uses them: the
+# command shows a message, and the README's first program builds with pkg-config and with CMake.
+#     tests/packages/packages_test.sh [FOLDER]     leaves the packages in FOLDER
+# Run by hand; takes root, the Debian package mmdebstrap, the network and some minutes.
+set -euo pipefail
+source_dir=$(realpath "$(dirname "$0")/../..")
+message=$source_dir/tests/fixtures/messages/related.mms
+source "$source_dir/tests/support/script.sh"
+source "$source_dir/tests/support/fresh_root.sh"
+builder=$work/builder
+user=$work/user
+
+step() {
+  echo "== $*"
+}
+on_builder() { # SCRIPT
+  quietly in_root "$builder" sh -euc "cd /build/qvlsmilparser; $1"
+}
+on_user() { # SCRIPT: its output is for the caller to compare
+  in_root "$user" bash -euc "cd /parts; $1"
+}
+install_on_user() { # PACKAGES, which may be a pattern of files
+  quietly on_user "apt-get install -q -y --no-install-recommends $1"
+}
+readme_block() { # FENCE: what stands in the first block behind that line
+  sed -n "/^$1\$/,/^\`\`\`\$/{/^\`\`\`\$/q; /^$1\$/d; p}" "$source_dir/README.md" | grep .
+}
+
+step "two fresh roots"
+fresh_root "$builder"
+quietly in_root "$builder" apt-get update
+cp -a "$builder" "$user"
+
+step "build"
+mkdir -p "$builder/build/qvlsmilparser"
+tar -C "$source_dir" --exclude=./build --exclude=./.git -c . | tar -C "$builder/build/qvlsmilparser" -x
+quietly in_root "$builder" apt-get install -q -y --no-install-recommends build-essential lintian
+on_builder 'apt-get build-dep -q -y --no-install-recommends .'
+on_builder 'DEB_BUILD_OPTIONS=terse dpkg-buildpackage -us -uc'
+[ $# -eq 0 ] || { mkdir -p "$1" && cp "$builder"/build/*.deb "$1"; }
+
+step "lintian"
+in_root "$builder" sh -c 'lintian --allow-root --info --fail-on error,warning /build/*.changes' \
+  || fail "lintian finds fault with the packages"
+
+step "the command"
+mkdir "$user/packages" "$user/parts"
+cp "$builder"/build/*.deb "$user/packages"
+cp "$message" "$user/parts"
+install_on_user '/packages/libqvlsmilparser1_*.deb /packages/qvlmms_*.deb'
+on_user 'qvlmms show related.mms' | grep '^  Subject  *Grüße aus Küstrin$' >/dev/null || fail "qvlmms does not show the message"
+quietly on_user 'qvlmms render related.mms . && [ -s slide-1.png ]'
+[ "$(on_user 'qvlmms --version')" = "qvlmms $(on_user "dpkg-query -W -f '\${Version}' qvlmms")" ] \
+  || fail "qvlmms tells another version than its package"
+for file in man/man1/qvlmms.1.gz bash-completion/completions/qvlmms zsh/vendor-completions/_qvlmms; do
+  [ -s "$user/usr/share/$file" ] || fail "/usr/share/$file is missing"
+done
+
+step "a program"
+install_on_user '/packages/libqvlsmilparser-dev_*.deb cmake g++ ninja-build pkg-config'
+readme_block '```cpp' >"$user/parts/main.cpp"
+readme_block '```cmake' >"$user/parts/CMakeLists.txt"
+quietly on_user 'g++ -std=c++20 -fPIC main.cpp -o parts $(pkg-config --cflags --libs qvlsmilparser)'
+quietly on_user 'cmake -G Ninja -B build && cmake --build build'
+sed -n '/^\$ build\/parts related.mms$/,/^```$/{/^\$/d; /^```$/d; p}' "$source_dir/README.md" | grep . >"$work/expected"
+for program in ./parts build/parts; do
+  on_user "$program related.mms" | diff -u "$work/expected" - || fail "$program prints something else than the README"
+done
+echo "== all as it should be"

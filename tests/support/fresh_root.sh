@@ -1,0 +1,33 @@
+# A Debian 12 of nothing but its smallest set of packages, for scripts that try out what happens on
+# somebody else's machine. Sourced behind script.sh.
+
+if [ "$(id -u)" -ne 0 ] || ! command -v mmdebstrap >/dev/null; then
+  echo "This takes root and mmdebstrap; Debian has it in the package of that name." >&2
+  exit 77
+fi
+
+# What the host needs to reach the packages, the root may need too: its sources, if they are those of
+# the same release, keys, credentials and proxies. Settings that call programs of the host stay here.
+fresh_root() { # FOLDER MMDEBSTRAP_OPTION...
+  local sources
+  chmod 755 "$work" # apt's own user has to get to the folder
+  apt-config dump --no-empty --format '%F "%v";%n' Acquire | grep -v '^Acquire::IndexTargets' >"$work/apt.conf"
+  mapfile -t sources < <(grep -lsw bookworm /etc/apt/sources.list /etc/apt/sources.list.d/*.{list,sources})
+  quietly mmdebstrap --mode=root --variant=minbase --include=ca-certificates --aptopt="$work/apt.conf" \
+    --setup-hook='for part in auth.conf auth.conf.d keyrings trusted.gpg.d; do
+      [ ! -e "/etc/apt/$part" ] || cp -a "/etc/apt/$part" "$1/etc/apt/"
+    done' \
+    "${@:2}" bookworm "$1" "${sources[@]}"
+  cp /etc/hosts "$1/etc/"
+}
+
+# Nothing of the caller's environment but its proxies; the mounts go with the command.
+in_root() { # FOLDER COMMAND...
+  local proxies
+  mapfile -t proxies < <(env | grep -i '^[a-z]*_proxy=')
+  env -i HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin DEBIAN_FRONTEND=noninteractive "${proxies[@]}" \
+    unshare --mount --pid --fork --kill-child sh -euc '
+      mount -t proc proc "$0/proc"
+      mount --rbind /dev "$0/dev"
+      exec chroot "$0" "$@"' "$@"
+}
