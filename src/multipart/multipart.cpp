@@ -2,6 +2,7 @@
 
 #include "multipart/lower_case.h"
 #include "multipart/multipart_result.h"
+#include "multipart/part_index.h"
 #include "multipart/part_names.h"
 #include "multipart/reference.h"
 #include "platform/email_util.h"
@@ -48,6 +49,21 @@ MMS_COMP_SMILMultipart::MMS_COMP_SMILMultipart(const MMS_COMP_SMILMultipart &sou
 
 MMS_COMP_SMILMultipart::~MMS_COMP_SMILMultipart() = default;
 
+MMS_COMP_SMILMultipart::Indexing::Indexing(MMS_COMP_SMILMultipart *multipart)
+    : m_multipart(multipart)
+{
+    if (multipart) {
+        asFarAsMemoryGoes(
+            [multipart] { multipart->m_index = std::make_unique<PartIndex>(multipart->m_parts); });
+    }
+}
+
+MMS_COMP_SMILMultipart::Indexing::~Indexing()
+{
+    if (m_multipart)
+        m_multipart->m_index = nullptr;
+}
+
 void MMS_COMP_SMILMultipart::setRelatedType()
 {
     asFarAsMemoryGoes([this] {
@@ -79,6 +95,7 @@ void MMS_COMP_SMILMultipart::clear()
     setRelatedType();
     m_start = QLatin1String("");
     m_extType = QLatin1String("");
+    m_index = nullptr;
     m_parts.clear();
 }
 
@@ -87,6 +104,7 @@ void MMS_COMP_SMILMultipart::appendBodypart(Part *part)
     asFarAsMemoryGoes([&] {
         if (!part)
             return;
+        m_index = nullptr;
         m_parts.append(part);
         part->m_liveness.setHeld();
     });
@@ -100,6 +118,7 @@ bool MMS_COMP_SMILMultipart::holds(const Part *part) const
 int MMS_COMP_SMILMultipart::insertBodypart(Part *part, int index)
 {
     return unlessOutOfMemory(MultipartResult::InsertionRefused, [&]() -> int {
+        m_index = nullptr;
         if (!part || !m_parts.insert(std::clamp(index, 0, getPartCount()), part))
             return MultipartResult::InsertionRefused;
         part->m_liveness.setHeld();
@@ -114,6 +133,7 @@ int MMS_COMP_SMILMultipart::deletePart(int index)
         part->setRefCount(part->getRefCount() - 1);
         return MultipartResult::Ok;
     }
+    m_index = nullptr;
     return m_parts.remove(index) ? MultipartResult::Ok : MultipartResult::RemovalRefused;
 }
 
@@ -121,6 +141,7 @@ int MMS_COMP_SMILMultipart::deletePartBySrc(const QString &src)
 {
     if (src.isEmpty())
         return MultipartResult::RemovalRefused;
+    m_index = nullptr;
     const Reference::Matcher reference(src);
     // The walk visits every remaining part in turn while the place to work at counts the visits, so
     // each removal sets the two one further apart.
@@ -166,6 +187,8 @@ Part *MMS_COMP_SMILMultipart::getBodyPartBySrc(const QString &src, int type) con
 {
     if (src.isEmpty())
         return nullptr;
+    if (m_index)
+        return m_index->find(src, type);
     const Reference::Matcher reference(src);
     const auto found = std::find_if(m_parts.begin(), m_parts.end(), [&](const Part *part) {
         return part && part->getDispFileType() == type && matches(reference, part);

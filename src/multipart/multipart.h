@@ -10,6 +10,10 @@
 
 #include <QString>
 
+#include <memory>
+
+class PartIndex;
+
 /**
  * Multipart message body. Owns its parts unless it was made by the copy constructor.
  *
@@ -146,6 +150,24 @@ public:
 
     /// True when @p part itself, not only one of its name, is among the parts.
     bool holds(const MMS_COMP_SMILMultipartBodypart *part) const;
+    /**
+     * While it lives, getBodyPartBySrc() takes the same time however many parts there are. Parts
+     * may be added and removed meanwhile, which ends that; names are not to be changed. Does
+     * nothing for null.
+     */
+    class QVL_EXPORT Indexing
+    {
+    public:
+        /// Indexes the parts of @p multipart. Linear in the parts.
+        explicit Indexing(MMS_COMP_SMILMultipart *multipart);
+        Indexing(const Indexing &) = delete;
+        Indexing &operator=(const Indexing &) = delete;
+        ~Indexing();
+
+    private:
+        MMS_COMP_SMILMultipart *m_multipart;
+    };
+
     /// For weak pointers at the message.
     const QvlLiveness &liveness() const { return m_liveness; }
 
@@ -159,5 +181,6 @@ private:
     QString m_start;
     QString m_boundary;
     QPtrList<MMS_COMP_SMILMultipartBodypart> m_parts;
+    std::unique_ptr<PartIndex> m_index; // while there is an Indexing
     QvlLiveness m_liveness;
 };

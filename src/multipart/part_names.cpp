@@ -48,11 +48,6 @@ bool isUrl(const QString &name)
         || QUrl(name).isValid();
 }
 
-QString contentIdKey(const QString &text)
-{
-    return Reference::contentIdKey(text).toString().toLower();
-}
-
 // A file name in pieces.
 struct NameParts
 {
@@ -87,7 +82,7 @@ void PartNames::add(const MMS_COMP_SMILMultipartBodypart &part)
 {
     if (const QString location = part.getContentLocation(); !location.isEmpty())
         m_locations.insert(location.toLower());
-    if (const QString key = contentIdKey(part.getContentID()); !key.isEmpty())
+    if (const QString key = Reference::lowerContentIdKey(part.getContentID()); !key.isEmpty())
         m_contentIds.insert(key);
 }
 
@@ -103,7 +98,7 @@ bool PartNames::take(const QString &name)
 {
     if (!m_exact.empty() && m_exact.contains(name))
         return false;
-    if (!m_contentIds.empty() && m_contentIds.contains(contentIdKey(name)))
+    if (!m_contentIds.empty() && m_contentIds.contains(Reference::lowerContentIdKey(name)))
         return false;
     return m_locations.insert(name.toLower()).second;
 }

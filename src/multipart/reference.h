@@ -17,6 +17,8 @@ QStringView withoutBrackets(QStringView reference);
  * text that matches no Content-ID.
  */
 QStringView contentIdKey(QStringView text);
+/// The same in lower case: equal for texts that match one another.
+QString lowerContentIdKey(QStringView text);
 
 /// One reference, prepared for comparison with any number of parts. It has to outlive this.
 class Matcher

@@ -352,6 +352,7 @@ bool MMS_COMP_SMILData::copyTo(MMS_COMP_SMILData *target, MMS_COMP_SMILMultipart
         target->m_layout.addRegionsOf(m_layout);
         for (int i = 0, count = m_metas.count(); i < count; ++i)
             target->appendMeta(m_metas.at(i)->getName(), m_metas.at(i)->getContent());
+        const MMS_COMP_SMILMultipart::Indexing indexing(multipart);
         // A copy onto itself would otherwise walk what it adds.
         for (int i = 0, count = m_slides.count(); i < count; ++i) {
             std::unique_ptr<Slide, Discarder> slide(

@@ -4,6 +4,7 @@
  */
 #include "smil/smil_parser.h"
 
+#include "multipart/multipart.h"
 #include "platform/no_memory.h"
 #include "presentation/presentation.h"
 #include "smil/document_guard.h"
@@ -307,6 +308,7 @@ int MMS_COMP_SMILParser::parseSmilBody(QDomElement *body, MMS_COMP_SMILMultipart
 {
     if (!body || !data)
         return SmilResult::NullArgument;
+    const MMS_COMP_SMILMultipart::Indexing indexing(multipart);
     int depth = 0;
     return readTimedChildren(body, multipart, data, NewSlide::Always,
                              MMS_COMP_SMILTimingContainer::DefaultDuration, depth);

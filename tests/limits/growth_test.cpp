@@ -352,7 +352,39 @@ Work copying(int size)
     };
 }
 
-// The slides outlive what is measured: with them go their parts, each looked for among all.
+// In these the slides outlive what is measured: with them go their parts, each looked for among
+// all.
+std::shared_ptr<Message> messageOfPictures(int size)
+{
+    auto message = std::make_shared<Message>();
+    for (int i = 0; i < size; ++i)
+        message->parts.appendBodypart(picture(QStringLiteral("%1.jpg").arg(i)).release());
+    return message;
+}
+
+QByteArray picturesDocument(int count)
+{
+    return documentOf("", repeated("<par dur=\"5s\"><img src=\"#.jpg\"/></par>", count));
+}
+
+Work readingSlidesOfParts(int size)
+{
+    return [message = messageOfPictures(size), document = picturesDocument(size)] {
+        read(document, message.get());
+        EXPECT_NE(message->slides.getSlide(0)->getMediaObject(0)->getData(), nullptr);
+    };
+}
+
+Work copyingSlidesOfParts(int size)
+{
+    auto message = messageOfPictures(size);
+    read(picturesDocument(size), message.get());
+    return [message, copy = std::make_shared<Slides>(&message->parts)] {
+        EXPECT_TRUE(message->slides.copyTo(copy.get(), &message->parts));
+        EXPECT_NE(copy->getSlide(0)->getMediaObject(0)->getData(), nullptr);
+    };
+}
+
 Work makingSlides(int size)
 {
     auto message = std::make_shared<Message>();
@@ -439,6 +471,7 @@ constexpr Subject subjects[] = {
     {"parts, searched", 127, lookingUpPart},
     {"name made of a long one", 32767, namingAfterLongName},
     {"slides, read", 2500, reading<slidesDocument>},
+    {"slides with parts of their own, read", 250, readingSlidesOfParts},
     {"regions, read", 5000, reading<regionsDocument>},
     {"equal regions, read", 5000, reading<equalRegionsDocument>},
     {"metas, read", 5000, reading<metasDocument>},
@@ -455,6 +488,7 @@ constexpr Subject subjects[] = {
     {"metas, written", 5000, writing<metasDocument>},
     {"params of one object, written", 5000, writing<paramsDocument>},
     {"slides, copied", 2500, copying<slidesDocument>},
+    {"slides with parts of their own, copied", 250, copyingSlidesOfParts},
     {"regions, copied", 5000, copying<regionsDocument>},
     {"params of one object, copied", 5000, copying<paramsDocument>},
     {"parts, slides made of them", 127, makingSlides},

@@ -1,0 +1,35 @@
+#include "multipart/part_index.h"
+
+#include "multipart/body_part.h"
+#include "multipart/reference.h"
+
+PartIndex::PartIndex(const QPtrList<Part> &parts)
+{
+    m_locations.reserve(size_t(parts.count()));
+    for (int place = 0; place < parts.count(); ++place) {
+        Part *part = parts.at(place);
+        if (!part)
+            continue;
+        m_locations.insert({part->getContentLocation().toLower(), {place, part}});
+        const QString key = Reference::lowerContentIdKey(part->getContentID());
+        if (!key.isEmpty())
+            m_contentIds.insert({key, {place, part}});
+    }
+}
+
+PartIndex::Part *PartIndex::find(const QString &reference, int type) const
+{
+    const Entry *first = nullptr;
+    const auto look = [&](const Names &names, const QString &name) {
+        const auto [begin, end] = names.equal_range(name);
+        for (auto named = begin; named != end; ++named) {
+            const Entry &entry = named->second;
+            if (entry.part->getDispFileType() == type && (!first || entry.place < first->place))
+                first = &entry;
+        }
+    };
+    look(m_locations, reference.toLower());
+    if (!m_contentIds.empty())
+        look(m_contentIds, Reference::lowerContentIdKey(reference));
+    return first ? first->part : nullptr;
+}

@@ -1,0 +1,36 @@
+/*
+ * The parts of a message by the names that references call them, for operations that look for many
+ * of them while neither parts nor names change.
+ */
+#pragma once
+
+#include "platform/ptr_list.h"
+#include "platform/text_hash.h"
+
+#include <unordered_map>
+
+class MMS_COMP_SMILMultipartBodypart;
+
+/// Answers as MMS_COMP_SMILMultipart::getBodyPartBySrc() does, in a time that depends on the parts
+/// of the same name alone.
+class PartIndex
+{
+public:
+    using Part = MMS_COMP_SMILMultipartBodypart;
+
+    explicit PartIndex(const QPtrList<Part> &parts);
+
+    /// The first part of display file type @p type that @p reference matches, or null.
+    Part *find(const QString &reference, int type) const;
+
+private:
+    struct Entry
+    {
+        int place;
+        Part *part;
+    };
+    using Names = std::unordered_multimap<QString, Entry, QvlTextHash>;
+
+    Names m_locations; // in lower case
+    Names m_contentIds; // reduced and in lower case, none of them empty
+};
