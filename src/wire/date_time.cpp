@@ -41,7 +41,12 @@ int DateTime::toSeconds(const QDateTime &value)
     parts.tm_wday = -1;
     parts.tm_yday = -1;
     parts.tm_isdst = -1;
-    return static_cast<int>(std::mktime(&parts));
+    const std::time_t seconds = std::mktime(&parts);
+    if constexpr (sizeof seconds <= sizeof(int)) {
+        if (seconds == -1) // from 2038 on, where Qt still counts
+            return static_cast<int>(QDateTime(date, time).toSecsSinceEpoch());
+    }
+    return static_cast<int>(seconds);
 }
 
 int DateTime::sinceJulianDayZero(int seconds)

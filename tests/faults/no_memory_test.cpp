@@ -249,6 +249,10 @@ class NoMemoryForMessages : public testing::TestWithParam<const char *>
 
 TEST_P(NoMemoryForMessages, EveryAllocationMayFail)
 {
+#ifdef __arm__
+    GTEST_SKIP()
+        << "functions that throw nothing end a backtrace on ARM, so Qt's readers are not seen";
+#endif
     const QByteArray pdu = fixture("messages", GetParam());
     ASSERT_FALSE(pdu.isEmpty());
     Outcome outcome;

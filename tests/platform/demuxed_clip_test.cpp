@@ -153,7 +153,8 @@ QByteArray pcmHeader(const PcmFormat &pcm)
 
 QByteArray pcmSilence(const PcmFormat &pcm, int milliseconds)
 {
-    return octet(0, qsizetype(pcm.rate) * milliseconds / 1000 * pcm.channels * pcm.bits / 8);
+    const qint64 frames = qint64(pcm.rate) * milliseconds / 1000;
+    return octet(0, qsizetype(frames * pcm.channels * pcm.bits / 8));
 }
 
 QByteArray wav(const PcmFormat &pcm, int milliseconds)

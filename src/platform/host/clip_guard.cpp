@@ -77,12 +77,12 @@ void BoxCounts::addChunkSizes(Octets box)
 {
     constexpr std::size_t header = 12;
     constexpr std::size_t entry = 12;
-    const uint64_t room = box.size() < header ? 0 : (box.size() - header) / entry;
-    const uint64_t count = std::min(bigEndianAt<uint32_t>(box, 8), room);
+    const std::size_t room = box.size() < header ? 0 : (box.size() - header) / entry;
+    const auto count = std::size_t(std::min<uint64_t>(bigEndianAt<uint32_t>(box, 8), room));
     m_chunkSizes += count;
     if (m_chunkSizes > MostSamples)
         return; // refused; tables that lie in one another are not walked again and again
-    for (uint64_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < count; ++i) {
         m_samplesPerChunk =
             std::max(m_samplesPerChunk, bigEndianAt<uint32_t>(box, header + i * entry + 4));
     }
@@ -113,7 +113,7 @@ std::size_t sizeOfBox(Octets boxes)
     constexpr std::size_t shortHeader = 8;
     const uint64_t announced = bigEndianAt<uint32_t>(boxes, 0);
     const uint64_t size = announced == 1 ? bigEndianAt<uint64_t>(boxes, shortHeader) : announced;
-    return size < shortHeader ? boxes.size() : std::min<uint64_t>(size, boxes.size());
+    return std::size_t(size < shortHeader ? boxes.size() : std::min<uint64_t>(size, boxes.size()));
 }
 
 bool isMovWithinLimits(Octets clip)
