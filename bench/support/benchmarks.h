@@ -48,15 +48,17 @@ void measure(benchmark::State &state, Work<Operation> work)
     state.SetBytesProcessed(state.iterations() * work.octets);
     Cost cost;
     {
-        const long copied = copiedOctets();
+        const CopyCounter copied = copyCounter();
+        const long before = copied ? copied() : 0;
         const CountedAllocations allocations;
         benchmark::DoNotOptimize(work.once());
-        cost = {allocations.count(), allocations.octets(), copiedOctets() - copied,
+        cost = {allocations.count(), allocations.octets(), copied ? copied() - before : 0,
                 allocations.peak()};
     }
     state.counters["allocations"] = double(cost.allocations);
     state.counters["allocated"] = double(cost.allocated);
-    state.counters["copied"] = double(cost.copied);
+    if (copyCounter())
+        state.counters["copied"] = double(cost.copied);
     state.counters["peak"] = double(cost.peak);
 }
 

@@ -1,18 +1,19 @@
-#include "support/copies.h"
-
-#include <QtGlobal>
+/*
+ * Counts what goes through memcpy() and memmove(). Small copies of a known size are compiled in and
+ * are not seen.
+ */
+#include <cstddef>
 
 #include <dlfcn.h>
 
 namespace {
 
-using Copy = void *(*)(void *, const void *, size_t);
+using Copy = void *(*)(void *, const void *, std::size_t);
 
 long copied = 0;
 
-void *counted(void *to, const void *from, size_t size)
+void *counted(void *to, const void *from, std::size_t size)
 {
-    // Libraries copy before this program is initialised.
     static const auto copy = reinterpret_cast<Copy>(dlsym(RTLD_NEXT, "memmove"));
     copied += long(size);
     return copy(to, from, size);
@@ -20,18 +21,19 @@ void *counted(void *to, const void *from, size_t size)
 
 } // namespace
 
-// Exported, so that the libraries use them too.
-extern "C" Q_DECL_EXPORT void *memcpy(void *to, const void *from, size_t size) noexcept
+#define EXPORTED extern "C" __attribute__((visibility("default")))
+
+EXPORTED void *memcpy(void *to, const void *from, std::size_t size) noexcept
 {
     return counted(to, from, size);
 }
 
-extern "C" Q_DECL_EXPORT void *memmove(void *to, const void *from, size_t size) noexcept
+EXPORTED void *memmove(void *to, const void *from, std::size_t size) noexcept
 {
     return counted(to, from, size);
 }
 
-long copiedOctets()
+EXPORTED long qvlCopiedOctets()
 {
     return copied;
 }
