@@ -73,12 +73,29 @@ Operation onSlides(int size)
     return [show] { return Use(show.get()); };
 }
 
+// What @p fill does with a copy of @p message and new slides. The copy goes first: slides that go
+// before their message look for each of their parts among all, which makeSlides() measures.
+template <typename Fill>
+bool onCopy(const Message &message, Fill fill)
+{
+    auto copy = std::make_unique<Message>();
+    copy->copyFrom(message);
+    MMS_COMP_SMILData slides(copy.get());
+    const bool filled = fill(copy.get(), &slides);
+    copy.reset();
+    return filled;
+}
+
 template <Shape (*ShapeOf)(int)>
 Operation readSlides(int size)
 {
     auto message = std::make_shared<Message>();
     addShownParts(message.get(), ShapeOf(size));
-    return [message, smil = smilOf(ShapeOf(size))] { return readSmil(smil, message.get()); };
+    return [message, smil = smilOf(ShapeOf(size))] {
+        return onCopy(*message, [&smil](Message *copy, MMS_COMP_SMILData *slides) {
+            return MMS_COMP_SMILParser().parse(smil, copy, slides) == SmilResult::Ok;
+        });
+    };
 }
 
 Shape withSlides(int size)
@@ -165,9 +182,9 @@ bool normaliseSlides(Slideshow *show)
 
 bool copySlides(Slideshow *show)
 {
-    Slideshow copy;
-    copy.message.copyFrom(show->message);
-    return show->slides.copyTo(&copy.slides, &copy.message);
+    return onCopy(show->message, [show](Message *copy, MMS_COMP_SMILData *slides) {
+        return show->slides.copyTo(slides, copy);
+    });
 }
 
 bool cleanSlides(Slideshow *show)
