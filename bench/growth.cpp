@@ -74,7 +74,7 @@ Operation onSlides(int size)
 }
 
 // What @p fill does with a copy of @p message and new slides. The copy goes first: slides that go
-// before their message look for each of their parts among all, which makeSlides() measures.
+// before their message look for each of their parts among all.
 template <typename Fill>
 bool onCopy(const Message &message, Fill fill)
 {
@@ -163,10 +163,9 @@ bool nameNewPart(Message *message, int)
 Operation makeSlides(int parts)
 {
     return [message = textsOf(parts)] {
-        Message copy;
-        copy.copyFrom(*message);
-        MMS_COMP_SMILData slides(&copy);
-        return MMS_COMP_SMILParser::makeSmilForMixed(&copy, &slides, true) == 1;
+        return onCopy(*message, [](Message *copy, MMS_COMP_SMILData *slides) {
+            return MMS_COMP_SMILParser::makeSmilForMixed(copy, slides, true) == 1;
+        });
     };
 }
 

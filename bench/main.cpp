@@ -8,8 +8,25 @@
 
 #include <benchmark/benchmark.h>
 
+#include <malloc.h>
+
+namespace {
+
+// Memory that goes back to the system and is taken again a moment later would be measured with
+// whatever comes behind a large operation.
+void keepMemory()
+{
+    constexpr int largest = 1 << 30;
+    constexpr int largestBlock = 1 << 25;
+    mallopt(M_TRIM_THRESHOLD, largest);
+    mallopt(M_MMAP_THRESHOLD, largestBlock);
+}
+
+} // namespace
+
 int main(int argc, char **argv)
 {
+    keepMemory();
     constexpr int roomForLargestMessage = 8192; // kilobytes
     MMS_UTIL_Setting::setMaxiumMOMMSSize(roomForLargestMessage);
     addHeaderBenchmarks();

@@ -10,6 +10,8 @@
 #include <QString>
 
 #include <map>
+#include <memory_resource>
+#include <unordered_set>
 #include <utility>
 
 class MMS_COMP_SMILMultipart;
@@ -43,9 +45,12 @@ private:
     QString takeFirstFree(const QString &prefix, const QString &ext);
     QString takeItselfOrNumbered(const QString &candidate, const QString &base, const QString &ext);
 
-    QvlTextSet m_locations; // in lower case
-    QvlTextSet m_contentIds; // reduced and in lower case, none of them empty
-    QvlTextSet m_exact;
+    using Names = std::pmr::unordered_set<QString, QvlTextHash>;
+
+    std::pmr::monotonic_buffer_resource m_memory; // nothing is given back before all of it is
+    Names m_locations{&m_memory}; // in lower case
+    Names m_contentIds{&m_memory}; // reduced and in lower case, none of them empty
+    Names m_exact{&m_memory};
     // By what stands before the number, and the extension behind it; lower numbers are known to be
     // taken.
     std::map<std::pair<QString, QString>, int> m_nextNumber;

@@ -8,7 +8,6 @@
 #include <QString>
 
 #include <unordered_map>
-#include <unordered_set>
 
 /// Seeded at every start, so that nobody can choose texts that collide.
 struct QvlTextHash
@@ -19,6 +18,5 @@ struct QvlTextHash
     }
 };
 
-using QvlTextSet = std::unordered_set<QString, QvlTextHash>;
 template <typename Text, typename Value>
 using QvlTextMap = std::unordered_map<Text, Value, QvlTextHash>;

@@ -15,6 +15,10 @@ namespace {
 
 constexpr int Indefinite = -2;
 
+// Characters that most texts get by with, so that they are not moved while they grow.
+constexpr qsizetype CommonLength = 500;
+constexpr qsizetype SlideLength = 160;
+
 QString decimal(int value)
 {
     return QString::number(value);
@@ -32,21 +36,21 @@ public:
     QString write(const MMS_COMP_SMILData &data);
 
 private:
-    void attribute(QStringView opening, const QString &value, QStringView closing);
+    void attribute(QLatin1String opening, const QString &value, QLatin1String closing);
     void meta(const MMS_COMP_SMILMeta &meta);
     void rootLayout(const MMS_COMP_SMILRootLayout &rootLayout);
-    void region(const MMS_COMP_SMILRegion &region, QStringView closing);
+    void region(const MMS_COMP_SMILRegion &region, QLatin1String closing);
     void slide(const MMS_COMP_SMILTimingContainer &slide);
     void object(const MMS_COMP_SMILMediaObject &object);
-    void time(QStringView name, const MMS_COMP_SMIL_TIME &time);
+    void time(QLatin1String name, const MMS_COMP_SMIL_TIME &time);
     void param(const MMS_COMP_SMILMediaObjectParam &param);
 
     QString m_out;
 };
 
-constexpr QStringView Quote(u"\"");
+constexpr QLatin1String Quote("\"");
 
-void Writer::attribute(QStringView opening, const QString &value, QStringView closing)
+void Writer::attribute(QLatin1String opening, const QString &value, QLatin1String closing)
 {
     m_out += opening;
     m_out += value;
@@ -55,110 +59,112 @@ void Writer::attribute(QStringView opening, const QString &value, QStringView cl
 
 QString Writer::write(const MMS_COMP_SMILData &data)
 {
-    m_out += u"<smil>\n<head>\n";
+    m_out.reserve(CommonLength + SlideLength * qsizetype(data.getTotalSlidesNum()));
+    m_out += QLatin1String("<smil>\n<head>\n");
     for (unsigned int i = 0; i < data.getMetaCount(); ++i)
         meta(*data.getMeta(i));
-    m_out += u"<layout> \n";
+    m_out += QLatin1String("<layout> \n");
     if (const MMS_COMP_SMILRootLayout *layout = data.getRootLayout())
         rootLayout(*layout);
     const bool pixels = data.getLayoutMeasureUnit() == SMIL_UNIT_PIXEL;
     for (unsigned int i = 0; i < data.getRegionCount(); ++i) {
         if (const MMS_COMP_SMILRegion *entry = data.getRegion(i))
-            region(*entry, pixels ? Quote : u"%\"");
+            region(*entry, pixels ? Quote : QLatin1String("%\""));
     }
-    m_out += u"</layout> \n</head>\n<body>\n";
+    m_out += QLatin1String("</layout> \n</head>\n<body>\n");
     for (unsigned int i = 0; i < data.getTotalSlidesNum(); ++i)
         slide(*data.getSlide(i));
-    m_out += u"</body>\n</smil>\n";
+    m_out += QLatin1String("</body>\n</smil>\n");
     return m_out;
 }
 
 void Writer::meta(const MMS_COMP_SMILMeta &meta)
 {
-    attribute(u"<meta name=\"", meta.getName().trimmed(), Quote);
-    attribute(u" content=\"", meta.getContent().trimmed(), u"\" />\n");
+    attribute(QLatin1String("<meta name=\""), meta.getName().trimmed(), Quote);
+    attribute(QLatin1String(" content=\""), meta.getContent().trimmed(), QLatin1String("\" />\n"));
 }
 
 void Writer::rootLayout(const MMS_COMP_SMILRootLayout &rootLayout)
 {
-    attribute(u"<root-layout height=\"", decimal(rootLayout.getHeight()), Quote);
-    m_out += u" width=\"" + decimal(rootLayout.getWidth());
+    attribute(QLatin1String("<root-layout height=\""), decimal(rootLayout.getHeight()), Quote);
+    m_out += QLatin1String(" width=\"") + decimal(rootLayout.getWidth());
     const MMS_COMP_COLOR *colour = rootLayout.getBackgroundColor();
     if (colour->isUsable())
-        m_out += u" background-color=\"" + colour->color.name();
-    m_out += u"\" />\n";
+        m_out += QLatin1String(" background-color=\"") + colour->color.name();
+    m_out += QLatin1String("\" />\n");
 }
 
-void Writer::region(const MMS_COMP_SMILRegion &region, QStringView closing)
+void Writer::region(const MMS_COMP_SMILRegion &region, QLatin1String closing)
 {
-    m_out += u"<region ";
+    m_out += QLatin1String("<region ");
     if (!region.getId().isEmpty())
-        attribute(u"id=\"", region.getId().trimmed(), Quote);
+        attribute(QLatin1String("id=\""), region.getId().trimmed(), Quote);
     if (!(region.getHeight() < 0))
-        attribute(u"  height=\"", decimal(region.getHeight()), closing);
+        attribute(QLatin1String("  height=\""), decimal(region.getHeight()), closing);
     if (!(region.getWidth() < 0))
-        attribute(u"  width=\"", decimal(region.getWidth()), closing);
-    attribute(u" left=\"", decimal(region.getLeft()), closing);
-    attribute(u" top=\"", decimal(region.getTop()), closing);
+        attribute(QLatin1String("  width=\""), decimal(region.getWidth()), closing);
+    attribute(QLatin1String(" left=\""), decimal(region.getLeft()), closing);
+    attribute(QLatin1String(" top=\""), decimal(region.getTop()), closing);
     if (const char *keyword = MMS_COMP_SMILRegion::fitKeyword(region.getFit()))
-        attribute(u" fit=\"", QString::fromLatin1(keyword), Quote);
-    m_out += u" />\n";
+        attribute(QLatin1String(" fit=\""), QString::fromLatin1(keyword), Quote);
+    m_out += QLatin1String(" />\n");
 }
 
 void Writer::slide(const MMS_COMP_SMILTimingContainer &slide)
 {
     if (slide.getDur() == Indefinite)
-        m_out += u"<par dur=\"indefinite\">\n";
+        m_out += QLatin1String("<par dur=\"indefinite\">\n");
     else if (slide.getDur() < 0)
-        m_out += u"<par>\n";
+        m_out += QLatin1String("<par>\n");
     else
-        attribute(u"<par dur=\"", decimal(slide.getDur()), u"ms\">\n");
+        attribute(QLatin1String("<par dur=\""), decimal(slide.getDur()), QLatin1String("ms\">\n"));
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
         object(*slide.getMediaObject(i));
-    m_out += u"</par>\n";
+    m_out += QLatin1String("</par>\n");
 }
 
 void Writer::object(const MMS_COMP_SMILMediaObject &object)
 {
     // Names stand at their numbers.
-    constexpr std::array<QStringView, 5> names{u"audio", u"video", u"text", u"img", u"ref"};
+    constexpr std::array names{QLatin1String("audio"), QLatin1String("video"),
+                               QLatin1String("text"), QLatin1String("img"), QLatin1String("ref")};
     const auto type = object.getMediaElementType();
     if (size_t(type) >= names.size())
         return;
-    const QStringView name = names[size_t(type)];
-    m_out += u'<' + name;
+    const QLatin1String name = names[size_t(type)];
+    m_out += QLatin1Char('<') + name;
     if (const QString src = object.getSrc().trimmed(); !src.isEmpty())
-        attribute(u" src=\"", src, Quote);
+        attribute(QLatin1String(" src=\""), src, Quote);
     if (const QString alt = object.getAlt().trimmed(); !alt.isEmpty())
-        attribute(u" alt=\"", alt, Quote);
+        attribute(QLatin1String(" alt=\""), alt, Quote);
     // The handset places videos itself, and sounds have no place.
     const bool placed = type != SMIL_MEDIA_AUDIO && type != SMIL_MEDIA_VIDEO;
     if (const QString region = object.getRegionId().trimmed(); placed && !region.isEmpty())
-        attribute(u" region=\"", region, Quote);
-    time(u"begin", object.getBegin());
-    time(u"end", object.getEnd());
-    m_out += u" >\n";
+        attribute(QLatin1String(" region=\""), region, Quote);
+    time(QLatin1String("begin"), object.getBegin());
+    time(QLatin1String("end"), object.getEnd());
+    m_out += QLatin1String(" >\n");
     for (int i = 0; i < object.getParamCount(); ++i)
         param(*object.getParam(i));
-    m_out += u"</" + name + u">\n";
+    m_out += QLatin1String("</") + name + QLatin1String(">\n");
 }
 
-void Writer::time(QStringView name, const MMS_COMP_SMIL_TIME &time)
+void Writer::time(QLatin1String name, const MMS_COMP_SMIL_TIME &time)
 {
     if (time.timeType != SMIL_TIME_EVENT && time.timeType != SMIL_TIME_OFFSET)
         return;
-    m_out += u' ' + name + u"=\"";
+    m_out += QLatin1Char(' ') + name + QLatin1String("=\"");
     if (time.timeType == SMIL_TIME_OFFSET) {
-        m_out += decimal(time.timeValue) + u"ms\"";
+        m_out += decimal(time.timeValue) + QLatin1String("ms\"");
         return;
     }
-    attribute(u"id(", time.eventId.trimmed(), u")(");
+    attribute(QLatin1String("id("), time.eventId.trimmed(), QLatin1String(")("));
     if (time.timeValue == MMS_COMP_SMIL_TIME::AtEnd)
-        m_out += u"end)\"";
+        m_out += QLatin1String("end)\"");
     else if (time.timeValue > 0)
-        m_out += decimal(time.timeValue) + u"ms)\"";
+        m_out += decimal(time.timeValue) + QLatin1String("ms)\"");
     else
-        m_out += u"begin)\"";
+        m_out += QLatin1String("begin)\"");
 }
 
 // A param without a value loses its name.
@@ -166,16 +172,17 @@ void Writer::param(const MMS_COMP_SMILMediaObjectParam &param)
 {
     QString attributes;
     if (const QString value = param.getValue(); !value.isEmpty()) {
-        attributes += u" name=\"" + param.getName() + u"\" value=\"" + value + Quote;
+        attributes += QLatin1String(" name=\"") + param.getName() + QLatin1String("\" value=\"")
+            + value + Quote;
     }
     if (param.getValueType() == SMIL_PARAM_VALUE_REF)
-        attributes += u" valuetype=\"ref\"";
+        attributes += QLatin1String(" valuetype=\"ref\"");
     else if (param.getValueType() == SMIL_PARAM_VALUE_OBJECT)
-        attributes += u" valuetype=\"object\"";
+        attributes += QLatin1String(" valuetype=\"object\"");
     if (const QString type = param.getRefValueType(); !type.isEmpty())
-        attributes += u" type=\"" + type + Quote;
+        attributes += QLatin1String(" type=\"") + type + Quote;
     if (!attributes.isEmpty())
-        attribute(u"<param", attributes, u" />\n");
+        attribute(QLatin1String("<param"), attributes, QLatin1String(" />\n"));
 }
 
 } // namespace
@@ -184,7 +191,7 @@ QString MMS_COMP_SMILParser::convertToSMILLang(MMS_COMP_SMILData *data)
 {
     return unlessOutOfMemory(QString(), [&]() -> QString {
         if (!data)
-            return QStringLiteral("");
+            return QLatin1String("");
         data->updateParamToSlide();
         return Writer().write(*data);
     });
