@@ -103,7 +103,7 @@ bool PartNames::take(const QString &name)
     return m_locations.insert(name.toLower()).second;
 }
 
-// The first of prefix0.ext, prefix1.ext, ... that is free, or a null text when the pattern
+// Takes the first of prefix0.ext, prefix1.ext, ... that is free; a null text when the pattern
 // itself makes all of them unusable. Every taken name blocks one number at most, so one of the
 // numbers up to their count is free unless the names get too long or are no URLs, which no higher
 // number mends.
