@@ -343,7 +343,7 @@ bool MMS_COMP_SMILMediaObject::deleteParamElem(int index)
 int MMS_COMP_SMILMediaObject::indexOfParam(const QString &name) const
 {
     const auto row = std::find_if(m_params.begin(), m_params.end(),
-                                  [&](const Param *param) { return param->getName() == name; });
+                                  [&](const Param *param) { return param->isNamed(name); });
     return row != m_params.end() ? int(row - m_params.begin()) : -1;
 }
 

@@ -40,6 +40,8 @@ public:
     QString getName() const { return m_name; }
     /// @copydoc getName
     bool setName(const QString &name);
+    /// Whether the name is @p name, in the same case.
+    bool isNamed(const QString &name) const { return m_name == name; }
     /// The value. A param with an empty one is written without its name.
     QString getValue() const { return m_value; }
     /// @copydoc getValue

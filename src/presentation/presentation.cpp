@@ -292,15 +292,21 @@ void MMS_COMP_SMILData::deleteObjectByDataLocation(const QString &location)
 
 void MMS_COMP_SMILData::updateParamToSlide()
 {
+    for (unsigned int i = 0; i < getTotalSlidesNum(); ++i)
+        updateParamToSlideAt(i);
+}
+
+void MMS_COMP_SMILData::updateParamToSlideAt(unsigned int index)
+{
     asFarAsMemoryGoes([&] {
-        const MMS_COMP_SMILRootLayout *rootLayout = getRootLayout();
-        for (Slide *slide : m_slides) {
-            if (rootLayout)
-                slide->setPageColor(*rootLayout->getBackgroundColor());
-            slide->updatePageColorToElem();
-            slide->updateTextColorToElem();
-            slide->updateTextSizeToElem();
-        }
+        Slide *slide = getSlide(index);
+        if (!slide)
+            return;
+        if (const MMS_COMP_SMILRootLayout *rootLayout = getRootLayout())
+            slide->setPageColor(*rootLayout->getBackgroundColor());
+        slide->updatePageColorToElem();
+        slide->updateTextColorToElem();
+        slide->updateTextSizeToElem();
     });
 }
 

@@ -154,6 +154,8 @@ public:
      * it.
      */
     void updateParamToSlide();
+    /// The same for the slide at @p index alone; nothing out of range.
+    void updateParamToSlideAt(unsigned int index);
     /// Takes colours and text size of every slide from the params of its objects.
     void updateParamFromSlide();
     /// Removes texts without octets, but for one that alone carries a slide's page colour.

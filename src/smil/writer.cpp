@@ -6,10 +6,12 @@
  */
 #include "smil/smil_parser.h"
 
+#include "platform/decimal.h"
 #include "platform/no_memory.h"
 #include "presentation/presentation.h"
 
 #include <array>
+#include <cmath>
 
 namespace {
 
@@ -19,24 +21,22 @@ constexpr int Indefinite = -2;
 constexpr qsizetype CommonLength = 500;
 constexpr qsizetype SlideLength = 160;
 
-QString decimal(int value)
+constexpr bool isWritten(MMS_COMP_SMIL_TIME_TYPE type)
 {
-    return QString::number(value);
-}
-
-QString decimal(float value)
-{
-    return QString::number(double(value), 'g', 6);
+    return type == SMIL_TIME_EVENT || type == SMIL_TIME_OFFSET;
 }
 
 // Writes the text of a presentation; each operation appends one kind of element.
 class Writer
 {
 public:
-    QString write(const MMS_COMP_SMILData &data);
+    QString write(MMS_COMP_SMILData *data);
 
 private:
-    void attribute(QLatin1String opening, const QString &value, QLatin1String closing);
+    void attribute(QLatin1String opening, QStringView value, QLatin1String closing);
+    void attribute(QLatin1String opening, int value, QLatin1String closing);
+    void attribute(QLatin1String opening, float value, QLatin1String closing);
+    void attributeUnlessEmpty(QLatin1String opening, const QString &value);
     void meta(const MMS_COMP_SMILMeta &meta);
     void rootLayout(const MMS_COMP_SMILRootLayout &rootLayout);
     void region(const MMS_COMP_SMILRegion &region, QLatin1String closing);
@@ -50,30 +50,53 @@ private:
 
 constexpr QLatin1String Quote("\"");
 
-void Writer::attribute(QLatin1String opening, const QString &value, QLatin1String closing)
+void Writer::attribute(QLatin1String opening, QStringView value, QLatin1String closing)
 {
-    m_out += opening;
-    m_out += value;
-    m_out += closing;
+    m_out += opening + value + closing;
 }
 
-QString Writer::write(const MMS_COMP_SMILData &data)
+void Writer::attribute(QLatin1String opening, int value, QLatin1String closing)
 {
-    m_out.reserve(CommonLength + SlideLength * qsizetype(data.getTotalSlidesNum()));
+    m_out += opening + QvlDecimal(value).text() + closing;
+}
+
+// Six digits; most values are whole numbers, which need no search for the shortest.
+void Writer::attribute(QLatin1String opening, float value, QLatin1String closing)
+{
+    constexpr float firstWithExponent = 1e6F;
+    if (std::abs(value) < firstWithExponent && value == std::trunc(value))
+        attribute(opening, int(value), closing);
+    else
+        attribute(opening, QString::number(double(value), 'g', 6), closing);
+}
+
+// A view of the value, because each share of a text costs as much as copying it.
+void Writer::attributeUnlessEmpty(QLatin1String opening, const QString &value)
+{
+    if (const QStringView trimmed = QStringView(value).trimmed(); !trimmed.isEmpty())
+        attribute(opening, trimmed, Quote);
+}
+
+// Slides get their params right before they are written, while the processor has them at hand.
+QString Writer::write(MMS_COMP_SMILData *data)
+{
+    m_out.reserve(CommonLength + SlideLength * qsizetype(data->getTotalSlidesNum()));
     m_out += QLatin1String("<smil>\n<head>\n");
-    for (unsigned int i = 0; i < data.getMetaCount(); ++i)
-        meta(*data.getMeta(i));
+    for (unsigned int i = 0; i < data->getMetaCount(); ++i)
+        meta(*data->getMeta(i));
     m_out += QLatin1String("<layout> \n");
-    if (const MMS_COMP_SMILRootLayout *layout = data.getRootLayout())
+    if (const MMS_COMP_SMILRootLayout *layout = data->getRootLayout())
         rootLayout(*layout);
-    const bool pixels = data.getLayoutMeasureUnit() == SMIL_UNIT_PIXEL;
-    for (unsigned int i = 0; i < data.getRegionCount(); ++i) {
-        if (const MMS_COMP_SMILRegion *entry = data.getRegion(i))
+    const bool pixels = data->getLayoutMeasureUnit() == SMIL_UNIT_PIXEL;
+    for (unsigned int i = 0; i < data->getRegionCount(); ++i) {
+        if (const MMS_COMP_SMILRegion *entry = data->getRegion(i))
             region(*entry, pixels ? Quote : QLatin1String("%\""));
     }
     m_out += QLatin1String("</layout> \n</head>\n<body>\n");
-    for (unsigned int i = 0; i < data.getTotalSlidesNum(); ++i)
-        slide(*data.getSlide(i));
+    for (unsigned int i = 0; i < data->getTotalSlidesNum(); ++i) {
+        data->updateParamToSlideAt(i);
+        slide(*data->getSlide(i));
+    }
     m_out += QLatin1String("</body>\n</smil>\n");
     return m_out;
 }
@@ -86,8 +109,8 @@ void Writer::meta(const MMS_COMP_SMILMeta &meta)
 
 void Writer::rootLayout(const MMS_COMP_SMILRootLayout &rootLayout)
 {
-    attribute(QLatin1String("<root-layout height=\""), decimal(rootLayout.getHeight()), Quote);
-    m_out += QLatin1String(" width=\"") + decimal(rootLayout.getWidth());
+    attribute(QLatin1String("<root-layout height=\""), rootLayout.getHeight(), Quote);
+    attribute(QLatin1String(" width=\""), rootLayout.getWidth(), QLatin1String());
     const MMS_COMP_COLOR *colour = rootLayout.getBackgroundColor();
     if (colour->isUsable())
         m_out += QLatin1String(" background-color=\"") + colour->color.name();
@@ -100,11 +123,11 @@ void Writer::region(const MMS_COMP_SMILRegion &region, QLatin1String closing)
     if (!region.getId().isEmpty())
         attribute(QLatin1String("id=\""), region.getId().trimmed(), Quote);
     if (!(region.getHeight() < 0))
-        attribute(QLatin1String("  height=\""), decimal(region.getHeight()), closing);
+        attribute(QLatin1String("  height=\""), region.getHeight(), closing);
     if (!(region.getWidth() < 0))
-        attribute(QLatin1String("  width=\""), decimal(region.getWidth()), closing);
-    attribute(QLatin1String(" left=\""), decimal(region.getLeft()), closing);
-    attribute(QLatin1String(" top=\""), decimal(region.getTop()), closing);
+        attribute(QLatin1String("  width=\""), region.getWidth(), closing);
+    attribute(QLatin1String(" left=\""), region.getLeft(), closing);
+    attribute(QLatin1String(" top=\""), region.getTop(), closing);
     if (const char *keyword = MMS_COMP_SMILRegion::fitKeyword(region.getFit()))
         attribute(QLatin1String(" fit=\""), QString::fromLatin1(keyword), Quote);
     m_out += QLatin1String(" />\n");
@@ -117,7 +140,7 @@ void Writer::slide(const MMS_COMP_SMILTimingContainer &slide)
     else if (slide.getDur() < 0)
         m_out += QLatin1String("<par>\n");
     else
-        attribute(QLatin1String("<par dur=\""), decimal(slide.getDur()), QLatin1String("ms\">\n"));
+        attribute(QLatin1String("<par dur=\""), slide.getDur(), QLatin1String("ms\">\n"));
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
         object(*slide.getMediaObject(i));
     m_out += QLatin1String("</par>\n");
@@ -133,16 +156,15 @@ void Writer::object(const MMS_COMP_SMILMediaObject &object)
         return;
     const QLatin1String name = names[size_t(type)];
     m_out += QLatin1Char('<') + name;
-    if (const QString src = object.getSrc().trimmed(); !src.isEmpty())
-        attribute(QLatin1String(" src=\""), src, Quote);
-    if (const QString alt = object.getAlt().trimmed(); !alt.isEmpty())
-        attribute(QLatin1String(" alt=\""), alt, Quote);
+    attributeUnlessEmpty(QLatin1String(" src=\""), object.getSrc());
+    attributeUnlessEmpty(QLatin1String(" alt=\""), object.getAlt());
     // The handset places videos itself, and sounds have no place.
-    const bool placed = type != SMIL_MEDIA_AUDIO && type != SMIL_MEDIA_VIDEO;
-    if (const QString region = object.getRegionId().trimmed(); placed && !region.isEmpty())
-        attribute(QLatin1String(" region=\""), region, Quote);
-    time(QLatin1String("begin"), object.getBegin());
-    time(QLatin1String("end"), object.getEnd());
+    if (type != SMIL_MEDIA_AUDIO && type != SMIL_MEDIA_VIDEO)
+        attributeUnlessEmpty(QLatin1String(" region=\""), object.getRegionId());
+    if (isWritten(object.getBeginTimeType()))
+        time(QLatin1String("begin"), object.getBegin());
+    if (isWritten(object.getEndTimeType()))
+        time(QLatin1String("end"), object.getEnd());
     m_out += QLatin1String(" >\n");
     for (int i = 0; i < object.getParamCount(); ++i)
         param(*object.getParam(i));
@@ -151,38 +173,40 @@ void Writer::object(const MMS_COMP_SMILMediaObject &object)
 
 void Writer::time(QLatin1String name, const MMS_COMP_SMIL_TIME &time)
 {
-    if (time.timeType != SMIL_TIME_EVENT && time.timeType != SMIL_TIME_OFFSET)
-        return;
     m_out += QLatin1Char(' ') + name + QLatin1String("=\"");
     if (time.timeType == SMIL_TIME_OFFSET) {
-        m_out += decimal(time.timeValue) + QLatin1String("ms\"");
+        attribute(QLatin1String(), time.timeValue, QLatin1String("ms\""));
         return;
     }
     attribute(QLatin1String("id("), time.eventId.trimmed(), QLatin1String(")("));
     if (time.timeValue == MMS_COMP_SMIL_TIME::AtEnd)
         m_out += QLatin1String("end)\"");
     else if (time.timeValue > 0)
-        m_out += decimal(time.timeValue) + QLatin1String("ms)\"");
+        attribute(QLatin1String(), time.timeValue, QLatin1String("ms)\""));
     else
         m_out += QLatin1String("begin)\"");
 }
 
-// A param without a value loses its name.
+// A param without a value loses its name, and one without anything else is not written.
 void Writer::param(const MMS_COMP_SMILMediaObjectParam &param)
 {
-    QString attributes;
+    const qsizetype start = m_out.size();
+    m_out += QLatin1String("<param");
+    const qsizetype withoutAttributes = m_out.size();
     if (const QString value = param.getValue(); !value.isEmpty()) {
-        attributes += QLatin1String(" name=\"") + param.getName() + QLatin1String("\" value=\"")
-            + value + Quote;
+        attribute(QLatin1String(" name=\""), param.getName(), Quote);
+        attribute(QLatin1String(" value=\""), value, Quote);
     }
     if (param.getValueType() == SMIL_PARAM_VALUE_REF)
-        attributes += QLatin1String(" valuetype=\"ref\"");
+        m_out += QLatin1String(" valuetype=\"ref\"");
     else if (param.getValueType() == SMIL_PARAM_VALUE_OBJECT)
-        attributes += QLatin1String(" valuetype=\"object\"");
+        m_out += QLatin1String(" valuetype=\"object\"");
     if (const QString type = param.getRefValueType(); !type.isEmpty())
-        attributes += QLatin1String(" type=\"") + type + Quote;
-    if (!attributes.isEmpty())
-        attribute(QLatin1String("<param"), attributes, QLatin1String(" />\n"));
+        attribute(QLatin1String(" type=\""), type, Quote);
+    if (m_out.size() == withoutAttributes)
+        m_out.truncate(start);
+    else
+        m_out += QLatin1String(" />\n");
 }
 
 } // namespace
@@ -192,7 +216,6 @@ QString MMS_COMP_SMILParser::convertToSMILLang(MMS_COMP_SMILData *data)
     return unlessOutOfMemory(QString(), [&]() -> QString {
         if (!data)
             return QLatin1String("");
-        data->updateParamToSlide();
-        return Writer().write(*data);
+        return Writer().write(data);
     });
 }

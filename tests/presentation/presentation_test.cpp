@@ -439,6 +439,16 @@ TEST_F(PresentationTest, RootColourBecomesEverySlidesPageColourAndAParam)
     EXPECT_EQ(paramsOf(data, 1), QStringList("background-color|#ff0000|0|"));
 }
 
+TEST_F(PresentationTest, OneSlideGetsItsParamsAlone)
+{
+    appendSlides(data, {"t", "t"});
+    data.getRootLayout()->setBackgroundColor("red");
+    data.updateParamToSlideAt(1);
+    data.updateParamToSlideAt(2);
+    EXPECT_EQ(paramsOf(data, 0), QStringList(""));
+    EXPECT_EQ(paramsOf(data, 1), QStringList("background-color|#ff0000|0|;textsize||0|"));
+}
+
 TEST_F(PresentationTest, RootLayoutWithoutColourTakesThePageColoursAway)
 {
     appendSlides(data, {"ti"});

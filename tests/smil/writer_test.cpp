@@ -194,6 +194,9 @@ TEST(Writer, RegionNumbersHaveSixDigits)
 {
     const std::pair<float, const char *> rows[] = {
         {0.0F, "0"},
+        {-0.0F, "0"},
+        {-160.0F, "-160"},
+        {-1e6F, "-1e+06"},
         {160.0F, "160"},
         {33.333332F, "33.3333"},
         {66.666664F, "66.6667"},

@@ -1,0 +1,30 @@
+/*
+ * Whole numbers as text, without taking memory for them.
+ */
+#pragma once
+
+#include <QString>
+
+#include <array>
+#include <charconv>
+#include <limits>
+
+/// The decimal digits of a number, with its sign when it is negative.
+class QvlDecimal
+{
+public:
+    explicit QvlDecimal(int number)
+        : m_length(
+            int(std::to_chars(m_digits.begin(), m_digits.end(), number).ptr - m_digits.begin()))
+    {
+    }
+
+    /// Lives as long as this object.
+    QLatin1String text() const { return QLatin1String(m_digits.data(), m_length); }
+
+private:
+    static constexpr int signAndLastDigit = 2;
+
+    std::array<char, std::numeric_limits<int>::digits10 + signAndLastDigit> m_digits;
+    int m_length;
+};
