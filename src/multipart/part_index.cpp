@@ -11,16 +11,16 @@ PartIndex::PartIndex(const QPtrList<Part> &parts)
         if (!part)
             continue;
         m_locations.insert({part->getContentLocation().toLower(), {place, part}});
-        const QString key = Reference::lowerContentIdKey(part->getContentID());
-        if (!key.isEmpty())
-            m_contentIds.insert({key, {place, part}});
+        const QString contentId = part->getContentID().toLower();
+        if (const QStringView key = Reference::contentIdKey(contentId); !key.isEmpty())
+            m_contentIds.insert({key.toString(), {place, part}});
     }
 }
 
 PartIndex::Part *PartIndex::find(const QString &reference, int type) const
 {
     const Entry *first = nullptr;
-    const auto look = [&](const Names &names, const QString &name) {
+    const auto look = [&](const Names &names, QStringView name) {
         const auto [begin, end] = names.equal_range(name);
         for (auto named = begin; named != end; ++named) {
             const Entry &entry = named->second;
@@ -28,8 +28,9 @@ PartIndex::Part *PartIndex::find(const QString &reference, int type) const
                 first = &entry;
         }
     };
-    look(m_locations, reference.toLower());
+    const QString lower = reference.toLower();
+    look(m_locations, lower);
     if (!m_contentIds.empty())
-        look(m_contentIds, Reference::lowerContentIdKey(reference));
+        look(m_contentIds, Reference::contentIdKey(lower));
     return first ? first->part : nullptr;
 }

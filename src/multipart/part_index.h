@@ -7,6 +7,7 @@
 #include "platform/ptr_list.h"
 #include "platform/text_hash.h"
 
+#include <functional>
 #include <unordered_map>
 
 class MMS_COMP_SMILMultipartBodypart;
@@ -29,7 +30,7 @@ private:
         int place;
         Part *part;
     };
-    using Names = std::unordered_multimap<QString, Entry, QvlTextHash>;
+    using Names = std::unordered_multimap<QString, Entry, QvlTextHash, std::equal_to<>>;
 
     Names m_locations; // in lower case
     Names m_contentIds; // reduced and in lower case, none of them empty

@@ -3,13 +3,11 @@
 #include "multipart/multipart.h"
 #include "multipart/reference.h"
 #include "platform/comp_util.h"
+#include "platform/decimal.h"
 
 #include <QUrl>
 
 #include <algorithm>
-#include <array>
-#include <charconv>
-#include <limits>
 
 namespace {
 
@@ -26,10 +24,8 @@ QString withExtension(const Base &base, const QString &ext)
 
 QString numbered(const QString &prefix, int number, const QString &ext)
 {
-    std::array<char, std::numeric_limits<int>::digits10 + 1> digits;
-    const auto end = std::to_chars(digits.begin(), digits.end(), number).ptr;
-    const QLatin1String decimal(digits.data(), int(end - digits.data()));
-    return withExtension(prefix + decimal, ext);
+    const QvlDecimal decimal(number);
+    return withExtension(prefix + decimal.text(), ext);
 }
 
 QString withoutAmpersand(QString name)
@@ -82,8 +78,9 @@ void PartNames::add(const MMS_COMP_SMILMultipartBodypart &part)
 {
     if (const QString location = part.getContentLocation(); !location.isEmpty())
         m_locations.insert(location.toLower());
-    if (const QString key = Reference::lowerContentIdKey(part.getContentID()); !key.isEmpty())
-        m_contentIds.insert(key);
+    const QString contentId = part.getContentID().toLower();
+    if (const QStringView key = Reference::contentIdKey(contentId); !key.isEmpty())
+        m_contentIds.insert(key.toString());
 }
 
 void PartNames::add(const MMS_COMP_SMILMultipart &multipart)
@@ -98,9 +95,10 @@ bool PartNames::take(const QString &name)
 {
     if (!m_exact.empty() && m_exact.contains(name))
         return false;
-    if (!m_contentIds.empty() && m_contentIds.contains(Reference::lowerContentIdKey(name)))
+    const QString lower = name.toLower();
+    if (!m_contentIds.empty() && m_contentIds.contains(Reference::contentIdKey(lower)))
         return false;
-    return m_locations.insert(name.toLower()).second;
+    return m_locations.insert(lower).second;
 }
 
 // Takes the first of prefix0.ext, prefix1.ext, ... that is free; a null text when the pattern

@@ -9,6 +9,7 @@
 
 #include <QString>
 
+#include <functional>
 #include <map>
 #include <memory_resource>
 #include <unordered_set>
@@ -45,7 +46,7 @@ private:
     QString takeFirstFree(const QString &prefix, const QString &ext);
     QString takeItselfOrNumbered(const QString &candidate, const QString &base, const QString &ext);
 
-    using Names = std::pmr::unordered_set<QString, QvlTextHash>;
+    using Names = std::pmr::unordered_set<QString, QvlTextHash, std::equal_to<>>;
 
     std::pmr::monotonic_buffer_resource m_memory; // nothing is given back before all of it is
     Names m_locations{&m_memory}; // in lower case

@@ -19,11 +19,6 @@ QStringView Reference::contentIdKey(QStringView text)
     return withoutBrackets(text.trimmed());
 }
 
-QString Reference::lowerContentIdKey(QStringView text)
-{
-    return contentIdKey(text).toString().toLower();
-}
-
 bool Reference::Matcher::matches(const MMS_COMP_SMILMultipartBodypart &part) const
 {
     const QString contentId = part.getContentID();

@@ -14,11 +14,9 @@ QStringView withoutBrackets(QStringView reference);
 
 /**
  * What two Content-IDs are compared by, in lower case: trimmed and without brackets. Empty for a
- * text that matches no Content-ID.
+ * text that matches no Content-ID. The key of a text in lower case is the key in lower case.
  */
 QStringView contentIdKey(QStringView text);
-/// The same in lower case: equal for texts that match one another.
-QString lowerContentIdKey(QStringView text);
 
 /// One reference, prepared for comparison with any number of parts. It has to outlive this.
 class Matcher

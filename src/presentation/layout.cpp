@@ -1,6 +1,7 @@
 #include "presentation/layout.h"
 
 #include "platform/no_memory.h"
+#include "platform/text_hash.h"
 #include "smil/smil_parser.h"
 
 #include <QDomElement>
@@ -32,7 +33,8 @@ struct RegionHash
     size_t operator()(const MMS_COMP_SMILRegion *region) const
     {
         return qHashMulti(QHashSeed::globalSeed(), region->getWidth(), region->getHeight(),
-                          region->getTop(), region->getLeft(), region->getId(), region->getFit());
+                          region->getTop(), region->getLeft(), QvlTextHash()(region->getId()),
+                          region->getFit());
     }
 };
 

@@ -3,6 +3,7 @@
 #include "platform/comp_util.h"
 #include "platform/email_util.h"
 #include "platform/no_memory.h"
+#include "smil/element_attributes.h"
 #include "smil/smil_parser.h"
 #include "smil/smil_result.h"
 
@@ -34,11 +35,6 @@ int numberOf(const std::array<const char *, Size> &words, const QString &text)
     const auto row = std::find_if(words.begin(), words.end(),
                                   [&](const char *word) { return text == QLatin1String(word); });
     return int(row - words.begin());
-}
-
-QString trimmedAttribute(const QDomElement &element, const QString &name)
-{
-    return element.attribute(name).trimmed();
 }
 
 void setContentTypeOf(Part *part, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type)
@@ -270,9 +266,10 @@ int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement *element, MMS_COMP_SMILM
             return SmilResult::NotInMessage;
         setMediaElementType(
             MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(numberOf(elementNames, element->tagName().trimmed())));
-        m_src = trimmedAttribute(*element, u"src"_s);
-        m_alt = trimmedAttribute(*element, u"alt"_s);
-        m_regionId = trimmedAttribute(*element, u"region"_s);
+        ElementAttributes attributes(*element);
+        m_src = attributes.take(u"src"_s).trimmed();
+        m_regionId = attributes.take(u"region"_s).trimmed();
+        m_alt = attributes.take(u"alt"_s).trimmed();
         if (!multipart)
             return SmilResult::NotInMessage;
         Part *part = multipart->getBodyPartBySrc(m_src, Part::Attachment);
@@ -285,8 +282,8 @@ int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement *element, MMS_COMP_SMILM
         if (part->getDispFileType() == Part::Shown)
             part->setRefCount(part->getRefCount() + 1);
         part->setDispFileType(Part::Shown);
-        MMS_COMP_SMILParser::parseTime(trimmedAttribute(*element, u"begin"_s), &m_begin);
-        MMS_COMP_SMILParser::parseTime(trimmedAttribute(*element, u"end"_s), &m_end);
+        MMS_COMP_SMILParser::parseTime(attributes.take(u"begin"_s).trimmed(), &m_begin);
+        MMS_COMP_SMILParser::parseTime(attributes.take(u"end"_s).trimmed(), &m_end);
         return SmilResult::Ok;
     });
 }

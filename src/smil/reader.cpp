@@ -8,6 +8,7 @@
 #include "platform/no_memory.h"
 #include "presentation/presentation.h"
 #include "smil/document_guard.h"
+#include "smil/element_attributes.h"
 #include "smil/smil_result.h"
 
 #include <QDomDocument>
@@ -105,11 +106,17 @@ int readWhile(QDomElement *element, const char *tag, Reader read)
     return SmilResult::Ok;
 }
 
-TimeContainerReader timeContainerReader(const QDomElement &element)
+bool isBodyTag(const QString &tag)
 {
-    if (element.tagName() == QLatin1String("par"))
+    return std::any_of(bodyTags.begin(), bodyTags.end(),
+                       [&tag](const char *row) { return tag == QLatin1String(row); });
+}
+
+TimeContainerReader timeContainerReader(const QString &tag)
+{
+    if (tag == QLatin1String("par"))
         return MMS_COMP_SMILParser::parseSmilPar;
-    if (element.tagName() == QLatin1String("seq"))
+    if (tag == QLatin1String("seq"))
         return MMS_COMP_SMILParser::parseSmilSeq;
     return nullptr;
 }
@@ -144,9 +151,10 @@ int readTimedChildren(QDomElement *parent, MMS_COMP_SMILMultipart *multipart,
 {
     bool beginsSlide = newSlide == NewSlide::Always;
     for (QDomElement child = firstChild(*parent); !child.isNull(); child = nextElement(child)) {
-        if (!MMS_COMP_SMILParser::isValidBodyElement(&child))
+        const QString tag = child.tagName();
+        if (!isBodyTag(tag))
             continue;
-        if (const TimeContainerReader read = timeContainerReader(child)) {
+        if (const TimeContainerReader read = timeContainerReader(tag)) {
             if (const int result = readNested(read, &child, multipart, data, depth))
                 return result;
             beginsSlide = true;
@@ -163,7 +171,7 @@ int readTimedChildren(QDomElement *parent, MMS_COMP_SMILMultipart *multipart,
 
 int durationOf(const QDomElement &element)
 {
-    return MMS_COMP_SMILParser::parseDur(element.attribute(u"dur"_s));
+    return MMS_COMP_SMILParser::parseDur(ElementAttributes(element).take(u"dur"_s));
 }
 
 } // namespace
@@ -341,9 +349,12 @@ int MMS_COMP_SMILParser::parseMediaObjectParam(QDomElement *element,
     for (QDomElement child = firstChild(*element); !child.isNull(); child = nextElement(child)) {
         if (child.tagName() != QLatin1String("param"))
             continue;
-        const auto text = [&](const QString &name) { return child.attribute(name); };
-        const int result = object->appendParamElem(text(u"name"_s), text(u"value"_s),
-                                                   text(u"valuetype"_s), text(u"type"_s));
+        ElementAttributes attributes(child);
+        const QString name = attributes.take(u"name"_s);
+        const QString value = attributes.take(u"value"_s);
+        const QString valueType = attributes.take(u"valuetype"_s);
+        const int result =
+            object->appendParamElem(name, value, valueType, attributes.take(u"type"_s));
         if (result != SmilResult::Ok)
             return result;
     }
@@ -352,9 +363,7 @@ int MMS_COMP_SMILParser::parseMediaObjectParam(QDomElement *element,
 
 bool MMS_COMP_SMILParser::isValidBodyElement(const QDomElement *element)
 {
-    const QString name = element ? element->tagName() : QString();
-    return std::any_of(bodyTags.begin(), bodyTags.end(),
-                       [&name](const char *tag) { return name == QLatin1String(tag); });
+    return element && isBodyTag(element->tagName());
 }
 
 QDomNode MMS_COMP_SMILParser::getNextSibling(const QDomNode &node)
