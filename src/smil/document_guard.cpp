@@ -107,6 +107,7 @@ bool Scanner::measure(QStringView text, Extent *extent)
         if (character == u'<') {
             within = measureMarkup(text, &at, extent);
         } else if (character == u'&') {
+            ++extent->length;
             within = measureReference(text, &at, extent);
         } else {
             ++at;
@@ -164,7 +165,6 @@ bool Scanner::measureStartTag(QStringView text, qsizetype *at, Extent *extent)
 bool Scanner::measureReference(QStringView text, qsizetype *at, Extent *extent)
 {
     ++*at;
-    ++extent->length;
     const QStringView name = nameAt(text, *at);
     const auto found = m_entities.find(name);
     if (found == m_entities.end())
@@ -183,7 +183,7 @@ bool Scanner::measureReference(QStringView text, qsizetype *at, Extent *extent)
     }
     extent->deepest = std::max(extent->deepest, extent->depth + entity.extent.deepest);
     extent->depth += entity.extent.depth;
-    extent->length += entity.extent.length - (name.size() + 2); // which the reference itself counts
+    extent->length += entity.extent.length - (name.size() + 2); // which count as they stand
     return isWithin(*extent);
 }
 

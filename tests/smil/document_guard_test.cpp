@@ -307,14 +307,16 @@ TEST(DocumentGuard, ReferencesCountAsWhatTheyStandForAlone)
 {
     // 1,616 characters may grow to 91,392: by 181 times the 496 that a reference gives more than it
     // takes.
-    const auto document = [](int size) {
-        const QByteArray bare =
-            declaring(entity("e", QByteArray(499, 'x')), QByteArray("&e;").repeated(181));
-        return declaring(entity("e", QByteArray(499, 'x')),
-                         QByteArray("&e;").repeated(181) + QByteArray(size - bare.size(), '.'));
-    };
-    expectBothForms({{"just as long", document(1616)}}, SmilResult::NotSmil);
-    expectBothForms({{"a little longer", document(1615)}}, SmilResult::NotWellFormed);
+    const QByteArray references = QByteArray("&e;").repeated(181);
+    for (const QByteArray &content : {references, "<b c=\"" + references + "\"/>"}) {
+        const auto document = [&content](int size) {
+            const QByteArray declaration = entity("e", QByteArray(499, 'x'));
+            const auto missing = size - declaring(declaration, content).size();
+            return declaring(declaration, content + QByteArray(missing, '.'));
+        };
+        expectBothForms({{"just as long", document(1616)}}, SmilResult::NotSmil);
+        expectBothForms({{"a little longer", document(1615)}}, SmilResult::NotWellFormed);
+    }
 }
 
 TEST(DocumentGuard, ElementsGrowByTheirOwnDefaultAttributesOnly)
