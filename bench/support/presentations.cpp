@@ -59,8 +59,9 @@ void addObject(MMS_COMP_SMILTimingContainer *slide, MMS_COMP_SMILMultipart *mess
     object->setSrc(location);
     object->setRegionId(QLatin1String(medium.region));
     for (int i = 0; i < params; ++i) {
-        object->appendParamElem(QStringLiteral("name%1").arg(i), QStringLiteral("value"),
-                                SMIL_PARAM_VALUE_DATA, QString());
+        // As long as the names that are looked for, which are then compared to the end.
+        object->appendParamElem(QStringLiteral("name%1").arg(i, 4, 10, QLatin1Char('0')),
+                                QStringLiteral("value"), SMIL_PARAM_VALUE_DATA, QString());
     }
     slide->appendObject(object.release());
 }
