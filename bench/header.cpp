@@ -1,6 +1,6 @@
 /*
- * Headers: decoding and encoding of every message type, and of a notification beside the reference,
- * a text of 16 characters that is made and destroyed.
+ * Headers: decoding and encoding of every message type, of single fields, and of a notification
+ * beside the reference, a text of 16 characters that is made and destroyed.
  */
 #include "subjects.h"
 #include "support/benchmarks.h"
@@ -10,10 +10,12 @@
 
 #include <memory>
 #include <span>
+#include <vector>
 
 namespace {
 
 constexpr int NotificationOctets = 120;
+constexpr unsigned char SendReq = 128;
 
 // The record is made and destroyed too, as for every message that comes in.
 auto decoding(const QByteArray &pdu)
@@ -54,6 +56,37 @@ auto notification()
     return header;
 }
 
+// The size is asked for first, as the encoder does. True when the field was written.
+bool writeField(const HeaderFieldInfo &field, MMS_UA_UAMsg *header,
+                std::vector<unsigned char> *octets)
+{
+    octets->resize(size_t(field.codec->fieldSize(header)));
+    LinearBuffer buffer(octets->data(), int(octets->size()));
+    return field.codec->writeField(&buffer, header) == WireResult::Written;
+}
+
+auto writingField(const HeaderFieldInfo &field)
+{
+    auto octets = std::make_shared<std::vector<unsigned char>>();
+    return Work{[&field, octets, header = headerOf(*messageTypeInfo(SendReq))] {
+        return writeField(field, header.get(), octets.get());
+    }};
+}
+
+// The record is a new one each time, because recipients are added to those that it has.
+auto readingField(const HeaderFieldInfo &field)
+{
+    std::vector<unsigned char> octets;
+    writeField(field, headerOf(*messageTypeInfo(SendReq)).get(), &octets);
+    return Work{[&field, octets] {
+        constexpr int codeOctets = 1;
+        auto value =
+            LinearBuffer::forReading(octets.data() + codeOctets, int(octets.size()) - codeOctets);
+        MMS_UA_UAMsg header;
+        return field.codec->readField(&value, &header) == WireResult::Read;
+    }};
+}
+
 auto makingRecord()
 {
     return Work{[] {
@@ -80,6 +113,12 @@ void addHeaderBenchmarks()
                      [&type] { return decoding(encodedHeader(headerOf(type).get())); });
         addBenchmark(std::string("header/encode/") + type.name,
                      [&type] { return encoding(headerOf(type)); });
+    }
+    for (const HeaderFieldInfo &field : headerFields()) {
+        addBenchmark(std::string("field/read/") + field.name,
+                     [&field] { return readingField(field); });
+        addBenchmark(std::string("field/write/") + field.name,
+                     [&field] { return writingField(field); });
     }
     addBenchmark("notification/decode",
                  [] { return decoding(notificationWithoutTime(NotificationOctets)); });

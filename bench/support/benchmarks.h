@@ -1,6 +1,7 @@
 /*
  * How a benchmark is measured: a prepared operation is repeated, and then done once more while the
- * heap is watched, so that watching costs no time that is measured.
+ * heap is watched, so that watching costs no time that is measured. Callgrind counts the
+ * instructions of one more.
  */
 #pragma once
 
@@ -10,6 +11,8 @@
 #include <benchmark/benchmark.h>
 
 #include <QtGlobal>
+
+#include <valgrind/callgrind.h>
 
 #include <string>
 
@@ -35,6 +38,17 @@ struct Cost
     long copied = 0;
     long peak = 0; ///< held at once
 };
+
+/// Leaves a dump of callgrind's with the trigger @p name; outside of callgrind nothing happens.
+template <typename Operation>
+void countInstructions(const std::string &name, Work<Operation> work)
+{
+    if (RUNNING_ON_VALGRIND) {
+        CALLGRIND_ZERO_STATS;
+        benchmark::DoNotOptimize(work.once());
+        CALLGRIND_DUMP_STATS_AT(name.c_str());
+    }
+}
 
 template <typename Operation>
 void measure(benchmark::State &state, Work<Operation> work)
@@ -66,6 +80,9 @@ void measure(benchmark::State &state, Work<Operation> work)
 template <typename Prepare>
 void addBenchmark(const std::string &name, Prepare prepare)
 {
-    benchmark::RegisterBenchmark(name.c_str(),
-                                 [prepare](benchmark::State &state) { measure(state, prepare()); });
+    benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State &state) {
+        const auto work = prepare();
+        measure(state, work);
+        countInstructions(name, work);
+    });
 }
