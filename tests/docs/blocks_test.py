@@ -178,9 +178,10 @@ class Document:
         prefix = self.work / "DIR"
         self.must_run(["cmake", "--install", build, "--prefix", prefix])
         package = next(prefix.rglob("qvlsmilparser.pc")).parent
-        self.environment.update(PKG_CONFIG_PATH=str(package), LD_LIBRARY_PATH=str(package.parent))
+        self.environment["PKG_CONFIG_PATH"] = str(package)
         flags = self.must_run(["pkg-config", "--cflags", "--libs", "qvlsmilparser"])
-        self.flags = flags.replace("-I", "-isystem").split()  # Qt's headers have warnings
+        self.flags = [*flags.replace("-I", "-isystem").split(),  # Qt's headers have warnings
+                      f"-Wl,-rpath,{package.parent}"]
 
     def run(self, command):
         return subprocess.run(command, cwd=self.work, env=self.environment, timeout=120,

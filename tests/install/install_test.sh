@@ -12,7 +12,6 @@ prefix=$work/prefix
 
 quietly cmake --install "$build_dir" --prefix "$prefix"
 libdir=$(dirname "$(find "$prefix" -name 'libqvlsmilparser-xscale-r.so.1')")
-export LD_LIBRARY_PATH=$libdir
 
 for project in examples tools; do
   quietly cmake -S "$source_dir/$project" -B "$work/$project" -G Ninja \
@@ -23,7 +22,7 @@ done
 "$work/tools/qvlmms" show "$message" | grep -q 'm-send-req (128)' || fail "the command does not show"
 [ "$("$work/tools/qvlmms" --version)" = "$("$prefix/bin/qvlmms" --version)" ] || fail "versions differ"
 
-export PKG_CONFIG_PATH=$libdir/pkgconfig
+export PKG_CONFIG_PATH=$libdir/pkgconfig LD_LIBRARY_PATH=$libdir
 read -ra flags <<<"$(pkg-config --cflags --libs qvlsmilparser)"
 quietly g++ -std=c++20 -fPIC "$source_dir/examples/receive.cpp" -o "$work/receive" "${flags[@]}"
 "$work/receive" "$message" | grep -q '^subject: Grüße' || fail "pkg-config's flags do not do"
