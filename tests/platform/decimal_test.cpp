@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <climits>
+#include <utility>
+
 TEST(Decimal, HasSignAndAllDigits)
 {
     const std::pair<int, const char *> rows[] = {
