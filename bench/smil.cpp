@@ -29,7 +29,7 @@ auto buildingTree(int slides)
     const QByteArray smil = smilOf({.slides = slides});
     return Work{[text = QString::fromUtf8(smil)] {
                     QDomDocument document(QStringLiteral("smil"));
-                    return bool(document.setContent(text, false));
+                    return bool(document.setContent(text));
                 },
                 smil.size()};
 }

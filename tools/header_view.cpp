@@ -4,6 +4,7 @@
 
 #include <QJsonArray>
 #include <QJsonObject>
+#include <QTimeZone>
 
 #include <algorithm>
 #include <span>
@@ -139,7 +140,7 @@ Value expiry(int stored)
     constexpr quint32 storedAt1970 = 413405696;
     constexpr qint64 tenYears = 10LL * 365 * 24 * 60 * 60;
     const qint64 localSeconds = quint32(stored) - storedAt1970;
-    const QDateTime wall = QDateTime(QDate(1970, 1, 1), QTime(0, 0), Qt::UTC).addSecs(localSeconds);
+    const QDateTime wall = QDateTime::fromSecsSinceEpoch(localSeconds, QTimeZone::utc());
     const QDateTime local(wall.date(), wall.time());
     const qint64 seconds = local.toSecsSinceEpoch();
     const bool relative = seconds < tenYears;

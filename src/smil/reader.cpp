@@ -185,7 +185,7 @@ int MMS_COMP_SMILParser::parse(const QArray<char> &smilText, MMS_COMP_SMILMultip
             return SmilResult::NullArgument;
         const QString text = repairedText(smilText);
         QDomDocument document(QStringLiteral("smil"));
-        if (!DocumentGuard::isWithinLimits(text) || !document.setContent(text, false))
+        if (!DocumentGuard::isWithinLimits(text) || !document.setContent(text))
             return SmilResult::NotWellFormed;
         return readDocument(&document, multipart, data);
     });
@@ -203,7 +203,7 @@ int MMS_COMP_SMILParser::parse(const QString &fileName, MMS_COMP_SMILMultipart *
             return SmilResult::FileUnreadable;
         const QByteArray octets = file.readAll();
         QDomDocument document(QStringLiteral("smil"));
-        if (!DocumentGuard::isWithinLimits(markupOf(octets)) || !document.setContent(octets, false))
+        if (!DocumentGuard::isWithinLimits(markupOf(octets)) || !document.setContent(octets))
             return SmilResult::NotWellFormed;
         return readDocument(&document, multipart, data);
     });

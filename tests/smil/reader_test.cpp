@@ -83,7 +83,7 @@ struct Fragment
 {
     explicit Fragment(const QByteArray &text)
     {
-        EXPECT_TRUE(document.setContent(text, false));
+        EXPECT_TRUE(document.setContent(text));
         element = document.documentElement();
     }
 

@@ -9,6 +9,8 @@
 
 #include <gtest/gtest.h>
 
+#include <QTimeZone>
+
 #include <climits>
 
 namespace {
@@ -607,7 +609,7 @@ TEST(TimeBinary, ReadsLocalTimeFromBothForms)
 TEST(TimeBinary, WritesTheDateAndTimeShownWhateverTheirZone)
 {
     const TimeZone zone(TimeZone::Shanghai);
-    const QDateTime utc(QDate(2001, 9, 9), QTime(1, 46, 40), Qt::UTC);
+    const QDateTime utc(QDate(2001, 9, 9), QTime(1, 46, 40), QTimeZone::utc());
     EXPECT_EQ(octetsOf<TimeBinary>(utc), "06 80 04 3B 9A 59 80"_octets);
 }
 
