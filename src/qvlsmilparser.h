@@ -37,7 +37,6 @@
 #include "wire/content_type.h"
 #include "wire/field_base.h"
 #include "wire/field_codecs.h"
-#include "wire/field_shapes.h"
 #include "wire/header_decoder.h"
 #include "wire/header_encoder.h"
 #include "wire/header_fields.h"

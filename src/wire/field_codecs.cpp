@@ -1,12 +1,30 @@
 #include "wire/field_codecs.h"
 
 #include "wire/date_time.h"
+#include "wire/field_shapes.h"
 
 #include <ctime>
 
-using FieldShapes::writeCode;
+using namespace FieldShapes;
+
+// Defines the operations of a field class by a shape.
+#define QVL_DEFINE_FIELD(Field, ...) \
+    unsigned char Field::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) \
+    { \
+        return __VA_ARGS__::read(buffer, msg); \
+    } \
+    unsigned char Field::writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) \
+    { \
+        return __VA_ARGS__::write(buffer, msg); \
+    } \
+    int Field::fieldSize(MMS_UA_UAMsg *msg) \
+    { \
+        return __VA_ARGS__::size(msg); \
+    }
 
 namespace {
+
+using Msg = MMS_UA_UAMsg;
 
 constexpr unsigned char AddressPresent = 128;
 constexpr unsigned char InsertAddress = 129;
@@ -34,6 +52,55 @@ int expiryLength(MMS_UA_UAMsg *msg)
 
 FieldBase::~FieldBase() = default;
 
+QVL_DEFINE_FIELD(BccField,
+                 Recipients<HeaderFieldCode::Bcc, &Msg::getBccRecipients, &Msg::addBccRecipient>)
+QVL_DEFINE_FIELD(CcField,
+                 Recipients<HeaderFieldCode::Cc, &Msg::getCcRecipients, &Msg::addCcRecipient>)
+QVL_DEFINE_FIELD(ToField,
+                 Recipients<HeaderFieldCode::To, &Msg::getToRecipients, &Msg::addToRecipient>)
+QVL_DEFINE_FIELD(ContentLocationField,
+                 Optional<HeaderFieldCode::ContentLocation, PlainTextBinary, QString,
+                          &Msg::getContentLocation, &Msg::setContentLocation>)
+QVL_DEFINE_FIELD(MsgIDField,
+                 Optional<HeaderFieldCode::MessageId, PlainTextBinary, QString, &Msg::getMessageId,
+                          &Msg::setMessageId>)
+QVL_DEFINE_FIELD(TIDField,
+                 Optional<HeaderFieldCode::TransactionId, PlainTextBinary, QString,
+                          &Msg::getTransactionId, &Msg::setTransactionId>)
+QVL_DEFINE_FIELD(SubjectField,
+                 Optional<HeaderFieldCode::Subject, EncodedStringBinary, QString, &Msg::getSubject,
+                          &Msg::setSubject>)
+QVL_DEFINE_FIELD(ResponseTextField,
+                 Optional<HeaderFieldCode::ResponseText, EncodedStringBinary, QString,
+                          &Msg::getResponseText, &Msg::setResponseText>)
+QVL_DEFINE_FIELD(MsgSizeField,
+                 Optional<HeaderFieldCode::MessageSize, IntegerBinary, int, &Msg::getMessageSize,
+                          &Msg::setMessageSize>)
+QVL_DEFINE_FIELD(DeliveryTimeField,
+                 Optional<HeaderFieldCode::DeliveryTime, TimeBinary, QDateTime,
+                          &Msg::getDeliveryTime, &Msg::setDeliveryTime>)
+QVL_DEFINE_FIELD(MsgTypeField,
+                 Octet<HeaderFieldCode::MessageType, &Msg::getMessageType, &Msg::setMessageType>)
+QVL_DEFINE_FIELD(MsgClassField,
+                 Octet<HeaderFieldCode::MessageClass, &Msg::getMessageClass, &Msg::setMessageClass>)
+QVL_DEFINE_FIELD(MsgStatusField, Octet<HeaderFieldCode::Status, &Msg::getStatus, &Msg::setStatus>)
+QVL_DEFINE_FIELD(
+    ResponseStatusField,
+    Octet<HeaderFieldCode::ResponseStatus, &Msg::getResponseStatus, &Msg::setResponseStatus>)
+QVL_DEFINE_FIELD(PriorityField,
+                 Octet<HeaderFieldCode::Priority, &Msg::getPriority, &Msg::setPriority>)
+QVL_DEFINE_FIELD(
+    DeliveryReportField,
+    Flag<HeaderFieldCode::DeliveryReport, &Msg::getDeliveryReport, &Msg::setDeliveryReport>)
+QVL_DEFINE_FIELD(ReadReplyField,
+                 Flag<HeaderFieldCode::ReadReply, &Msg::getReadReply, &Msg::setReadReply>)
+QVL_DEFINE_FIELD(
+    ReportAllowedField,
+    Flag<HeaderFieldCode::ReportAllowed, &Msg::getReportAllowed, &Msg::setReportAllowed>)
+QVL_DEFINE_FIELD(SenderVisibilityField,
+                 Flag<HeaderFieldCode::SenderVisibility, &Msg::getSenderVisibility,
+                      &Msg::setSenderVisibility, No, Yes>)
+
 unsigned char VersionField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
     unsigned char octet = 0;
@@ -52,7 +119,7 @@ unsigned char VersionField::writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 
 int VersionField::fieldSize(MMS_UA_UAMsg *)
 {
-    return FieldShapes::OctetFieldSize;
+    return OctetFieldSize;
 }
 
 unsigned char FromField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)

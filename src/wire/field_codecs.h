@@ -1,145 +1,183 @@
 /** @file
- * The codecs of 23 header fields; Content-Type, the 24th, has a file of its own. A field that
- * shares its shape with others is a line over that shape. Codes stand in header_fields.h.
+ * The codecs of 23 header fields; Content-Type, the 24th, has a file of its own. Codes stand in
+ * header_fields.h.
  */
 #pragma once
 
-#include "wire/field_shapes.h"
+#include "platform/export.h"
+#include "wire/field_base.h"
 
-/// Bcc: one field per recipient.
-class QVL_EXPORT BccField
-    : public FieldShapes::Recipients<HeaderFieldCode::Bcc, &MMS_UA_UAMsg::getBccRecipients,
-                                     &MMS_UA_UAMsg::addBccRecipient>
+/// Bcc: one field per recipient. readField() adds a recipient; writeField() goes on after an entry
+/// that cannot be written, and the last entry's result counts.
+class QVL_EXPORT BccField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
-/// Cc: one field per recipient.
-class QVL_EXPORT CcField
-    : public FieldShapes::Recipients<HeaderFieldCode::Cc, &MMS_UA_UAMsg::getCcRecipients,
-                                     &MMS_UA_UAMsg::addCcRecipient>
+/// Cc: one field per recipient, as BccField.
+class QVL_EXPORT CcField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
-/// To: one field per recipient.
-class QVL_EXPORT ToField
-    : public FieldShapes::Recipients<HeaderFieldCode::To, &MMS_UA_UAMsg::getToRecipients,
-                                     &MMS_UA_UAMsg::addToRecipient>
+/// To: one field per recipient, as BccField.
+class QVL_EXPORT ToField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Content-Location: where a notification's message can be fetched.
-class QVL_EXPORT ContentLocationField
-    : public FieldShapes::Optional<HeaderFieldCode::ContentLocation, PlainTextBinary, QString,
-                                   &MMS_UA_UAMsg::getContentLocation,
-                                   &MMS_UA_UAMsg::setContentLocation>
+class QVL_EXPORT ContentLocationField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Message-ID.
-class QVL_EXPORT MsgIDField
-    : public FieldShapes::Optional<HeaderFieldCode::MessageId, PlainTextBinary, QString,
-                                   &MMS_UA_UAMsg::getMessageId, &MMS_UA_UAMsg::setMessageId>
+class QVL_EXPORT MsgIDField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Transaction-Id.
-class QVL_EXPORT TIDField
-    : public FieldShapes::Optional<HeaderFieldCode::TransactionId, PlainTextBinary, QString,
-                                   &MMS_UA_UAMsg::getTransactionId, &MMS_UA_UAMsg::setTransactionId>
+class QVL_EXPORT TIDField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Subject.
-class QVL_EXPORT SubjectField
-    : public FieldShapes::Optional<HeaderFieldCode::Subject, EncodedStringBinary, QString,
-                                   &MMS_UA_UAMsg::getSubject, &MMS_UA_UAMsg::setSubject>
+class QVL_EXPORT SubjectField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Response-Text.
-class QVL_EXPORT ResponseTextField
-    : public FieldShapes::Optional<HeaderFieldCode::ResponseText, EncodedStringBinary, QString,
-                                   &MMS_UA_UAMsg::getResponseText, &MMS_UA_UAMsg::setResponseText>
+class QVL_EXPORT ResponseTextField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Message-Size in octets; a size of 0 counts as absent.
-class QVL_EXPORT MsgSizeField
-    : public FieldShapes::Optional<HeaderFieldCode::MessageSize, IntegerBinary, int,
-                                   &MMS_UA_UAMsg::getMessageSize, &MMS_UA_UAMsg::setMessageSize>
+class QVL_EXPORT MsgSizeField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Delivery-Time.
-class QVL_EXPORT DeliveryTimeField
-    : public FieldShapes::Optional<HeaderFieldCode::DeliveryTime, TimeBinary, QDateTime,
-                                   &MMS_UA_UAMsg::getDeliveryTime, &MMS_UA_UAMsg::setDeliveryTime>
+class QVL_EXPORT DeliveryTimeField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Message-Type.
-class QVL_EXPORT MsgTypeField
-    : public FieldShapes::Octet<HeaderFieldCode::MessageType, &MMS_UA_UAMsg::getMessageType,
-                                &MMS_UA_UAMsg::setMessageType>
+class QVL_EXPORT MsgTypeField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Message-Class. Classes given as text are not understood.
-class QVL_EXPORT MsgClassField
-    : public FieldShapes::Octet<HeaderFieldCode::MessageClass, &MMS_UA_UAMsg::getMessageClass,
-                                &MMS_UA_UAMsg::setMessageClass>
+class QVL_EXPORT MsgClassField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Status.
-class QVL_EXPORT MsgStatusField
-    : public FieldShapes::Octet<HeaderFieldCode::Status, &MMS_UA_UAMsg::getStatus,
-                                &MMS_UA_UAMsg::setStatus>
+class QVL_EXPORT MsgStatusField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Response-Status.
-class QVL_EXPORT ResponseStatusField
-    : public FieldShapes::Octet<HeaderFieldCode::ResponseStatus, &MMS_UA_UAMsg::getResponseStatus,
-                                &MMS_UA_UAMsg::setResponseStatus>
+class QVL_EXPORT ResponseStatusField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Priority.
-class QVL_EXPORT PriorityField
-    : public FieldShapes::Octet<HeaderFieldCode::Priority, &MMS_UA_UAMsg::getPriority,
-                                &MMS_UA_UAMsg::setPriority>
+class QVL_EXPORT PriorityField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Delivery-Report.
-class QVL_EXPORT DeliveryReportField
-    : public FieldShapes::Flag<HeaderFieldCode::DeliveryReport, &MMS_UA_UAMsg::getDeliveryReport,
-                               &MMS_UA_UAMsg::setDeliveryReport>
+class QVL_EXPORT DeliveryReportField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Read-Reply.
-class QVL_EXPORT ReadReplyField
-    : public FieldShapes::Flag<HeaderFieldCode::ReadReply, &MMS_UA_UAMsg::getReadReply,
-                               &MMS_UA_UAMsg::setReadReply>
+class QVL_EXPORT ReadReplyField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Report-Allowed.
-class QVL_EXPORT ReportAllowedField
-    : public FieldShapes::Flag<HeaderFieldCode::ReportAllowed, &MMS_UA_UAMsg::getReportAllowed,
-                               &MMS_UA_UAMsg::setReportAllowed>
+class QVL_EXPORT ReportAllowedField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// Sender-Visibility: Yes sets the flag, and a set flag is written as No. Kept: the composer holds
 /// the flag in the sense of the writer.
-class QVL_EXPORT SenderVisibilityField
-    : public FieldShapes::Flag<
-          HeaderFieldCode::SenderVisibility, &MMS_UA_UAMsg::getSenderVisibility,
-          &MMS_UA_UAMsg::setSenderVisibility, FieldShapes::No, FieldShapes::Yes>
+class QVL_EXPORT SenderVisibilityField : public FieldBase
 {
+public:
+    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;
+    int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
 /// MMS-Version: a short integer, kept without its high bit.

@@ -1,19 +1,20 @@
-/** @file
+/*
  * The few shapes that header field values have, each written once over a getter and a setter of the
- * header record: shapes know octets, the field classes in field_codecs.h know names. Fields that
- * fit no shape are written out there.
+ * header record: shapes know octets, the field classes in field_codecs.cpp know names. Fields that
+ * fit no shape are written out there. Shapes are no base classes: their names would leave the
+ * library, and each compiler spells the names of such templates in its own way.
  */
 #pragma once
 
 #include "wire/address.h"
-#include "wire/field_base.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
 #include "wire/linear_buffer.h"
 #include "wire/primitive_values.h"
 #include "wire/wire_result.h"
 
-/// Shapes of header fields, and what they share. Applications use the classes in field_codecs.h.
+/// Shapes of header fields, and what they share. What read(), write() and size() return, FieldBase
+/// says at readField(), writeField() and fieldSize().
 namespace FieldShapes {
 
 inline constexpr unsigned char Yes = 128; ///< token of a yes-or-no value
@@ -38,11 +39,9 @@ inline unsigned char writeOctet(LinearBuffer *buffer, unsigned char code, unsign
 
 /// One octet, stored and written as it is.
 template <unsigned char Code, auto Get, auto Set>
-class QVL_EXPORT Octet : public FieldBase
+struct Octet
 {
-public:
-    /// As FieldBase says. Any octet is a value.
-    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    static unsigned char read(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     {
         unsigned char octet = 0;
         if (!buffer->readByte(&octet))
@@ -52,24 +51,20 @@ public:
         return WireResult::Read;
     }
 
-    /// As FieldBase says. Always WireResult::Written.
-    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    static unsigned char write(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     {
         return writeOctet(buffer, Code, (msg->*Get)());
     }
 
-    /// Always OctetFieldSize.
-    int fieldSize(MMS_UA_UAMsg *) override { return OctetFieldSize; }
+    static int size(MMS_UA_UAMsg *) { return OctetFieldSize; }
 };
 
 /// One octet that is read as a flag: Yes sets it, everything else clears it.
 template <unsigned char Code, auto Get, auto Set, unsigned char WhenSet = Yes,
           unsigned char WhenClear = No>
-class QVL_EXPORT Flag : public FieldBase
+struct Flag
 {
-public:
-    /// As FieldBase says. Any octet is a value.
-    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    static unsigned char read(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     {
         unsigned char octet = 0;
         if (!buffer->readByte(&octet))
@@ -79,14 +74,12 @@ public:
         return WireResult::Read;
     }
 
-    /// As FieldBase says. Always WireResult::Written.
-    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    static unsigned char write(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     {
         return writeOctet(buffer, Code, (msg->*Get)() ? WhenSet : WhenClear);
     }
 
-    /// Always OctetFieldSize.
-    int fieldSize(MMS_UA_UAMsg *) override { return OctetFieldSize; }
+    static int size(MMS_UA_UAMsg *) { return OctetFieldSize; }
 };
 
 /// True for a value that says nothing: an empty text, 0, or a null time.
@@ -94,12 +87,10 @@ inline bool countsAsAbsent(const QString &text)
 {
     return text.isEmpty();
 }
-/// @copydoc countsAsAbsent(const QString &)
 inline bool countsAsAbsent(int value)
 {
     return value == 0;
 }
-/// @copydoc countsAsAbsent(const QString &)
 inline bool countsAsAbsent(const QDateTime &value)
 {
     return value.isNull();
@@ -107,11 +98,10 @@ inline bool countsAsAbsent(const QDateTime &value)
 
 /// A value with a codec of its own, stored and present only when it says something.
 template <unsigned char Code, typename Codec, typename Value, auto Get, auto Set>
-class QVL_EXPORT Optional : public FieldBase
+struct Optional
 {
-public:
-    /// As FieldBase says. A failed read, and a value that says nothing, change nothing.
-    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    /// A failed read, and a value that says nothing, change nothing.
+    static unsigned char read(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     {
         Value value{};
         const unsigned char result = Codec::readFrom(buffer, &value);
@@ -122,15 +112,13 @@ public:
         return result;
     }
 
-    /// As FieldBase says. The result of the value's codec.
-    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    static unsigned char write(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     {
         writeCode(buffer, Code);
         return Codec::writeTo(buffer, (msg->*Get)());
     }
 
-    /// As FieldBase says.
-    int fieldSize(MMS_UA_UAMsg *msg) override { return 1 + Codec::sizeOf((msg->*Get)()); }
+    static int size(MMS_UA_UAMsg *msg) { return 1 + Codec::sizeOf((msg->*Get)()); }
 };
 
 /// The recipients of one kind, as the header record has them.
@@ -138,11 +126,10 @@ using RecipientList = QPtrList<MMS_UTIL_Entry>;
 
 /// A list of addresses, one field each.
 template <unsigned char Code, RecipientList &(MMS_UTIL_MsgHeaderBase::*List)(), auto Add>
-class QVL_EXPORT Recipients : public FieldBase
+struct Recipients
 {
-public:
-    /// Adds one recipient. The address reader never fails, so one that was cut off counts, too.
-    unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    /// Adds one recipient. The address reader never fails, so a truncated address counts, too.
+    static unsigned char read(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     {
         MMS_UTIL_Entry entry;
         const unsigned char result = AddressBinary::readFrom(buffer, &entry);
@@ -153,7 +140,7 @@ public:
 
     /// Writes a field per recipient. Goes on after an entry that cannot be written; the last
     /// entry's result counts.
-    unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override
+    static unsigned char write(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     {
         unsigned char result = WireResult::Written;
         for (const MMS_UTIL_Entry *entry : (msg->*List)()) {
@@ -165,8 +152,7 @@ public:
         return result;
     }
 
-    /// Octets of the fields of all recipients.
-    int fieldSize(MMS_UA_UAMsg *msg) override
+    static int size(MMS_UA_UAMsg *msg)
     {
         int sum = 0;
         for (const MMS_UTIL_Entry *entry : (msg->*List)())

@@ -7,6 +7,7 @@
 #include "support/octets.h"
 #include "wire/content_type.h"
 #include "wire/field_codecs.h"
+#include "wire/header_record.h"
 
 #include <gtest/gtest.h>
 
