@@ -52,8 +52,6 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
         return std::make_unique<QCoreApplication>(argc, argv);
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
-    // Qt remarks on the machine and on every picture that it cannot read.
-    QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 
@@ -126,6 +124,9 @@ int run(const QStringList &arguments)
 
 int main(int argc, char **argv)
 {
+    // Qt warns of the machine's locale and of every picture that it cannot read. Users can do nothing
+    // about it; QT_LOGGING_RULES turns the warnings on again.
+    QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));
     const auto application = makeApplication(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("qvlmms"));
     QCoreApplication::setApplicationVersion(QStringLiteral(QVLMMS_VERSION));

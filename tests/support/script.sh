@@ -1,6 +1,7 @@
 # What the test scripts share: a folder $work that goes with the script, and how to fail.
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
+export XDG_RUNTIME_DIR=$work # or Qt remarks that there is none
 
 fail() {
   echo "$*" >&2

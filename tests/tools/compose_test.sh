@@ -38,7 +38,8 @@ complain() {
 compose() { # ARGUMENT...: makes out/message.mms, seen in $json and $text
   rm -f out/*
   json='' text=''
-  "$qvlmms" compose -o out/message.mms "$@" >said 2>&1 || { complain "$*: $(cat said)"; return; }
+  "$qvlmms" compose -o out/message.mms "$@" >said 2>error || { complain "$*: $(cat error)"; return; }
+  [ ! -s error ] || complain "$*: $(cat error)"
   json=$("$qvlmms" show --json out/message.mms)
   text=$("$qvlmms" show out/message.mms)
 }

@@ -76,7 +76,7 @@ Outcome applyAll(const QCommandLineParser &parser, Composer *composer, Predicate
             });
         if (option == composeOptions().end() || !isWanted(*option))
             continue;
-        const QString value = parser.values(name).value(used[name]++);
+        const QString value = option->value ? parser.values(name).value(used[name]++) : QString();
         if (auto problem = apply(*option, value, composer))
             return problem;
     }

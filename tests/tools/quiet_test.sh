@@ -1,0 +1,30 @@
+#!/usr/bin/env bash
+# Commands print nothing that Qt adds on its own, such as remarks on the locale (Qt 6.8) or on a session
+# without a folder for it (Qt 6.4), and whoever wants to see Qt's warnings can. The other tests of the
+# command rely on the last: with warnings that are fatal, they notice when the command gives Qt a reason
+# to warn.
+#     quiet_test.sh QVLMMS FIXTURES
+set -euo pipefail
+qvlmms=$1
+fixtures=$2
+source "$(dirname "$0")/../support/script.sh"
+unset XDG_RUNTIME_DIR
+export LC_ALL=C
+
+quiet() { # ARGUMENT...
+  "$qvlmms" "$@" >"$work/said" 2>"$work/error" || fail "$*: exit code $?"
+  [ ! -s "$work/error" ] || fail "$*: $(cat "$work/error")"
+}
+quiet --version
+quiet help
+quiet show "$fixtures/messages/related.mms"
+quiet extract "$fixtures/messages/related.mms" "$work/parts"
+quiet smil "$fixtures/messages/related.mms"
+quiet render "$fixtures/messages/related.mms" "$work/pictures"
+quiet compose -o "$work/composed.mms" --to 22000 --slide --text x
+quiet rewrite "$fixtures/messages/related.mms" "$work/written.mms"
+
+export QT_LOGGING_RULES=default.warning=true
+"$qvlmms" render --help 2>"$work/error" >/dev/null
+[ -s "$work/error" ] || fail "Qt's warnings cannot be turned on"
+! (QT_FATAL_WARNINGS=1 "$qvlmms" render --help) >/dev/null 2>&1 || fail "no warning is fatal"
