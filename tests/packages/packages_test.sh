@@ -1,14 +1,21 @@
 #!/usr/bin/env bash
-# Builds the Debian packages from a copy of the tree, on a Debian 12 that has only what debian/control
-# asks for, has lintian look at them, installs them on another that has nothing else, and uses them: the
+# Builds the Debian packages from a copy of the tree, on a Debian that has only what debian/control asks
+# for, checks them with lintian, installs them on another that has nothing else, and uses them: the
 # command shows a message, and the README's first program builds with pkg-config and with CMake.
-#     tests/packages/packages_test.sh [FOLDER]     leaves the packages in FOLDER
-# Run by hand; takes root, the Debian package mmdebstrap, the network and some minutes.
+#     tests/packages/packages_test.sh RELEASE            on trixie or bookworm
+#     tests/packages/packages_test.sh RELEASE FOLDER     leaves the packages in FOLDER
+# Run by hand; needs root, the Debian package mmdebstrap, the network and some minutes.
 set -euo pipefail
 source_dir=$(realpath "$(dirname "$0")/../..")
 message=$source_dir/tests/fixtures/messages/related.mms
 source "$source_dir/tests/support/script.sh"
 source "$source_dir/tests/support/fresh_root.sh"
+if ! is_release "${1:-}" || [ $# -gt 2 ]; then
+  echo "usage: tests/packages/packages_test.sh RELEASE [FOLDER], with one of these releases: ${releases[*]}" >&2
+  exit 2
+fi
+release=$1
+folder=${2:-}
 builder=$work/builder
 user=$work/user
 
@@ -24,12 +31,12 @@ on_user() { # SCRIPT: its output is for the caller to compare
 install_on_user() { # PACKAGES, which may be a pattern of files
   quietly on_user "apt-get install -q -y --no-install-recommends $1"
 }
-readme_block() { # FENCE: what stands in the first block behind that line
+readme_block() { # FENCE: the first block that begins with that line
   sed -n "/^$1\$/,/^\`\`\`\$/{/^\`\`\`\$/q; /^$1\$/d; p}" "$source_dir/README.md" | grep .
 }
 
-step "two fresh roots"
-fresh_root "$builder"
+step "two fresh roots of $release"
+fresh_root "$release" "$builder"
 quietly in_root "$builder" apt-get update
 cp -a "$builder" "$user"
 
@@ -39,7 +46,7 @@ tar -C "$source_dir" --exclude=./build --exclude=./.git -c . | tar -C "$builder/
 quietly in_root "$builder" apt-get install -q -y --no-install-recommends build-essential lintian
 on_builder 'apt-get build-dep -q -y --no-install-recommends .'
 on_builder 'DEB_BUILD_OPTIONS=terse dpkg-buildpackage -us -uc'
-[ $# -eq 0 ] || { mkdir -p "$1" && cp "$builder"/build/*.deb "$1"; }
+[ -z "$folder" ] || { mkdir -p "$folder" && cp "$builder"/build/*.deb "$folder"; }
 
 step "lintian"
 in_root "$builder" sh -c 'lintian --allow-root --info --fail-on error,warning /build/*.changes' \
@@ -53,7 +60,7 @@ install_on_user '/packages/libqvlsmilparser1_*.deb /packages/qvlmms_*.deb'
 on_user 'qvlmms show related.mms' | grep '^  Subject  *Grüße aus Küstrin$' >/dev/null || fail "qvlmms does not show the message"
 quietly on_user 'qvlmms render related.mms . && [ -s slide-1.png ]'
 [ "$(on_user 'qvlmms --version')" = "qvlmms $(on_user "dpkg-query -W -f '\${Version}' qvlmms")" ] \
-  || fail "qvlmms tells another version than its package"
+  || fail "qvlmms prints another version than its package has"
 for file in man/man1/qvlmms.1.gz bash-completion/completions/qvlmms zsh/vendor-completions/_qvlmms; do
   [ -s "$user/usr/share/$file" ] || fail "/usr/share/$file is missing"
 done
@@ -68,4 +75,4 @@ sed -n '/^\$ build\/parts related.mms$/,/^```$/{/^\$/d; /^```$/d; p}' "$source_d
 for program in ./parts build/parts; do
   on_user "$program related.mms" | diff -u "$work/expected" - || fail "$program prints something else than the README"
 done
-echo "== all as it should be"
+echo "== the packages work on $release"

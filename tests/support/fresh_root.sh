@@ -1,24 +1,32 @@
-# A Debian 12 of nothing but its smallest set of packages, for scripts that try out what happens on
-# somebody else's machine. Sourced behind script.sh.
+# A Debian of one release with nothing but its smallest set of packages, for scripts that try out what
+# happens on somebody else's machine. Source it after script.sh.
+
+# The releases that the project supports, by their names.
+releases=(trixie bookworm)
 
 if [ "$(id -u)" -ne 0 ] || ! command -v mmdebstrap >/dev/null; then
   echo "This takes root and mmdebstrap; Debian has it in the package of that name." >&2
   exit 77
 fi
 
+is_release() { # WORD
+  [[ " ${releases[*]} " == *" $1 "* ]]
+}
+
 # What the host needs to reach the packages, the root may need too: its sources, if they are those of
 # the same release, keys, credentials and proxies. Settings that call programs of the host stay here.
-fresh_root() { # FOLDER MMDEBSTRAP_OPTION...
-  local sources
+fresh_root() { # RELEASE FOLDER MMDEBSTRAP_OPTION...
+  local release=$1 folder=$2 sources
+  shift 2
   chmod 755 "$work" # apt's own user has to get to the folder
   apt-config dump --no-empty --format '%F "%v";%n' Acquire | grep -v '^Acquire::IndexTargets' >"$work/apt.conf"
-  mapfile -t sources < <(grep -lsw bookworm /etc/apt/sources.list /etc/apt/sources.list.d/*.{list,sources})
+  mapfile -t sources < <(grep -lsw "$release" /etc/apt/sources.list /etc/apt/sources.list.d/*.{list,sources})
   quietly mmdebstrap --mode=root --variant=minbase --include=ca-certificates --aptopt="$work/apt.conf" \
     --setup-hook='for part in auth.conf auth.conf.d keyrings trusted.gpg.d; do
       [ ! -e "/etc/apt/$part" ] || cp -a "/etc/apt/$part" "$1/etc/apt/"
     done' \
-    "${@:2}" bookworm "$1" "${sources[@]}"
-  cp /etc/hosts "$1/etc/"
+    "$@" "$release" "$folder" "${sources[@]}"
+  cp /etc/hosts "$folder/etc/"
 }
 
 # Nothing of the caller's environment but its proxies; the mounts go with the command.
