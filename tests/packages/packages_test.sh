@@ -66,7 +66,7 @@ for file in man/man1/qvlmms.1.gz bash-completion/completions/qvlmms zsh/vendor-c
 done
 
 step "a program"
-install_on_user '/packages/libqvlsmilparser-dev_*.deb cmake g++ ninja-build pkg-config'
+install_on_user '/packages/libqvlsmilparser-dev_*.deb cmake g++ ninja-build pkgconf'
 readme_block '```cpp' >"$user/parts/main.cpp"
 readme_block '```cmake' >"$user/parts/CMakeLists.txt"
 quietly on_user 'g++ -std=c++20 -fPIC main.cpp -o parts $(pkg-config --cflags --libs qvlsmilparser)'
