@@ -1,13 +1,16 @@
 /*
- * Presentations: reading, normalising and writing by number of slides, beside the reference, Qt's
- * tree builder alone on the same text. All slides show the same two parts.
+ * Presentations: reading, normalizing and writing by number of slides, beside the references: Qt's
+ * tree builder, Qt's stream reader and expat alone on the same text. All slides show the same two
+ * parts.
  */
-#include "smil/document_guard.h"
 #include "subjects.h"
 #include "support/benchmarks.h"
 #include "support/presentations.h"
 
+#include <expat.h>
+
 #include <QDomDocument>
+#include <QXmlStreamReader>
 
 #include <memory>
 
@@ -34,10 +37,31 @@ auto buildingTree(int slides)
                 smil.size()};
 }
 
-auto guarding(int slides)
+auto streaming(int slides)
 {
     const QByteArray smil = smilOf({.slides = slides});
-    return Work{[text = QString::fromUtf8(smil)] { return DocumentGuard::isWithinLimits(text); },
+    return Work{[text = QString::fromUtf8(smil)] {
+                    QXmlStreamReader reader(text);
+                    reader.setNamespaceProcessing(false);
+                    while (!reader.atEnd())
+                        reader.readNext();
+                    return !reader.hasError();
+                },
+                smil.size()};
+}
+
+auto parsingWithExpat(int slides)
+{
+    const QByteArray smil = smilOf({.slides = slides});
+    return Work{[smil] {
+                    XML_Parser parser = XML_ParserCreate("UTF-8");
+                    XML_SetElementHandler(
+                        parser, [](void *, const char *, const char **) {},
+                        [](void *, const char *) {});
+                    const auto status = XML_Parse(parser, smil.constData(), int(smil.size()), 1);
+                    XML_ParserFree(parser);
+                    return status == XML_STATUS_OK;
+                },
                 smil.size()};
 }
 
@@ -74,7 +98,8 @@ void addSmilBenchmarks()
         addBenchmark("smil/read" + suffix, [=] { return reading(slides); });
         addBenchmark("smil/normalise" + suffix, [=] { return normalising(slides); });
         addBenchmark("smil/write" + suffix, [=] { return writing(slides); });
-        addBenchmark("smil/guard" + suffix, [=] { return guarding(slides); });
         addBenchmark("reference/tree" + suffix, [=] { return buildingTree(slides); });
+        addBenchmark("reference/stream" + suffix, [=] { return streaming(slides); });
+        addBenchmark("reference/expat" + suffix, [=] { return parsingWithExpat(slides); });
     }
 }

@@ -1,5 +1,6 @@
 #include "presentation/layout.h"
 
+#include "document/element.h"
 #include "platform/no_memory.h"
 #include "platform/text_hash.h"
 #include "smil/smil_parser.h"
@@ -145,14 +146,16 @@ MMS_COMP_SMILRootLayout *MMS_COMP_SMILLayout::setRootLayout(int width, int heigh
 int MMS_COMP_SMILLayout::setRootLayout(QDomElement *element)
 {
     return unlessOutOfMemory(RootLayoutRefused, [&]() -> int {
-        if (!element)
-            return RootLayoutRefused;
-        MMS_COMP_SMILRootLayout *rootLayout =
-            setRootLayout(pixelsOf(element->attribute(QStringLiteral("width"))),
-                          pixelsOf(element->attribute(QStringLiteral("height"))));
-        rootLayout->setBackgroundColor(element->attribute(QStringLiteral("background-color")));
-        return 0;
+        return element ? readRootLayout(SmilDocument(*element).root()) : RootLayoutRefused;
     });
+}
+
+int MMS_COMP_SMILLayout::readRootLayout(const SmilElement &element)
+{
+    MMS_COMP_SMILRootLayout *rootLayout = setRootLayout(pixelsOf(element.attribute(u"width")),
+                                                        pixelsOf(element.attribute(u"height")));
+    rootLayout->setBackgroundColor(element.attribute(u"background-color"));
+    return 0;
 }
 
 MMS_COMP_SMILRegion *MMS_COMP_SMILLayout::getRegion(unsigned int index) const

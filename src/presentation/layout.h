@@ -14,6 +14,7 @@
 #include <memory>
 
 class QDomElement;
+class SmilElement;
 
 /// How media are fitted into a region.
 enum MMS_COMP_SMIL_REGION_FIT : int {
@@ -195,8 +196,10 @@ public:
     static QString withoutPixelUnit(const QString &text);
 
 private:
+    friend class SmilReader;
     class RegionIndex;
 
+    QVL_INTERNAL int readRootLayout(const SmilElement &element);
     void append(std::unique_ptr<MMS_COMP_SMILRegion> region);
     MMS_COMP_SMILRegion *findEqual(const MMS_COMP_SMILRegion &region) const;
 

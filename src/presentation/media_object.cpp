@@ -1,9 +1,9 @@
 #include "presentation/media_object.h"
 
+#include "document/element.h"
 #include "platform/comp_util.h"
 #include "platform/email_util.h"
 #include "platform/no_memory.h"
-#include "smil/element_attributes.h"
 #include "smil/smil_parser.h"
 #include "smil/smil_result.h"
 
@@ -262,30 +262,35 @@ int MMS_COMP_SMILMediaObject::setObjectElem(QDomElement *element, MMS_COMP_SMILM
 {
     return unlessOutOfMemory(SmilResult::OutOfMemory, [&]() -> int {
         m_multipart = multipart;
-        if (!element)
-            return SmilResult::NotInMessage;
-        setMediaElementType(
-            MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(numberOf(elementNames, element->tagName().trimmed())));
-        ElementAttributes attributes(*element);
-        m_src = attributes.take(u"src"_s).trimmed();
-        m_regionId = attributes.take(u"region"_s).trimmed();
-        m_alt = attributes.take(u"alt"_s).trimmed();
-        if (!multipart)
-            return SmilResult::NotInMessage;
-        Part *part = multipart->getBodyPartBySrc(m_src, Part::Attachment);
-        if (!part)
-            part = multipart->getBodyPartBySrc(m_src, Part::Shown);
-        if (!part)
-            return SmilResult::NotInMessage;
-        setData(part);
-        // A part that is shown already gains a use; the first use is the one it was born with.
-        if (part->getDispFileType() == Part::Shown)
-            part->setRefCount(part->getRefCount() + 1);
-        part->setDispFileType(Part::Shown);
-        MMS_COMP_SMILParser::parseTime(attributes.take(u"begin"_s).trimmed(), &m_begin);
-        MMS_COMP_SMILParser::parseTime(attributes.take(u"end"_s).trimmed(), &m_end);
-        return SmilResult::Ok;
+        return element ? readElement(SmilDocument(*element).root(), multipart)
+                       : SmilResult::NotInMessage;
     });
+}
+
+int MMS_COMP_SMILMediaObject::readElement(const SmilElement &element,
+                                          MMS_COMP_SMILMultipart *multipart)
+{
+    m_multipart = multipart;
+    setMediaElementType(
+        MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(numberOf(elementNames, element.tag().trimmed())));
+    m_src = element.attribute(u"src").trimmed();
+    m_regionId = element.attribute(u"region").trimmed();
+    m_alt = element.attribute(u"alt").trimmed();
+    if (!multipart)
+        return SmilResult::NotInMessage;
+    Part *part = multipart->getBodyPartBySrc(m_src, Part::Attachment);
+    if (!part)
+        part = multipart->getBodyPartBySrc(m_src, Part::Shown);
+    if (!part)
+        return SmilResult::NotInMessage;
+    setData(part);
+    // A part that is shown already gains a use; the first use is the one it was born with.
+    if (part->getDispFileType() == Part::Shown)
+        part->setRefCount(part->getRefCount() + 1);
+    part->setDispFileType(Part::Shown);
+    MMS_COMP_SMILParser::parseTime(element.attribute(u"begin").trimmed(), &m_begin);
+    MMS_COMP_SMILParser::parseTime(element.attribute(u"end").trimmed(), &m_end);
+    return SmilResult::Ok;
 }
 
 bool MMS_COMP_SMILMediaObject::copyTo(MMS_COMP_SMILMediaObject *target,

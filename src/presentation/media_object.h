@@ -16,6 +16,7 @@
 
 class QDataStream;
 class QDomElement;
+class SmilElement;
 
 /// Kinds of value of a param. The numbers stand in stored messages.
 enum MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE : int {
@@ -225,6 +226,9 @@ public:
     bool readFromStream(QDataStream &stream);
 
 private:
+    friend class MMS_COMP_SMILData;
+
+    QVL_INTERNAL int readElement(const SmilElement &element, MMS_COMP_SMILMultipart *multipart);
     int indexOfParam(const QString &name) const;
 
     MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE m_mediaElementType = SMIL_MEDIA_UNKNOWN;

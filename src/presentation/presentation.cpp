@@ -1,5 +1,6 @@
 #include "presentation/presentation.h"
 
+#include "document/element.h"
 #include "multipart/part_names.h"
 #include "multipart/reference.h"
 #include "platform/no_memory.h"
@@ -218,25 +219,33 @@ int MMS_COMP_SMILData::appendElementObject(QDomElement *element, MMS_COMP_SMILMu
                                            bool newSlide, int dur, Object **created)
 {
     return unlessOutOfMemory(SmilResult::OutOfMemory, [&]() -> int {
-        const QString tag = element ? element->tagName().trimmed().toLower() : QString();
-        if (!isMediaTag(tag))
-            return SmilResult::NotAMedia;
-
-        Slide *slide = newSlide ? nullptr : m_slides.at(m_slides.count() - 1);
-        std::unique_ptr<Slide> added;
-        if (!slide || !slide->canBeInserted(tag)) {
-            added = newSlideOf(multipart, dur);
-            slide = added.get();
-        }
-        auto object = std::make_unique<Object>(multipart);
-        if (const int result = object->setObjectElem(element, multipart))
-            return result;
-        if (created)
-            *created = object.get();
-        slide->appendObject(object.release());
-        appendSlide(added.release());
-        return SmilResult::Ok;
+        return element
+            ? appendElement(SmilDocument(*element).root(), multipart, newSlide, dur, created)
+            : SmilResult::NotAMedia;
     });
+}
+
+int MMS_COMP_SMILData::appendElement(const SmilElement &element, MMS_COMP_SMILMultipart *multipart,
+                                     bool newSlide, int dur, Object **created)
+{
+    const QString tag = element.tag().trimmed().toLower();
+    if (!isMediaTag(tag))
+        return SmilResult::NotAMedia;
+
+    Slide *slide = newSlide ? nullptr : m_slides.at(m_slides.count() - 1);
+    std::unique_ptr<Slide> added;
+    if (!slide || !slide->canBeInserted(tag)) {
+        added = newSlideOf(multipart, dur);
+        slide = added.get();
+    }
+    auto object = std::make_unique<Object>(multipart);
+    if (const int result = object->readElement(element, multipart))
+        return result;
+    if (created)
+        *created = object.get();
+    slide->appendObject(object.release());
+    appendSlide(added.release());
+    return SmilResult::Ok;
 }
 
 QString MMS_COMP_SMILData::createUniqueSrc(const QString &name) const

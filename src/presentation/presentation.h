@@ -13,6 +13,7 @@
 #include <QString>
 
 class QDomElement;
+class SmilElement;
 
 /// Unit of region geometry.
 enum MMS_COMP_SMIL_UNIT_TYPE_ENUM : int {
@@ -180,6 +181,11 @@ public:
     bool copyTo(MMS_COMP_SMILData *target, MMS_COMP_SMILMultipart *multipart) const;
 
 private:
+    friend class SmilReader;
+
+    QVL_INTERNAL int appendElement(const SmilElement &element, MMS_COMP_SMILMultipart *multipart,
+                                   bool newSlide, int dur, MMS_COMP_SMILMediaObject **created);
+
     MMS_COMP_SMIL_UNIT_TYPE_ENUM m_measureUnit = SMIL_UNIT_PIXEL;
     MMS_COMP_SMILLayout m_layout;
     QPtrList<MMS_COMP_SMILMeta> m_metas;

@@ -1,39 +1,72 @@
 /*
- * Reader: a tolerant walk over the document's tree. It knows a fixed set of elements, passes over
- * the others, and refuses what breaks the structure that the handset can show.
+ * Reader: a tolerant walk over the elements of a document. It knows a fixed set of elements, passes
+ * over the others, and refuses what breaks the structure that the handset can show. The whole
+ * document is read before the presentation is touched.
  */
 #include "smil/smil_parser.h"
 
+#include "document/encoding.h"
+#include "document/parser.h"
 #include "multipart/multipart.h"
 #include "platform/no_memory.h"
 #include "presentation/presentation.h"
-#include "smil/document_guard.h"
-#include "smil/element_attributes.h"
 #include "smil/smil_result.h"
 
-#include <QDomDocument>
+#include <QDomElement>
 #include <QFile>
-#include <QStringDecoder>
 
 #include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
 
-namespace {
+/// Reads the elements of a document into a presentation. Applications see its operations as those
+/// of MMS_COMP_SMILParser.
+class SmilReader
+{
+public:
+    SmilReader(MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data)
+        : m_multipart(multipart), m_data(data)
+    {
+    }
 
-using TimeContainerReader = int (*)(QDomElement *, MMS_COMP_SMILMultipart *, MMS_COMP_SMILData *,
-                                    int &);
+    int readSmil(const SmilElement &root);
+    int readHead(const SmilElement &head);
+    int readMeta(const SmilElement &meta);
+    int readLayout(const SmilElement &layout);
+    int readRootLayout(const SmilElement &rootLayout);
+    int readRegion(const SmilElement &region);
+    int readBody(const SmilElement &body);
+    int readPar(const SmilElement &par, int &depth);
+    int readSeq(const SmilElement &seq, int &depth);
+    static int readParams(const SmilElement &element, MMS_COMP_SMILMediaObject *object);
+
+    /// SmilResult::MetaRefused when a meta was not kept, else 0.
+    int warning() const { return m_warning; }
+
+private:
+    using ContainerReader = int (SmilReader::*)(const SmilElement &, int &);
+    enum class NewSlide { Always, AfterNested };
+
+    static ContainerReader containerReader(const QString &tag);
+    int readNested(ContainerReader read, const SmilElement &element, int &depth);
+    int readMedia(const SmilElement &element, bool newSlide, int dur);
+    int readTimedChildren(const SmilElement &parent, NewSlide newSlide, int dur, int &depth);
+
+    MMS_COMP_SMILMultipart *m_multipart;
+    MMS_COMP_SMILData *m_data;
+    int m_warning = 0;
+};
+
+namespace {
 
 constexpr int DeepestTimeContainer = 10;
 
 // What earlier versions of the writer put into a document once too often: the lines of the
 // handset's own two regions.
-constexpr std::array ownRegionLines{
-    QLatin1String("<region id=\"text\"  height=\"160\"  width=\"120\" left=\"0\" top=\"0\" "
-                  "fit=\"hidden\" />"),
-    QLatin1String("<region id=\"image\"  height=\"160\"  width=\"120\" left=\"0\" top=\"160\" "
-                  "fit=\"hidden\" />")};
+constexpr std::array<QByteArrayView, 2> ownRegionLines{
+    "<region id=\"text\"  height=\"160\"  width=\"120\" left=\"0\" top=\"0\" fit=\"hidden\" />",
+    "<region id=\"image\"  height=\"160\"  width=\"120\" left=\"0\" top=\"160\" fit=\"hidden\" />"};
 
 struct MediaWord
 {
@@ -48,59 +81,35 @@ constexpr std::array mediaWords{MediaWord{SMIL_MEDIA_AUDIO, QLatin1String("audio
 
 constexpr std::array bodyTags{"par", "seq", "text", "img", "audio", "video", "ref"};
 
-void removeRepeatedLine(QString *text, QLatin1String line)
+void removeRepeatedLine(QByteArray *text, QByteArrayView line)
 {
     const qsizetype first = text->indexOf(line);
     if (first >= 0 && text->indexOf(line, first + 1) >= 0)
         text->remove(first, line.size());
 }
 
-QString repairedText(const QByteArray &octets)
+// The text in UTF-8. Octets that are none are replaced, as Qt does it.
+QByteArray repairedText(const QByteArray &octets)
 {
     QByteArrayView view(octets);
     if (view.endsWith('\0'))
         view.chop(1);
-    QString text = QString::fromUtf8(view);
-    for (QLatin1String line : ownRegionLines)
+    QByteArray text = !view.isValidUtf8() ? QString::fromUtf8(view).toUtf8()
+        : view.size() == octets.size()    ? octets
+                                          : octets.chopped(1);
+    for (const QByteArrayView line : ownRegionLines)
         removeRepeatedLine(&text, line);
-    if (const qsizetype start = text.indexOf(QLatin1String("<smil")); start > 0)
+    if (const qsizetype start = text.indexOf("<smil"); start > 0)
         text.remove(0, start);
     return text;
 }
 
-// The text of a file as far as the guard needs it: what is no UTF-16 or UTF-32 has its markup in
-// the octets of ASCII.
-QString markupOf(const QByteArray &octets)
-{
-    const auto encoding = QStringConverter::encodingForData(octets, u'<');
-    QStringDecoder decode(encoding.value_or(QStringConverter::Utf8));
-    return decode(octets);
-}
-
-// The first child of @p parent, or sibling behind @p node, that is an element.
-QDomElement firstElement(QDomNode node)
-{
-    while (!node.isNull() && !node.isElement())
-        node = MMS_COMP_SMILParser::getNextSibling(node);
-    return node.toElement();
-}
-
-QDomElement firstChild(const QDomElement &parent)
-{
-    return firstElement(parent.firstChild());
-}
-
-QDomElement nextElement(const QDomElement &element)
-{
-    return firstElement(MMS_COMP_SMILParser::getNextSibling(element));
-}
-
 // Reads the leading elements with the tag @p tag; stops behind them, or at a failure.
 template <typename Reader>
-int readWhile(QDomElement *element, const char *tag, Reader read)
+int readWhile(SmilElement *element, QStringView tag, Reader read)
 {
-    for (; element->tagName() == QLatin1String(tag); *element = nextElement(*element)) {
-        if (const int result = read(element))
+    for (; element->tag() == tag; *element = element->nextSibling()) {
+        if (const int result = read(*element))
             return result;
     }
     return SmilResult::Ok;
@@ -112,66 +121,21 @@ bool isBodyTag(const QString &tag)
                        [&tag](const char *row) { return tag == QLatin1String(row); });
 }
 
-TimeContainerReader timeContainerReader(const QString &tag)
+int durationOf(const SmilElement &element)
 {
-    if (tag == QLatin1String("par"))
-        return MMS_COMP_SMILParser::parseSmilPar;
-    if (tag == QLatin1String("seq"))
-        return MMS_COMP_SMILParser::parseSmilSeq;
-    return nullptr;
+    return MMS_COMP_SMILParser::parseDur(element.attribute(u"dur"));
 }
 
-// Positive when the presentation declined the element, which is then passed over.
-int readMedia(QDomElement *element, MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data,
-              bool newSlide, int dur)
+// What @p read gives for a copy of @p element, which a program took from a tree of Qt's.
+template <typename Read>
+int readCopy(const QDomElement *element, const MMS_COMP_SMILData *data, Read read)
 {
-    MMS_COMP_SMILMediaObject *object = nullptr;
-    const int result = data->appendElementObject(element, multipart, newSlide, dur, &object);
-    return result == SmilResult::Ok ? MMS_COMP_SMILParser::parseMediaObjectParam(element, object)
-                                    : result;
-}
-
-int readNested(TimeContainerReader read, QDomElement *element, MMS_COMP_SMILMultipart *multipart,
-               MMS_COMP_SMILData *data, int &depth)
-{
-    if (depth >= DeepestTimeContainer)
-        return SmilResult::NestedTooDeep;
-    ++depth;
-    const int result = read(element, multipart, data, depth);
-    --depth;
-    return result;
-}
-
-enum class NewSlide { Always, AfterNested };
-
-// The children of body, par and seq. In a par media share a slide; one that follows a nested par or
-// seq begins another.
-int readTimedChildren(QDomElement *parent, MMS_COMP_SMILMultipart *multipart,
-                      MMS_COMP_SMILData *data, NewSlide newSlide, int dur, int &depth)
-{
-    bool beginsSlide = newSlide == NewSlide::Always;
-    for (QDomElement child = firstChild(*parent); !child.isNull(); child = nextElement(child)) {
-        const QString tag = child.tagName();
-        if (!isBodyTag(tag))
-            continue;
-        if (const TimeContainerReader read = timeContainerReader(tag)) {
-            if (const int result = readNested(read, &child, multipart, data, depth))
-                return result;
-            beginsSlide = true;
-            continue;
-        }
-        const int result = readMedia(&child, multipart, data, beginsSlide, dur);
-        if (result < SmilResult::Ok)
-            return result;
-        if (result == SmilResult::Ok)
-            beginsSlide = newSlide == NewSlide::Always;
-    }
-    return SmilResult::Ok;
-}
-
-int durationOf(const QDomElement &element)
-{
-    return MMS_COMP_SMILParser::parseDur(ElementAttributes(element).take(u"dur"_s));
+    return unlessOutOfMemory(SmilResult::OutOfMemory, [&]() -> int {
+        if (!element || !data)
+            return SmilResult::NullArgument;
+        const SmilDocument document(*element);
+        return read(document.root());
+    });
 }
 
 } // namespace
@@ -183,11 +147,7 @@ int MMS_COMP_SMILParser::parse(const QArray<char> &smilText, MMS_COMP_SMILMultip
         m_lastWarning = 0;
         if (!data || smilText.isEmpty())
             return SmilResult::NullArgument;
-        const QString text = repairedText(smilText);
-        QDomDocument document(QStringLiteral("smil"));
-        if (!DocumentGuard::isWithinLimits(text) || !document.setContent(text))
-            return SmilResult::NotWellFormed;
-        return readDocument(&document, multipart, data);
+        return readDocument(repairedText(smilText), multipart, data);
     });
 }
 
@@ -201,19 +161,21 @@ int MMS_COMP_SMILParser::parse(const QString &fileName, MMS_COMP_SMILMultipart *
         QFile file(fileName);
         if (!file.open(QIODevice::ReadOnly))
             return SmilResult::FileUnreadable;
-        const QByteArray octets = file.readAll();
-        QDomDocument document(QStringLiteral("smil"));
-        if (!DocumentGuard::isWithinLimits(markupOf(octets)) || !document.setContent(octets))
-            return SmilResult::NotWellFormed;
-        return readDocument(&document, multipart, data);
+        const auto text = DocumentEncoding::toUtf8(file.readAll());
+        return text ? readDocument(*text, multipart, data) : SmilResult::NotWellFormed;
     });
 }
 
-int MMS_COMP_SMILParser::readDocument(QDomDocument *document, MMS_COMP_SMILMultipart *multipart,
+int MMS_COMP_SMILParser::readDocument(const QByteArray &utf8, MMS_COMP_SMILMultipart *multipart,
                                       MMS_COMP_SMILData *data)
 {
-    QDomElement root = document->documentElement();
-    if (const int result = parseSmil(&root, multipart, data))
+    const auto document = DocumentParser::parse(utf8);
+    if (!document)
+        return SmilResult::NotWellFormed;
+    SmilReader reader(multipart, data);
+    const int result = reader.readSmil(document->root());
+    m_lastWarning = reader.warning();
+    if (result != SmilResult::Ok)
         return result;
     updateToCorvaneRegion(data);
     data->updateParamFromSlide();
@@ -223,25 +185,35 @@ int MMS_COMP_SMILParser::readDocument(QDomDocument *document, MMS_COMP_SMILMulti
 int MMS_COMP_SMILParser::parseSmil(QDomElement *root, MMS_COMP_SMILMultipart *multipart,
                                    MMS_COMP_SMILData *data)
 {
-    if (!root || !root->isElement() || !data)
+    if (!root || !root->isElement())
         return SmilResult::NullArgument;
-    if (root->tagName() != QLatin1String("smil"))
+    SmilReader reader(multipart, data);
+    const int result =
+        readCopy(root, data, [&](const SmilElement &copy) { return reader.readSmil(copy); });
+    if (reader.warning())
+        m_lastWarning = reader.warning();
+    return result;
+}
+
+int SmilReader::readSmil(const SmilElement &root)
+{
+    if (root.tag() != u"smil")
         return SmilResult::NotSmil;
     bool headSeen = false;
     bool bodySeen = false;
-    for (QDomElement child = firstChild(*root); !child.isNull(); child = nextElement(child)) {
+    for (SmilElement child = root.firstChild(); !child.isNull(); child = child.nextSibling()) {
         int result = SmilResult::Ok;
-        if (child.tagName() == QLatin1String("head")) {
+        if (child.tag() == u"head") {
             if (bodySeen)
                 return SmilResult::HeadAfterBody;
             if (headSeen)
                 return SmilResult::SecondHead;
-            result = parseSmilHead(&child, data);
+            result = readHead(child);
             headSeen = true;
-        } else if (child.tagName() == QLatin1String("body")) {
+        } else if (child.tag() == u"body") {
             if (bodySeen)
                 return SmilResult::SecondBody;
-            result = parseSmilBody(&child, multipart, data);
+            result = readBody(child);
             bodySeen = true;
         }
         if (result != SmilResult::Ok)
@@ -250,49 +222,70 @@ int MMS_COMP_SMILParser::parseSmil(QDomElement *root, MMS_COMP_SMILMultipart *mu
     return SmilResult::Ok;
 }
 
-// head ::= meta* [layout | other] meta*
-// Whatever comes behind is not read, so a layout behind a title is none.
 int MMS_COMP_SMILParser::parseSmilHead(QDomElement *head, MMS_COMP_SMILData *data)
 {
-    if (!head || !data)
-        return SmilResult::NullArgument;
-    const auto readMeta = [&](QDomElement *meta) { return parseSmilMeta(meta, data); };
-    QDomElement child = firstChild(*head);
-    if (const int result = readWhile(&child, "meta", readMeta))
+    SmilReader reader(nullptr, data);
+    const int result =
+        readCopy(head, data, [&](const SmilElement &copy) { return reader.readHead(copy); });
+    if (reader.warning())
+        m_lastWarning = reader.warning();
+    return result;
+}
+
+// head ::= meta* [layout | other] meta*
+// Whatever comes behind is not read, so a layout behind a title is none.
+int SmilReader::readHead(const SmilElement &head)
+{
+    const auto read = [this](const SmilElement &meta) { return readMeta(meta); };
+    SmilElement child = head.firstChild();
+    if (const int result = readWhile(&child, u"meta", read))
         return result;
-    if (child.tagName() == QLatin1String("layout")) {
-        if (const int result = parseSmilLayout(&child, data))
+    if (child.tag() == u"layout") {
+        if (const int result = readLayout(child))
             return result;
     }
-    child = nextElement(child);
-    return readWhile(&child, "meta", readMeta);
+    child = child.nextSibling();
+    return readWhile(&child, u"meta", read);
 }
 
 int MMS_COMP_SMILParser::parseSmilMeta(QDomElement *meta, MMS_COMP_SMILData *data)
 {
-    if (!meta || !data)
-        return SmilResult::NullArgument;
-    if (!data->appendMeta(meta->attribute(u"name"_s), meta->attribute(u"content"_s)))
-        m_lastWarning = SmilResult::MetaRefused;
+    SmilReader reader(nullptr, data);
+    const int result =
+        readCopy(meta, data, [&](const SmilElement &copy) { return reader.readMeta(copy); });
+    if (reader.warning())
+        m_lastWarning = reader.warning();
+    return result;
+}
+
+int SmilReader::readMeta(const SmilElement &meta)
+{
+    if (!m_data->appendMeta(meta.attribute(u"name"), meta.attribute(u"content")))
+        m_warning = SmilResult::MetaRefused;
     return SmilResult::Ok;
 }
 
-// layout ::= region* [root-layout | other] region*
 int MMS_COMP_SMILParser::parseSmilLayout(QDomElement *layout, MMS_COMP_SMILData *data)
 {
-    if (!layout || !data)
-        return SmilResult::NullArgument;
-    const MMS_COMP_SMILLayout::Filling filling(data->getLayout());
-    const auto readRegion = [&](QDomElement *region) { return parseSmilRegion(region, data); };
-    QDomElement child = firstChild(*layout);
-    if (const int result = readWhile(&child, "region", readRegion))
+    return readCopy(layout, data, [data](const SmilElement &copy) {
+        return SmilReader(nullptr, data).readLayout(copy);
+    });
+}
+
+// layout ::= region* [root-layout | other] region*
+int SmilReader::readLayout(const SmilElement &layout)
+{
+    const MMS_COMP_SMILLayout::Filling filling(m_data->getLayout());
+    const auto read = [this](const SmilElement &region) { return readRegion(region); };
+    SmilElement child = layout.firstChild();
+    if (const int result = readWhile(&child, u"region", read))
         return result;
-    if (child.tagName() == QLatin1String("root-layout")) {
-        if (const int result = parseSmilRootLayout(&child, data))
+    if (child.tag() == u"root-layout") {
+        if (const int result = readRootLayout(child))
             return result;
     }
-    child = nextElement(child);
-    return readWhile(&child, "region", readRegion);
+    child = child.nextSibling();
+    return readWhile(&child, u"region", read);
 }
 
 int MMS_COMP_SMILParser::parseSmilRootLayout(QDomElement *rootLayout, MMS_COMP_SMILData *data)
@@ -300,13 +293,23 @@ int MMS_COMP_SMILParser::parseSmilRootLayout(QDomElement *rootLayout, MMS_COMP_S
     return rootLayout && data ? data->setRootLayout(rootLayout) : SmilResult::NullArgument;
 }
 
+int SmilReader::readRootLayout(const SmilElement &rootLayout)
+{
+    return m_data->getLayout()->readRootLayout(rootLayout);
+}
+
 int MMS_COMP_SMILParser::parseSmilRegion(QDomElement *region, MMS_COMP_SMILData *data)
 {
-    if (!region || !data)
-        return SmilResult::NullArgument;
-    const auto text = [region](const QString &name) { return region->attribute(name); };
-    return data->appendRegion(text(u"left"_s), text(u"top"_s), text(u"width"_s), text(u"height"_s),
-                              text(u"fit"_s), text(u"id"_s))
+    return readCopy(region, data, [data](const SmilElement &copy) {
+        return SmilReader(nullptr, data).readRegion(copy);
+    });
+}
+
+int SmilReader::readRegion(const SmilElement &region)
+{
+    return m_data->appendRegion(region.attribute(u"left"), region.attribute(u"top"),
+                                region.attribute(u"width"), region.attribute(u"height"),
+                                region.attribute(u"fit"), region.attribute(u"id"))
         ? SmilResult::Ok
         : SmilResult::RegionRefused;
 }
@@ -314,47 +317,118 @@ int MMS_COMP_SMILParser::parseSmilRegion(QDomElement *region, MMS_COMP_SMILData 
 int MMS_COMP_SMILParser::parseSmilBody(QDomElement *body, MMS_COMP_SMILMultipart *multipart,
                                        MMS_COMP_SMILData *data)
 {
-    if (!body || !data)
-        return SmilResult::NullArgument;
-    const MMS_COMP_SMILMultipart::Indexing indexing(multipart);
+    return readCopy(body, data, [=](const SmilElement &copy) {
+        return SmilReader(multipart, data).readBody(copy);
+    });
+}
+
+int SmilReader::readBody(const SmilElement &body)
+{
+    const MMS_COMP_SMILMultipart::Indexing indexing(m_multipart);
     int depth = 0;
-    return readTimedChildren(body, multipart, data, NewSlide::Always,
-                             MMS_COMP_SMILTimingContainer::DefaultDuration, depth);
+    return readTimedChildren(body, NewSlide::Always, MMS_COMP_SMILTimingContainer::DefaultDuration,
+                             depth);
 }
 
 int MMS_COMP_SMILParser::parseSmilPar(QDomElement *par, MMS_COMP_SMILMultipart *multipart,
                                       MMS_COMP_SMILData *data, int &depth)
 {
-    if (!par || !data)
-        return SmilResult::NullArgument;
-    const int dur = durationOf(*par);
-    if (!data->appendSlide(unsigned(dur)))
+    return readCopy(par, data, [&](const SmilElement &copy) {
+        return SmilReader(multipart, data).readPar(copy, depth);
+    });
+}
+
+int SmilReader::readPar(const SmilElement &par, int &depth)
+{
+    const int dur = durationOf(par);
+    if (!m_data->appendSlide(unsigned(dur)))
         return SmilResult::OutOfMemory;
-    return readTimedChildren(par, multipart, data, NewSlide::AfterNested, dur, depth);
+    return readTimedChildren(par, NewSlide::AfterNested, dur, depth);
 }
 
 int MMS_COMP_SMILParser::parseSmilSeq(QDomElement *seq, MMS_COMP_SMILMultipart *multipart,
                                       MMS_COMP_SMILData *data, int &depth)
 {
-    if (!seq || !data)
-        return SmilResult::NullArgument;
-    return readTimedChildren(seq, multipart, data, NewSlide::Always, durationOf(*seq), depth);
+    return readCopy(seq, data, [&](const SmilElement &copy) {
+        return SmilReader(multipart, data).readSeq(copy, depth);
+    });
+}
+
+int SmilReader::readSeq(const SmilElement &seq, int &depth)
+{
+    return readTimedChildren(seq, NewSlide::Always, durationOf(seq), depth);
+}
+
+SmilReader::ContainerReader SmilReader::containerReader(const QString &tag)
+{
+    if (tag == u"par")
+        return &SmilReader::readPar;
+    if (tag == u"seq")
+        return &SmilReader::readSeq;
+    return nullptr;
+}
+
+int SmilReader::readNested(ContainerReader read, const SmilElement &element, int &depth)
+{
+    if (depth >= DeepestTimeContainer)
+        return SmilResult::NestedTooDeep;
+    ++depth;
+    const int result = (this->*read)(element, depth);
+    --depth;
+    return result;
+}
+
+// The children of body, par and seq. In a par media share a slide; one that follows a nested par or
+// seq begins another.
+int SmilReader::readTimedChildren(const SmilElement &parent, NewSlide newSlide, int dur, int &depth)
+{
+    bool beginsSlide = newSlide == NewSlide::Always;
+    for (SmilElement child = parent.firstChild(); !child.isNull(); child = child.nextSibling()) {
+        const QString tag = child.tag();
+        if (!isBodyTag(tag))
+            continue;
+        if (const ContainerReader read = containerReader(tag)) {
+            if (const int result = readNested(read, child, depth))
+                return result;
+            beginsSlide = true;
+            continue;
+        }
+        const int result = readMedia(child, beginsSlide, dur);
+        if (result < SmilResult::Ok)
+            return result;
+        if (result == SmilResult::Ok)
+            beginsSlide = newSlide == NewSlide::Always;
+    }
+    return SmilResult::Ok;
+}
+
+// Positive when the presentation declined the element, which is then passed over.
+int SmilReader::readMedia(const SmilElement &element, bool newSlide, int dur)
+{
+    MMS_COMP_SMILMediaObject *object = nullptr;
+    const int result = m_data->appendElement(element, m_multipart, newSlide, dur, &object);
+    return result == SmilResult::Ok ? readParams(element, object) : result;
 }
 
 int MMS_COMP_SMILParser::parseMediaObjectParam(QDomElement *element,
                                                MMS_COMP_SMILMediaObject *object)
 {
-    if (!element || !object)
-        return SmilResult::NullArgument;
-    for (QDomElement child = firstChild(*element); !child.isNull(); child = nextElement(child)) {
-        if (child.tagName() != QLatin1String("param"))
+    return unlessOutOfMemory(SmilResult::OutOfMemory, [&]() -> int {
+        if (!element || !object)
+            return SmilResult::NullArgument;
+        const SmilDocument document(*element);
+        return SmilReader::readParams(document.root(), object);
+    });
+}
+
+int SmilReader::readParams(const SmilElement &element, MMS_COMP_SMILMediaObject *object)
+{
+    for (SmilElement child = element.firstChild(); !child.isNull(); child = child.nextSibling()) {
+        if (child.tag() != u"param")
             continue;
-        ElementAttributes attributes(child);
-        const QString name = attributes.take(u"name"_s);
-        const QString value = attributes.take(u"value"_s);
-        const QString valueType = attributes.take(u"valuetype"_s);
         const int result =
-            object->appendParamElem(name, value, valueType, attributes.take(u"type"_s));
+            object->appendParamElem(child.attribute(u"name"), child.attribute(u"value"),
+                                    child.attribute(u"valuetype"), child.attribute(u"type"));
         if (result != SmilResult::Ok)
             return result;
     }

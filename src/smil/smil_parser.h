@@ -144,8 +144,8 @@ public:
                                 bool writeSmil);
 
 private:
-    int readDocument(class QDomDocument *document, MMS_COMP_SMILMultipart *multipart,
-                     MMS_COMP_SMILData *data);
+    QVL_INTERNAL int readDocument(const QByteArray &utf8, MMS_COMP_SMILMultipart *multipart,
+                                  MMS_COMP_SMILData *data);
 
     int m_lastWarning = 0;
 };

@@ -3,9 +3,8 @@
  * the library. No exception leaves the library, nothing is lost or deleted twice, and what comes
  * back says so.
  *
- * Qt's readers of XML and of pictures end the process, or wait for ever, when memory runs out
- * within them, so their allocations succeed here. FFmpeg's demuxer of Ogg ends the process, too,
- * and is left out.
+ * Qt's readers of pictures end the process, or wait for ever, when memory runs out within them, so
+ * their allocations succeed here. FFmpeg's demuxer of Ogg ends the process, too, and is left out.
  */
 #include "multipart/multipart_parser.h"
 #include "multipart/multipart_result.h"
@@ -65,18 +64,15 @@ CodeRange rangeOf(const char *library)
     return range;
 }
 
-// Readers of documents and pictures.
-const CodeRange qtReaders[] = {rangeOf("libQt6Xml"), rangeOf("libQt6Gui")};
+const CodeRange pictureReaders = rangeOf("libQt6Gui");
 
-bool isInQtReader()
+bool isInPictureReader()
 {
     std::array<void *, 64> frames{};
     const int count = backtrace(frames.data(), int(frames.size()));
     return std::any_of(frames.begin(), frames.begin() + count, [](void *frame) {
         const auto address = reinterpret_cast<std::uintptr_t>(frame);
-        return std::ranges::any_of(qtReaders, [address](const CodeRange &range) {
-            return address >= range.begin && address < range.end;
-        });
+        return address >= pictureReaders.begin && address < pictureReaders.end;
     });
 }
 
@@ -85,7 +81,7 @@ thread_local long failing = 0; ///< the number of the allocation that fails; 0: 
 
 bool shouldFail()
 {
-    return !isInQtReader() && ++counted == failing;
+    return !isInPictureReader() && ++counted == failing;
 }
 
 using Multipart = MMS_COMP_SMILMultipart;

@@ -93,7 +93,7 @@ QByteArray laughs()
 
 } // namespace
 
-TEST(DocumentGuard, ReadsTheDeepestNesting)
+TEST(DocumentLimits, ReadsTheDeepestNesting)
 {
     expectBothForms(
         {{"elements", smil(nested(DeepestNesting - 1))},
@@ -104,7 +104,7 @@ TEST(DocumentGuard, ReadsTheDeepestNesting)
         SmilResult::Ok);
 }
 
-TEST(DocumentGuard, RefusesOneLevelMore)
+TEST(DocumentLimits, RefusesOneLevelMore)
 {
     expectBothForms(
         {{"elements", smil(nested(DeepestNesting))},
@@ -115,7 +115,7 @@ TEST(DocumentGuard, RefusesOneLevelMore)
         SmilResult::NotWellFormed);
 }
 
-TEST(DocumentGuard, RefusesBeforeAnyOtherResult)
+TEST(DocumentLimits, RefusesBeforeAnyOtherResult)
 {
     expectBothForms({{"no smil", "<x>" + nested(DeepestNesting) + "</x>"},
                      {"second head", "<smil><head/><head/>" + nested(DeepestNesting) + "</smil>"}},
@@ -127,7 +127,7 @@ TEST(DocumentGuard, RefusesBeforeAnyOtherResult)
         SmilResult::SecondHead);
 }
 
-TEST(DocumentGuard, RefusalLeavesThePresentationAlone)
+TEST(DocumentLimits, RefusalLeavesThePresentationAlone)
 {
     MMS_COMP_SMILData data(nullptr);
     const QByteArray text = "<smil><head><meta name='a'/></head>" + nested(300) + "</smil>";
@@ -136,7 +136,7 @@ TEST(DocumentGuard, RefusalLeavesThePresentationAlone)
     EXPECT_EQ(data.getRegionCount(), 0U);
 }
 
-TEST(DocumentGuard, RefusesTensOfThousandsOfLevels)
+TEST(DocumentLimits, RefusesTensOfThousandsOfLevels)
 {
     expectBothForms({{"closed", smil(nested(100000))},
                      {"never closed", "<smil>" + QByteArray("<a>").repeated(100000)},
@@ -144,7 +144,7 @@ TEST(DocumentGuard, RefusesTensOfThousandsOfLevels)
                     SmilResult::NotWellFormed);
 }
 
-TEST(DocumentGuard, DepthOfUtf16Files)
+TEST(DocumentLimits, DepthOfUtf16Files)
 {
     for (const auto &[levels, result] : {std::pair(DeepestNesting - 1, 0), {DeepestNesting, -8}}) {
         const QString text = QChar(QChar::ByteOrderMark) + QString(smil(nested(levels)));
@@ -159,7 +159,7 @@ TEST(DocumentGuard, DepthOfUtf16Files)
     }
 }
 
-TEST(DocumentGuard, CountsElementsWhoseValuesLookLikeTheEndOfATag)
+TEST(DocumentLimits, CountsElementsWhoseValuesLookLikeTheEndOfATag)
 {
     expectBothForms(
         {{"slash in quotes", smil(nested(DeepestNesting, "<a b=\"/>\">"))},
@@ -173,7 +173,7 @@ TEST(DocumentGuard, CountsElementsWhoseValuesLookLikeTheEndOfATag)
         SmilResult::NotWellFormed);
 }
 
-TEST(DocumentGuard, ReadsEmptyElementsWhoseValuesLookLikeTheEndOfATag)
+TEST(DocumentLimits, ReadsEmptyElementsWhoseValuesLookLikeTheEndOfATag)
 {
     const auto many = [](const QByteArray &element) { return smil(element.repeated(1000)); };
     expectBothForms({{"greater-than in quotes", many("<a b=\">\"/>")},
@@ -187,7 +187,7 @@ TEST(DocumentGuard, ReadsEmptyElementsWhoseValuesLookLikeTheEndOfATag)
                     SmilResult::Ok);
 }
 
-TEST(DocumentGuard, ReadsWhatOnlyLooksLikeElements)
+TEST(DocumentLimits, ReadsWhatOnlyLooksLikeElements)
 {
     const QByteArray tags = QByteArray("<a>").repeated(1000);
     expectBothForms({{"comment", smil("<!--" + tags + "-->")},
@@ -209,7 +209,7 @@ TEST(DocumentGuard, ReadsWhatOnlyLooksLikeElements)
                     SmilResult::NotSmil);
 }
 
-TEST(DocumentGuard, CountsElementsBehindWhatOnlyLooksLikeEndTags)
+TEST(DocumentLimits, CountsElementsBehindWhatOnlyLooksLikeEndTags)
 {
     const QByteArray ends = QByteArray("</a>").repeated(300);
     const QByteArray deep = nested(DeepestNesting);
@@ -237,7 +237,7 @@ TEST(DocumentGuard, CountsElementsBehindWhatOnlyLooksLikeEndTags)
         SmilResult::NotWellFormed);
 }
 
-TEST(DocumentGuard, ReadsOrdinaryEntities)
+TEST(DocumentLimits, ReadsOrdinaryEntities)
 {
     expectBothForms(
         {{"text", declaring(entity("e", "text"), "&e;")},
@@ -258,7 +258,7 @@ TEST(DocumentGuard, ReadsOrdinaryEntities)
         SmilResult::NotSmil);
 }
 
-TEST(DocumentGuard, RefusesWhatGrowsTooMuch)
+TEST(DocumentLimits, RefusesWhatGrowsTooMuch)
 {
     const QByteArray longText(4000, 'x');
     expectBothForms(
@@ -288,7 +288,7 @@ TEST(DocumentGuard, RefusesWhatGrowsTooMuch)
         SmilResult::NotWellFormed);
 }
 
-TEST(DocumentGuard, GrowthIsMeasuredByTheDocumentsOwnSize)
+TEST(DocumentLimits, GrowthIsMeasuredByTheDocumentsOwnSize)
 {
     // Small documents may grow to 65,536 characters, long ones to 16 times their size beyond that.
     const auto grown = [](int length, int uses, int filler) {
@@ -303,7 +303,7 @@ TEST(DocumentGuard, GrowthIsMeasuredByTheDocumentsOwnSize)
         SmilResult::NotWellFormed);
 }
 
-TEST(DocumentGuard, ReferencesCountAsWhatTheyStandForAlone)
+TEST(DocumentLimits, ReferencesCountAsWhatTheyStandForAlone)
 {
     // 1,616 characters may grow to 91,392: by 181 times the 496 that a reference gives more than it
     // takes.
@@ -319,7 +319,7 @@ TEST(DocumentGuard, ReferencesCountAsWhatTheyStandForAlone)
     }
 }
 
-TEST(DocumentGuard, ElementsGrowByTheirOwnDefaultAttributesOnly)
+TEST(DocumentLimits, ElementsGrowByTheirOwnDefaultAttributesOnly)
 {
     const QByteArray name(500, 'n');
     expectBothForms(
@@ -332,7 +332,7 @@ TEST(DocumentGuard, ElementsGrowByTheirOwnDefaultAttributesOnly)
         SmilResult::NotSmil);
 }
 
-TEST(DocumentGuard, RefusesEntitiesThatNestTooDeep)
+TEST(DocumentLimits, RefusesEntitiesThatNestTooDeep)
 {
     const QByteArray chain = entityChain(
         10, nested(30), [](const QByteArray &reference) { return nested(30, "<a>", reference); });
@@ -347,7 +347,7 @@ TEST(DocumentGuard, RefusesEntitiesThatNestTooDeep)
         SmilResult::NotWellFormed);
 }
 
-TEST(DocumentGuard, RefusesEntitiesThatReferToThemselves)
+TEST(DocumentLimits, RefusesEntitiesThatReferToThemselves)
 {
     expectBothForms({{"itself", declaring(entity("e", "&e;"), "&e;")},
                      {"itself in a value", declaring(entity("e", "&e;"), "<a b='&e;'/>")},
@@ -356,7 +356,7 @@ TEST(DocumentGuard, RefusesEntitiesThatReferToThemselves)
                     SmilResult::NotWellFormed);
 }
 
-TEST(DocumentGuard, RefusesWhatHidesBehindReferencesInDeclarations)
+TEST(DocumentLimits, RefusesWhatHidesBehindReferencesInDeclarations)
 {
     const QByteArray hidden =
         QByteArray("&#60;a>").repeated(300) + QByteArray("&#60;/a>").repeated(300);
@@ -376,7 +376,7 @@ TEST(DocumentGuard, RefusesWhatHidesBehindReferencesInDeclarations)
         SmilResult::NotWellFormed);
 }
 
-TEST(DocumentGuard, ReadsWideAndLongDocuments)
+TEST(DocumentLimits, ReadsWideAndLongDocuments)
 {
     constexpr int megabyte = 1 << 20;
     expectBothForms({{"siblings", smil(QByteArray("<a/>").repeated(100000))},
@@ -393,7 +393,7 @@ TEST(DocumentGuard, ReadsWideAndLongDocuments)
                     SmilResult::Ok);
 }
 
-TEST(DocumentGuard, RefusesWhatHasNoEnd)
+TEST(DocumentLimits, RefusesWhatHasNoEnd)
 {
     for (const char *text : {"<",
                              "<smil",
@@ -452,7 +452,7 @@ TEST(DocumentGuard, RefusesWhatHasNoEnd)
     }
 }
 
-TEST(DocumentGuard, RefusesEveryBeginningOfADocument)
+TEST(DocumentLimits, RefusesEveryBeginningOfADocument)
 {
     const QByteArray text = declaring(entity("e", "<b c='d'>x</b>")
                                           + "<!ATTLIST b d CDATA 'e'>"

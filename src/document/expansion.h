@@ -1,0 +1,68 @@
+/*
+ * How far a document grows when its entities and default attributes are put in. Only documents that
+ * declare something grow, so only these are measured.
+ */
+#pragma once
+
+#include <QByteArrayView>
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+/// Adds up the characters (UTF-16 units) of a document as its parser reports what it reads.
+class ExpansionMeter
+{
+public:
+    /// A document may grow to this many times its own size and the allowance beyond.
+    static constexpr qint64 Factor = 16;
+    static constexpr qint64 Allowance = 65536; ///< characters
+
+    explicit ExpansionMeter(QByteArrayView document);
+
+    bool isWithinLimit() const { return m_length <= m_limit; }
+
+    /// Text, or a comment, at octet @p at of the document.
+    void addText(qint64 at, std::string_view text);
+
+    /// A start tag at octet @p at, with @p specified names and values, one behind the other, and
+    /// then those of default attributes up to null.
+    void addStartTag(qint64 at, const char *name, const char **attributes, int specified);
+
+    /// A default for an attribute of @p element. The parser compares each with all before it.
+    void addDefault(const char *element);
+
+private:
+    bool isReference(qint64 at) const;
+    void addReplacement(qint64 at, qint64 length);
+
+    QByteArrayView m_document;
+    qint64 m_limit;
+    qint64 m_length;
+    qint64 m_lastReference = -1;
+    std::map<std::string, qint64, std::less<>> m_defaults;
+};
+
+/// Counts how many entities refer to one another in a row.
+class EntityLevels
+{
+public:
+    /// The parser takes stack for each level.
+    static constexpr int Deepest = 64;
+
+    /// Notes the entity @p name and the entities that its text refers to, behind the character @p
+    /// mark. False when a row of entities is longer than Deepest, as it is when they form a circle.
+    bool declare(char mark, std::string_view name, std::string_view text);
+
+private:
+    struct Entity
+    {
+        int level = 0;
+        std::vector<Entity *> users;
+    };
+
+    bool raise(Entity *entity, int level);
+
+    std::map<std::string, Entity, std::less<>> m_entities; // names with their mark
+};

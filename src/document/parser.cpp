@@ -1,0 +1,328 @@
+#include "document/parser.h"
+
+#include "document/expansion.h"
+#include "document/names.h"
+
+#define XML_DTD // makes the header declare the limits on expansion
+#include <expat.h>
+
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <cstring>
+#include <limits>
+#include <memory>
+#include <new>
+
+namespace {
+
+// Qt's tree reads names with one colon at the most, and not at an end. expat takes a colon for a
+// letter.
+bool hasMisplacedColon(std::string_view name)
+{
+    const std::size_t colon = name.find(':');
+    return colon != name.npos
+        && (colon == 0 || colon + 1 == name.size() || name.find(':', colon + 1) != name.npos);
+}
+
+bool mayBeginName(char32_t first)
+{
+    switch (QChar::category(first)) {
+    case QChar::Letter_Uppercase:
+    case QChar::Letter_Lowercase:
+    case QChar::Letter_Titlecase:
+    case QChar::Letter_Other:
+    case QChar::Number_Letter:
+        return true;
+    default:
+        return first == U'_';
+    }
+}
+
+// What stands after the colon of an element's name has to be a name by itself.
+bool isElementName(std::string_view name)
+{
+    const std::size_t colon = name.find(':');
+    if (colon == name.npos)
+        return true;
+    if (hasMisplacedColon(name))
+        return false;
+    const std::string_view local = name.substr(colon + 1);
+    return mayBeginName(QString::fromUtf8(local.data(), qsizetype(local.size())).toUcs4().first());
+}
+
+// Qt takes a byte order mark off the beginning, which in a value is a character as any other.
+QString textOf(const char *utf8)
+{
+    const QString text = QString::fromUtf8(utf8);
+    return std::strncmp(utf8, "\xEF\xBB\xBF", 3) == 0 ? QChar(QChar::ByteOrderMark) + text : text;
+}
+
+class Parser
+{
+public:
+    explicit Parser(QByteArrayView document);
+
+    bool parse();
+    /// True when a name may be such as only Qt reads, in a document without a document type.
+    bool hasOddName() const;
+    SmilDocument takeElements() { return std::move(m_elements); }
+
+private:
+    template <auto Handler, typename... Arguments>
+    static void call(void *self, Arguments... arguments);
+
+    void declareXml(const char *version);
+    void beginDoctype();
+    void declareEntity(const char *name, int isParameter, const char *value, int length);
+    void declareDefault(const char *element, const char *value);
+    void beginElement(const char *name, const char **attributes);
+    void endElement() { m_elements.endElement(); }
+    void addInstruction(const char *target, const char *text);
+    void addText(const char *text, std::size_t length);
+
+    void limitExpansion();
+    void refuseUnless(bool isWithinLimits);
+    qint64 position() const;
+
+    std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> m_parser;
+    QByteArrayView m_document;
+    SmilDocument m_elements;
+    std::optional<ExpansionMeter> m_meter; // of documents that declare something
+    EntityLevels m_levels;
+    bool m_isRefused = false;
+    bool m_lacksMemory = false;
+};
+
+Parser::Parser(QByteArrayView document)
+    : m_parser(XML_ParserCreate("UTF-8"), XML_ParserFree), m_document(document)
+{
+    if (!m_parser)
+        throw std::bad_alloc();
+    XML_SetUserData(m_parser.get(), this);
+    XML_SetParamEntityParsing(m_parser.get(), XML_PARAM_ENTITY_PARSING_ALWAYS);
+    XML_SetXmlDeclHandler(m_parser.get(), [](void *self, const char *version, const char *, int) {
+        call<&Parser::declareXml>(self, version);
+    });
+    XML_SetStartDoctypeDeclHandler(m_parser.get(),
+                                   [](void *self, const char *, const char *, const char *, int) {
+                                       call<&Parser::beginDoctype>(self);
+                                   });
+    XML_SetElementHandler(
+        m_parser.get(),
+        [](void *self, const char *name, const char **attributes) {
+            call<&Parser::beginElement>(self, name, attributes);
+        },
+        [](void *self, const char *) { call<&Parser::endElement>(self); });
+    XML_SetProcessingInstructionHandler(m_parser.get(),
+                                        [](void *self, const char *target, const char *text) {
+                                            call<&Parser::addInstruction>(self, target, text);
+                                        });
+}
+
+// Exceptions cannot pass the parser, which is C. It may report a little more after it was stopped.
+template <auto Handler, typename... Arguments>
+void Parser::call(void *self, Arguments... arguments)
+{
+    auto *parser = static_cast<Parser *>(self);
+    if (parser->m_isRefused)
+        return;
+    try {
+        (parser->*Handler)(arguments...);
+    } catch (const std::bad_alloc &) {
+        parser->m_lacksMemory = true;
+        parser->refuseUnless(false);
+    }
+}
+
+bool Parser::parse()
+{
+    constexpr qsizetype largestPiece = std::numeric_limits<int>::max();
+    qsizetype at = 0;
+    XML_Status status = XML_STATUS_OK;
+    do {
+        const qsizetype size = std::min(m_document.size() - at, largestPiece);
+        const bool isLast = at + size == m_document.size();
+        status = XML_Parse(m_parser.get(), m_document.data() + at, int(size), isLast);
+        at += size;
+    } while (status == XML_STATUS_OK && at < m_document.size());
+    if (m_lacksMemory || XML_GetErrorCode(m_parser.get()) == XML_ERROR_NO_MEMORY)
+        throw std::bad_alloc();
+    return status == XML_STATUS_OK && !m_isRefused;
+}
+
+bool Parser::hasOddName() const
+{
+    const XML_Error error = XML_GetErrorCode(m_parser.get());
+    if (m_isRefused || m_meter || (error != XML_ERROR_INVALID_TOKEN && error != XML_ERROR_XML_DECL))
+        return false;
+    const qint64 at = std::clamp<qint64>(position(), 0, m_document.size());
+    return !m_document.sliced(qsizetype(at)).contains("<!DOCTYPE");
+}
+
+void Parser::refuseUnless(bool isWithinLimits)
+{
+    if (isWithinLimits)
+        return;
+    m_isRefused = true;
+    XML_StopParser(m_parser.get(), XML_FALSE);
+}
+
+void Parser::declareXml(const char *version)
+{
+    refuseUnless(!version || std::strcmp(version, "1.0") == 0);
+}
+
+void Parser::beginDoctype()
+{
+    m_meter.emplace(m_document);
+    limitExpansion();
+    XML_Parser parser = m_parser.get();
+    XML_SetEntityDeclHandler(
+        parser,
+        [](void *self, const char *name, int isParameter, const char *value, int length,
+           const char *, const char *, const char *,
+           const char *) { call<&Parser::declareEntity>(self, name, isParameter, value, length); });
+    XML_SetAttlistDeclHandler(parser,
+                              [](void *self, const char *element, const char *, const char *,
+                                 const char *value,
+                                 int) { call<&Parser::declareDefault>(self, element, value); });
+    XML_SetCharacterDataHandler(parser, [](void *self, const char *text, int length) {
+        call<&Parser::addText>(self, text, std::size_t(length));
+    });
+    XML_SetCommentHandler(parser, [](void *self, const char *text) {
+        call<&Parser::addText>(self, text, std::strlen(text));
+    });
+}
+
+// Values of attributes and declarations expand before any handler sees them, so the parser's own
+// limit bounds them. It counts octets, and what an entity holds again for every entity that it is
+// put into. What ExpansionMeter accepts of entities that do not refer to one another stays below
+// it.
+void Parser::limitExpansion()
+{
+    const bool isAscii =
+        std::ranges::all_of(m_document, [](char c) { return static_cast<unsigned char>(c) < 128; });
+    const bool takesOneOctet = isAscii && !m_document.contains("&#");
+    const qint64 octetsOfACharacter = takesOneOctet ? 1 : 3;
+    const qint64 most = octetsOfACharacter
+            * (ExpansionMeter::Factor * m_document.size() + ExpansionMeter::Allowance)
+        + m_document.size();
+    XML_SetBillionLaughsAttackProtectionActivationThreshold(m_parser.get(),
+                                                            static_cast<unsigned long long>(most));
+    XML_SetBillionLaughsAttackProtectionMaximumAmplification(m_parser.get(), 1.0F);
+}
+
+void Parser::declareEntity(const char *name, int isParameter, const char *value, int length)
+{
+    if (value) {
+        refuseUnless(m_levels.declare(isParameter ? '%' : '&', name,
+                                      std::string_view(value, std::size_t(length))));
+    }
+}
+
+void Parser::declareDefault(const char *element, const char *value)
+{
+    if (!value)
+        return;
+    m_meter->addDefault(element);
+    refuseUnless(m_meter->isWithinLimit());
+}
+
+void Parser::beginElement(const char *name, const char **attributes)
+{
+    const std::string_view tag(name);
+    refuseUnless(m_elements.depth() < DocumentParser::DeepestNesting && isElementName(tag));
+    if (m_meter) {
+        m_meter->addStartTag(position(), name, attributes,
+                             XML_GetSpecifiedAttributeCount(m_parser.get()));
+        refuseUnless(m_meter->isWithinLimit());
+    }
+    if (m_isRefused)
+        return;
+    m_elements.beginElement(smilNameText(tag));
+    for (; *attributes; attributes += 2) {
+        refuseUnless(!hasMisplacedColon(attributes[0]));
+        m_elements.addAttribute(smilNameText(attributes[0]), textOf(attributes[1]));
+    }
+}
+
+void Parser::addInstruction(const char *target, const char *text)
+{
+    refuseUnless(!std::strchr(target, ':'));
+    if (m_meter)
+        addText(text, std::strlen(text));
+}
+
+void Parser::addText(const char *text, std::size_t length)
+{
+    m_meter->addText(position(), std::string_view(text, length));
+    refuseUnless(m_meter->isWithinLimit());
+}
+
+qint64 Parser::position() const
+{
+#if XML_MAJOR_VERSION == 2 && XML_MINOR_VERSION < 9
+    return XML_GetCurrentByteIndex(m_parser.get());
+#else
+    return XML_GetCurrentByteIndex64(m_parser.get());
+#endif
+}
+
+// True when a tag may have more than so many attributes: an attribute takes a "=", and no tag holds
+// a
+// "<".
+bool mayHaveMoreAttributes(QByteArrayView utf8, int most)
+{
+    int signs = 0;
+    for (const char c : utf8) {
+        signs = c == '<' ? 0 : signs + (c == '=');
+        if (signs > most)
+            return true;
+    }
+    return false;
+}
+
+// Composers wrote names that XML does not allow, such as "@src", and Qt reads them. Its reader
+// compares the attributes of an element in pairs and has no bound on what declarations cost, so it
+// gets neither many attributes nor a document type, and no text that is long to read a second time.
+std::optional<SmilDocument> parseWithOddNames(QByteArrayView utf8)
+{
+    constexpr qsizetype longest = 65536;
+    constexpr int mostAttributes = 64;
+    if (utf8.size() > longest || mayHaveMoreAttributes(utf8, mostAttributes))
+        return std::nullopt;
+    QXmlStreamReader reader(QString::fromUtf8(utf8));
+    reader.setNamespaceProcessing(false);
+    SmilDocument elements;
+    while (!reader.atEnd()) {
+        switch (reader.readNext()) {
+        case QXmlStreamReader::StartElement:
+            if (elements.depth() == DocumentParser::DeepestNesting)
+                return std::nullopt;
+            elements.beginElement(reader.qualifiedName().toString());
+            for (const QXmlStreamAttribute &attribute : reader.attributes())
+                elements.addAttribute(attribute.qualifiedName().toString(),
+                                      attribute.value().toString());
+            break;
+        case QXmlStreamReader::DTD:
+            return std::nullopt;
+        case QXmlStreamReader::EndElement:
+            elements.endElement();
+            break;
+        default:
+            break;
+        }
+    }
+    return reader.hasError() ? std::nullopt : std::optional(std::move(elements));
+}
+
+} // namespace
+
+std::optional<SmilDocument> DocumentParser::parse(QByteArrayView utf8)
+{
+    Parser parser(utf8);
+    if (parser.parse())
+        return parser.takeElements();
+    return parser.hasOddName() ? parseWithOddNames(utf8) : std::nullopt;
+}
