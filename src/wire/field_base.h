@@ -21,8 +21,9 @@ public:
     virtual ~FieldBase();
 
     /**
-     * Reads the field's value into the record and sets the field's presence bit. What a failed read
-     * leaves in the record is said at each class that changes anything.
+     * Reads the field's value into the record and sets the field's presence bit. An empty text, a
+     * size of 0 and a null time count as absent: nothing is stored and no bit is set. A failed read
+     * changes nothing, except as said at a class.
      *
      * @param buffer stands behind the field's code
      * @param msg gets the value

@@ -7,7 +7,8 @@
 
 using namespace FieldShapes;
 
-// Defines the operations of a field class by a shape.
+// Defines the operations of a field class by a shape. A macro, because a template would be a base class
+// whose name leaves the library.
 #define QVL_DEFINE_FIELD(Field, ...) \
     unsigned char Field::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) \
     { \
@@ -100,6 +101,7 @@ QVL_DEFINE_FIELD(
 QVL_DEFINE_FIELD(SenderVisibilityField,
                  Flag<HeaderFieldCode::SenderVisibility, &Msg::getSenderVisibility,
                       &Msg::setSenderVisibility, No, Yes>)
+#undef QVL_DEFINE_FIELD
 
 unsigned char VersionField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {

@@ -13,8 +13,8 @@
 #include "wire/primitive_values.h"
 #include "wire/wire_result.h"
 
-/// Shapes of header fields, and what they share. What read(), write() and size() return, FieldBase
-/// says at readField(), writeField() and fieldSize().
+/// Shapes of header fields. read(), write() and size() return what FieldBase documents for readField(),
+/// writeField() and fieldSize().
 namespace FieldShapes {
 
 inline constexpr unsigned char Yes = 128; ///< token of a yes-or-no value
