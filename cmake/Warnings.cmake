@@ -1,5 +1,5 @@
-# qvl_warnings(target): the warnings that the project is clean under. What Qt has deprecated up to 6.8
-# does not compile.
+# qvl_warnings(target): enables the warnings that the project is clean under, and disables most of what Qt has
+# deprecated up to 6.8. The compiler warns of the rest.
 function(qvl_warnings target)
   target_compile_options(${target} PRIVATE
     -Wall -Wextra -Wpedantic -Wconversion -Wshadow

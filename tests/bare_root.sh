@@ -10,7 +10,7 @@ source "$source_dir/tests/support/script.sh"
 source "$source_dir/tests/support/fresh_root.sh"
 commands=(./demo .ci/run)
 [ "${2:-}" != --demo ] || commands=(./demo)
-if ! is_release "${1:-}" || [[ "${2:---demo}" != --demo ]]; then
+if ! is_release "${1:-}" || [ "${2:---demo}" != --demo ] || [ $# -gt 2 ]; then
   echo "usage: tests/bare_root.sh RELEASE [--demo], with one of these releases: ${releases[*]}" >&2
   exit 2
 fi

@@ -10,7 +10,7 @@ if [ "$(id -u)" -ne 0 ] || ! command -v mmdebstrap >/dev/null; then
 fi
 
 is_release() { # WORD
-  [[ " ${releases[*]} " == *" $1 "* ]]
+  printf '%s\n' "${releases[@]}" | grep -qxF -- "$1"
 }
 
 # What the host needs to reach the packages, the root may need too: its sources, if they are those of
