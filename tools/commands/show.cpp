@@ -7,9 +7,11 @@
 #include "terminal_text.h"
 
 #include <QCommandLineParser>
-#include <QtConcurrentRun>
 #include <QThreadPool>
 
+#include <deque>
+#include <future>
+#include <memory>
 #include <utility>
 
 using namespace CommandLine;
@@ -82,18 +84,31 @@ public:
     /// What the next file gives.
     Shown next()
     {
-        // Some wait, so that nobody is idle while a long one before them is shown.
-        const qsizetype most = 4 * m_pool.maxThreadCount();
-        for (; m_running.size() < most && m_started < m_names.size(); ++m_started)
-            m_running += QtConcurrent::run(&m_pool, showFile, m_names[m_started], m_json);
-        return m_running.takeFirst().result();
+        if (m_pool.maxThreadCount() == 1)
+            return showFile(m_names[m_started++], m_json);
+        // Some wait, so that no thread is idle while a long file before them is shown.
+        const size_t most = 4 * size_t(m_pool.maxThreadCount());
+        while (m_running.size() < most && m_started < m_names.size())
+            start(m_names[m_started++]);
+        const Shown shown = m_running.front().get();
+        m_running.pop_front();
+        return shown;
     }
 
 private:
+    // Waiting for a QFuture would show files in this thread too, one more than the user asked for.
+    void start(const QString &name)
+    {
+        const auto task = std::make_shared<std::packaged_task<Shown()>>(
+            [name, json = m_json] { return showFile(name, json); });
+        m_running.push_back(task->get_future());
+        m_pool.start([task] { (*task)(); });
+    }
+
     QStringList m_names;
     bool m_json;
     qsizetype m_started = 0;
-    QList<QFuture<Shown>> m_running;
+    std::deque<std::future<Shown>> m_running;
     QThreadPool m_pool;
 };
 
