@@ -6,7 +6,8 @@ set -euo pipefail
 cd "$(dirname "$0")/.."
 
 build=$1
-libraries=("$build"/src/libqvlsmilparser-xscale-r.so -object "$build"/src/platform/libqvlplatform.so)
+libraries=("$build"/src/libqvlsmilparser-xscale-r.so -object "$build"/src/platform/libqvlplatform.so
+  -object "$build"/src/platform/qvlsmilparser/clips.so.*)
 llvm-profdata merge -o "$build"/all.profdata "$build"/profiles/*.profraw
 llvm-cov show "${libraries[@]}" -instr-profile="$build"/all.profdata --show-branches=count src >"$build"/report.txt
 llvm-cov report "${libraries[@]}" -instr-profile="$build"/all.profdata --show-region-summary=false src

@@ -2,9 +2,8 @@
  * Raw AAC in ADTS frames. FFmpeg leaves the length of a frame to the decoder and unpacks the tags
  * between frames, so the frames are walked here; their headers are read by FFmpeg.
  */
-#include "platform/host/clip.h"
-
 #include "platform/host/clip_guard.h"
+#include "platform/host/clip_module.h"
 
 #include <algorithm>
 #include <cstdint>

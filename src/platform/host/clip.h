@@ -17,7 +17,6 @@ using Measure = std::function<int()>;
 /// Each opens a clip of its kind, and gives nothing when @p clip is none.
 Measure openMidi(Octets clip); ///< standard MIDI file of any format
 Measure openImelody(Octets clip);
-Measure openAdts(Octets clip); ///< raw AAC
-Measure openDemuxed(Octets clip, const char *demuxer); ///< what FFmpeg's @p demuxer reads
+Measure openInModule(Octets clip, const char *reader); ///< what a reader of clip_module.h reads
 
 } // namespace HostPlatform

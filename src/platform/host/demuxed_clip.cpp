@@ -6,9 +6,8 @@
  * The octets come from a stranger. One demuxer runs, which may open no other one, no codec, no file
  * and no address; what it may read, and how many packets it may find, is bounded.
  */
-#include "platform/host/clip.h"
-
 #include "platform/host/clip_guard.h"
+#include "platform/host/clip_module.h"
 #include "platform/host/memory_input.h"
 #include "platform/host/stream_length.h"
 

@@ -8,7 +8,7 @@
  */
 #include "platform/player_engine.h"
 
-#include "platform/host/clip.h"
+#include "platform/host/clip_module.h"
 #include "platform/no_memory.h"
 
 #include <QLatin1StringView>
@@ -22,19 +22,19 @@ namespace {
 struct FormatRow
 {
     const char *extension;
-    const char *demuxer; ///< FFmpeg's, for openDemuxed(); null for the formats read here
+    const char *reader; ///< for openInModule(); null for the formats read here
     Measure (*open)(Octets clip);
 };
 
 constexpr FormatRow formats[] = {
-    {"3g2", "mov", nullptr},     {"3gp", "mov", nullptr},    {"3gpp", "mov", nullptr},
-    {"3gpp2", "mov", nullptr},   {"aac", nullptr, openAdts}, {"amr", "amr", nullptr},
-    {"avi", "avi", nullptr},     {"awb", "amr", nullptr},    {"imy", nullptr, openImelody},
-    {"m4a", "mov", nullptr},     {"m4v", "mov", nullptr},    {"mid", nullptr, openMidi},
-    {"midi", nullptr, openMidi}, {"mov", "mov", nullptr},    {"mp3", "mp3", nullptr},
-    {"mp4", "mov", nullptr},     {"mpe", "mpeg", nullptr},   {"mpeg", "mpeg", nullptr},
-    {"mpg", "mpeg", nullptr},    {"mpga", "mp3", nullptr},   {"oga", "ogg", nullptr},
-    {"ogg", "ogg", nullptr},     {"qcp", "qcp", nullptr},    {"qt", "mov", nullptr},
+    {"3g2", "mov", nullptr},     {"3gp", "mov", nullptr},      {"3gpp", "mov", nullptr},
+    {"3gpp2", "mov", nullptr},   {"aac", AdtsReader, nullptr}, {"amr", "amr", nullptr},
+    {"avi", "avi", nullptr},     {"awb", "amr", nullptr},      {"imy", nullptr, openImelody},
+    {"m4a", "mov", nullptr},     {"m4v", "mov", nullptr},      {"mid", nullptr, openMidi},
+    {"midi", nullptr, openMidi}, {"mov", "mov", nullptr},      {"mp3", "mp3", nullptr},
+    {"mp4", "mov", nullptr},     {"mpe", "mpeg", nullptr},     {"mpeg", "mpeg", nullptr},
+    {"mpg", "mpeg", nullptr},    {"mpga", "mp3", nullptr},     {"oga", "ogg", nullptr},
+    {"ogg", "ogg", nullptr},     {"qcp", "qcp", nullptr},      {"qt", "mov", nullptr},
     {"wav", "wav", nullptr},
 };
 
@@ -45,7 +45,7 @@ Measure openClip(Octets clip, QLatin1StringView extension)
     });
     if (row == std::end(formats))
         return nullptr;
-    return row->open ? row->open(clip) : openDemuxed(clip, row->demuxer);
+    return row->open ? row->open(clip) : openInModule(clip, row->reader);
 }
 
 class HostPlayerEngine final : public MP_PlayerEngine
