@@ -26,6 +26,29 @@ bool hasVisibleForm(char32_t character)
     }
 }
 
+// Printable ASCII, which most of all JSON is.
+bool isPlain(char octet)
+{
+    return octet >= ' ' && octet <= '~';
+}
+
+QString escapedJson(const QString &text)
+{
+    QString result;
+    for (char32_t character : text.toUcs4()) {
+        const auto encoded = QChar::fromUcs4(character);
+        if (hasVisibleForm(character)) {
+            result += encoded;
+            continue;
+        }
+        for (QChar unit : QStringView(encoded)) {
+            result += QLatin1String("\\u")
+                + QString::number(unit.unicode(), 16).rightJustified(4, QLatin1Char('0'));
+        }
+    }
+    return result;
+}
+
 // wcwidth() goes by the locale, and the user's may know no more than ASCII.
 void useUnicodeWidths()
 {
@@ -78,21 +101,17 @@ QString TerminalText::visible(const QString &text)
 
 QByteArray TerminalText::jsonLine(const QJsonObject &object)
 {
-    const QString json = QString::fromUtf8(QJsonDocument(object).toJson(QJsonDocument::Compact));
-    QString result;
-    result.reserve(json.size() + 1);
-    for (char32_t character : json.toUcs4()) {
-        const auto encoded = QChar::fromUcs4(character);
-        if (hasVisibleForm(character)) {
-            result += encoded;
-            continue;
-        }
-        for (QChar unit : QStringView(encoded)) {
-            result += QLatin1String("\\u")
-                + QString::number(unit.unicode(), 16).rightJustified(4, QLatin1Char('0'));
-        }
+    const QByteArray json = QJsonDocument(object).toJson(QJsonDocument::Compact);
+    QByteArray line;
+    line.reserve(json.size() + 1);
+    for (auto at = json.begin(); at != json.end();) {
+        const auto plainEnd = std::find_if_not(at, json.end(), isPlain);
+        const auto end = std::find_if(plainEnd, json.end(), isPlain);
+        line += QByteArrayView(at, plainEnd);
+        line += escapedJson(QString::fromUtf8(QByteArrayView(plainEnd, end))).toUtf8();
+        at = end;
     }
-    return result.toUtf8() + '\n';
+    return line + '\n';
 }
 
 int TerminalText::width(const QString &text)
