@@ -1,13 +1,16 @@
 #include "header_view.h"
 
+#include "json_writer.h"
+
 #include <qvlsmilparser.h>
 
-#include <QJsonArray>
-#include <QJsonObject>
 #include <QTimeZone>
 
 #include <algorithm>
+#include <array>
+#include <functional>
 #include <span>
+#include <string_view>
 
 namespace {
 
@@ -44,39 +47,62 @@ constexpr ValueName responseStatusNames[] = {{128, "ok"},
                                              {228, "error-permanent-message-not-found"},
                                              {229, "error-permanent-content-not-accepted"}};
 
-struct Value
+/// An octet and what the standard calls it, "" when it has no name for it.
+struct Named
 {
-    QString text;
-    QJsonValue json;
+    unsigned char value;
+    const char *name;
 };
 
-Value named(unsigned char value, const QString &name)
+Named named(unsigned char value, std::span<const ValueName> names)
 {
-    const QString shown = name.isEmpty() ? QStringLiteral("unknown") : name;
-    return {QStringLiteral("%1 (%2)").arg(shown).arg(value),
-            QJsonObject{{QStringLiteral("name"), name}, {QStringLiteral("value"), value}}};
+    const auto row = std::ranges::find(names, value, &ValueName::value);
+    return {value, row != names.end() ? row->name : ""};
 }
 
-Value named(unsigned char value, std::span<const ValueName> names)
+QString textOf(const Named &named)
 {
-    const auto row = std::find_if(names.begin(), names.end(),
-                                  [value](const ValueName &name) { return name.value == value; });
-    return named(value, row != names.end() ? QString::fromLatin1(row->name) : QString());
+    const QString name = QString::fromLatin1(*named.name ? named.name : "unknown");
+    return QStringLiteral("%1 (%2)").arg(name).arg(named.value);
 }
 
-Value yesNo(bool flag)
+void write(const Named &named, JsonWriter *json)
 {
-    return {flag ? QStringLiteral("yes") : QStringLiteral("no"), flag};
+    json->beginObject();
+    json->member("name", named.name);
+    json->member("value", named.value);
+    json->endObject();
 }
 
-Value plain(const QString &text)
+QString textOf(bool flag)
 {
-    return {text, text};
+    return flag ? QStringLiteral("yes") : QStringLiteral("no");
 }
 
-Value octets(int count)
+QString textOf(const QString &text)
 {
-    return {QString::number(count) + QLatin1String(" octets"), count};
+    return text;
+}
+
+// What is written as it is.
+void write(const auto &value, JsonWriter *json)
+{
+    json->value(value);
+}
+
+struct Size
+{
+    int octets;
+};
+
+QString textOf(Size size)
+{
+    return QString::number(size.octets) + QLatin1String(" octets");
+}
+
+void write(Size size, JsonWriter *json)
+{
+    json->value(size.octets);
 }
 
 QString isoDate(const QDateTime &time)
@@ -84,15 +110,19 @@ QString isoDate(const QDateTime &time)
     return time.toOffsetFromUtc(time.offsetFromUtc()).toString(Qt::ISODate);
 }
 
-Value dateTime(const QDateTime &time)
+struct DecodingTime
 {
-    return {isoDate(time), isoDate(time)};
+    QDateTime time;
+};
+
+QString textOf(const DecodingTime &moment)
+{
+    return isoDate(moment.time) + QLatin1String(" (when it was decoded)");
 }
 
-Value version(unsigned char octet)
+void write(const DecodingTime &moment, JsonWriter *json)
 {
-    const QString text = QStringLiteral("%1.%2").arg(octet >> 4).arg(octet & 0x0F);
-    return {text, text};
+    json->value(isoDate(moment.time));
 }
 
 QString addressKind(unsigned char type)
@@ -109,128 +139,270 @@ QString addressKind(unsigned char type)
     }
 }
 
-Value address(const MMS_UTIL_Entry &entry)
+QString textOf(const MMS_UTIL_Entry &entry)
 {
     const QString kind = addressKind(entry.getType());
     QStringList words{entry.getName().trimmed(), entry.getAddress()};
     words.removeAll(QString());
     words += QLatin1Char('(') + kind + QLatin1Char(')');
-    return {entry.getType() == MMS_UTIL_Entry::Absent ? kind : words.join(QLatin1Char(' ')),
-            QJsonObject{{QStringLiteral("name"), entry.getName()},
-                        {QStringLiteral("kind"), kind},
-                        {QStringLiteral("address"), entry.getAddress()}}};
+    return entry.getType() == MMS_UTIL_Entry::Absent ? kind : words.join(QLatin1Char(' '));
 }
 
-Value addresses(const QPtrList<MMS_UTIL_Entry> &entries)
+void write(const MMS_UTIL_Entry &entry, JsonWriter *json)
+{
+    json->beginObject();
+    json->member("address", entry.getAddress());
+    json->member("kind", addressKind(entry.getType()));
+    json->member("name", entry.getName());
+    json->endObject();
+}
+
+using Recipients = QPtrList<MMS_UTIL_Entry>;
+
+QString textOf(const Recipients &recipients)
 {
     QStringList texts;
-    QJsonArray array;
-    for (const MMS_UTIL_Entry *entry : entries) {
-        const Value value = address(*entry);
-        texts += value.text;
-        array += value.json;
-    }
-    return {texts.join(QLatin1String(", ")), array};
+    for (const MMS_UTIL_Entry *entry : recipients)
+        texts += textOf(*entry);
+    return texts.join(QLatin1String(", "));
+}
+
+void write(const Recipients &recipients, JsonWriter *json)
+{
+    json->beginArray();
+    for (const MMS_UTIL_Entry *entry : recipients)
+        write(*entry, json);
+    json->endArray();
 }
 
 // The record holds the local date as seconds from a day that does not exist; this is the way back.
 // Phones send relative times as well, which come out as dates of the first years after 1970.
-Value expiry(int stored)
+struct Expiry
 {
-    constexpr quint32 storedAt1970 = 413405696;
+    explicit Expiry(int storedSeconds) : stored(storedSeconds)
+    {
+        constexpr quint32 storedAt1970 = 413405696;
+        const qint64 localSeconds = quint32(storedSeconds) - storedAt1970;
+        const QDateTime wall = QDateTime::fromSecsSinceEpoch(localSeconds, QTimeZone::utc());
+        local = QDateTime(wall.date(), wall.time());
+        seconds = local.toSecsSinceEpoch();
+    }
+
+    int stored;
+    QDateTime local;
+    qint64 seconds;
+};
+
+QString textOf(const Expiry &expiry)
+{
     constexpr qint64 tenYears = 10LL * 365 * 24 * 60 * 60;
-    const qint64 localSeconds = quint32(stored) - storedAt1970;
-    const QDateTime wall = QDateTime::fromSecsSinceEpoch(localSeconds, QTimeZone::utc());
-    const QDateTime local(wall.date(), wall.time());
-    const qint64 seconds = local.toSecsSinceEpoch();
-    const bool relative = seconds < tenYears;
-    return {relative ? QStringLiteral("%1 s after it was sent").arg(seconds) : isoDate(local),
-            QJsonObject{{QStringLiteral("stored"), stored},
-                        {QStringLiteral("seconds"), seconds},
-                        {QStringLiteral("dateTime"), isoDate(local)}}};
+    return expiry.seconds < tenYears ? QStringLiteral("%1 s after it was sent").arg(expiry.seconds)
+                                     : isoDate(expiry.local);
 }
 
-Value contentType(const MMS_UA_UAMsg &header)
+void write(const Expiry &expiry, JsonWriter *json)
 {
-    const QString type = header.getContentType() + QLatin1Char('/') + header.getContentSubType();
-    const QString parameters = header.getContentTypeParams();
-    return {
-        parameters.isEmpty() ? type : type + QLatin1String("; ") + parameters,
-        QJsonObject{{QStringLiteral("type"), type}, {QStringLiteral("parameters"), parameters}}};
+    json->beginObject();
+    json->member("dateTime", isoDate(expiry.local));
+    json->member("seconds", expiry.seconds);
+    json->member("stored", expiry.stored);
+    json->endObject();
 }
 
-Value messageType(unsigned char type)
+struct ContentType
+{
+    QString type;
+    QString parameters;
+};
+
+QString textOf(const ContentType &content)
+{
+    return content.parameters.isEmpty() ? content.type
+                                        : content.type + QLatin1String("; ") + content.parameters;
+}
+
+void write(const ContentType &content, JsonWriter *json)
+{
+    json->beginObject();
+    json->member("parameters", content.parameters);
+    json->member("type", content.type);
+    json->endObject();
+}
+
+Named messageTypeNamed(unsigned char type)
 {
     const MessageTypeInfo *info = messageTypeInfo(type);
-    return named(type, info ? QString::fromLatin1(info->name) : QString());
+    return {type, info ? info->name : ""};
 }
 
 using Msg = MMS_UA_UAMsg;
 
+const Recipients &bcc(const Msg &header)
+{
+    return header.getBccRecipients();
+}
+
+const Recipients &cc(const Msg &header)
+{
+    return header.getCcRecipients();
+}
+
+const Recipients &to(const Msg &header)
+{
+    return header.getToRecipients();
+}
+
+MMS_UTIL_Entry from(const Msg &header)
+{
+    return header.getFrom();
+}
+
+ContentType contentType(const Msg &header)
+{
+    return {header.getContentType() + QLatin1Char('/') + header.getContentSubType(),
+            header.getContentTypeParams()};
+}
+
+DecodingTime date(const Msg &header)
+{
+    return {header.getDate()};
+}
+
+QString deliveryTime(const Msg &header)
+{
+    return isoDate(header.getDeliveryTime());
+}
+
+Expiry expiry(const Msg &header)
+{
+    return Expiry(header.getExpiry());
+}
+
+Named messageClass(const Msg &header)
+{
+    return named(header.getMessageClass(), classNames);
+}
+
+Named messageType(const Msg &header)
+{
+    return messageTypeNamed(header.getMessageType());
+}
+
+QString version(const Msg &header)
+{
+    const unsigned char octet = header.getMMSVersion();
+    return QStringLiteral("%1.%2").arg(octet >> 4).arg(octet & 0x0F);
+}
+
+Size messageSize(const Msg &header)
+{
+    return {header.getMessageSize()};
+}
+
+Named priority(const Msg &header)
+{
+    return named(header.getPriority(), priorityNames);
+}
+
+Named responseStatus(const Msg &header)
+{
+    return named(header.getResponseStatus(), responseStatusNames);
+}
+
+// The flag is set by a field that says Hide.
+QString senderVisibility(const Msg &header)
+{
+    return header.getSenderVisibility() ? QStringLiteral("hide") : QStringLiteral("show");
+}
+
+Named status(const Msg &header)
+{
+    return named(header.getStatus(), statusNames);
+}
+
+/// A header field as a text and as JSON.
 struct FieldRow
 {
     unsigned char code;
-    Value (*view)(const Msg &);
+    QString (*text)(const Msg &);
+    void (*write)(const Msg &, JsonWriter *);
+
+    const char *name() const { return headerFieldInfo(code)->name; }
+    bool isIn(const Msg &header) const { return header.fieldsPresent(headerFieldMask(code)); }
 };
 
+template <auto Get>
+constexpr FieldRow row(unsigned char code)
+{
+    return {code, [](const Msg &header) { return textOf(std::invoke(Get, header)); },
+            [](const Msg &header, JsonWriter *json) { write(std::invoke(Get, header), json); }};
+}
+
 constexpr FieldRow fieldRows[] = {
-    {HeaderFieldCode::Bcc, [](const Msg &m) { return addresses(m.getBccRecipients()); }},
-    {HeaderFieldCode::Cc, [](const Msg &m) { return addresses(m.getCcRecipients()); }},
-    {HeaderFieldCode::ContentLocation, [](const Msg &m) { return plain(m.getContentLocation()); }},
-    {HeaderFieldCode::ContentType, contentType},
-    {HeaderFieldCode::Date,
-     [](const Msg &m) {
-         return Value{isoDate(m.getDate()) + QLatin1String(" (when it was decoded)"),
-                      isoDate(m.getDate())};
-     }},
-    {HeaderFieldCode::DeliveryReport, [](const Msg &m) { return yesNo(m.getDeliveryReport()); }},
-    {HeaderFieldCode::DeliveryTime, [](const Msg &m) { return dateTime(m.getDeliveryTime()); }},
-    {HeaderFieldCode::Expiry, [](const Msg &m) { return expiry(m.getExpiry()); }},
-    {HeaderFieldCode::From, [](const Msg &m) { return address(m.getFrom()); }},
-    {HeaderFieldCode::MessageClass,
-     [](const Msg &m) { return named(m.getMessageClass(), classNames); }},
-    {HeaderFieldCode::MessageId, [](const Msg &m) { return plain(m.getMessageId()); }},
-    {HeaderFieldCode::MessageType, [](const Msg &m) { return messageType(m.getMessageType()); }},
-    {HeaderFieldCode::MmsVersion, [](const Msg &m) { return version(m.getMMSVersion()); }},
-    {HeaderFieldCode::MessageSize, [](const Msg &m) { return octets(m.getMessageSize()); }},
-    {HeaderFieldCode::Priority, [](const Msg &m) { return named(m.getPriority(), priorityNames); }},
-    {HeaderFieldCode::ReadReply, [](const Msg &m) { return yesNo(m.getReadReply()); }},
-    {HeaderFieldCode::ReportAllowed, [](const Msg &m) { return yesNo(m.getReportAllowed()); }},
-    {HeaderFieldCode::ResponseStatus,
-     [](const Msg &m) { return named(m.getResponseStatus(), responseStatusNames); }},
-    {HeaderFieldCode::ResponseText, [](const Msg &m) { return plain(m.getResponseText()); }},
-    // The flag is set by a field that says Hide.
-    {HeaderFieldCode::SenderVisibility,
-     [](const Msg &m) {
-         return plain(m.getSenderVisibility() ? QStringLiteral("hide") : QStringLiteral("show"));
-     }},
-    {HeaderFieldCode::Status, [](const Msg &m) { return named(m.getStatus(), statusNames); }},
-    {HeaderFieldCode::Subject, [](const Msg &m) { return plain(m.getSubject()); }},
-    {HeaderFieldCode::To, [](const Msg &m) { return addresses(m.getToRecipients()); }},
-    {HeaderFieldCode::TransactionId, [](const Msg &m) { return plain(m.getTransactionId()); }},
+    row<bcc>(HeaderFieldCode::Bcc),
+    row<cc>(HeaderFieldCode::Cc),
+    row<&Msg::getContentLocation>(HeaderFieldCode::ContentLocation),
+    row<contentType>(HeaderFieldCode::ContentType),
+    row<date>(HeaderFieldCode::Date),
+    row<&Msg::getDeliveryReport>(HeaderFieldCode::DeliveryReport),
+    row<deliveryTime>(HeaderFieldCode::DeliveryTime),
+    row<expiry>(HeaderFieldCode::Expiry),
+    row<from>(HeaderFieldCode::From),
+    row<messageClass>(HeaderFieldCode::MessageClass),
+    row<&Msg::getMessageId>(HeaderFieldCode::MessageId),
+    row<messageType>(HeaderFieldCode::MessageType),
+    row<version>(HeaderFieldCode::MmsVersion),
+    row<messageSize>(HeaderFieldCode::MessageSize),
+    row<priority>(HeaderFieldCode::Priority),
+    row<&Msg::getReadReply>(HeaderFieldCode::ReadReply),
+    row<&Msg::getReportAllowed>(HeaderFieldCode::ReportAllowed),
+    row<responseStatus>(HeaderFieldCode::ResponseStatus),
+    row<&Msg::getResponseText>(HeaderFieldCode::ResponseText),
+    row<senderVisibility>(HeaderFieldCode::SenderVisibility),
+    row<status>(HeaderFieldCode::Status),
+    row<&Msg::getSubject>(HeaderFieldCode::Subject),
+    row<to>(HeaderFieldCode::To),
+    row<&Msg::getTransactionId>(HeaderFieldCode::TransactionId),
 };
 static_assert(std::size(fieldRows) == HeaderFieldCode::TransactionId, "one row for each field");
+
+auto rowsByName()
+{
+    std::array rows = std::to_array(fieldRows);
+    std::ranges::sort(rows, {}, [](const FieldRow &row) { return std::string_view(row.name()); });
+    return rows;
+}
 
 } // namespace
 
 QList<FieldView> headerView(const MMS_UA_UAMsg &header)
 {
     QList<FieldRow> rows;
-    std::copy_if(
-        std::begin(fieldRows), std::end(fieldRows), std::back_inserter(rows),
-        [&](const FieldRow &row) { return header.fieldsPresent(headerFieldMask(row.code)); });
-    std::stable_sort(rows.begin(), rows.end(), [&](const FieldRow &a, const FieldRow &b) {
-        return header.getFieldPosition(a.code) < header.getFieldPosition(b.code);
-    });
+    std::ranges::copy_if(fieldRows, std::back_inserter(rows),
+                         [&](const FieldRow &row) { return row.isIn(header); });
+    std::ranges::stable_sort(
+        rows, {}, [&](const FieldRow &row) { return header.getFieldPosition(row.code); });
     QList<FieldView> views;
-    for (const FieldRow &row : rows) {
-        const Value value = row.view(header);
-        views += {QString::fromLatin1(headerFieldInfo(row.code)->name), value.text, value.json};
-    }
+    for (const FieldRow &row : rows)
+        views += {QString::fromLatin1(row.name()), row.text(header)};
     return views;
+}
+
+void writeHeader(const MMS_UA_UAMsg &header, JsonWriter *json)
+{
+    static const auto rows = rowsByName();
+    json->key("header");
+    json->beginObject();
+    for (const FieldRow &row : rows) {
+        if (!row.isIn(header))
+            continue;
+        json->key(row.name());
+        row.write(header, json);
+    }
+    json->endObject();
 }
 
 QString messageTypeText(unsigned char type)
 {
-    return messageType(type).text;
+    return textOf(messageTypeNamed(type));
 }

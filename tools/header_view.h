@@ -1,12 +1,12 @@
 /*
- * The header fields of a message for a reader: each as a text and as JSON.
+ * The header fields of a message for a reader: as texts and as JSON.
  */
 #pragma once
 
-#include <QJsonValue>
 #include <QList>
 #include <QString>
 
+class JsonWriter;
 class MMS_UA_UAMsg;
 
 /// One header field of one message.
@@ -14,11 +14,13 @@ struct FieldView
 {
     QString name; ///< name of the field, such as "Message-Class"
     QString text; ///< value for a person; may hold anything that the message holds
-    QJsonValue json; ///< value for a program
 };
 
 /// The fields that are present, in the order in which the message had them.
 QList<FieldView> headerView(const MMS_UA_UAMsg &header);
+
+/// Writes the member "header", documented in docs/json.md.
+void writeHeader(const MMS_UA_UAMsg &header, JsonWriter *json);
 
 /// Name and number of a message type, such as "m-send-req (128)".
 QString messageTypeText(unsigned char type);

@@ -1,13 +1,15 @@
 #include "show.h"
 
 #include "header_view.h"
+#include "json_writer.h"
 #include "message.h"
+#include "result_view.h"
 #include "slides_view.h"
 #include "terminal_text.h"
 
-#include <QJsonArray>
-
 #include <algorithm>
+#include <array>
+#include <string_view>
 
 namespace {
 
@@ -21,22 +23,23 @@ struct Check
     bool (MMS_UA_UAMsg::*passes)() const;
 };
 
-constexpr Check checks[] = {
-    {"version", "version", &MMS_UA_UAMsg::isMMSVersionCorrect},
-    {"minor version", "minorVersion", &MMS_UA_UAMsg::isMMSMinorVersionCorrect},
-    {"mandatory fields", "mandatoryFields", &MMS_UA_UAMsg::mandatoryFldsPresentInPDU},
-    {"order", "order", &MMS_UA_UAMsg::pduOrderCheck},
+constexpr std::array checks{
+    Check{"version", "version", &MMS_UA_UAMsg::isMMSVersionCorrect},
+    Check{"minor version", "minorVersion", &MMS_UA_UAMsg::isMMSMinorVersionCorrect},
+    Check{"mandatory fields", "mandatoryFields", &MMS_UA_UAMsg::mandatoryFldsPresentInPDU},
+    Check{"order", "order", &MMS_UA_UAMsg::pduOrderCheck},
 };
+
+constexpr std::array checksByKey = [] {
+    std::array sorted = checks;
+    std::ranges::sort(sorted, {}, [](const Check &check) { return std::string_view(check.key); });
+    return sorted;
+}();
 
 QString line(const QString &name, const QString &text)
 {
     return QLatin1String("  ") + name.leftJustified(18) + QLatin1Char(' ') + visible(text)
         + QLatin1Char('\n');
-}
-
-QString resultText(const char *meaning, int code)
-{
-    return QString::fromLatin1(meaning) + QStringLiteral(" (result %1)").arg(code);
 }
 
 QString checksText(const MMS_UA_UAMsg &header)
@@ -111,37 +114,44 @@ QString presentationText(const Message &message)
                : line(QStringLiteral("REFUSED"), refusedSmilText(message)));
 }
 
-QJsonObject resultJson(const char *meaning, int code)
+void writeChecks(const MMS_UA_UAMsg &header, JsonWriter *json)
 {
-    return {{QStringLiteral("code"), code},
-            {QStringLiteral("meaning"), QString::fromLatin1(meaning)}};
+    json->key("checks");
+    json->beginObject();
+    for (const Check &check : checksByKey)
+        json->member(check.key, (header.*check.passes)());
+    json->endObject();
 }
 
-QJsonObject partJson(const Part &part)
+void writePart(const Part &part, JsonWriter *json)
 {
-    return {{QStringLiteral("contentType"), part.getMimeFormat()},
-            {QStringLiteral("octets"), part.getBodyDataLen()},
-            {QStringLiteral("charset"), part.getCharset()},
-            {QStringLiteral("location"), part.getContentLocation()},
-            {QStringLiteral("contentId"), part.getContentID()},
-            {QStringLiteral("displayName"), part.getDispFileName()},
-            {QStringLiteral("kind"), kindOf(part)}};
+    json->beginObject();
+    json->member("charset", part.getCharset());
+    json->member("contentId", part.getContentID());
+    json->member("contentType", part.getMimeFormat());
+    json->member("displayName", part.getDispFileName());
+    json->member("kind", kindOf(part));
+    json->member("location", part.getContentLocation());
+    json->member("octets", part.getBodyDataLen());
+    json->endObject();
 }
 
-QJsonObject bodyJson(const Message &message)
+void writeBody(const Message &message, JsonWriter *json)
 {
-    QJsonArray parts;
-    for (int i = 0; i < message.body.getPartCount(); ++i)
-        parts += partJson(*message.body.getBodypartByIndex(i));
-    QJsonObject body{{QStringLiteral("offset"), message.bodyOffset()},
-                     {QStringLiteral("octets"), message.header.getBodyLength()}};
+    json->key("body");
+    json->beginObject();
+    json->member("octets", message.header.getBodyLength());
+    json->member("offset", message.bodyOffset());
     if (message.bodyResult) {
-        body[QStringLiteral("result")] =
-            resultJson(MultipartResult::meaning(*message.bodyResult), *message.bodyResult);
-        body[QStringLiteral("start")] = message.body.getStart();
-        body[QStringLiteral("parts")] = parts;
+        json->key("parts");
+        json->beginArray();
+        for (int i = 0; i < message.body.getPartCount(); ++i)
+            writePart(*message.body.getBodypartByIndex(i), json);
+        json->endArray();
+        writeResult(MultipartResult::meaning(*message.bodyResult), *message.bodyResult, json);
+        json->member("start", message.body.getStart());
     }
-    return body;
+    json->endObject();
 }
 
 } // namespace
@@ -173,31 +183,22 @@ QString refusedSmilText(const Message &message)
     return why.isEmpty() ? text : text + QLatin1String(", ") + why;
 }
 
-QJsonObject messageJson(const Message &message)
+QByteArray messageJson(const Message &message)
 {
-    QJsonObject fields;
-    for (const FieldView &field : headerView(message.header))
-        fields[field.name] = field.json;
-    QJsonObject json{{QStringLiteral("file"), message.fileName},
-                     {QStringLiteral("octets"), message.octets.size()},
-                     {QStringLiteral("refused"), message.isRefused()},
-                     {QStringLiteral("result"),
-                      resultJson(WireResult::meaning(message.headerResult), message.headerResult)},
-                     {QStringLiteral("header"), fields}};
-    if (message.headerResult != WireResult::Read)
-        return json;
-    QJsonObject checksJson;
-    for (const Check &check : checks)
-        checksJson[QString::fromLatin1(check.key)] = (message.header.*check.passes)();
-    json[QStringLiteral("checks")] = checksJson;
-    if (message.header.getBodyLength() > 0)
-        json[QStringLiteral("body")] = bodyJson(message);
-    if (message.smilResult || message.slidesAreMade) {
-        const int result = message.smilResult.value_or(SmilResult::Ok);
-        QJsonObject presentation = slidesJson(message);
-        presentation[QStringLiteral("result")] = resultJson(SmilResult::meaning(result), result);
-        presentation[QStringLiteral("made")] = message.slidesAreMade;
-        json[QStringLiteral("presentation")] = presentation;
-    }
-    return json;
+    const bool isDecoded = message.headerResult == WireResult::Read;
+    JsonWriter json;
+    json.beginObject();
+    if (isDecoded && message.header.getBodyLength() > 0)
+        writeBody(message, &json);
+    if (isDecoded)
+        writeChecks(message.header, &json);
+    json.member("file", message.fileName);
+    writeHeader(message.header, &json);
+    json.member("octets", message.octets.size());
+    if (message.smilResult || message.slidesAreMade)
+        writePresentation(message, &json);
+    json.member("refused", message.isRefused());
+    writeResult(WireResult::meaning(message.headerResult), message.headerResult, &json);
+    json.endObject();
+    return QByteArray::fromStdString(json.json()) + '\n';
 }

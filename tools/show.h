@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include <QJsonObject>
+#include <QByteArray>
 #include <QString>
 
 struct Message;
@@ -14,5 +14,5 @@ QString messageText(const Message &message);
 /// Why the SMIL of the message was refused: code, meaning and, where that helps, line and column.
 QString refusedSmilText(const Message &message);
 
-/// The message as a JSON object, documented in docs/json.md.
-QJsonObject messageJson(const Message &message);
+/// The message as a line of JSON, documented in docs/json.md.
+QByteArray messageJson(const Message &message);

@@ -1,10 +1,11 @@
 #include "slides_view.h"
 
+#include "json_writer.h"
 #include "message.h"
 #include "model_text.h"
+#include "result_view.h"
 #include "terminal_text.h"
 
-#include <QJsonArray>
 #include <QXmlStreamReader>
 
 #include <array>
@@ -120,56 +121,79 @@ QString slideTitle(const Message &message, unsigned int index, const Slide &slid
     return QLatin1String("    ") + words.join(QLatin1String(", ")) + QLatin1Char('\n');
 }
 
-QJsonObject paramJson(const MMS_COMP_SMILMediaObjectParam &param)
+void writeParams(const Object &object, JsonWriter *json)
 {
-    return {{QStringLiteral("name"), param.getName()}, {QStringLiteral("value"), param.getValue()}};
-}
-
-QJsonObject objectJson(const MMS_COMP_SMILMultipart &body, const Object &object)
-{
-    QJsonArray params;
-    for (int i = 0; i < object.getParamCount(); ++i)
-        params += paramJson(*object.getParam(i));
-    QJsonObject json{{QStringLiteral("kind"), kindOf(object)},
-                     {QStringLiteral("source"), object.getSrc()},
-                     {QStringLiteral("region"), object.getRegionId()},
-                     {QStringLiteral("alt"), object.getAlt()},
-                     {QStringLiteral("begin"), ModelText::time(object.getBegin())},
-                     {QStringLiteral("end"), ModelText::time(object.getEnd())},
-                     {QStringLiteral("params"), params}};
-    if (const Part *part = object.getData()) {
-        json[QStringLiteral("part")] = indexOfPart(body, part);
-        json[QStringLiteral("octets")] = part->getBodyDataLen();
+    json->key("params");
+    json->beginArray();
+    for (int i = 0; i < object.getParamCount(); ++i) {
+        const MMS_COMP_SMILMediaObjectParam &param = *object.getParam(i);
+        json->beginObject();
+        json->member("name", param.getName());
+        json->member("value", param.getValue());
+        json->endObject();
     }
-    if (const int milliseconds = playDuration(object); milliseconds >= 0)
-        json[QStringLiteral("playDuration")] = milliseconds;
-    if (object.getMediaElementType() == SMIL_MEDIA_TEXT)
-        json[QStringLiteral("firstLine")] = firstLine(object);
-    return json;
+    json->endArray();
 }
 
-QJsonObject slideJson(const Message &message, const Slide &slide)
+void writeObject(const MMS_COMP_SMILMultipart &body, const Object &object, JsonWriter *json)
 {
-    QJsonArray media;
-    for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
-        media += objectJson(message.body, *slide.getMediaObject(i));
-    return {{QStringLiteral("duration"), slide.getDur()},
-            {QStringLiteral("durationSource"), durationSource(message, slide)},
-            {QStringLiteral("pageColor"), ModelText::colour(slide.getPageColor())},
-            {QStringLiteral("textColor"), ModelText::colour(slide.getTextColor())},
-            {QStringLiteral("textSize"), slide.getTextSize()},
-            {QStringLiteral("media"), media}};
+    const Part *const part = object.getData();
+    json->beginObject();
+    json->member("alt", object.getAlt());
+    json->member("begin", ModelText::time(object.getBegin()));
+    json->member("end", ModelText::time(object.getEnd()));
+    if (object.getMediaElementType() == SMIL_MEDIA_TEXT)
+        json->member("firstLine", firstLine(object));
+    json->member("kind", kindOf(object));
+    if (part)
+        json->member("octets", part->getBodyDataLen());
+    writeParams(object, json);
+    if (part)
+        json->member("part", indexOfPart(body, part));
+    if (const int milliseconds = playDuration(object); milliseconds >= 0)
+        json->member("playDuration", milliseconds);
+    json->member("region", object.getRegionId());
+    json->member("source", object.getSrc());
+    json->endObject();
 }
 
-QJsonObject regionJson(const MMS_COMP_SMILRegion &region)
+void writeSlide(const Message &message, const Slide &slide, JsonWriter *json)
+{
+    json->beginObject();
+    json->member("duration", slide.getDur());
+    json->member("durationSource", durationSource(message, slide));
+    json->key("media");
+    json->beginArray();
+    for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
+        writeObject(message.body, *slide.getMediaObject(i), json);
+    json->endArray();
+    json->member("pageColor", ModelText::colour(slide.getPageColor()));
+    json->member("textColor", ModelText::colour(slide.getTextColor()));
+    json->member("textSize", slide.getTextSize());
+    json->endObject();
+}
+
+void writeRegion(const MMS_COMP_SMILRegion &region, JsonWriter *json)
 {
     const char *fit = MMS_COMP_SMILRegion::fitKeyword(region.getFit());
-    return {{QStringLiteral("id"), region.getId()},
-            {QStringLiteral("left"), double(region.getLeft())},
-            {QStringLiteral("top"), double(region.getTop())},
-            {QStringLiteral("width"), double(region.getWidth())},
-            {QStringLiteral("height"), double(region.getHeight())},
-            {QStringLiteral("fit"), QString::fromLatin1(fit ? fit : "unknown")}};
+    json->beginObject();
+    json->member("fit", fit ? fit : "unknown");
+    json->member("height", double(region.getHeight()));
+    json->member("id", region.getId());
+    json->member("left", double(region.getLeft()));
+    json->member("top", double(region.getTop()));
+    json->member("width", double(region.getWidth()));
+    json->endObject();
+}
+
+void writeRootLayout(const MMS_COMP_SMILRootLayout &root, JsonWriter *json)
+{
+    json->key("rootLayout");
+    json->beginObject();
+    json->member("color", ModelText::colour(*root.getBackgroundColor()));
+    json->member("height", root.getHeight());
+    json->member("width", root.getWidth());
+    json->endObject();
 }
 
 } // namespace
@@ -184,27 +208,28 @@ QString slidesText(const Message &message)
     return text;
 }
 
-QJsonObject slidesJson(const Message &message)
+void writePresentation(const Message &message, JsonWriter *json)
 {
     const MMS_COMP_SMILData &data = message.slides;
-    QJsonArray regions;
+    const int result = message.smilResult.value_or(SmilResult::Ok);
+    json->key("presentation");
+    json->beginObject();
+    json->member("made", message.slidesAreMade);
+    json->key("regions");
+    json->beginArray();
     for (unsigned int i = 0; i < data.getRegionCount(); ++i)
-        regions += regionJson(*data.getRegion(i));
-    QJsonArray slides;
+        writeRegion(*data.getRegion(i), json);
+    json->endArray();
+    writeResult(SmilResult::meaning(result), result, json);
+    if (const MMS_COMP_SMILRootLayout *root = data.getRootLayout())
+        writeRootLayout(*root, json);
+    json->key("slides");
+    json->beginArray();
     for (unsigned int i = 0; i < data.getTotalSlidesNum(); ++i)
-        slides += slideJson(message, *data.getSlide(i));
-    QJsonObject json{{QStringLiteral("unit"),
-                      data.getLayoutMeasureUnit() == SMIL_UNIT_PIXEL ? QStringLiteral("pixel")
-                                                                     : QStringLiteral("percent")},
-                     {QStringLiteral("regions"), regions},
-                     {QStringLiteral("slides"), slides}};
-    if (const MMS_COMP_SMILRootLayout *root = data.getRootLayout()) {
-        json[QStringLiteral("rootLayout")] =
-            QJsonObject{{QStringLiteral("width"), root->getWidth()},
-                        {QStringLiteral("height"), root->getHeight()},
-                        {QStringLiteral("color"), ModelText::colour(*root->getBackgroundColor())}};
-    }
-    return json;
+        writeSlide(message, *data.getSlide(i), json);
+    json->endArray();
+    json->member("unit", data.getLayoutMeasureUnit() == SMIL_UNIT_PIXEL ? "pixel" : "percent");
+    json->endObject();
 }
 
 QString whyNotWellFormed(const QByteArray &smil)

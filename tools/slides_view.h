@@ -3,16 +3,16 @@
  */
 #pragma once
 
-#include <QJsonObject>
 #include <QString>
 
+class JsonWriter;
 struct Message;
 
 /// Slides and their media as lines, each behind four blanks at least; "" without a presentation.
 QString slidesText(const Message &message);
 
-/// The presentation as JSON, documented in docs/json.md.
-QJsonObject slidesJson(const Message &message);
+/// Writes the member "presentation", documented in docs/json.md.
+void writePresentation(const Message &message, JsonWriter *json);
 
 /**
  * Where and why @p smil is not well-formed, such as "line 3, column 7: ..."; "" when it is, or when

@@ -1,7 +1,5 @@
 #include "terminal_text.h"
 
-#include <QJsonDocument>
-
 #include <algorithm>
 #include <clocale>
 #include <cwchar>
@@ -9,45 +7,6 @@
 namespace {
 
 constexpr int LongestCell = 40;
-
-bool hasVisibleForm(char32_t character)
-{
-    switch (QChar::category(character)) {
-    case QChar::Other_Control:
-    case QChar::Other_Format: // turns the writing direction, among other things
-    case QChar::Other_Surrogate:
-    case QChar::Other_PrivateUse:
-    case QChar::Other_NotAssigned:
-    case QChar::Separator_Line:
-    case QChar::Separator_Paragraph:
-        return false;
-    default:
-        return true;
-    }
-}
-
-// Printable ASCII, which most of all JSON is.
-bool isPlain(char octet)
-{
-    return octet >= ' ' && octet <= '~';
-}
-
-QString escapedJson(const QString &text)
-{
-    QString result;
-    for (char32_t character : text.toUcs4()) {
-        const auto encoded = QChar::fromUcs4(character);
-        if (hasVisibleForm(character)) {
-            result += encoded;
-            continue;
-        }
-        for (QChar unit : QStringView(encoded)) {
-            result += QLatin1String("\\u")
-                + QString::number(unit.unicode(), 16).rightJustified(4, QLatin1Char('0'));
-        }
-    }
-    return result;
-}
 
 // wcwidth() goes by the locale, and the user's may know no more than ASCII.
 void useUnicodeWidths()
@@ -85,6 +44,22 @@ QString padded(const QString &text, int columns, bool alignRight)
 
 } // namespace
 
+bool TerminalText::hasVisibleForm(char32_t character)
+{
+    switch (QChar::category(character)) {
+    case QChar::Other_Control:
+    case QChar::Other_Format: // turns the writing direction, among other things
+    case QChar::Other_Surrogate:
+    case QChar::Other_PrivateUse:
+    case QChar::Other_NotAssigned:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return false;
+    default:
+        return true;
+    }
+}
+
 QString TerminalText::visible(const QString &text)
 {
     QString result;
@@ -97,21 +72,6 @@ QString TerminalText::visible(const QString &text)
                 QLatin1String("\\u{") + QString::number(uint(character), 16) + QLatin1Char('}');
     }
     return result;
-}
-
-QByteArray TerminalText::jsonLine(const QJsonObject &object)
-{
-    const QByteArray json = QJsonDocument(object).toJson(QJsonDocument::Compact);
-    QByteArray line;
-    line.reserve(json.size() + 1);
-    for (auto at = json.begin(); at != json.end();) {
-        const auto plainEnd = std::find_if_not(at, json.end(), isPlain);
-        const auto end = std::find_if(plainEnd, json.end(), isPlain);
-        line += QByteArrayView(at, plainEnd);
-        line += escapedJson(QString::fromUtf8(QByteArrayView(plainEnd, end))).toUtf8();
-        at = end;
-    }
-    return line + '\n';
 }
 
 int TerminalText::width(const QString &text)

@@ -4,19 +4,18 @@
  */
 #pragma once
 
-#include <QByteArray>
-#include <QJsonObject>
 #include <QList>
 #include <QString>
 #include <QStringList>
 
 namespace TerminalText {
 
-/// @p text with every character that has no visible form of its own written as \u{hex}.
-QString visible(const QString &text);
+/// False for what acts on a terminal or shows nothing: controls, turns of the writing direction,
+/// ...
+bool hasVisibleForm(char32_t character);
 
-/// @p object as one line of JSON, in which the same characters are written as \uhex.
-QByteArray jsonLine(const QJsonObject &object);
+/// @p text with every character without a visible form written as \u{hex}.
+QString visible(const QString &text);
 
 /// Columns that @p text, which is visible(), takes on a terminal.
 int width(const QString &text);

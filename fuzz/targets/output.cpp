@@ -5,7 +5,6 @@
 #include "extract.h"
 #include "message.h"
 #include "show.h"
-#include "terminal_text.h"
 
 #include "support/invariant.h"
 
@@ -43,7 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const auto message =
         decodeMessage(QByteArray(reinterpret_cast<const char *>(data), qsizetype(size)));
     require(isHarmless(messageText(*message)), "the text does nothing to a terminal");
-    const QByteArray json = TerminalText::jsonLine(messageJson(*message));
+    const QByteArray json = messageJson(*message);
     require(json.count('\n') == 1 && json.endsWith('\n'), "JSON is one line");
     require(QJsonDocument::fromJson(json).isObject(), "JSON is an object");
     require(isHarmless(QString::fromUtf8(json)), "JSON does nothing to a terminal");

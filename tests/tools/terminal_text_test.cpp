@@ -71,9 +71,3 @@ TEST(TerminalTextTable, LeavesCellsOfTheFullWidthAlone)
     const QString cell(40, QLatin1Char('x'));
     EXPECT_EQ(table({{QStringLiteral("T")}}, {{cell}}, QString())[1], cell);
 }
-
-TEST(TerminalTextJson, EscapesWhatJsonItselfLeavesAlone)
-{
-    const QJsonObject object{{QStringLiteral("a"), QStringLiteral("\x7F\u009B\u202E\U000E0001é")}};
-    EXPECT_EQ(jsonLine(object).toStdString(), "{\"a\":\"\\u007f\\u009b\\u202e\\udb40\\udc01é\"}\n");
-}

@@ -4,7 +4,6 @@
 #include "highlight.h"
 #include "message.h"
 #include "show.h"
-#include "terminal_text.h"
 
 #include <QCommandLineParser>
 #include <QThreadPool>
@@ -64,7 +63,7 @@ Shown showFile(const QString &file, bool json)
 {
     Shown shown;
     if (const auto message = readMessage(file, &shown.error)) {
-        shown.text = json ? TerminalText::jsonLine(messageJson(*message))
+        shown.text = json ? messageJson(*message)
                           : linesFor(stdout, messageText(*message));
         shown.advice = json ? QString() : whyNoMessage(*message);
         shown.refused = message->isRefused();

@@ -1,0 +1,113 @@
+/*
+ * JSON as QJsonDocument writes it, but for the characters that act on a terminal.
+ */
+#include "json_writer.h"
+
+#include <gtest/gtest.h>
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <cmath>
+#include <limits>
+
+namespace {
+
+template <typename Value>
+std::string written(const Value &value)
+{
+    JsonWriter json;
+    json.beginObject();
+    json.member("a", value);
+    json.endObject();
+    return json.json();
+}
+
+std::string writtenByQt(const QJsonValue &value)
+{
+    return QJsonDocument(QJsonObject{{QStringLiteral("a"), value}})
+        .toJson(QJsonDocument::Compact)
+        .toStdString();
+}
+
+} // namespace
+
+TEST(JsonWriter, EscapesTextsAsQtDoes)
+{
+    const char16_t *const texts[] = {u"",
+                                     u"plain ~",
+                                     u"\"quoted\" \\ /",
+                                     u"\b\f\n\r\t",
+                                     u"\x01\x1F",
+                                     u"Grüße 港口 ⚓ \U0001F600",
+                                     u"ü\"\\ü",
+                                     u"\xD800",
+                                     u"\xDC00 \xD83D",
+                                     u"\xDE00\xD83D"};
+    for (const char16_t *text : texts) {
+        const QString string = QString::fromUtf16(text);
+        EXPECT_EQ(written(string), writtenByQt(string));
+    }
+    const QString zero(QChar::Null);
+    EXPECT_EQ(written(zero), writtenByQt(zero));
+    EXPECT_EQ(written(QString()), writtenByQt(QString()));
+}
+
+TEST(JsonWriter, EscapesWhatJsonItselfLeavesAlone)
+{
+    const QString text = QStringLiteral("\x7F\u009B\u202E\U000E0001é");
+    EXPECT_EQ(written(text), "{\"a\":\"\\u007f\\u009b\\u202e\\udb40\\udc01é\"}");
+}
+
+TEST(JsonWriter, WritesNumbersAsQtDoes)
+{
+    constexpr double numbers[] = {0,
+                                  -0.0,
+                                  160,
+                                  -1,
+                                  33.299999237060547,
+                                  0.1,
+                                  1e-7,
+                                  1e18,
+                                  1e20,
+                                  9223372036854775807.0,
+                                  -9223372036854775808.0,
+                                  std::numeric_limits<double>::max(),
+                                  std::numeric_limits<double>::infinity(),
+                                  std::numeric_limits<double>::quiet_NaN()};
+    for (double number : numbers)
+        EXPECT_EQ(written(number), writtenByQt(number)) << number;
+    for (qint64 number : {std::numeric_limits<qint64>::min(), qint64(-1), qint64(0),
+                          std::numeric_limits<qint64>::max()})
+        EXPECT_EQ(written(number), writtenByQt(number));
+    EXPECT_EQ(written(static_cast<unsigned char>(200)), "{\"a\":200}");
+    EXPECT_EQ(written(std::numeric_limits<int>::min()), "{\"a\":-2147483648}");
+}
+
+TEST(JsonWriter, SeparatesMembersAndElements)
+{
+    JsonWriter json;
+    json.beginObject();
+    json.key("array");
+    json.beginArray();
+    json.value(1);
+    json.beginObject();
+    json.endObject();
+    json.beginArray();
+    json.endArray();
+    json.value("{[:");
+    json.value(QStringLiteral("{[:"));
+    json.value(true);
+    json.endArray();
+    json.member("flag", false);
+    json.key("object");
+    json.beginObject();
+    json.member("text", "");
+    json.member("null", std::nan(""));
+    json.endObject();
+    json.endObject();
+    EXPECT_EQ(json.json(),
+              "{\"array\":[1,{},[],\"{[:\",\"{[:\",true],\"flag\":false,"
+              "\"object\":{\"text\":\"\",\"null\":null}}");
+}
