@@ -6,12 +6,15 @@
 #include "show.h"
 
 #include <QCommandLineParser>
-#include <QThreadPool>
 
-#include <deque>
-#include <future>
-#include <memory>
+#include <algorithm>
+#include <condition_variable>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <thread>
 #include <utility>
+#include <vector>
 
 using namespace CommandLine;
 
@@ -63,52 +66,70 @@ Shown showFile(const QString &file, bool json)
 {
     Shown shown;
     if (const auto message = readMessage(file, &shown.error)) {
-        shown.text = json ? messageJson(*message)
-                          : linesFor(stdout, messageText(*message));
+        shown.text = json ? messageJson(*message) : linesFor(stdout, messageText(*message));
         shown.advice = json ? QString() : whyNoMessage(*message);
         shown.refused = message->isRefused();
     }
     return shown;
 }
 
-/// Shows files in their order, some of them at the same time.
+/// Shows files in their order, several at the same time. Each thread takes the next file, and
+/// prints what is ready up to there: none has to wake another for that.
 class Files
 {
 public:
-    Files(QStringList names, bool json, int jobs) : m_names(std::move(names)), m_json(json)
+    using Print = std::function<void(const QString &name, const Shown &shown)>;
+
+    Files(QStringList names, bool json, Print print)
+        : m_names(std::move(names)), m_json(json), m_print(std::move(print))
     {
-        m_pool.setMaxThreadCount(jobs);
     }
 
-    /// What the next file gives.
-    Shown next()
+    /// Prints all, with @p jobs threads.
+    void show(int jobs)
     {
-        if (m_pool.maxThreadCount() == 1)
-            return showFile(m_names[m_started++], m_json);
-        // Some wait, so that no thread is idle while a long file before them is shown.
-        const size_t most = 4 * size_t(m_pool.maxThreadCount());
-        while (m_running.size() < most && m_started < m_names.size())
-            start(m_names[m_started++]);
-        const Shown shown = m_running.front().get();
-        m_running.pop_front();
-        return shown;
+        m_mostAhead = 4 * qsizetype(jobs);
+        std::vector<std::jthread> others;
+        for (qsizetype i = 1; i < std::min<qsizetype>(jobs, m_names.size()); ++i)
+            others.emplace_back([this] { work(); });
+        work();
     }
 
 private:
-    // Waiting for a QFuture would show files in this thread too, one more than the user asked for.
-    void start(const QString &name)
+    void work()
     {
-        const auto task = std::make_shared<std::packaged_task<Shown()>>(
-            [name, json = m_json] { return showFile(name, json); });
-        m_running.push_back(task->get_future());
-        m_pool.start([task] { (*task)(); });
+        std::unique_lock lock(m_mutex);
+        while (m_started < m_names.size()) {
+            const qsizetype index = m_started++;
+            // What is ready is kept until a long file before it is printed.
+            m_printedMore.wait(lock, [&] { return index < m_printed + m_mostAhead; });
+            lock.unlock();
+            Shown shown = showFile(m_names[index], m_json);
+            lock.lock();
+            m_ready.emplace(index, std::move(shown));
+            printReady();
+        }
     }
 
-    QStringList m_names;
-    bool m_json;
+    void printReady()
+    {
+        while (!m_ready.empty() && m_ready.begin()->first == m_printed) {
+            m_print(m_names[m_printed++], m_ready.begin()->second);
+            m_ready.erase(m_ready.begin());
+        }
+        m_printedMore.notify_all();
+    }
+
+    const QStringList m_names;
+    const bool m_json;
+    const Print m_print;
+    qsizetype m_mostAhead = 0;
+
+    std::mutex m_mutex; // for all that follows
+    std::condition_variable m_printedMore;
+    std::map<qsizetype, Shown> m_ready; // by index
     qsizetype m_started = 0;
-    std::deque<std::future<Shown>> m_running;
-    QThreadPool m_pool;
+    qsizetype m_printed = 0;
 };
 
 QString summary(int decoded, int refused, int unreadable)
@@ -143,13 +164,11 @@ int Commands::show(const QStringList &arguments)
         return CannotDo;
 
     const QStringList names = parser.positionalArguments();
-    Files files(names, wantsJson, *jobs);
     int decoded = 0;
     int refused = 0;
     int unreadable = 0;
     Progress progress(names.size());
-    for (const QString &name : names) {
-        const Shown shown = files.next();
+    const auto printShown = [&](const QString &name, const Shown &shown) {
         progress.hide();
         if (shown.error.isEmpty()) {
             if (decoded + refused > 0 && !wantsJson)
@@ -163,7 +182,8 @@ int Commands::show(const QStringList &arguments)
             ++unreadable;
         }
         progress.step();
-    }
+    };
+    Files(names, wantsJson, printShown).show(*jobs);
     progress.hide();
     if (names.size() > 1 && !wantsJson)
         print(stdout, summary(decoded, refused, unreadable).toUtf8());
