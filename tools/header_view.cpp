@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <array>
-#include <functional>
 #include <span>
 #include <string_view>
 
@@ -229,7 +228,7 @@ void write(const ContentType &content, JsonWriter *json)
     json->endObject();
 }
 
-Named messageTypeNamed(unsigned char type)
+Named messageType(unsigned char type)
 {
     const MessageTypeInfo *info = messageTypeInfo(type);
     return {type, info ? info->name : ""};
@@ -237,87 +236,21 @@ Named messageTypeNamed(unsigned char type)
 
 using Msg = MMS_UA_UAMsg;
 
-const Recipients &bcc(const Msg &header)
-{
-    return header.getBccRecipients();
-}
-
-const Recipients &cc(const Msg &header)
-{
-    return header.getCcRecipients();
-}
-
-const Recipients &to(const Msg &header)
-{
-    return header.getToRecipients();
-}
-
-MMS_UTIL_Entry from(const Msg &header)
-{
-    return header.getFrom();
-}
-
 ContentType contentType(const Msg &header)
 {
     return {header.getContentType() + QLatin1Char('/') + header.getContentSubType(),
             header.getContentTypeParams()};
 }
 
-DecodingTime date(const Msg &header)
+QString version(unsigned char octet)
 {
-    return {header.getDate()};
-}
-
-QString deliveryTime(const Msg &header)
-{
-    return isoDate(header.getDeliveryTime());
-}
-
-Expiry expiry(const Msg &header)
-{
-    return Expiry(header.getExpiry());
-}
-
-Named messageClass(const Msg &header)
-{
-    return named(header.getMessageClass(), classNames);
-}
-
-Named messageType(const Msg &header)
-{
-    return messageTypeNamed(header.getMessageType());
-}
-
-QString version(const Msg &header)
-{
-    const unsigned char octet = header.getMMSVersion();
     return QStringLiteral("%1.%2").arg(octet >> 4).arg(octet & 0x0F);
 }
 
-Size messageSize(const Msg &header)
-{
-    return {header.getMessageSize()};
-}
-
-Named priority(const Msg &header)
-{
-    return named(header.getPriority(), priorityNames);
-}
-
-Named responseStatus(const Msg &header)
-{
-    return named(header.getResponseStatus(), responseStatusNames);
-}
-
 // The flag is set by a field that says Hide.
-QString senderVisibility(const Msg &header)
+QString visibility(bool hides)
 {
-    return header.getSenderVisibility() ? QStringLiteral("hide") : QStringLiteral("show");
-}
-
-Named status(const Msg &header)
-{
-    return named(header.getStatus(), statusNames);
+    return hides ? QStringLiteral("hide") : QStringLiteral("show");
 }
 
 /// A header field as a text and as JSON.
@@ -331,38 +264,46 @@ struct FieldRow
     bool isIn(const Msg &header) const { return header.fieldsPresent(headerFieldMask(code)); }
 };
 
-template <auto Get>
-constexpr FieldRow row(unsigned char code)
+// @p Getter gives a value for which there are textOf() and write().
+template <typename Getter>
+constexpr FieldRow row(unsigned char code, Getter)
 {
-    return {code, [](const Msg &header) { return textOf(std::invoke(Get, header)); },
-            [](const Msg &header, JsonWriter *json) { write(std::invoke(Get, header), json); }};
+    return {code, [](const Msg &header) { return textOf(Getter()(header)); },
+            [](const Msg &header, JsonWriter *json) { write(Getter()(header), json); }};
 }
 
 constexpr FieldRow fieldRows[] = {
-    row<bcc>(HeaderFieldCode::Bcc),
-    row<cc>(HeaderFieldCode::Cc),
-    row<&Msg::getContentLocation>(HeaderFieldCode::ContentLocation),
-    row<contentType>(HeaderFieldCode::ContentType),
-    row<date>(HeaderFieldCode::Date),
-    row<&Msg::getDeliveryReport>(HeaderFieldCode::DeliveryReport),
-    row<deliveryTime>(HeaderFieldCode::DeliveryTime),
-    row<expiry>(HeaderFieldCode::Expiry),
-    row<from>(HeaderFieldCode::From),
-    row<messageClass>(HeaderFieldCode::MessageClass),
-    row<&Msg::getMessageId>(HeaderFieldCode::MessageId),
-    row<messageType>(HeaderFieldCode::MessageType),
-    row<version>(HeaderFieldCode::MmsVersion),
-    row<messageSize>(HeaderFieldCode::MessageSize),
-    row<priority>(HeaderFieldCode::Priority),
-    row<&Msg::getReadReply>(HeaderFieldCode::ReadReply),
-    row<&Msg::getReportAllowed>(HeaderFieldCode::ReportAllowed),
-    row<responseStatus>(HeaderFieldCode::ResponseStatus),
-    row<&Msg::getResponseText>(HeaderFieldCode::ResponseText),
-    row<senderVisibility>(HeaderFieldCode::SenderVisibility),
-    row<status>(HeaderFieldCode::Status),
-    row<&Msg::getSubject>(HeaderFieldCode::Subject),
-    row<to>(HeaderFieldCode::To),
-    row<&Msg::getTransactionId>(HeaderFieldCode::TransactionId),
+    row(
+        HeaderFieldCode::Bcc, [](const Msg &m) -> auto & { return m.getBccRecipients(); }),
+    row(
+        HeaderFieldCode::Cc, [](const Msg &m) -> auto & { return m.getCcRecipients(); }),
+    row(HeaderFieldCode::ContentLocation, [](const Msg &m) { return m.getContentLocation(); }),
+    row(HeaderFieldCode::ContentType, [](const Msg &m) { return contentType(m); }),
+    row(HeaderFieldCode::Date, [](const Msg &m) { return DecodingTime{m.getDate()}; }),
+    row(HeaderFieldCode::DeliveryReport, [](const Msg &m) { return m.getDeliveryReport(); }),
+    row(HeaderFieldCode::DeliveryTime, [](const Msg &m) { return isoDate(m.getDeliveryTime()); }),
+    row(HeaderFieldCode::Expiry, [](const Msg &m) { return Expiry(m.getExpiry()); }),
+    row(HeaderFieldCode::From, [](const Msg &m) { return m.getFrom(); }),
+    row(HeaderFieldCode::MessageClass,
+        [](const Msg &m) { return named(m.getMessageClass(), classNames); }),
+    row(HeaderFieldCode::MessageId, [](const Msg &m) { return m.getMessageId(); }),
+    row(HeaderFieldCode::MessageType, [](const Msg &m) { return messageType(m.getMessageType()); }),
+    row(HeaderFieldCode::MmsVersion, [](const Msg &m) { return version(m.getMMSVersion()); }),
+    row(HeaderFieldCode::MessageSize, [](const Msg &m) { return Size{m.getMessageSize()}; }),
+    row(HeaderFieldCode::Priority,
+        [](const Msg &m) { return named(m.getPriority(), priorityNames); }),
+    row(HeaderFieldCode::ReadReply, [](const Msg &m) { return m.getReadReply(); }),
+    row(HeaderFieldCode::ReportAllowed, [](const Msg &m) { return m.getReportAllowed(); }),
+    row(HeaderFieldCode::ResponseStatus,
+        [](const Msg &m) { return named(m.getResponseStatus(), responseStatusNames); }),
+    row(HeaderFieldCode::ResponseText, [](const Msg &m) { return m.getResponseText(); }),
+    row(HeaderFieldCode::SenderVisibility,
+        [](const Msg &m) { return visibility(m.getSenderVisibility()); }),
+    row(HeaderFieldCode::Status, [](const Msg &m) { return named(m.getStatus(), statusNames); }),
+    row(HeaderFieldCode::Subject, [](const Msg &m) { return m.getSubject(); }),
+    row(
+        HeaderFieldCode::To, [](const Msg &m) -> auto & { return m.getToRecipients(); }),
+    row(HeaderFieldCode::TransactionId, [](const Msg &m) { return m.getTransactionId(); }),
 };
 static_assert(std::size(fieldRows) == HeaderFieldCode::TransactionId, "one row for each field");
 
@@ -404,5 +345,5 @@ void writeHeader(const MMS_UA_UAMsg &header, JsonWriter *json)
 
 QString messageTypeText(unsigned char type)
 {
-    return textOf(messageTypeNamed(type));
+    return textOf(messageType(type));
 }
