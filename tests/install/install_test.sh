@@ -20,6 +20,9 @@ for project in examples tools; do
 done
 "$work/examples/receive" "$message" | grep -q '^subject: Grüße' || fail "the example does not receive"
 "$work/tools/qvlmms" show "$message" | grep -q 'm-send-req (128)' || fail "the command does not show"
+quietly "$prefix/bin/qvlmms" compose -o "$work/clip.mms" --to +4915112345678 --slide \
+  --audio "$source_dir/tests/fixtures/clips/sound.amr"
+"$prefix/bin/qvlmms" show --json "$work/clip.mms" | grep -q playDuration || fail "the command does not measure a clip"
 [ "$("$work/tools/qvlmms" --version)" = "$("$prefix/bin/qvlmms" --version)" ] || fail "versions differ"
 
 export PKG_CONFIG_PATH=$libdir/pkgconfig LD_LIBRARY_PATH=$libdir

@@ -8,6 +8,7 @@
 set -euo pipefail
 source_dir=$(realpath "$(dirname "$0")/../..")
 message=$source_dir/tests/fixtures/messages/related.mms
+clip=$source_dir/tests/fixtures/clips/sound.amr
 source "$source_dir/tests/support/script.sh"
 source "$source_dir/tests/support/fresh_root.sh"
 if ! is_release "${1:-}" || [ $# -gt 2 ]; then
@@ -55,9 +56,11 @@ in_root "$builder" sh -c 'lintian --allow-root --info --fail-on error,warning /b
 step "the command"
 mkdir "$user/packages" "$user/parts"
 cp "$builder"/build/*.deb "$user/packages"
-cp "$message" "$user/parts"
+cp "$message" "$clip" "$user/parts"
 install_on_user '/packages/libqvlsmilparser1_*.deb /packages/qvlmms_*.deb'
 on_user 'qvlmms show related.mms' | grep '^  Subject  *Grüße aus Küstrin$' >/dev/null || fail "qvlmms does not show the message"
+quietly on_user 'qvlmms compose -o clip.mms --to +4915112345678 --slide --audio sound.amr'
+on_user 'qvlmms show --json clip.mms' | grep playDuration >/dev/null || fail "qvlmms does not measure a clip"
 quietly on_user 'qvlmms render related.mms . && [ -s slide-1.png ]'
 [ "$(on_user 'qvlmms --version')" = "qvlmms $(on_user "dpkg-query -W -f '\${Version}' qvlmms")" ] \
   || fail "qvlmms prints another version than its package has"
