@@ -1,32 +1,77 @@
 #include "wire/date_time.h"
 
+#include <atomic>
+#include <cstdlib>
 #include <ctime>
+#include <utility>
 
 namespace {
 
+constexpr quint32 Never = 0;
+
+// The second in which tzset() was last called without TZ in the environment.
+std::atomic<quint32> secondOfLastCall = Never;
+
+quint32 currentSecond()
+{
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    return quint32(now.tv_sec) + 1;
+}
+
+// A change of TZ takes effect with the next field, so a call in another zone ends the second.
+bool isZoneInEnvironment()
+{
+    if (!std::getenv("TZ"))
+        return false;
+    secondOfLastCall = Never;
+    return true;
+}
+
+// Calls tzset(), because a handset travels. Without TZ that looks at a file, which takes longer
+// than decoding most headers, so it is called once a second.
+void updateTimeZone()
+{
+    if (isZoneInEnvironment()) {
+        tzset();
+        return;
+    }
+    const quint32 second = currentSecond();
+    if (secondOfLastCall == second)
+        return;
+    tzset();
+    secondOfLastCall = second;
+}
+
 qint64 offsetFromUtc(quint32 seconds)
 {
-    if constexpr (sizeof(std::time_t) > sizeof seconds) {
-        tzset();
-        const std::time_t time = seconds;
-        std::tm parts{};
-        localtime_r(&time, &parts);
-        return parts.tm_gmtoff;
-    } else {
+    if (!std::in_range<std::time_t>(seconds)) // 32 bits, from 2038 on
         return QDateTime::fromSecsSinceEpoch(seconds).offsetFromUtc();
-    }
+    updateTimeZone();
+    const auto time = static_cast<std::time_t>(seconds);
+    std::tm parts{};
+    localtime_r(&time, &parts);
+    return parts.tm_gmtoff;
 }
 
 } // namespace
 
+// Qt calls tzset() itself.
+QDateTime DateTime::now()
+{
+    isZoneInEnvironment();
+    return QDateTime::currentDateTime();
+}
+
 QDateTime DateTime::fromSeconds(int seconds)
 {
+    isZoneInEnvironment();
     return QDateTime::fromSecsSinceEpoch(quint32(seconds));
 }
 
 int DateTime::toSeconds(const QDateTime &value)
 {
-    tzset();
+    updateTimeZone();
     const QDate date = value.date();
     const QTime time = value.time();
     const time_t now = std::time(nullptr);

@@ -1,11 +1,15 @@
 /*
- * Dates on the wire: conversions between local date-times and 32-bit counts of seconds.
+ * Dates on the wire: conversions between local date-times and 32-bit counts of seconds. They follow
+ * a change of TZ at once, and one of the system's time zone within a second.
  */
 #pragma once
 
 #include <QDateTime>
 
 namespace DateTime {
+
+/// This moment in local time.
+QDateTime now();
 
 /// The local date-time of @p seconds since 1970, taken as unsigned: dates up to 2106 can be read.
 QDateTime fromSeconds(int seconds);

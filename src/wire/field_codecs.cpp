@@ -3,8 +3,6 @@
 #include "wire/date_time.h"
 #include "wire/field_shapes.h"
 
-#include <ctime>
-
 using namespace FieldShapes;
 
 // Defines the operations of a field class by a shape. A macro, because a template would be a base class
@@ -164,8 +162,7 @@ unsigned char MsgDateField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
     int seconds = 0;
     const unsigned char result = IntegerBinary::readFrom(buffer, &seconds);
-    tzset();
-    msg->setDate(QDateTime::currentDateTime());
+    msg->setDate(DateTime::now());
     msg->addFieldsPresent(headerFieldMask(HeaderFieldCode::Date));
     return result;
 }
