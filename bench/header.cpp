@@ -121,8 +121,6 @@ void addHeaderBenchmarks()
                      [&field] { return writingField(field); });
     }
     addBenchmark("notification/decode",
-                 [] { return decoding(notificationWithoutTime(NotificationOctets)); });
-    addBenchmark("notification/decode with Expiry",
                  [] { return decoding(encodedHeader(notification().get())); });
     addBenchmark("notification/encode", [] { return encoding(notification()); });
     addBenchmark("notification/record", makingRecord);

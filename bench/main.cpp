@@ -27,6 +27,7 @@ void keepMemory()
 int main(int argc, char **argv)
 {
     keepMemory();
+    qunsetenv("TZ"); // as on a handset
     constexpr int roomForLargestMessage = 8192; // kilobytes
     MMS_UTIL_Setting::setMaxiumMOMMSSize(roomForLargestMessage);
     addHeaderBenchmarks();

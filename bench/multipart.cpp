@@ -1,6 +1,7 @@
 /*
  * Bodies: parsing and assembling by size, number of parts and whether the parts bring names, beside
- * the reference, arrays of the same sizes that are taken, filled and given back.
+ * the reference, arrays of the same sizes that are taken, filled and given back. And small
+ * messages, where names and headers weigh more than the bodies.
  */
 #include "subjects.h"
 #include "support/benchmarks.h"
@@ -14,6 +15,8 @@ namespace {
 
 constexpr int sizes[] = {1000, 30'000, 300'000, 3'000'000};
 constexpr int counts[] = {1, 10, 255};
+constexpr int SmallPictures = 28'000; // octets
+constexpr int SmallPictureCount = 8; // beside the presentation
 
 std::string nameOf(const char *operation, int octets, int parts)
 {
@@ -44,6 +47,42 @@ auto assembling(int octets, int parts, Names names)
     auto message = messageOf(octets, parts, names);
     const qint64 size = assembled(message.get()).size();
     return Work{[message] { return !assembled(message.get()).isEmpty(); }, size};
+}
+
+// As many relays deliver it: without recipients, and with a presentation that has a Content-ID but
+// no location.
+QByteArray smallMessage(Names names)
+{
+    constexpr unsigned char retrieveConf = 132;
+    constexpr unsigned int recipients = headerFieldMask(HeaderFieldCode::To)
+        | headerFieldMask(HeaderFieldCode::Cc) | headerFieldMask(HeaderFieldCode::Bcc);
+    MMS_UA_UAMsg header;
+    MMS_COMP_SMILMultipart message;
+    auto smil = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
+    smil->setContentType(QStringLiteral("application"));
+    smil->setContentSubType(QStringLiteral("smil"));
+    if (names == Names::Given)
+        smil->setContentID(QStringLiteral("<slides.smil>"));
+    message.appendBodypart(smil.release());
+    addPictures(&message, SmallPictureCount, SmallPictures, names);
+    fillHeader(&header, retrieveConf);
+    header.setFieldsPresent(header.getFieldsPresent() & ~recipients);
+    return encodedHeader(&header) + assembled(&message);
+}
+
+auto decodingMessage(Names names)
+{
+    const QByteArray pdu = smallMessage(names);
+    return Work{[pdu] {
+                    MMS_UA_UAMsg header;
+                    MMS_COMP_SMILMultipart message;
+                    return decodeHeader(pdu, &header)
+                        && parseBody(QByteArray::fromRawData(
+                                         reinterpret_cast<const char *>(header.getBody()),
+                                         header.getBodyLength()),
+                                     &header, &message);
+                },
+                pdu.size()};
 }
 
 auto copying(int octets, int parts)
@@ -84,4 +123,8 @@ void addMultipartBenchmarks()
                          [=] { return copying(octets, parts); });
         }
     }
+    addBenchmark("message/decode/named", [] { return decodingMessage(Names::Given); });
+    addBenchmark("message/decode/nameless", [] { return decodingMessage(Names::Missing); });
+    addBenchmark(nameOf("reference/copy", SmallPictures, SmallPictureCount),
+                 [] { return copying(SmallPictures, SmallPictureCount); });
 }

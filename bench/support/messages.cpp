@@ -27,13 +27,6 @@ void setFields(MMS_UA_UAMsg *header, unsigned char type)
         header->addFieldsPresent(headerFieldMask(code));
 }
 
-void padNotification(MMS_UA_UAMsg *header, int octets)
-{
-    header->setSubject(QStringLiteral("Photos"));
-    const qsizetype left = octets - encodedHeader(header).size();
-    header->setContentLocation(header->getContentLocation() + QString(left, QLatin1Char('1')));
-}
-
 } // namespace
 
 void addPictures(MMS_COMP_SMILMultipart *message, int count, int octets, Names names)
@@ -77,18 +70,9 @@ void fillHeader(MMS_UA_UAMsg *header, unsigned char type)
 void fillNotification(MMS_UA_UAMsg *header, int octets)
 {
     fillHeader(header, NotificationInd);
-    padNotification(header, octets);
-}
-
-// Which no notification is written as, because Expiry belongs to it.
-QByteArray notificationWithoutTime(int octets)
-{
-    const QByteArray deliveryReport("\x86\x81");
-    MMS_UA_UAMsg header;
-    fillHeader(&header, NotificationInd);
-    header.setFieldsPresent(header.getFieldsPresent() & ~headerFieldMask(HeaderFieldCode::Expiry));
-    padNotification(&header, octets - int(deliveryReport.size()));
-    return encodedHeader(&header) + deliveryReport;
+    header->setSubject(QStringLiteral("Photos"));
+    const qsizetype left = octets - encodedHeader(header).size();
+    header->setContentLocation(header->getContentLocation() + QString(left, QLatin1Char('1')));
 }
 
 QByteArray encodedHeader(MMS_UA_UAMsg *header)

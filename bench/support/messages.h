@@ -18,9 +18,6 @@ void fillHeader(MMS_UA_UAMsg *header, unsigned char type);
 /// A notification whose header has exactly @p octets octets in nine fields.
 void fillNotification(MMS_UA_UAMsg *header, int octets);
 
-/// The PDU of a notification of exactly @p octets octets in nine fields, none of them a time.
-QByteArray notificationWithoutTime(int octets);
-
 /// The header of @p header in octets; empty when it cannot be written.
 QByteArray encodedHeader(MMS_UA_UAMsg *header);
 
