@@ -4,6 +4,7 @@
 #include "wire/field_base.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
+#include "wire/linear_buffer.h"
 #include "wire/primitive_values.h"
 #include "wire/wire_result.h"
 
@@ -21,6 +22,21 @@ void storePosition(MMS_UA_UAMsg *msg, int code, int position)
     }
 }
 
+// Nearly every code is a short integer.
+unsigned char readCode(LinearBuffer *buffer, int *code)
+{
+    constexpr unsigned char highBit = 0x80;
+    unsigned char octet = 0;
+    if (!buffer->readByte(&octet))
+        return WireResult::OutOfData;
+    if (octet < highBit) {
+        buffer->rewind(1);
+        return IntegerBinary::readFrom(buffer, code);
+    }
+    *code = octet & ~highBit;
+    return WireResult::Read;
+}
+
 } // namespace
 
 MMS_UA_Decoder::MMS_UA_Decoder() = default;
@@ -36,44 +52,38 @@ unsigned char MMS_UA_Decoder::decodeHeader(unsigned char *pdu, unsigned int &len
         if (length > unsigned(std::numeric_limits<int>::max()))
             return WireResult::OutOfData;
         const int size = int(length);
-        m_buffer = LinearBuffer::forReading(pdu, size);
-        m_message = msg;
-
-        const unsigned char result = readFields();
+        LinearBuffer buffer = LinearBuffer::forReading(pdu, size);
+        const unsigned char result = readFields(&buffer, msg);
         if (result != WireResult::Read)
             return result;
         // A last text without its terminator leaves the cursor one past the end.
-        const int bodyStart = std::min(m_buffer->getPosition(), size);
+        const int bodyStart = std::min(buffer.getPosition(), size);
         msg->setBody(pdu + bodyStart);
         msg->setBodyLength(size - bodyStart);
-        m_buffer.reset();
         return WireResult::Read;
     });
 }
 
-unsigned char MMS_UA_Decoder::readFields()
+unsigned char MMS_UA_Decoder::readFields(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
     int previous = 0;
     int position = 0;
-    while (m_buffer->hasMore() && !m_headerEnded) {
+    while (buffer->hasMore() && !m_headerEnded) {
         int code = 0;
-        if (const auto result = IntegerBinary::readFrom(&*m_buffer, &code))
+        if (const auto result = readCode(buffer, &code))
             return result;
-        if (const auto result = readField(code))
+        m_headerEnded = code == HeaderFieldCode::ContentType;
+        const HeaderFieldInfo *field = headerFieldInfo(code);
+        if (!field)
+            return WireResult::UnknownField;
+        if (const auto result = field->codec->readField(buffer, msg))
             return result;
         // Repeated fields, such as one To after the other, share a position.
         if (code != previous)
-            storePosition(m_message, code, ++position);
+            storePosition(msg, code, ++position);
         previous = code;
     }
     return WireResult::Read;
-}
-
-unsigned char MMS_UA_Decoder::readField(int code)
-{
-    m_headerEnded = code == HeaderFieldCode::ContentType;
-    const HeaderFieldInfo *field = headerFieldInfo(code);
-    return field ? field->codec->readField(&*m_buffer, m_message) : WireResult::UnknownField;
 }
 
 FieldBase *MMS_UA_Decoder::selectReader(int code)

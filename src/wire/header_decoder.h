@@ -4,11 +4,9 @@
 #pragma once
 
 #include "platform/export.h"
-#include "wire/linear_buffer.h"
-
-#include <optional>
 
 class FieldBase;
+class LinearBuffer;
 class MMS_UA_UAMsg;
 
 /// Turns the binary header of a PDU into a header record. One object can decode any number of PDUs.
@@ -48,10 +46,7 @@ public:
     FieldBase *selectReader(int code);
 
 private:
-    unsigned char readFields();
-    unsigned char readField(int code);
+    unsigned char readFields(LinearBuffer *buffer, MMS_UA_UAMsg *msg);
 
-    std::optional<LinearBuffer> m_buffer; ///< while a header is decoded
-    MMS_UA_UAMsg *m_message = nullptr;
     bool m_headerEnded = false;
 };

@@ -15,8 +15,8 @@
 #include "wire/wire_text.h"
 
 #include <QtEndian>
-#include <QVarLengthArray>
 
+#include <array>
 #include <tuple>
 
 using Part = MMS_COMP_SMILMultipartBodypart;
@@ -187,15 +187,16 @@ bool EntryReader::readContentLocation()
         return false;
     if (octet == WireText::Quote && !m_buffer->readByte(&octet))
         return false;
-    QVarLengthArray<char, 128> location;
+    std::array<char, LongestLocation> location;
+    size_t length = 0;
     while (octet != 0) {
-        if (location.size() == LongestLocation)
+        if (length == location.size())
             return false;
-        location.append(static_cast<char>(octet));
+        location[length++] = static_cast<char>(octet);
         if (!m_buffer->readByte(&octet))
             return false;
     }
-    m_part->setContentLocation(QString::fromUtf8(QByteArrayView(location)));
+    m_part->setContentLocation(QString::fromUtf8(location.data(), qsizetype(length)));
     return true;
 }
 

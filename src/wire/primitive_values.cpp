@@ -70,6 +70,18 @@ bool WireText::isPlain(QStringView text)
         < HighBit - 1;
 }
 
+std::optional<QByteArrayView> WireText::read(LinearBuffer *buffer)
+{
+    unsigned char first = 0;
+    if (!buffer->readByte(&first))
+        return std::nullopt;
+    if (first == 0)
+        return QByteArrayView("");
+    if (first != Quote)
+        buffer->rewind(1);
+    return buffer->readUntilZero();
+}
+
 WireText::Octets WireText::utf8(const QString &text)
 {
     if (isPlain(text)) {
@@ -240,16 +252,10 @@ int TimeBinary::sizeOf(const QDateTime &value)
 
 unsigned char PlainTextBinary::readFrom(LinearBuffer *buffer, QString *text)
 {
-    unsigned char first = 0;
-    if (!buffer->readByte(&first))
+    const auto octets = WireText::read(buffer);
+    if (!octets)
         return WireResult::OutOfData;
-    if (first == 0) {
-        *text = QLatin1String("");
-        return WireResult::Read;
-    }
-    if (first != WireText::Quote)
-        buffer->rewind(1);
-    *text = QString::fromLatin1(buffer->readUntilZero());
+    *text = QString::fromLatin1(*octets);
     return WireResult::Read;
 }
 

@@ -8,6 +8,7 @@
 #include <QVarLengthArray>
 
 #include <algorithm>
+#include <optional>
 
 class LinearBuffer;
 
@@ -15,6 +16,9 @@ namespace WireText {
 
 /// First octet of a text whose first character would otherwise be taken for something else.
 inline constexpr unsigned char Quote = 127;
+
+/// The next plain text in place, without its Quote; nothing when the data ran out.
+std::optional<QByteArrayView> read(LinearBuffer *buffer);
 
 /// Octets of a text; those of most texts stand on the stack.
 using Octets = QVarLengthArray<char, 256>;
