@@ -1,10 +1,23 @@
 #include "multipart/lower_case.h"
 
+#include "platform/text_hash.h"
+
 #include <QChar>
 
+#include <algorithm>
 #include <utility>
 
 namespace {
+
+constexpr bool isAscii(char32_t character)
+{
+    return character < 0x80;
+}
+
+constexpr char32_t asciiLowerCase(char32_t character)
+{
+    return character >= 'A' && character <= 'Z' ? character + ('a' - 'A') : character;
+}
 
 /// The characters of a text in lower case, one after the other.
 class LowerCase
@@ -19,8 +32,8 @@ public:
         if (m_pending != 0)
             return std::exchange(m_pending, 0);
         const char32_t character = take();
-        if (character < 0x80)
-            return character >= 'A' && character <= 'Z' ? character + ('a' - 'A') : character;
+        if (isAscii(character))
+            return asciiLowerCase(character);
         if (character == CapitalIWithDot) { // the only one that becomes two
             m_pending = CombiningDot;
             return 'i';
@@ -51,11 +64,33 @@ private:
 
 bool isSameInLowerCase(QStringView a, QStringView b)
 {
-    LowerCase left(a);
-    LowerCase right(b);
+    // Nearly all names are ASCII.
+    const qsizetype shorter = std::min(a.size(), b.size());
+    qsizetype same = 0;
+    for (; same < shorter; ++same) {
+        const char16_t inA = a[same].unicode();
+        const char16_t inB = b[same].unicode();
+        if (!isAscii(inA) || !isAscii(inB))
+            break;
+        if (asciiLowerCase(inA) != asciiLowerCase(inB))
+            return false;
+    }
+    LowerCase left(a.sliced(same));
+    LowerCase right(b.sliced(same));
     while (!left.isAtEnd() && !right.isAtEnd()) {
         if (left.next() != right.next())
             return false;
     }
     return left.isAtEnd() && right.isAtEnd();
+}
+
+std::size_t hashInLowerCase(QStringView text)
+{
+    QvlCharacterHash hash;
+    qsizetype ascii = 0;
+    for (; ascii < text.size() && isAscii(text[ascii].unicode()); ++ascii)
+        hash.add(asciiLowerCase(text[ascii].unicode()));
+    for (LowerCase rest(text.sliced(ascii)); !rest.isAtEnd();)
+        hash.add(rest.next());
+    return hash.value();
 }

@@ -1,7 +1,6 @@
 #include "multipart/part_index.h"
 
 #include "multipart/body_part.h"
-#include "multipart/reference.h"
 
 PartIndex::PartIndex(const QPtrList<Part> &parts)
 {
@@ -10,27 +9,26 @@ PartIndex::PartIndex(const QPtrList<Part> &parts)
         Part *part = parts.at(place);
         if (!part)
             continue;
-        m_locations.insert({part->getContentLocation().toLower(), {place, part}});
-        const QString contentId = part->getContentID().toLower();
-        if (const QStringView key = Reference::contentIdKey(contentId); !key.isEmpty())
-            m_contentIds.insert({key.toString(), {place, part}});
+        m_locations.insert({part->getContentLocation(), {place, part}});
+        const QString contentId = part->getContentID();
+        if (!Reference::contentIdKey(contentId).isEmpty())
+            m_contentIds.insert({contentId, {place, part}});
     }
 }
 
 PartIndex::Part *PartIndex::find(const QString &reference, int type) const
 {
     const Entry *first = nullptr;
-    const auto look = [&](const Names &names, QStringView name) {
-        const auto [begin, end] = names.equal_range(name);
+    const auto look = [&](const auto &names) {
+        const auto [begin, end] = names.equal_range(reference);
         for (auto named = begin; named != end; ++named) {
             const Entry &entry = named->second;
             if (entry.part->getDispFileType() == type && (!first || entry.place < first->place))
                 first = &entry;
         }
     };
-    const QString lower = reference.toLower();
-    look(m_locations, lower);
+    look(m_locations);
     if (!m_contentIds.empty())
-        look(m_contentIds, Reference::contentIdKey(lower));
+        look(m_contentIds);
     return first ? first->part : nullptr;
 }

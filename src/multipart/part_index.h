@@ -4,10 +4,9 @@
  */
 #pragma once
 
+#include "multipart/reference.h"
 #include "platform/ptr_list.h"
-#include "platform/text_hash.h"
 
-#include <functional>
 #include <unordered_map>
 
 class MMS_COMP_SMILMultipartBodypart;
@@ -30,8 +29,9 @@ private:
         int place;
         Part *part;
     };
-    using Names = std::unordered_multimap<QString, Entry, QvlTextHash, std::equal_to<>>;
+    template <typename Hash, typename Equal>
+    using Names = std::unordered_multimap<QString, Entry, Hash, Equal>;
 
-    Names m_locations; // in lower case
-    Names m_contentIds; // reduced and in lower case, none of them empty
+    Names<Reference::LocationHash, Reference::LocationEqual> m_locations;
+    Names<Reference::ContentIdHash, Reference::ContentIdEqual> m_contentIds; // of keys not empty
 };

@@ -1,13 +1,13 @@
 #include "multipart/part_names.h"
 
 #include "multipart/multipart.h"
-#include "multipart/reference.h"
 #include "platform/comp_util.h"
 #include "platform/decimal.h"
 
 #include <QUrl>
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -77,10 +77,10 @@ bool PartNames::isUsable(const QString &name)
 void PartNames::add(const MMS_COMP_SMILMultipartBodypart &part)
 {
     if (const QString location = part.getContentLocation(); !location.isEmpty())
-        m_locations.insert(location.toLower());
-    const QString contentId = part.getContentID().toLower();
-    if (const QStringView key = Reference::contentIdKey(contentId); !key.isEmpty())
-        m_contentIds.insert(key.toString());
+        m_locations.insert(location);
+    const QString contentId = part.getContentID();
+    if (!Reference::contentIdKey(contentId).isEmpty())
+        m_contentIds.insert(contentId);
 }
 
 void PartNames::add(const MMS_COMP_SMILMultipart &multipart)
@@ -90,26 +90,38 @@ void PartNames::add(const MMS_COMP_SMILMultipart &multipart)
         add(*multipart.getBodypartByIndex(i));
 }
 
+// The first name is looked for among the parts themselves: most messages have one nameless part at
+// most, for which an index is not worth its while.
+bool PartNames::isTakenByUnindexedPart(const QString &name)
+{
+    if (m_unindexed && m_wasWalked)
+        add(*std::exchange(m_unindexed, nullptr));
+    m_wasWalked = true;
+    return m_unindexed && m_unindexed->isPartExist(name);
+}
+
 // False, and nothing changed, when the name is taken already.
 bool PartNames::take(const QString &name)
 {
     if (!m_exact.empty() && m_exact.contains(name))
         return false;
-    const QString lower = name.toLower();
-    if (!m_contentIds.empty() && m_contentIds.contains(Reference::contentIdKey(lower)))
+    if (isTakenByUnindexedPart(name))
         return false;
-    return m_locations.insert(lower).second;
+    if (!m_contentIds.empty() && m_contentIds.contains(name))
+        return false;
+    return m_locations.insert(name).second;
 }
 
 // Takes the first of prefix0.ext, prefix1.ext, ... that is free; a null text when the pattern
-// itself makes all of them unusable. Every taken name blocks one number at most, so one of the
-// numbers up to their count is free unless the names get too long or are no URLs, which no higher
-// number mends.
+// itself makes all of them unusable. Every taken name, of which a part has two, blocks one number
+// at most, so one of the numbers up to their count is free unless the names get too long or are no
+// URLs, which no higher number mends.
 QString PartNames::takeFirstFree(const QString &prefix, const QString &ext)
 {
     int &next = m_nextNumber[{prefix, ext}];
     const std::size_t taken = m_locations.size() + m_contentIds.size() + m_exact.size();
-    const qsizetype last = next + qsizetype(taken);
+    const int unindexed = m_unindexed ? 2 * m_unindexed->getPartCount() : 0;
+    const qsizetype last = next + qsizetype(taken) + unindexed;
     while (next <= last) {
         const QString name = numbered(prefix, next, ext);
         if (!isUsable(name))

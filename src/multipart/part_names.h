@@ -1,14 +1,17 @@
 /*
- * The names that a message's parts already answer to, indexed, so that naming many parts does not
- * walk all of them for every candidate. Names can be taken but not given back: an index lives for
- * one naming pass.
+ * The names that a message's parts already answer to, so that naming many parts does not walk all
+ * of them for every candidate: after the first they are indexed. Names can be taken but not given
+ * back: an index lives for one naming pass.
  */
 #pragma once
 
+#include "multipart/reference.h"
 #include "platform/text_hash.h"
 
 #include <QString>
 
+#include <array>
+#include <cstddef>
 #include <functional>
 #include <map>
 #include <memory_resource>
@@ -23,7 +26,8 @@ class PartNames
 {
 public:
     PartNames() = default;
-    explicit PartNames(const MMS_COMP_SMILMultipart &multipart) { add(multipart); }
+    /// Of all parts of @p multipart, which has to outlive this.
+    explicit PartNames(const MMS_COMP_SMILMultipart &multipart) : m_unindexed(&multipart) { }
 
     /// False for a name that no part may have, whatever other parts are called.
     static bool isUsable(const QString &name);
@@ -42,17 +46,23 @@ public:
     QString uniqueSource(const QString &name);
 
 private:
+    bool isTakenByUnindexedPart(const QString &name);
     bool take(const QString &name);
     QString takeFirstFree(const QString &prefix, const QString &ext);
     QString takeItselfOrNumbered(const QString &candidate, const QString &base, const QString &ext);
 
-    using Names = std::pmr::unordered_set<QString, QvlTextHash, std::equal_to<>>;
+    template <typename Hash, typename Equal>
+    using Names = std::pmr::unordered_set<QString, Hash, Equal>;
 
-    std::pmr::monotonic_buffer_resource m_memory; // nothing is given back before all of it is
-    Names m_locations{&m_memory}; // in lower case
-    Names m_contentIds{&m_memory}; // reduced and in lower case, none of them empty
-    Names m_exact{&m_memory};
+    const MMS_COMP_SMILMultipart *m_unindexed = nullptr;
+    bool m_wasWalked = false;
+    std::array<std::byte, 2048> m_firstMemory; // most messages need no more
+    // Nothing is given back before all of it is.
+    std::pmr::monotonic_buffer_resource m_memory{m_firstMemory.data(), m_firstMemory.size()};
+    Names<Reference::LocationHash, Reference::LocationEqual> m_locations{&m_memory};
+    Names<Reference::ContentIdHash, Reference::ContentIdEqual> m_contentIds{&m_memory};
+    Names<QvlTextHash, std::equal_to<>> m_exact{&m_memory};
     // By what stands before the number, and the extension behind it; lower numbers are known to be
     // taken.
-    std::map<std::pair<QString, QString>, int> m_nextNumber;
+    std::pmr::map<std::pair<QString, QString>, int> m_nextNumber{&m_memory};
 };

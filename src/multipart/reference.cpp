@@ -5,13 +5,14 @@
 
 QStringView Reference::withoutBrackets(QStringView reference)
 {
-    constexpr QLatin1StringView scheme("cid:");
+    constexpr QStringView scheme(u"cid:");
     if (reference.startsWith(u'<'))
         reference = reference.sliced(1);
     if (reference.endsWith(u'>'))
         reference.chop(1);
-    return reference.startsWith(scheme, Qt::CaseInsensitive) ? reference.sliced(scheme.size())
-                                                             : reference;
+    const bool hasScheme = reference.size() >= scheme.size()
+        && isSameInLowerCase(reference.first(scheme.size()), scheme);
+    return hasScheme ? reference.sliced(scheme.size()) : reference;
 }
 
 QStringView Reference::contentIdKey(QStringView text)
@@ -21,7 +22,9 @@ QStringView Reference::contentIdKey(QStringView text)
 
 bool Reference::Matcher::matches(const MMS_COMP_SMILMultipartBodypart &part) const
 {
+    if (isSameInLowerCase(m_reference, part.getContentLocation()))
+        return true;
     const QString contentId = part.getContentID();
-    return (!m_contentIdKey.isEmpty() && isSameInLowerCase(m_contentIdKey, contentIdKey(contentId)))
-        || isSameInLowerCase(m_reference, part.getContentLocation());
+    return !m_contentIdKey.isEmpty() && !contentId.isEmpty()
+        && isSameInLowerCase(m_contentIdKey, contentIdKey(contentId));
 }

@@ -3,6 +3,8 @@
  */
 #pragma once
 
+#include "multipart/lower_case.h"
+
 #include <QString>
 
 class MMS_COMP_SMILMultipartBodypart;
@@ -14,9 +16,33 @@ QStringView withoutBrackets(QStringView reference);
 
 /**
  * What two Content-IDs are compared by, in lower case: trimmed and without brackets. Empty for a
- * text that matches no Content-ID. The key of a text in lower case is the key in lower case.
+ * text that matches no Content-ID.
  */
 QStringView contentIdKey(QStringView text);
+
+/// For tables of locations: what references match is equal.
+struct LocationHash
+{
+    // Without noexcept, because the standard library keeps the hashes of such a table.
+    std::size_t operator()(QStringView location) const { return hashInLowerCase(location); }
+};
+struct LocationEqual
+{
+    bool operator()(QStringView a, QStringView b) const { return isSameInLowerCase(a, b); }
+};
+
+/// For tables of Content-IDs, the same.
+struct ContentIdHash
+{
+    std::size_t operator()(QStringView id) const { return hashInLowerCase(contentIdKey(id)); }
+};
+struct ContentIdEqual
+{
+    bool operator()(QStringView a, QStringView b) const
+    {
+        return isSameInLowerCase(contentIdKey(a), contentIdKey(b));
+    }
+};
 
 /// One reference, prepared for comparison with any number of parts. It has to outlive this.
 class Matcher

@@ -1,5 +1,6 @@
 /*
- * Comparison in lower case gives what comparing lower-case copies gives, for every character.
+ * Comparison in lower case gives what comparing lower-case copies gives, for every character, and
+ * so does the hash.
  */
 #include "multipart/lower_case.h"
 
@@ -13,6 +14,8 @@ TEST(LowerCase, EveryCharacterEqualsItsLowerCase)
         const QString text = QString::fromUcs4(&character, 1);
         if (!isSameInLowerCase(text, text.toLower()))
             ADD_FAILURE() << "character " << unsigned(character);
+        if (hashInLowerCase(text) != hashInLowerCase(text.toLower()))
+            ADD_FAILURE() << "hash of character " << unsigned(character);
         const QString folded = text.toCaseFolded();
         if (isSameInLowerCase(text, folded) != (text.toLower() == folded.toLower()))
             ADD_FAILURE() << "folded character " << unsigned(character);
@@ -51,6 +54,8 @@ TEST(LowerCase, IsThatOfBothTexts)
     for (const QString &a : texts) {
         for (const QString &b : texts) {
             EXPECT_EQ(isSameInLowerCase(a, b), a.toLower() == b.toLower())
+                << a.toStdString() << ' ' << b.toStdString();
+            EXPECT_EQ(hashInLowerCase(a) == hashInLowerCase(b), a.toLower() == b.toLower())
                 << a.toStdString() << ' ' << b.toStdString();
         }
     }
