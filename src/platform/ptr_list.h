@@ -4,11 +4,12 @@
  */
 #pragma once
 
-#include <cstddef>
+#include <QVarLengthArray>
+
+#include <algorithm>
 #include <memory>
 #include <tuple>
 #include <utility>
-#include <vector>
 
 /**
  * Ordered list of pointers to T, owning when autoDelete() is on (it starts off).
@@ -36,13 +37,10 @@ public:
     /// Count of items, null pointers included.
     int count() const { return static_cast<int>(m_items.size()); }
     /// True when there is no item.
-    bool isEmpty() const { return m_items.empty(); }
+    bool isEmpty() const { return m_items.isEmpty(); }
 
     /// The pointer at @p index, or null when the index is out of range.
-    T *at(int index) const
-    {
-        return holds(index) ? m_items[static_cast<std::size_t>(index)] : nullptr;
-    }
+    T *at(int index) const { return holds(index) ? m_items[index] : nullptr; }
 
     /// Adds @p item at the end; the list owns it from here on when auto-delete is on, and deletes
     /// it when there is no memory for one more.
@@ -75,7 +73,7 @@ public:
     {
         if (!holds(index))
             return nullptr;
-        T *item = m_items[static_cast<std::size_t>(index)];
+        T *item = m_items[index];
         m_items.erase(m_items.begin() + index);
         return item;
     }
@@ -83,6 +81,8 @@ public:
     /// Empties the list, deleting the items when auto-delete is on.
     void clear()
     {
+        if (m_items.isEmpty())
+            return;
         for (T *item : std::exchange(m_items, {}))
             dispose(item);
     }
@@ -93,9 +93,18 @@ public:
     auto end() const { return m_items.end(); }
 
 private:
+    // A list that gets a second item mostly gets some more.
+    void makeRoom()
+    {
+        constexpr qsizetype firstBlock = 8;
+        if (m_items.size() == m_items.capacity())
+            m_items.reserve(std::max(firstBlock, 2 * m_items.size()));
+    }
+
     void put(int index, T *item)
     {
         std::unique_ptr<T> owner(m_autoDelete ? item : nullptr);
+        makeRoom();
         m_items.insert(m_items.begin() + index, item);
         std::ignore = owner.release();
     }
@@ -108,6 +117,6 @@ private:
             delete item;
     }
 
-    std::vector<T *> m_items;
+    QVarLengthArray<T *, 1> m_items; // most recipients stand alone
     bool m_autoDelete = false;
 };

@@ -39,6 +39,7 @@ struct Material
         appendParts(message, {{.format = "image/jpeg", .location = "a", .data = "A"}});
         record.setTransactionId("T1");
         record.addFieldsPresent(0x00800000);
+        slide.appendObject(new Object(&message)); // a list takes memory for the second item
     }
 
     QByteArray pdu = "98 61 00 84 A3"_octets;
