@@ -24,6 +24,13 @@ QString smilType()
 constexpr QStringView ApplicationType(u"application");
 constexpr QStringView RelatedSubType(u"vnd.wap.multipart.related");
 
+// Null for a code that the e-mail system does not know.
+QString textOf(int code, bool (*lookUp)(int, QCString &))
+{
+    QCString text("");
+    return lookUp(code, text) ? QString::fromLatin1(text) : QString();
+}
+
 bool matches(const Reference::Matcher &reference, const Part *part)
 {
     return part && reference.matches(*part);
@@ -67,11 +74,14 @@ MMS_COMP_SMILMultipart::Indexing::~Indexing()
 void MMS_COMP_SMILMultipart::setRelatedType()
 {
     asFarAsMemoryGoes([this] {
-        QCString text;
-        if (EMAIL_Util::typeEnumToStr(EMAIL_Util::Application, text))
-            m_mimeType = QString::fromLatin1(text);
-        if (EMAIL_Util::subTypeEnumToStr(EMAIL_Util::MultipartRelated, text))
-            m_subType = QString::fromLatin1(text);
+        // Made once, so that all messages share them.
+        static const QString type = textOf(EMAIL_Util::Application, EMAIL_Util::typeEnumToStr);
+        static const QString subType =
+            textOf(EMAIL_Util::MultipartRelated, EMAIL_Util::subTypeEnumToStr);
+        if (!type.isNull())
+            m_mimeType = type;
+        if (!subType.isNull())
+            m_subType = subType;
     });
 }
 

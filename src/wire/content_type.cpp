@@ -58,8 +58,8 @@ bool skipOctet(LinearBuffer *buffer, unsigned char unwanted, int *skipped)
 // characters without their quote, so a quoted one makes the reader look for one octet more. Kept.
 unsigned char readParameters(LinearBuffer *buffer, int remaining, QString *parameters)
 {
-    QString type;
-    QString start;
+    QByteArrayView type;
+    QByteArrayView start;
     while (remaining > 0) {
         unsigned char parameter = 0;
         if (!buffer->readByte(&parameter))
@@ -71,12 +71,14 @@ unsigned char readParameters(LinearBuffer *buffer, int remaining, QString *param
         int quote = 0;
         if (parameter == StartParameter && !skipOctet(buffer, '"', &quote))
             return WireResult::OutOfData;
-        QString &text = parameter == TypeParameter ? type : start;
-        if (PlainTextBinary::readFrom(buffer, &text) != WireResult::Read)
+        const auto text = WireText::read(buffer);
+        if (!text)
             return WireResult::OutOfData;
-        remaining -= quote + int(text.size()) + 1;
+        (parameter == TypeParameter ? type : start) = *text;
+        remaining -= quote + int(text->size()) + 1;
     }
-    *parameters = TypeKey + type + QLatin1Char(';') + StartKey + start;
+    *parameters =
+        TypeKey + QLatin1StringView(type) + QLatin1Char(';') + StartKey + QLatin1StringView(start);
     return WireResult::Read;
 }
 

@@ -28,6 +28,8 @@ constexpr int CharsetUtf8 = 106;
 constexpr int CharsetUcs2 = 1000;
 constexpr int LongestLocation = 1024; // octets without quote and terminator
 
+constexpr QByteArrayView SmilType("application/smil");
+
 // A name that begins so loses its first and last character. Kept: presentations of stored messages
 // refer to such parts by what is left.
 constexpr QLatin1String StrayPrefix(")&&locStr.endsWith(");
@@ -49,6 +51,7 @@ private:
     void readCharsetParameter();
     bool readHeadersUpTo(qint64 end);
     bool readContentLocation();
+    void setLocation(QByteArrayView utf8);
     bool readContentId();
     bool readData(int length);
     bool storeUcs2AsUtf8(QByteArrayView data);
@@ -112,9 +115,13 @@ bool EntryReader::readContentType()
 // Its first octet is known to be there.
 void EntryReader::readMediaText()
 {
-    QString text;
-    std::ignore = PlainTextBinary::readFrom(m_buffer, &text);
-    setMediaText(text);
+    const auto octets = WireText::read(m_buffer);
+    if (octets == SmilType) { // which nearly every message has
+        m_part->setContentType(QStringLiteral("application"));
+        m_part->setContentSubType(QStringLiteral("smil"));
+        return;
+    }
+    setMediaText(QString::fromLatin1(octets.value_or(QByteArrayView())));
 }
 
 void EntryReader::setMediaCode(unsigned char octet)
@@ -196,8 +203,17 @@ bool EntryReader::readContentLocation()
         if (!m_buffer->readByte(&octet))
             return false;
     }
-    m_part->setContentLocation(QString::fromUtf8(location.data(), qsizetype(length)));
+    setLocation(QByteArrayView(location.data(), qsizetype(length)));
     return true;
+}
+
+// Most senders give a part the same name twice.
+void EntryReader::setLocation(QByteArrayView utf8)
+{
+    const bool isKnown = !utf8.isEmpty() && WireText::isAscii(utf8)
+        && m_part->getContentLocation() == QLatin1StringView(utf8);
+    if (!isKnown)
+        m_part->setContentLocation(QString::fromUtf8(utf8));
 }
 
 bool EntryReader::readContentId()
