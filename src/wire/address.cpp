@@ -4,6 +4,7 @@
 #include "wire/wire_result.h"
 #include "wire/wire_text.h"
 
+#include <algorithm>
 #include <tuple>
 
 namespace {
@@ -28,13 +29,13 @@ bool isAscii(const QString &address)
     return WireText::isPlain(address) || WireText::isAscii(WireText::utf8(address));
 }
 
-// Where the first PlmnSuffix stands, or -1. Few addresses have a slash, so most are told at once.
+// Where the first PlmnSuffix stands, or -1.
 qsizetype findPlmnSuffix(QStringView text)
 {
-    qsizetype at = text.indexOf(PlmnSuffix.front());
-    while (at >= 0 && !text.sliced(at).startsWith(PlmnSuffix))
-        at = text.indexOf(PlmnSuffix.front(), at + 1);
-    return at;
+    const auto isSame = [](QChar character, char ascii) { return character == QLatin1Char(ascii); };
+    const auto found =
+        std::search(text.begin(), text.end(), PlmnSuffix.begin(), PlmnSuffix.end(), isSame);
+    return found == text.end() ? -1 : found - text.begin();
 }
 
 } // namespace

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <limits>
+#include <span>
 
 namespace {
 
@@ -66,6 +67,7 @@ unsigned char MMS_UA_Decoder::decodeHeader(unsigned char *pdu, unsigned int &len
 
 unsigned char MMS_UA_Decoder::readFields(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
+    const std::span<const HeaderFieldInfo> fields = headerFields();
     int previous = 0;
     int position = 0;
     while (buffer->hasMore() && !m_headerEnded) {
@@ -73,10 +75,9 @@ unsigned char MMS_UA_Decoder::readFields(LinearBuffer *buffer, MMS_UA_UAMsg *msg
         if (const auto result = readCode(buffer, &code))
             return result;
         m_headerEnded = code == HeaderFieldCode::ContentType;
-        const HeaderFieldInfo *field = headerFieldInfo(code);
-        if (!field)
+        if (code < 1 || code > int(fields.size()))
             return WireResult::UnknownField;
-        if (const auto result = field->codec->readField(buffer, msg))
+        if (const auto result = fields[size_t(code - 1)].codec->readField(buffer, msg))
             return result;
         // Repeated fields, such as one To after the other, share a position.
         if (code != previous)
