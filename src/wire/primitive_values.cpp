@@ -29,6 +29,16 @@ bool beginsPlainText(unsigned char firstOctet)
     return firstOctet == 0 || (firstOctet >= 0x20 && firstOctet <= 0x7F);
 }
 
+// The plain text whose first octet was read.
+QByteArrayView readPlainText(LinearBuffer *buffer, unsigned char firstOctet)
+{
+    if (firstOctet == 0)
+        return QByteArrayView("");
+    if (firstOctet != WireText::Quote)
+        buffer->rewind(1);
+    return buffer->readUntilZero();
+}
+
 bool needsQuote(QByteArrayView octets)
 {
     return !octets.isEmpty() && hasHighBit(static_cast<unsigned char>(octets.front()));
@@ -75,11 +85,7 @@ std::optional<QByteArrayView> WireText::read(LinearBuffer *buffer)
     unsigned char first = 0;
     if (!buffer->readByte(&first))
         return std::nullopt;
-    if (first == 0)
-        return QByteArrayView("");
-    if (first != Quote)
-        buffer->rewind(1);
-    return buffer->readUntilZero();
+    return readPlainText(buffer, first);
 }
 
 WireText::Octets WireText::utf8(const QString &text)
@@ -275,9 +281,11 @@ unsigned char EncodedStringBinary::readFrom(LinearBuffer *buffer, QString *text)
     unsigned char first = 0;
     if (!buffer->readByte(&first))
         return WireResult::OutOfData;
+    if (beginsPlainText(first)) {
+        *text = QString::fromLatin1(readPlainText(buffer, first));
+        return WireResult::Read;
+    }
     buffer->rewind(1);
-    if (beginsPlainText(first))
-        return PlainTextBinary::readFrom(buffer, text);
 
     int length = 0;
     std::ignore = ValueLengthBinary::readFrom(buffer, &length); // what is missing shows below
