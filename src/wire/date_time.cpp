@@ -19,13 +19,17 @@ quint32 currentSecond()
     return quint32(now.tv_sec) + 1;
 }
 
-// A change of TZ takes effect with the next field, so a call in another zone ends the second.
 bool isZoneInEnvironment()
 {
-    if (!std::getenv("TZ"))
-        return false;
-    secondOfLastCall = Never;
-    return true;
+    return std::getenv("TZ") != nullptr;
+}
+
+// Qt calls tzset() for every date. A change of TZ takes effect with the next field, so a call in
+// another zone ends the second. Searching the environment takes as long as making a text.
+void prepareForQt()
+{
+    if (secondOfLastCall != Never && isZoneInEnvironment())
+        secondOfLastCall = Never;
 }
 
 // Calls tzset(), because a handset travels. Without TZ that looks at a file, which takes longer
@@ -33,6 +37,7 @@ bool isZoneInEnvironment()
 void updateTimeZone()
 {
     if (isZoneInEnvironment()) {
+        secondOfLastCall = Never;
         tzset();
         return;
     }
@@ -56,16 +61,15 @@ qint64 offsetFromUtc(quint32 seconds)
 
 } // namespace
 
-// Qt calls tzset() itself.
 QDateTime DateTime::now()
 {
-    isZoneInEnvironment();
+    prepareForQt();
     return QDateTime::currentDateTime();
 }
 
 QDateTime DateTime::fromSeconds(int seconds)
 {
-    isZoneInEnvironment();
+    prepareForQt();
     return QDateTime::fromSecsSinceEpoch(quint32(seconds));
 }
 
