@@ -24,9 +24,10 @@ bool isZoneInEnvironment()
     return std::getenv("TZ") != nullptr;
 }
 
-// Qt calls tzset() for every date. A change of TZ takes effect with the next field, so a call in
-// another zone ends the second. Searching the environment takes as long as making a text.
-void prepareForQt()
+// Qt calls tzset() for every date, and mktime() does what it does. A change of TZ takes effect with
+// the next field, so a call in another zone ends the second. Searching the environment takes as
+// long as making a text.
+void prepareForOthers()
 {
     if (secondOfLastCall != Never && isZoneInEnvironment())
         secondOfLastCall = Never;
@@ -63,24 +64,22 @@ qint64 offsetFromUtc(quint32 seconds)
 
 QDateTime DateTime::now()
 {
-    prepareForQt();
+    prepareForOthers();
     return QDateTime::currentDateTime();
 }
 
 QDateTime DateTime::fromSeconds(int seconds)
 {
-    prepareForQt();
+    prepareForOthers();
     return QDateTime::fromSecsSinceEpoch(quint32(seconds));
 }
 
 int DateTime::toSeconds(const QDateTime &value)
 {
-    updateTimeZone();
+    prepareForOthers();
     const QDate date = value.date();
     const QTime time = value.time();
-    const time_t now = std::time(nullptr);
     std::tm parts{};
-    localtime_r(&now, &parts);
     parts.tm_sec = time.second();
     parts.tm_min = time.minute();
     parts.tm_hour = time.hour();
