@@ -22,8 +22,8 @@ WORK = ROOT / "build" / "mutation"
 FOLDERS = ["src/wire", "src/multipart", "src/presentation", "src/smil"]
 
 # The programs that notice most, and soonest, for each folder; the others follow.
-PROGRAMS = ["wire", "multipart", "media_probing", "presentation", "slide_duration", "smil", "mixed",
-            "documents", "corpus", "corpus_smil", "media_probing_gui", "no_memory"]
+PROGRAMS = ["wire", "date_time", "multipart", "media_probing", "presentation", "slide_duration",
+            "smil", "mixed", "documents", "corpus", "corpus_smil", "media_probing_gui", "no_memory"]
 FIRST = {"wire": "wire", "multipart": "multipart", "presentation": "presentation", "smil": "smil"}
 
 NOT_CODE = re.compile(r'//[^\n]*|/\*.*?\*/|"(?:\\.|[^"\\\n])*"|\'(?:\\.|[^\'\\\n])*\'|^#[^\n]*',
