@@ -2,7 +2,9 @@
 
 #include "terminal_text.h"
 
+#include <QJsonValue>
 #include <QLocale>
+#include <QVariant>
 
 #include <algorithm>
 #include <cmath>
@@ -108,10 +110,16 @@ void JsonWriter::value(QStringView text)
     m_json += '"';
 }
 
+// QJsonValue holds a whole number as an integer as far as it can.
 void JsonWriter::value(double number)
 {
-    element(std::isfinite(number) ? QByteArray::number(number, 'g', QLocale::FloatingPointShortest)
-                                  : QByteArrayLiteral("null"));
+    const QJsonValue held(number);
+    if (held.toVariant().typeId() == QMetaType::LongLong)
+        value(held.toInteger());
+    else if (std::isfinite(number))
+        element(QByteArray::number(number, 'g', QLocale::FloatingPointShortest));
+    else
+        element("null");
 }
 
 QStringView JsonWriter::appendPlain(QStringView text)

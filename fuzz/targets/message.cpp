@@ -62,8 +62,7 @@ bool isPlain(const QString &text)
 {
     return text.size() < 100 && std::all_of(text.begin(), text.end(), [](QChar c) {
                return c.unicode() < 128
-                   && (c.isLetterOrNumber() || c == u'.' || c == u'_' || c == u'-' || c == u'<'
-                       || c == u'>');
+                   && (c.isLetterOrNumber() || c == u'.' || c == u'_' || c == u'-');
            });
 }
 

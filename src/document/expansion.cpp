@@ -5,6 +5,7 @@
 namespace {
 
 constexpr int MarkupOfTag = 3; // "<", "/" and ">"
+constexpr int LengthOfDeclaration = 24; // of an attribute: the octets that the parser takes for it
 constexpr int MarkupOfAttribute = 4; // a blank, "=" and two quotes
 
 // UTF-16 units of what stands in UTF-8: one for each octet that begins a character, and one more
@@ -90,6 +91,9 @@ void ExpansionMeter::addStartTag(qint64 at, const char *name, const char **attri
         names += lengthOf(attributes[i]) + MarkupOfAttribute;
         values += lengthOf(attributes[i + 1]);
     }
+    if (const auto found = m_declaredAttributes.find(std::string_view(name));
+        found != m_declaredAttributes.end())
+        m_length += found->second * (1 + specified / 2);
     if (isReference(at)) {
         addReplacement(at, lengthOf(name) + MarkupOfTag + names + values + defaults);
         return;
@@ -101,21 +105,25 @@ void ExpansionMeter::addStartTag(qint64 at, const char *name, const char **attri
         m_length += values - tag.lengthOfValues;
 }
 
-void ExpansionMeter::addDefault(const char *element)
+void ExpansionMeter::declareAttribute(const char *element, bool hasDefault)
 {
-    const auto found = m_defaults.try_emplace(element, 0).first;
-    m_length += found->second++;
+    qint64 &count = m_declaredAttributes.try_emplace(element, 0).first->second;
+    m_length += LengthOfDeclaration + (hasDefault ? count : 0);
+    ++count;
 }
 
 bool EntityLevels::declare(char mark, std::string_view name, std::string_view text)
 {
     Entity &entity = m_entities[mark + std::string(name)];
+    const std::string ends = std::string(" \t\r\n;") + mark; // of a name
     int level = 1;
-    for (std::size_t at = text.find(mark); at < text.size(); at = text.find(mark, at + 1)) {
-        const std::size_t end = text.find(';', at);
-        if (end == text.npos)
-            break;
-        Entity &used = m_entities[std::string(text.substr(at, end - at))];
+    for (std::size_t at = text.find(mark); at != text.npos; at = text.find(mark, at)) {
+        const std::size_t end = text.find_first_of(ends, at + 1);
+        const std::string_view reference = text.substr(at, end - at);
+        at = std::min(end, text.size());
+        if (end == text.npos || text[end] != ';')
+            continue;
+        Entity &used = m_entities[std::string(reference)];
         if (used.users.empty() || used.users.back() != &entity)
             used.users.push_back(&entity);
         level = std::max(level, used.level + 1);

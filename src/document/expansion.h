@@ -30,8 +30,9 @@ public:
     /// then those of default attributes up to null.
     void addStartTag(qint64 at, const char *name, const char **attributes, int specified);
 
-    /// A default for an attribute of @p element. The parser compares each with all before it.
-    void addDefault(const char *element);
+    /// A declared attribute of @p element. The parser compares one that @p hasDefault with those before it,
+    /// and walks all of them for each start tag and for each attribute there.
+    void declareAttribute(const char *element, bool hasDefault);
 
 private:
     bool isReference(qint64 at) const;
@@ -41,7 +42,7 @@ private:
     qint64 m_limit;
     qint64 m_length;
     qint64 m_lastReference = -1;
-    std::map<std::string, qint64, std::less<>> m_defaults;
+    std::map<std::string, qint64, std::less<>> m_declaredAttributes; // by element
 };
 
 /// Counts how many entities refer to one another in a row.

@@ -75,7 +75,7 @@ private:
     void declareXml(const char *version);
     void beginDoctype();
     void declareEntity(const char *name, int isParameter, const char *value, int length);
-    void declareDefault(const char *element, const char *value);
+    void declareAttribute(const char *element, const char *value);
     void beginElement(const char *name, const char **attributes);
     void endElement() { m_elements.endElement(); }
     void addInstruction(const char *target, const char *text);
@@ -154,10 +154,8 @@ bool Parser::parse()
 bool Parser::hasOddName() const
 {
     const XML_Error error = XML_GetErrorCode(m_parser.get());
-    if (m_isRefused || m_meter || (error != XML_ERROR_INVALID_TOKEN && error != XML_ERROR_XML_DECL))
-        return false;
-    const qint64 at = std::clamp<qint64>(position(), 0, m_document.size());
-    return !m_document.sliced(qsizetype(at)).contains("<!DOCTYPE");
+    return !m_isRefused && !m_meter
+        && (error == XML_ERROR_INVALID_TOKEN || error == XML_ERROR_XML_DECL);
 }
 
 void Parser::refuseUnless(bool isWithinLimits)
@@ -186,7 +184,7 @@ void Parser::beginDoctype()
     XML_SetAttlistDeclHandler(parser,
                               [](void *self, const char *element, const char *, const char *,
                                  const char *value,
-                                 int) { call<&Parser::declareDefault>(self, element, value); });
+                                 int) { call<&Parser::declareAttribute>(self, element, value); });
     XML_SetCharacterDataHandler(parser, [](void *self, const char *text, int length) {
         call<&Parser::addText>(self, text, std::size_t(length));
     });
@@ -221,11 +219,9 @@ void Parser::declareEntity(const char *name, int isParameter, const char *value,
     }
 }
 
-void Parser::declareDefault(const char *element, const char *value)
+void Parser::declareAttribute(const char *element, const char *value)
 {
-    if (!value)
-        return;
-    m_meter->addDefault(element);
+    m_meter->declareAttribute(element, value != nullptr);
     refuseUnless(m_meter->isWithinLimit());
 }
 
@@ -269,9 +265,7 @@ qint64 Parser::position() const
 #endif
 }
 
-// True when a tag may have more than so many attributes: an attribute takes a "=", and no tag holds
-// a
-// "<".
+// True when more than @p most "=" follow a "<", as they do in a tag with more attributes.
 bool mayHaveMoreAttributes(QByteArrayView utf8, int most)
 {
     int signs = 0;
@@ -283,14 +277,14 @@ bool mayHaveMoreAttributes(QByteArrayView utf8, int most)
     return false;
 }
 
-// Composers wrote names that XML does not allow, such as "@src", and Qt reads them. Its reader
-// compares the attributes of an element in pairs and has no bound on what declarations cost, so it
-// gets neither many attributes nor a document type, and no text that is long to read a second time.
+// Composers wrote attributes whose names XML does not allow, such as "@src", and Qt reads them. Its
+// reader compares the attributes of an element in pairs and has no bound on what declarations cost.
 std::optional<SmilDocument> parseWithOddNames(QByteArrayView utf8)
 {
     constexpr qsizetype longest = 65536;
     constexpr int mostAttributes = 64;
-    if (utf8.size() > longest || mayHaveMoreAttributes(utf8, mostAttributes))
+    if (utf8.size() > longest || utf8.contains("<!DOCTYPE")
+        || mayHaveMoreAttributes(utf8, mostAttributes))
         return std::nullopt;
     QXmlStreamReader reader(QString::fromUtf8(utf8));
     reader.setNamespaceProcessing(false);
@@ -319,8 +313,11 @@ std::optional<SmilDocument> parseWithOddNames(QByteArrayView utf8)
 
 } // namespace
 
+// A zero octet at the beginning makes expat read UTF-16, whatever it was told.
 std::optional<SmilDocument> DocumentParser::parse(QByteArrayView utf8)
 {
+    if (utf8.contains('\0'))
+        return parseWithOddNames(utf8);
     Parser parser(utf8);
     if (parser.parse())
         return parser.takeElements();

@@ -90,8 +90,8 @@ void PartNames::add(const MMS_COMP_SMILMultipart &multipart)
         add(*multipart.getBodypartByIndex(i));
 }
 
-// The first name is looked for among the parts themselves: most messages have one nameless part at
-// most, for which an index is not worth its while.
+// Looks for the first name among the parts themselves. Most messages have at most one nameless
+// part, and building an index for one name costs more than a walk.
 bool PartNames::isTakenByUnindexedPart(const QString &name)
 {
     if (m_unindexed && m_wasWalked)

@@ -182,17 +182,24 @@ int MMS_COMP_SMILParser::readDocument(const QByteArray &utf8, MMS_COMP_SMILMulti
     return SmilResult::Ok;
 }
 
+int MMS_COMP_SMILParser::readFragment(const QDomElement *element, MMS_COMP_SMILMultipart *multipart,
+                                      MMS_COMP_SMILData *data,
+                                      int (SmilReader::*read)(const SmilElement &))
+{
+    SmilReader reader(multipart, data);
+    const int result =
+        readCopy(element, data, [&](const SmilElement &copy) { return (reader.*read)(copy); });
+    if (reader.warning())
+        m_lastWarning = reader.warning();
+    return result;
+}
+
 int MMS_COMP_SMILParser::parseSmil(QDomElement *root, MMS_COMP_SMILMultipart *multipart,
                                    MMS_COMP_SMILData *data)
 {
     if (!root || !root->isElement())
         return SmilResult::NullArgument;
-    SmilReader reader(multipart, data);
-    const int result =
-        readCopy(root, data, [&](const SmilElement &copy) { return reader.readSmil(copy); });
-    if (reader.warning())
-        m_lastWarning = reader.warning();
-    return result;
+    return readFragment(root, multipart, data, &SmilReader::readSmil);
 }
 
 int SmilReader::readSmil(const SmilElement &root)
@@ -224,12 +231,7 @@ int SmilReader::readSmil(const SmilElement &root)
 
 int MMS_COMP_SMILParser::parseSmilHead(QDomElement *head, MMS_COMP_SMILData *data)
 {
-    SmilReader reader(nullptr, data);
-    const int result =
-        readCopy(head, data, [&](const SmilElement &copy) { return reader.readHead(copy); });
-    if (reader.warning())
-        m_lastWarning = reader.warning();
-    return result;
+    return readFragment(head, nullptr, data, &SmilReader::readHead);
 }
 
 // head ::= meta* [layout | other] meta*
@@ -250,12 +252,7 @@ int SmilReader::readHead(const SmilElement &head)
 
 int MMS_COMP_SMILParser::parseSmilMeta(QDomElement *meta, MMS_COMP_SMILData *data)
 {
-    SmilReader reader(nullptr, data);
-    const int result =
-        readCopy(meta, data, [&](const SmilElement &copy) { return reader.readMeta(copy); });
-    if (reader.warning())
-        m_lastWarning = reader.warning();
-    return result;
+    return readFragment(meta, nullptr, data, &SmilReader::readMeta);
 }
 
 int SmilReader::readMeta(const SmilElement &meta)

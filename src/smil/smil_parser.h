@@ -17,6 +17,8 @@ class MMS_COMP_SMILMediaObject;
 class MMS_COMP_SMILMultipart;
 class QDomElement;
 class QDomNode;
+class SmilElement;
+class SmilReader;
 struct MMS_COMP_COLOR;
 struct MMS_COMP_SMIL_TIME;
 
@@ -144,6 +146,9 @@ public:
                                 bool writeSmil);
 
 private:
+    QVL_INTERNAL int readFragment(const QDomElement *element, MMS_COMP_SMILMultipart *multipart,
+                                  MMS_COMP_SMILData *data,
+                                  int (SmilReader::*read)(const SmilElement &));
     QVL_INTERNAL int readDocument(const QByteArray &utf8, MMS_COMP_SMILMultipart *multipart,
                                   MMS_COMP_SMILData *data);
 

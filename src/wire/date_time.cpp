@@ -9,8 +9,20 @@ namespace {
 
 constexpr quint32 Never = 0;
 
-// The second in which tzset() was last called without TZ in the environment.
+// The second in which tzset() was last called without TZ in the environment, and what it set.
 std::atomic<quint32> secondOfLastCall = Never;
+std::atomic<quint32> zoneOfLastCall = 0;
+
+// The C library's zone in a number, which tells whether somebody else called tzset() with TZ set.
+quint32 currentZone()
+{
+    quint32 zone = quint32(timezone) * 2 + quint32(daylight);
+    for (const char *name : tzname) {
+        for (; name && *name; ++name)
+            zone = zone * 31 + static_cast<unsigned char>(*name);
+    }
+    return zone;
+}
 
 quint32 currentSecond()
 {
@@ -24,9 +36,8 @@ bool isZoneInEnvironment()
     return std::getenv("TZ") != nullptr;
 }
 
-// Qt calls tzset() for every date, and mktime() does what it does. A change of TZ takes effect with
-// the next field, so a call in another zone ends the second. Searching the environment takes as
-// long as making a text.
+// Qt calls tzset() for every date. A change of TZ takes effect with the next field, so a call in
+// another zone ends the second. Searching the environment takes as long as making a text.
 void prepareForOthers()
 {
     if (secondOfLastCall != Never && isZoneInEnvironment())
@@ -43,9 +54,10 @@ void updateTimeZone()
         return;
     }
     const quint32 second = currentSecond();
-    if (secondOfLastCall == second)
+    if (secondOfLastCall == second && zoneOfLastCall == currentZone())
         return;
     tzset();
+    zoneOfLastCall = currentZone();
     secondOfLastCall = second;
 }
 
@@ -76,7 +88,7 @@ QDateTime DateTime::fromSeconds(int seconds)
 
 int DateTime::toSeconds(const QDateTime &value)
 {
-    prepareForOthers();
+    updateTimeZone();
     const QDate date = value.date();
     const QTime time = value.time();
     std::tm parts{};

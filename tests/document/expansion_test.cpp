@@ -98,13 +98,28 @@ TEST(ExpansionMeter, CountsNamesAndValuesOfDefaultAttributes)
 TEST(ExpansionMeter, BoundsTheDefaultsOfOneElement)
 {
     ExpansionMeter meter("<s/>");
-    for (int i = 0; i < 362; ++i) // 0 + 1 + ... + 361 is 65,341
-        meter.addDefault("s");
+    for (int i = 0; i < 300; ++i) // 0 + 1 + ... + 299, and 24 each, is 52,050
+        meter.declareAttribute("s", true);
+    for (int i = 0; i < 560; ++i) // 24 each is 13,440
+        meter.declareAttribute(("e" + std::to_string(i)).c_str(), true);
     EXPECT_TRUE(meter.isWithinLimit());
+    meter.declareAttribute("s", true);
+    EXPECT_FALSE(meter.isWithinLimit());
+}
+
+// The parser walks all declared attributes of an element for its tag and for each attribute.
+TEST(ExpansionMeter, BoundsDeclaredAttributesTimesThoseThatAreThere)
+{
+    const char *attributes[] = {"a", "", "b", "", nullptr};
+    ExpansionMeter meter("<s a='' b=''/>");
+    for (int i = 0; i < 2000; ++i) // 24 each is 48,000
+        meter.declareAttribute("s", false);
     for (int i = 0; i < 1000; ++i)
-        meter.addDefault(("e" + std::to_string(i)).c_str());
+        meter.addStartTag(0, "t", attributes, 4);
+    meter.addStartTag(0, "s", attributes, 4); // 2,000 times 1 + 2
+    meter.addStartTag(0, "s", attributes, 4);
     EXPECT_TRUE(meter.isWithinLimit());
-    meter.addDefault("s");
+    meter.addStartTag(0, "s", attributes, 4);
     EXPECT_FALSE(meter.isWithinLimit());
 }
 
@@ -123,6 +138,13 @@ TEST(EntityLevels, AllowsSixtyFourInWhateverOrderTheyAreDeclared)
         EXPECT_TRUE(forwards.declare('&', name(i), reference(i + 1))) << i;
     EXPECT_TRUE(forwards.declare('&', name(64), reference(65)));
     EXPECT_FALSE(forwards.declare('&', name(65), "text"));
+}
+
+TEST(EntityLevels, TakesOnlyNamesForReferences)
+{
+    EntityLevels levels;
+    EXPECT_TRUE(levels.declare('&', "e", "&& e; &e &e & e;& ;&&;"));
+    EXPECT_FALSE(levels.declare('&', "f", "&&f;"));
 }
 
 TEST(EntityLevels, RefusesCircles)

@@ -74,6 +74,18 @@ TEST(DocumentParser, TakesNoNotionOfWhatTheTextDeclares)
               QString(QChar(0xE4)));
 }
 
+TEST(DocumentParser, ReadsUtf8WhereZeroOctetsLookLikeUtf16)
+{
+    for (const char *text : {"<s a='2'/>", "\n<s a='2'/>", "<!DOCTYPE s><s a='2'/>"}) {
+        SCOPED_TRACE(text);
+        QByteArray little;
+        for (const char octet : QByteArray(text))
+            little.append(octet).append('\0');
+        EXPECT_FALSE(isRead(little));
+        EXPECT_FALSE(isRead(QByteArray(1, '\0') + little.chopped(1)));
+    }
+}
+
 TEST(DocumentParser, RefusesWhatQtRefuses)
 {
     for (const char *text : {"",

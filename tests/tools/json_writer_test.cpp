@@ -79,6 +79,16 @@ TEST(JsonWriter, WritesTheShortestNumberThatReadsTheSame)
         EXPECT_EQ(written(row.number), std::string("{\"a\":") + row.json + '}');
 }
 
+TEST(JsonWriter, WritesWholeNumbersAsQtDoes)
+{
+    for (const double number : {1e5, 1e6, 2e5, -1e5, 1e15, 9007199254740992.0, 9007199254740994.0,
+                                1e18, 1e19, -1e19, 4.0, 0.5, 1e-5, 123456.75, -0.0}) {
+        const QJsonObject object{{QStringLiteral("a"), number}};
+        EXPECT_EQ(written(number),
+                  QJsonDocument(object).toJson(QJsonDocument::Compact).toStdString());
+    }
+}
+
 TEST(JsonWriter, WritesIntegersOfAnySize)
 {
     EXPECT_EQ(written(std::numeric_limits<qint64>::min()), "{\"a\":-9223372036854775808}");

@@ -175,6 +175,15 @@ TEST_F(WithoutZone, AChangeTakesEffectWithTheNextField)
 }
 
 // Qt then has left the other zone in the C library.
+TEST_F(WithoutZone, AChangeThatTheProgramMadeTakesEffectToo)
+{
+    const int without = expiryOfEpoch();
+    setZone();
+    tzset();
+    qunsetenv("TZ");
+    EXPECT_EQ(expiryOfEpoch(), without);
+}
+
 TEST_F(WithoutZone, AChangeThatOnlyADateSawTakesEffectToo)
 {
     for (const auto looksOfTime : {looksOfDate, looksOfDeliveryTime}) {

@@ -12,6 +12,7 @@
 #include <functional>
 #include <map>
 #include <mutex>
+#include <system_error>
 #include <thread>
 #include <utility>
 #include <vector>
@@ -90,8 +91,12 @@ public:
     {
         m_mostAhead = 4 * qsizetype(jobs);
         std::vector<std::jthread> others;
-        for (qsizetype i = 1; i < std::min<qsizetype>(jobs, m_names.size()); ++i)
-            others.emplace_back([this] { work(); });
+        try {
+            for (qsizetype i = 1; i < std::min<qsizetype>(jobs, m_names.size()); ++i)
+                others.emplace_back([this] { work(); });
+        } catch (const std::system_error &) {
+            // The system has no more threads; those that there are show all files.
+        }
         work();
     }
 
