@@ -4,6 +4,8 @@
  */
 #include "document/expansion.h"
 
+#include <QByteArray>
+
 #include <gtest/gtest.h>
 
 namespace {

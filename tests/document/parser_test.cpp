@@ -5,6 +5,7 @@
 #include "document/parser.h"
 
 #include <QDomDocument>
+#include <QStringList>
 
 #include <gtest/gtest.h>
 
