@@ -26,12 +26,12 @@ public:
     /// Text, or a comment, at octet @p at of the document.
     void addText(qint64 at, std::string_view text);
 
-    /// A start tag at octet @p at, with @p specified names and values, one behind the other, and
+    /// A start tag at octet @p at, with @p specified names and values, one after the other, and
     /// then those of default attributes up to null.
     void addStartTag(qint64 at, const char *name, const char **attributes, int specified);
 
-    /// A declared attribute of @p element. The parser compares one that @p hasDefault with those before it,
-    /// and walks all of them for each start tag and for each attribute there.
+    /// A declared attribute of @p element. The parser compares one that @p hasDefault with those
+    /// before it, and walks all of them for each start tag and for each attribute there.
     void declareAttribute(const char *element, bool hasDefault);
 
 private:
@@ -52,7 +52,7 @@ public:
     /// The parser takes stack for each level.
     static constexpr int Deepest = 64;
 
-    /// Notes the entity @p name and the entities that its text refers to, behind the character @p
+    /// Notes the entity @p name and the entities that its text refers to, after the character @p
     /// mark. False when a row of entities is longer than Deepest, as it is when they form a circle.
     bool declare(char mark, std::string_view name, std::string_view text);
 

@@ -13,7 +13,7 @@ constexpr quint32 Never = 0;
 std::atomic<quint32> secondOfLastCall = Never;
 std::atomic<quint32> zoneOfLastCall = 0;
 
-// The C library's zone in a number, which tells whether somebody else called tzset() with TZ set.
+// The C library's zone as a number. It differs after another caller's tzset() with TZ set.
 quint32 currentZone()
 {
     quint32 zone = quint32(timezone) * 2 + quint32(daylight);

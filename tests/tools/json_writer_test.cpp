@@ -1,5 +1,5 @@
 /*
- * JSON as QJsonDocument writes it, but for the characters that act on a terminal.
+ * JSON as QJsonDocument writes it, except for the characters that act on a terminal.
  */
 #include "json_writer.h"
 

@@ -98,7 +98,7 @@ protected:
     WithoutZone()
     {
         qunsetenv("TZ");
-        ++clockSeconds; // so that no test goes by what the one before it left
+        ++clockSeconds; // so that no test depends on the one before it
     }
 
     ~WithoutZone() override
