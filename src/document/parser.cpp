@@ -64,7 +64,7 @@ public:
     explicit Parser(QByteArrayView document);
 
     bool parse();
-    /// True when a name may be such as only Qt reads, in a document without a document type.
+    /// True if the error may be a name that only Qt reads, in a document without a document type.
     bool hasOddName() const;
     SmilDocument takeElements() { return std::move(m_elements); }
 
@@ -193,10 +193,9 @@ void Parser::beginDoctype()
     });
 }
 
-// Values of attributes and declarations expand before any handler sees them, so the parser's own
-// limit bounds them. It counts octets, and what an entity holds again for every entity that it is
-// put into. What ExpansionMeter accepts of entities that do not refer to one another stays below
-// it.
+// expat expands values of attributes and declarations before it calls a handler, so its own limit
+// bounds these. It counts octets, and counts nested entities at every level. Entities that refer to
+// no others stay below it as long as ExpansionMeter accepts them.
 void Parser::limitExpansion()
 {
     const bool isAscii =

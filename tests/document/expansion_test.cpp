@@ -55,7 +55,7 @@ TEST(ExpansionMeter, LeavesOutTextThatIsTheDocumentsOwn)
 
 TEST(ExpansionMeter, CountsUtf16Units)
 {
-    // 16 characters of three octets, and one of four that takes two units.
+    // One character of three octets, and one of four octets that takes two units.
     const QByteArray document = "<s>&e;\xE4\xB8\xAD\xF0\x9F\x98\x80</s>";
     const qint64 characters = 3 + 3 + 1 + 2 + 4;
     ExpansionMeter meter(document);

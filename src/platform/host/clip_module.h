@@ -1,7 +1,7 @@
 /*
  * Clips that are read with FFmpeg. Its readers are in a module, a shared library of their own, that
- * is loaded with the first such clip: linking FFmpeg and the hundred libraries behind it takes
- * longer than decoding dozens of messages.
+ * is loaded with the first such clip: linking FFmpeg and the hundred libraries that it depends on
+ * takes longer than decoding dozens of messages.
  */
 #pragma once
 
