@@ -2,7 +2,8 @@
  * A header from outside: decoded, encoded, decoded again. From the second time on the octets stay
  * the same, but for times, which hold the moment of decoding or are local, and Sender-Visibility,
  * which is written in the reverse sense; and as long as texts are ASCII, because others are written
- * as UTF-8 and read as Latin-1, and addresses are plain.
+ * as UTF-8 and read as Latin-1, addresses are plain, and Start begins without the quote that each
+ * reading passes over.
  */
 #include "support/pdu.h"
 
@@ -44,10 +45,12 @@ bool isSymmetric(MMS_UA_UAMsg *header)
                              header->getContentLocation(), header->getMessageId(),
                              header->getResponseText(),    header->getContentType(),
                              header->getContentSubType(),  header->getContentTypeParams()};
+    const QString start = ContentTypeField::startOf(header->getContentTypeParams());
     return std::all_of(std::begin(texts), std::end(texts),
                        [](const QString &text) { return isAscii(text); })
-        && isPlain(header->getFrom()) && isPlain(header->getToRecipients())
-        && isPlain(header->getCcRecipients()) && isPlain(header->getBccRecipients());
+        && !start.startsWith(u'"') && isPlain(header->getFrom())
+        && isPlain(header->getToRecipients()) && isPlain(header->getCcRecipients())
+        && isPlain(header->getBccRecipients());
 }
 
 } // namespace
