@@ -5,7 +5,7 @@
  */
 #include "support/invariant.h"
 
-#include "platform/player_engine.h"
+#include <qvlsmilparser.h>
 
 #include <cstdint>
 #include <iterator>

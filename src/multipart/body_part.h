@@ -4,9 +4,9 @@
  */
 #pragma once
 
-#include "multipart/liveness.h"
-#include "platform/export.h"
-#include "platform/qt_names.h"
+#include "../base/export.h"
+#include "../base/qt_names.h"
+#include "liveness.h"
 
 #include <QString>
 

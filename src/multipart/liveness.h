@@ -4,14 +4,13 @@
  */
 #pragma once
 
-#include "platform/no_memory.h"
+#include "../base/export.h"
 
 #include <memory>
 
 /**
- * What belongs to an object rather than to its value: that it is alive, for QvlWeakPointer, and
- * that a container has taken it. A copy of the object is another object, so a copy of this member
- * starts afresh and assignment keeps it.
+ * State of an object that copies must not share: that it is alive, for QvlWeakPointer, and that a
+ * container has taken it. A copy of this member starts afresh, and assignment keeps it.
  */
 class QvlLiveness
 {
@@ -24,12 +23,8 @@ public:
     QvlLiveness &operator=(const QvlLiveness &) { return *this; }
 
     /// Expires when the object that holds the token is destroyed.
-    std::weak_ptr<const void> watch() const
-    {
-        if (!m_token)
-            m_token = std::make_shared<char>();
-        return m_token;
-    }
+    /// Has expired already when there is no memory for the token.
+    QVL_EXPORT std::weak_ptr<const void> watch() const;
 
     /// Whether a container has taken the object; it stays true from then on.
     bool isHeld() const { return m_held; }
@@ -50,10 +45,8 @@ public:
     /// Points at @p target, which stays its owner's; null points at nothing.
     QvlWeakPointer(T *target = nullptr) : m_target(target)
     {
-        asFarAsMemoryGoes([this] {
-            if (m_target)
-                m_alive = m_target->liveness().watch();
-        });
+        if (m_target)
+            m_alive = m_target->liveness().watch();
     }
 
     /// The target, or null when it is gone.

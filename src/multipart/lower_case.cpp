@@ -1,6 +1,6 @@
 #include "multipart/lower_case.h"
 
-#include "platform/text_hash.h"
+#include "base/text_hash.h"
 
 #include <QChar>
 

@@ -4,8 +4,8 @@
  */
 #include "multipart/body_part.h"
 
+#include "base/no_memory.h"
 #include "platform/comp_util.h"
-#include "platform/no_memory.h"
 #include "platform/player_engine.h"
 
 #include <QGuiApplication>

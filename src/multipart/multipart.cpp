@@ -1,12 +1,12 @@
 #include "multipart/multipart.h"
 
+#include "base/no_memory.h"
 #include "multipart/lower_case.h"
 #include "multipart/multipart_result.h"
 #include "multipart/part_index.h"
 #include "multipart/part_names.h"
 #include "multipart/reference.h"
 #include "platform/email_util.h"
-#include "platform/no_memory.h"
 
 #include <algorithm>
 #include <memory>
@@ -55,21 +55,6 @@ MMS_COMP_SMILMultipart::MMS_COMP_SMILMultipart(const MMS_COMP_SMILMultipart &sou
 }
 
 MMS_COMP_SMILMultipart::~MMS_COMP_SMILMultipart() = default;
-
-MMS_COMP_SMILMultipart::Indexing::Indexing(MMS_COMP_SMILMultipart *multipart)
-    : m_multipart(multipart)
-{
-    if (multipart) {
-        asFarAsMemoryGoes(
-            [multipart] { multipart->m_index = std::make_unique<PartIndex>(multipart->m_parts); });
-    }
-}
-
-MMS_COMP_SMILMultipart::Indexing::~Indexing()
-{
-    if (m_multipart)
-        m_multipart->m_index = nullptr;
-}
 
 void MMS_COMP_SMILMultipart::setRelatedType()
 {

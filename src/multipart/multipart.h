@@ -3,10 +3,10 @@
  */
 #pragma once
 
-#include "multipart/body_part.h"
-#include "multipart/liveness.h"
-#include "platform/export.h"
-#include "platform/ptr_list.h"
+#include "../base/export.h"
+#include "../base/ptr_list.h"
+#include "body_part.h"
+#include "liveness.h"
 
 #include <QString>
 
@@ -150,28 +150,12 @@ public:
 
     /// True when @p part itself, not only one of its name, is among the parts.
     bool holds(const MMS_COMP_SMILMultipartBodypart *part) const;
-    /**
-     * While it lives, getBodyPartBySrc() takes the same time however many parts there are. Parts
-     * may be added and removed meanwhile, which ends that; names are not to be changed. Does
-     * nothing for null.
-     */
-    class QVL_EXPORT Indexing
-    {
-    public:
-        /// Indexes the parts of @p multipart. Linear in the parts.
-        explicit Indexing(MMS_COMP_SMILMultipart *multipart);
-        Indexing(const Indexing &) = delete;
-        Indexing &operator=(const Indexing &) = delete;
-        ~Indexing();
-
-    private:
-        MMS_COMP_SMILMultipart *m_multipart;
-    };
-
     /// For weak pointers at the message.
     const QvlLiveness &liveness() const { return m_liveness; }
 
 private:
+    friend class PartIndexScope;
+
     bool isRelated() const;
     void setRelatedType();
 
@@ -181,6 +165,6 @@ private:
     QString m_start;
     QString m_boundary;
     QPtrList<MMS_COMP_SMILMultipartBodypart> m_parts;
-    std::unique_ptr<PartIndex> m_index; // while there is an Indexing
+    std::unique_ptr<PartIndex> m_index; // while a PartIndexScope lives
     QvlLiveness m_liveness;
 };

@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "platform/export.h"
+#include "../base/export.h"
 
 /// Results of the multipart message's operations: 0 for success, negative for failure.
 namespace MultipartResult {

@@ -1,6 +1,8 @@
 #include "multipart/part_index.h"
 
+#include "base/no_memory.h"
 #include "multipart/body_part.h"
+#include "multipart/multipart.h"
 
 PartIndex::PartIndex(const QPtrList<Part> &parts)
 {
@@ -31,4 +33,18 @@ PartIndex::Part *PartIndex::find(const QString &reference, int type) const
     if (!m_contentIds.empty())
         look(m_contentIds);
     return first ? first->part : nullptr;
+}
+
+PartIndexScope::PartIndexScope(MMS_COMP_SMILMultipart *multipart) : m_multipart(multipart)
+{
+    if (multipart) {
+        asFarAsMemoryGoes(
+            [multipart] { multipart->m_index = std::make_unique<PartIndex>(multipart->m_parts); });
+    }
+}
+
+PartIndexScope::~PartIndexScope()
+{
+    if (m_multipart)
+        m_multipart->m_index = nullptr;
 }

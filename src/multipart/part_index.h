@@ -4,11 +4,12 @@
  */
 #pragma once
 
+#include "base/ptr_list.h"
 #include "multipart/reference.h"
-#include "platform/ptr_list.h"
 
 #include <unordered_map>
 
+class MMS_COMP_SMILMultipart;
 class MMS_COMP_SMILMultipartBodypart;
 
 /// Answers as MMS_COMP_SMILMultipart::getBodyPartBySrc() does, in a time that depends on the parts
@@ -34,4 +35,21 @@ private:
 
     Names<Reference::LocationHash, Reference::LocationEqual> m_locations;
     Names<Reference::ContentIdHash, Reference::ContentIdEqual> m_contentIds; // of keys not empty
+};
+
+/**
+ * While it lives, MMS_COMP_SMILMultipart::getBodyPartBySrc() takes the same time however many parts
+ * there are. A change of the list of parts ends that; names must not change meanwhile.
+ */
+class PartIndexScope
+{
+public:
+    /// Linear in the parts. Does nothing for null.
+    explicit PartIndexScope(MMS_COMP_SMILMultipart *multipart);
+    PartIndexScope(const PartIndexScope &) = delete;
+    PartIndexScope &operator=(const PartIndexScope &) = delete;
+    ~PartIndexScope();
+
+private:
+    MMS_COMP_SMILMultipart *m_multipart;
 };

@@ -1,8 +1,8 @@
 #include "multipart/part_names.h"
 
+#include "base/decimal.h"
 #include "multipart/multipart.h"
 #include "platform/comp_util.h"
-#include "platform/decimal.h"
 
 #include <QUrl>
 

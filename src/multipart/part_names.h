@@ -5,8 +5,8 @@
  */
 #pragma once
 
+#include "base/text_hash.h"
 #include "multipart/reference.h"
-#include "platform/text_hash.h"
 
 #include <QString>
 

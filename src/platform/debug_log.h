@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "platform/export.h"
+#include "../base/export.h"
 
 /// Debug tool of the messaging system.
 class QVL_EXPORT MMS_UTIL_Tool

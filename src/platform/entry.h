@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "platform/export.h"
+#include "../base/export.h"
 
 #include <QString>
 

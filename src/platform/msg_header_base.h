@@ -4,8 +4,8 @@
  */
 #pragma once
 
-#include "platform/entry.h"
-#include "platform/qt_names.h"
+#include "../base/qt_names.h"
+#include "entry.h"
 
 #include <QDateTime>
 #include <QString>

@@ -4,7 +4,7 @@
  */
 #pragma once
 
-#include "platform/export.h"
+#include "../base/export.h"
 
 #include <QString>
 

@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "platform/export.h"
+#include "../base/export.h"
 
 /// Settings of the handset's messaging application.
 class QVL_EXPORT MMS_UTIL_Setting

@@ -1,16 +1,14 @@
 #include "presentation/layout.h"
 
+#include "base/no_memory.h"
 #include "document/element.h"
-#include "platform/no_memory.h"
-#include "platform/text_hash.h"
-#include "smil/smil_parser.h"
+#include "presentation/region_index.h"
+#include "presentation/smil_values.h"
 
 #include <QDomElement>
-#include <QHash>
 
 #include <algorithm>
 #include <array>
-#include <unordered_set>
 #include <utility>
 
 namespace {
@@ -18,26 +16,6 @@ namespace {
 // Keywords stand at their numbers.
 constexpr std::array fitKeywords{"hidden", "fill", "meet", "scroll", "slice"};
 static_assert(fitKeywords.size() == SMIL_REGION_FIT_UNKNOWN);
-
-struct EqualRegions
-{
-    bool operator()(const MMS_COMP_SMILRegion *a, const MMS_COMP_SMILRegion *b) const
-    {
-        return a->getWidth() == b->getWidth() && a->getHeight() == b->getHeight()
-            && a->getTop() == b->getTop() && a->getLeft() == b->getLeft()
-            && a->getId() == b->getId() && a->getFit() == b->getFit();
-    }
-};
-
-struct RegionHash
-{
-    size_t operator()(const MMS_COMP_SMILRegion *region) const
-    {
-        return qHashMulti(QHashSeed::globalSeed(), region->getWidth(), region->getHeight(),
-                          region->getTop(), region->getLeft(), QvlTextHash()(region->getId()),
-                          region->getFit());
-    }
-};
 
 } // namespace
 
@@ -98,30 +76,7 @@ bool MMS_COMP_SMILRootLayout::setHeight(int height)
 
 void MMS_COMP_SMILRootLayout::setBackgroundColor(const QString &text)
 {
-    MMS_COMP_SMILParser::parseColor(text, m_backgroundColor);
-}
-
-/// The regions of a layout by their values, the first of equal ones.
-class MMS_COMP_SMILLayout::RegionIndex
-    : public std::unordered_set<MMS_COMP_SMILRegion *, RegionHash, EqualRegions>
-{
-};
-
-MMS_COMP_SMILLayout::Filling::Filling(MMS_COMP_SMILLayout *layout) : m_layout(layout)
-{
-    asFarAsMemoryGoes([layout] {
-        auto index = std::make_unique<RegionIndex>();
-        for (MMS_COMP_SMILRegion *region : layout->m_regions) {
-            if (region)
-                index->insert(region);
-        }
-        layout->m_index = std::move(index);
-    });
-}
-
-MMS_COMP_SMILLayout::Filling::~Filling()
-{
-    m_layout->m_index = nullptr;
+    SmilValues::readColor(text, m_backgroundColor);
 }
 
 MMS_COMP_SMILLayout::MMS_COMP_SMILLayout()
@@ -206,7 +161,7 @@ MMS_COMP_SMILRegion *MMS_COMP_SMILLayout::findEqual(const MMS_COMP_SMILRegion &r
         return found != m_index->end() ? *found : nullptr;
     }
     const auto found = std::ranges::find_if(m_regions, [&](const MMS_COMP_SMILRegion *other) {
-        return other && EqualRegions()(&region, other);
+        return other && RegionIndex::key_equal()(&region, other);
     });
     return found != m_regions.end() ? *found : nullptr;
 }
@@ -225,7 +180,7 @@ bool MMS_COMP_SMILLayout::isRegionExist(const MMS_COMP_SMILRegion *region,
 void MMS_COMP_SMILLayout::addRegionsOf(const MMS_COMP_SMILLayout &source)
 {
     asFarAsMemoryGoes([&] {
-        const Filling filling(this);
+        const RegionIndexScope index(this);
         for (int i = 0, count = source.m_regions.count(); i < count; ++i) {
             const MMS_COMP_SMILRegion *region = source.m_regions.at(i);
             if (region && !findEqual(*region))
@@ -236,14 +191,12 @@ void MMS_COMP_SMILLayout::addRegionsOf(const MMS_COMP_SMILLayout &source)
 
 QString MMS_COMP_SMILLayout::withoutPixelUnit(const QString &text)
 {
-    const QString size = text.trimmed().toLower();
-    return size.contains(QLatin1String("px")) ? size.chopped(2) : size;
+    return SmilValues::withoutPixelUnit(text);
 }
 
 int MMS_COMP_SMILLayout::pixelsOf(const QString &text)
 {
-    const QString size = withoutPixelUnit(text);
-    return size.isEmpty() ? -1 : size.toInt();
+    return SmilValues::pixelsOf(text);
 }
 
 bool MMS_COMP_SMILMeta::setName(const QString &name)

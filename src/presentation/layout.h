@@ -5,15 +5,16 @@
  */
 #pragma once
 
-#include "platform/export.h"
-#include "platform/ptr_list.h"
-#include "presentation/colour.h"
+#include "../base/export.h"
+#include "../base/ptr_list.h"
+#include "color.h"
 
 #include <QString>
 
 #include <memory>
 
 class QDomElement;
+class RegionIndex;
 class SmilElement;
 
 /// How media are fitted into a region.
@@ -110,7 +111,7 @@ private:
 
 /**
  * Root layout and regions, both owned. Adding a region, or asking for one by its values, compares
- * it with all regions, unless a Filling lives.
+ * it with all regions.
  */
 class QVL_EXPORT MMS_COMP_SMILLayout
 {
@@ -172,32 +173,14 @@ public:
     /// are there. Linear in the regions of both.
     void addRegionsOf(const MMS_COMP_SMILLayout &source);
 
-    /**
-     * While one lives, nobody changes the regions except by appendRegion(), and equal ones are
-     * found without a walk over all of them. At most one at a time.
-     */
-    class QVL_EXPORT Filling
-    {
-    public:
-        /// Indexes the regions of @p layout, which must not be null and must live longer.
-        explicit Filling(MMS_COMP_SMILLayout *layout);
-        Filling(const Filling &) = delete;
-        Filling &operator=(const Filling &) = delete;
-        /// Ends the filling; the regions stay.
-        ~Filling();
-
-    private:
-        MMS_COMP_SMILLayout *m_layout;
-    };
-
     /// The number of pixels in a size's text: -1 for an empty one, 0 for one that is no number.
     static int pixelsOf(const QString &text);
     /// @p text trimmed, in lower case, and two characters shorter when it holds "px".
     static QString withoutPixelUnit(const QString &text);
 
 private:
+    friend class RegionIndexScope;
     friend class SmilReader;
-    class RegionIndex;
 
     QVL_INTERNAL int readRootLayout(const SmilElement &element);
     void append(std::unique_ptr<MMS_COMP_SMILRegion> region);
@@ -205,7 +188,7 @@ private:
 
     std::unique_ptr<MMS_COMP_SMILRootLayout> m_rootLayout;
     QPtrList<MMS_COMP_SMILRegion> m_regions;
-    std::unique_ptr<RegionIndex> m_index; ///< while a Filling lives
+    std::unique_ptr<RegionIndex> m_index; // while a RegionIndexScope lives
 };
 
 /// A name and content pair of the head. Setters return true.

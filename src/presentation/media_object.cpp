@@ -1,11 +1,11 @@
 #include "presentation/media_object.h"
 
+#include "base/no_memory.h"
 #include "document/element.h"
 #include "platform/comp_util.h"
 #include "platform/email_util.h"
-#include "platform/no_memory.h"
-#include "smil/smil_parser.h"
-#include "smil/smil_result.h"
+#include "presentation/smil_result.h"
+#include "presentation/smil_values.h"
 
 #include <QDataStream>
 #include <QDomElement>
@@ -288,8 +288,8 @@ int MMS_COMP_SMILMediaObject::readElement(const SmilElement &element,
     if (part->getDispFileType() == Part::Shown)
         part->setRefCount(part->getRefCount() + 1);
     part->setDispFileType(Part::Shown);
-    MMS_COMP_SMILParser::parseTime(element.attribute(u"begin").trimmed(), &m_begin);
-    MMS_COMP_SMILParser::parseTime(element.attribute(u"end").trimmed(), &m_end);
+    SmilValues::readTime(element.attribute(u"begin").trimmed(), &m_begin);
+    SmilValues::readTime(element.attribute(u"end").trimmed(), &m_end);
     return SmilResult::Ok;
 }
 

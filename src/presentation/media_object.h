@@ -4,13 +4,13 @@
  */
 #pragma once
 
-#include "multipart/body_part.h"
-#include "multipart/liveness.h"
-#include "multipart/multipart.h"
-#include "platform/export.h"
-#include "platform/ptr_list.h"
-#include "presentation/media_element_type.h"
-#include "presentation/smil_time.h"
+#include "../base/export.h"
+#include "../base/ptr_list.h"
+#include "../multipart/body_part.h"
+#include "../multipart/liveness.h"
+#include "../multipart/multipart.h"
+#include "media_element_type.h"
+#include "smil_time.h"
 
 #include <QString>
 

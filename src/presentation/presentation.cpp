@@ -1,18 +1,17 @@
 #include "presentation/presentation.h"
 
+#include "base/no_memory.h"
 #include "document/element.h"
+#include "multipart/part_index.h"
 #include "multipart/part_names.h"
 #include "multipart/reference.h"
-#include "platform/no_memory.h"
-#include "smil/smil_result.h"
+#include "presentation/smil_result.h"
+#include "presentation/smil_values.h"
 
 #include <QDomElement>
 
 #include <algorithm>
 #include <array>
-#include <charconv>
-#include <cmath>
-#include <limits>
 #include <memory>
 
 using Object = MMS_COMP_SMILMediaObject;
@@ -27,28 +26,6 @@ bool isMediaTag(const QString &tag)
 {
     return std::any_of(mediaTags.begin(), mediaTags.end(),
                        [&](const char *word) { return tag == QLatin1String(word); });
-}
-
-// number ::= ["+" | "-"] digits ["." digits] [("e" | "E") ["+" | "-"] digits]
-// Read as far as it goes; 0 for a text that does not begin so and for what no float can hold.
-float leadingNumber(const QString &text)
-{
-    const QByteArray octets = text.toLatin1();
-    const char *begin = octets.constData();
-    const char *end = begin + octets.size();
-    if (begin != end && *begin == '+' && begin + 1 != end && begin[1] != '-')
-        ++begin;
-    double value = 0;
-    const auto result = std::from_chars(begin, end, value);
-    const bool readable = result.ec == std::errc() && std::isfinite(value)
-        && std::abs(value) <= double(std::numeric_limits<float>::max());
-    return readable ? float(value) : 0.0F;
-}
-
-float regionNumber(const QString &text, float ifEmpty)
-{
-    const QString number = MMS_COMP_SMILLayout::withoutPixelUnit(text);
-    return number.isEmpty() ? ifEmpty : leadingNumber(number);
 }
 
 bool isWhite(const QColor &colour)
@@ -122,8 +99,7 @@ MMS_COMP_SMILRootLayout *MMS_COMP_SMILData::setRootLayout(const QString &width,
                                                           const QString &height, const QString &)
 {
     return unlessOutOfMemory(nullptr, [&] {
-        return m_layout.setRootLayout(MMS_COMP_SMILLayout::pixelsOf(width),
-                                      MMS_COMP_SMILLayout::pixelsOf(height));
+        return m_layout.setRootLayout(SmilValues::pixelsOf(width), SmilValues::pixelsOf(height));
     });
 }
 
@@ -148,8 +124,9 @@ MMS_COMP_SMILRegion *MMS_COMP_SMILData::appendRegion(const QString &left, const 
             if (text.contains(QLatin1Char('%')))
                 m_measureUnit = SMIL_UNIT_PERCENT;
         }
-        return appendRegion(regionNumber(left, 0), regionNumber(top, 0), regionNumber(width, -1),
-                            regionNumber(height, -1), fit, id);
+        return appendRegion(SmilValues::regionNumber(left, 0), SmilValues::regionNumber(top, 0),
+                            SmilValues::regionNumber(width, -1),
+                            SmilValues::regionNumber(height, -1), fit, id);
     });
 }
 
@@ -367,7 +344,7 @@ bool MMS_COMP_SMILData::copyTo(MMS_COMP_SMILData *target, MMS_COMP_SMILMultipart
         target->m_layout.addRegionsOf(m_layout);
         for (int i = 0, count = m_metas.count(); i < count; ++i)
             target->appendMeta(m_metas.at(i)->getName(), m_metas.at(i)->getContent());
-        const MMS_COMP_SMILMultipart::Indexing indexing(multipart);
+        const PartIndexScope index(multipart);
         // A copy onto itself would otherwise walk what it adds.
         for (int i = 0, count = m_slides.count(); i < count; ++i) {
             std::unique_ptr<Slide, Discarder> slide(

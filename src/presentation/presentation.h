@@ -4,11 +4,11 @@
  */
 #pragma once
 
-#include "multipart/liveness.h"
-#include "platform/export.h"
-#include "platform/ptr_list.h"
-#include "presentation/layout.h"
-#include "presentation/slide.h"
+#include "../base/export.h"
+#include "../base/ptr_list.h"
+#include "../multipart/liveness.h"
+#include "layout.h"
+#include "slide.h"
 
 #include <QString>
 

@@ -1,8 +1,8 @@
 #include "presentation/slide.h"
 
-#include "platform/no_memory.h"
-#include "smil/smil_parser.h"
-#include "smil/smil_result.h"
+#include "base/no_memory.h"
+#include "presentation/smil_result.h"
+#include "presentation/smil_values.h"
 
 #include <QDataStream>
 #include <QScopeGuard>
@@ -85,7 +85,7 @@ bool readColour(const Object *object, const QString &param, MMS_COMP_COLOR *colo
     if (!object)
         return false;
     MMS_COMP_COLOR read;
-    MMS_COMP_SMILParser::parseColor(object->getParamValueByName(param), read);
+    SmilValues::readColor(object->getParamValueByName(param), read);
     if (read.isUsable())
         *colour = read;
     return read.isUsable();

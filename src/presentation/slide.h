@@ -4,11 +4,11 @@
  */
 #pragma once
 
-#include "multipart/liveness.h"
-#include "platform/export.h"
-#include "platform/ptr_list.h"
-#include "presentation/colour.h"
-#include "presentation/media_object.h"
+#include "../base/export.h"
+#include "../base/ptr_list.h"
+#include "../multipart/liveness.h"
+#include "color.h"
+#include "media_object.h"
 
 #include <QString>
 

@@ -4,8 +4,8 @@
  */
 #include "smil/smil_parser.h"
 
+#include "base/no_memory.h"
 #include "multipart/multipart.h"
-#include "platform/no_memory.h"
 #include "presentation/presentation.h"
 
 #include <memory>

@@ -5,12 +5,15 @@
  */
 #include "smil/smil_parser.h"
 
+#include "base/no_memory.h"
 #include "document/encoding.h"
 #include "document/parser.h"
 #include "multipart/multipart.h"
-#include "platform/no_memory.h"
+#include "multipart/part_index.h"
 #include "presentation/presentation.h"
-#include "smil/smil_result.h"
+#include "presentation/region_index.h"
+#include "presentation/smil_result.h"
+#include "presentation/smil_values.h"
 
 #include <QDomElement>
 #include <QFile>
@@ -123,7 +126,7 @@ bool isBodyTag(const QString &tag)
 
 int durationOf(const SmilElement &element)
 {
-    return MMS_COMP_SMILParser::parseDur(element.attribute(u"dur"));
+    return SmilValues::readDuration(element.attribute(u"dur"));
 }
 
 // What @p read gives for a copy of @p element, which a program took from a tree of Qt's.
@@ -272,7 +275,7 @@ int MMS_COMP_SMILParser::parseSmilLayout(QDomElement *layout, MMS_COMP_SMILData 
 // layout ::= region* [root-layout | other] region*
 int SmilReader::readLayout(const SmilElement &layout)
 {
-    const MMS_COMP_SMILLayout::Filling filling(m_data->getLayout());
+    const RegionIndexScope index(m_data->getLayout());
     const auto read = [this](const SmilElement &region) { return readRegion(region); };
     SmilElement child = layout.firstChild();
     if (const int result = readWhile(&child, u"region", read))
@@ -321,7 +324,7 @@ int MMS_COMP_SMILParser::parseSmilBody(QDomElement *body, MMS_COMP_SMILMultipart
 
 int SmilReader::readBody(const SmilElement &body)
 {
-    const MMS_COMP_SMILMultipart::Indexing indexing(m_multipart);
+    const PartIndexScope index(m_multipart);
     int depth = 0;
     return readTimedChildren(body, NewSlide::Always, MMS_COMP_SMILTimingContainer::DefaultDuration,
                              depth);
@@ -430,6 +433,21 @@ int SmilReader::readParams(const SmilElement &element, MMS_COMP_SMILMediaObject 
             return result;
     }
     return SmilResult::Ok;
+}
+
+void MMS_COMP_SMILParser::parseTime(const QString &text, MMS_COMP_SMIL_TIME *time)
+{
+    SmilValues::readTime(text, time);
+}
+
+int MMS_COMP_SMILParser::parseDur(const QString &text)
+{
+    return SmilValues::readDuration(text);
+}
+
+void MMS_COMP_SMILParser::parseColor(const QString &text, MMS_COMP_COLOR &color)
+{
+    SmilValues::readColor(text, color);
 }
 
 bool MMS_COMP_SMILParser::isValidBodyElement(const QDomElement *element)

@@ -6,9 +6,9 @@
  */
 #pragma once
 
-#include "platform/export.h"
-#include "platform/qt_names.h"
-#include "presentation/media_element_type.h"
+#include "../base/export.h"
+#include "../base/qt_names.h"
+#include "../presentation/media_element_type.h"
 
 #include <QString>
 

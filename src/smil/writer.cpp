@@ -6,8 +6,8 @@
  */
 #include "smil/smil_parser.h"
 
-#include "platform/decimal.h"
-#include "platform/no_memory.h"
+#include "base/decimal.h"
+#include "base/no_memory.h"
 #include "presentation/presentation.h"
 
 #include <array>

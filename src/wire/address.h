@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "platform/entry.h"
+#include "../platform/entry.h"
 
 class LinearBuffer;
 

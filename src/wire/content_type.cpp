@@ -4,14 +4,15 @@
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
 #include "wire/linear_buffer.h"
+#include "wire/octets.h"
 #include "wire/primitive_values.h"
 #include "wire/wire_result.h"
 #include "wire/wire_text.h"
 
+using namespace WireOctet;
+
 namespace {
 
-constexpr unsigned char HighBit = 0x80;
-constexpr unsigned char WithoutHighBit = 0x7F;
 constexpr unsigned char MultipartRelated = 0x33;
 // Some gateways pass the media octet through UTF-8: 0xB3 arrives as 0xC2 0xB3.
 constexpr unsigned char Utf8Lead = 0xC2;
@@ -65,7 +66,7 @@ unsigned char readParameters(LinearBuffer *buffer, int remaining, QString *param
         if (!buffer->readByte(&parameter))
             return WireResult::OutOfData;
         --remaining;
-        parameter &= WithoutHighBit;
+        parameter &= LowSevenBits;
         if (parameter != TypeParameter && parameter != StartParameter)
             continue;
         int quote = 0;
@@ -123,7 +124,7 @@ unsigned char ContentTypeField::readFrom(LinearBuffer *buffer, MMS_CONTENT_TYPE_
     if (!buffer->readByte(&octet))
         return WireResult::OutOfData;
     if (octet > HighBit) {
-        setMediaType(contentType, octet & WithoutHighBit);
+        setMediaType(contentType, octet & LowSevenBits);
         return WireResult::Read;
     }
     buffer->rewind(1);
@@ -131,7 +132,7 @@ unsigned char ContentTypeField::readFrom(LinearBuffer *buffer, MMS_CONTENT_TYPE_
     const unsigned char result = ValueLengthBinary::readFrom(buffer, &length);
     if (length < 0 || !readMediaOctet(buffer, &octet))
         return WireResult::OutOfData;
-    if ((octet & WithoutHighBit) != MultipartRelated)
+    if ((octet & LowSevenBits) != MultipartRelated)
         return WireResult::UnsupportedContentType;
     setMediaType(contentType, MultipartRelated);
 

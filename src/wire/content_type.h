@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "wire/field_base.h"
+#include "field_base.h"
 
 #include <QString>
 

@@ -2,11 +2,12 @@
 
 #include "wire/date_time.h"
 #include "wire/field_shapes.h"
+#include "wire/octets.h"
 
 using namespace FieldShapes;
 
-// Defines the operations of a field class by a shape. A macro, because a template would be a base class
-// whose name leaves the library.
+// Defines the operations of a field class by a shape. A macro, because a template would be a base
+// class whose name leaves the library.
 #define QVL_DEFINE_FIELD(Field, ...) \
     unsigned char Field::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) \
     { \
@@ -28,7 +29,6 @@ using Msg = MMS_UA_UAMsg;
 constexpr unsigned char AddressPresent = 128;
 constexpr unsigned char InsertAddress = 129;
 constexpr unsigned char RelativeTime = 129;
-constexpr unsigned char WithoutHighBit = 0x7F;
 
 // Octets of From's value behind its value-length: the token and the address, if any.
 int fromLength(const MMS_UTIL_Entry &from)
@@ -48,8 +48,6 @@ int expiryLength(MMS_UA_UAMsg *msg)
 }
 
 } // namespace
-
-FieldBase::~FieldBase() = default;
 
 QVL_DEFINE_FIELD(BccField,
                  Recipients<HeaderFieldCode::Bcc, &Msg::getBccRecipients, &Msg::addBccRecipient>)
@@ -106,7 +104,7 @@ unsigned char VersionField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     unsigned char octet = 0;
     if (!buffer->readByte(&octet))
         return WireResult::OutOfData;
-    msg->setMMSVersion(octet & WithoutHighBit);
+    msg->setMMSVersion(octet & WireOctet::LowSevenBits);
     msg->addFieldsPresent(headerFieldMask(HeaderFieldCode::MmsVersion));
     return WireResult::Read;
 }

@@ -4,11 +4,11 @@
  */
 #pragma once
 
-#include "platform/export.h"
-#include "wire/field_base.h"
+#include "../base/export.h"
+#include "field_base.h"
 
-/// Bcc: one field per recipient. readField() adds a recipient, and one with a truncated address, too,
-/// because the address reader never fails. writeField() goes on after an entry that cannot be
+/// Bcc: one field per recipient. readField() adds a recipient, and one with a truncated address,
+/// too, because the address reader never fails. writeField() goes on after an entry that cannot be
 /// written, and the last entry's result counts.
 class QVL_EXPORT BccField : public FieldBase
 {

@@ -1,10 +1,11 @@
 #include "wire/header_decoder.h"
 
-#include "platform/no_memory.h"
+#include "base/no_memory.h"
 #include "wire/field_base.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
 #include "wire/linear_buffer.h"
+#include "wire/octets.h"
 #include "wire/primitive_values.h"
 #include "wire/wire_result.h"
 
@@ -26,15 +27,14 @@ void storePosition(MMS_UA_UAMsg *msg, int code, int position)
 // Nearly every code is a short integer.
 unsigned char readCode(LinearBuffer *buffer, int *code)
 {
-    constexpr unsigned char highBit = 0x80;
     unsigned char octet = 0;
     if (!buffer->readByte(&octet))
         return WireResult::OutOfData;
-    if (octet < highBit) {
+    if (!WireOctet::hasHighBit(octet)) {
         buffer->rewind(1);
         return IntegerBinary::readFrom(buffer, code);
     }
-    *code = octet & ~highBit;
+    *code = octet & WireOctet::LowSevenBits;
     return WireResult::Read;
 }
 

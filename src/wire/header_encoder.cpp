@@ -1,6 +1,6 @@
 #include "wire/header_encoder.h"
 
-#include "platform/no_memory.h"
+#include "base/no_memory.h"
 #include "wire/field_base.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"

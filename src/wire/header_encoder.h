@@ -3,8 +3,8 @@
  */
 #pragma once
 
-#include "platform/export.h"
-#include "wire/linear_buffer.h"
+#include "../base/export.h"
+#include "linear_buffer.h"
 
 #include <optional>
 

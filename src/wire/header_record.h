@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "platform/msg_header_base.h"
+#include "../platform/msg_header_base.h"
 
 #include <QString>
 

@@ -6,7 +6,7 @@
  */
 #pragma once
 
-#include "platform/export.h"
+#include "../base/export.h"
 
 #include <QByteArrayView>
 

@@ -2,49 +2,27 @@
 
 #include "wire/date_time.h"
 #include "wire/linear_buffer.h"
+#include "wire/octets.h"
 #include "wire/wire_result.h"
 #include "wire/wire_text.h"
 
-#include <algorithm>
-#include <numeric>
 #include <tuple>
+
+using namespace WireOctet;
 
 namespace {
 
-constexpr unsigned char HighBit = 0x80;
-constexpr unsigned char LowSevenBits = 0x7F;
 constexpr unsigned char LengthFollows = 31; // a uintvar follows that holds the length
 constexpr int LongestShortLength = 30;
 constexpr unsigned char AbsoluteTime = 128;
-constexpr int CharsetUtf8 = 106;
 constexpr int CharsetReadAsUtf8 = 0xEA; // only as a Long-integer: as a short one it reads as 106
-
-constexpr bool hasHighBit(unsigned char octet)
-{
-    return (octet & HighBit) != 0;
-}
 
 bool beginsPlainText(unsigned char firstOctet)
 {
     return firstOctet == 0 || (firstOctet >= 0x20 && firstOctet <= 0x7F);
 }
 
-// The plain text whose first octet was read.
-QByteArrayView readPlainText(LinearBuffer *buffer, unsigned char firstOctet)
-{
-    if (firstOctet == 0)
-        return QByteArrayView("");
-    if (firstOctet != WireText::Quote)
-        buffer->rewind(1);
-    return buffer->readUntilZero();
-}
-
-bool needsQuote(QByteArrayView octets)
-{
-    return !octets.isEmpty() && hasHighBit(static_cast<unsigned char>(octets.front()));
-}
-
-// Octets behind the value-length: charset, text with quote, terminator.
+// Octets after the value-length: charset, text with quote, terminator.
 template <typename Text>
 int encodedStringLength(const Text &text)
 {
@@ -68,56 +46,6 @@ QString decodeEncodedText(QByteArrayView octets, int charset)
 }
 
 } // namespace
-
-bool WireText::isPlain(QStringView text)
-{
-    // U+0000 becomes the largest of all. A plain loop, which compilers turn into vector
-    // instructions.
-    const auto larger = [](char16_t most, char16_t unit) {
-        return std::max(most, char16_t(unit - 1));
-    };
-    return std::accumulate(text.utf16(), text.utf16() + text.size(), char16_t(), larger)
-        < HighBit - 1;
-}
-
-std::optional<QByteArrayView> WireText::read(LinearBuffer *buffer)
-{
-    unsigned char first = 0;
-    if (!buffer->readByte(&first))
-        return std::nullopt;
-    return readPlainText(buffer, first);
-}
-
-WireText::Octets WireText::utf8(const QString &text)
-{
-    if (isPlain(text)) {
-        Octets octets(text.size());
-        std::transform(text.begin(), text.end(), octets.data(),
-                       [](QChar character) { return char(character.unicode()); });
-        return octets;
-    }
-    const QByteArray converted = text.toUtf8();
-    const auto end = std::find(converted.begin(), converted.end(), '\0');
-    return Octets(converted.begin(), end);
-}
-
-void WireText::append(LinearBuffer *buffer, QByteArrayView octets)
-{
-    if (needsQuote(octets))
-        buffer->appendByte(Quote);
-    buffer->appendData(reinterpret_cast<const unsigned char *>(octets.data()), int(octets.size()));
-    buffer->appendByte(0);
-}
-
-int WireText::sizeOf(QByteArrayView octets)
-{
-    return int(octets.size()) + 1 + (needsQuote(octets) ? 1 : 0);
-}
-
-int WireText::sizeOf(const QString &text)
-{
-    return isPlain(text) ? int(text.size()) + 1 : sizeOf(utf8(text));
-}
 
 unsigned char IntegerBinary::readFrom(LinearBuffer *buffer, int *value)
 {
@@ -282,7 +210,7 @@ unsigned char EncodedStringBinary::readFrom(LinearBuffer *buffer, QString *text)
     if (!buffer->readByte(&first))
         return WireResult::OutOfData;
     if (beginsPlainText(first)) {
-        *text = QString::fromLatin1(readPlainText(buffer, first));
+        *text = QString::fromLatin1(WireText::readRest(buffer, first));
         return WireResult::Read;
     }
     buffer->rewind(1);
@@ -306,7 +234,7 @@ unsigned char EncodedStringBinary::writeTo(LinearBuffer *buffer, const QString &
 {
     const WireText::Octets octets = WireText::utf8(text);
     ValueLengthBinary::writeTo(buffer, encodedStringLength(octets));
-    CharsetBinary::writeTo(buffer, CharsetUtf8);
+    CharsetBinary::writeTo(buffer, Charset::Utf8);
     WireText::append(buffer, octets);
     return WireResult::Written;
 }

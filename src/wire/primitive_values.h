@@ -11,7 +11,7 @@
  */
 #pragma once
 
-#include "platform/export.h"
+#include "../base/export.h"
 
 #include <QDateTime>
 #include <QString>

@@ -1,6 +1,6 @@
 #include "wire/wire_result.h"
 
-#include "platform/code_meanings.h"
+#include "base/code_meanings.h"
 
 namespace {
 

@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "platform/export.h"
+#include "../base/export.h"
 
 /// Results that the wire codec's operations return, as unsigned 8-bit numbers.
 namespace WireResult {

@@ -19,6 +19,8 @@ inline constexpr unsigned char Quote = 127;
 
 /// The next plain text in place, without its Quote; nothing when the data ran out.
 std::optional<QByteArrayView> read(LinearBuffer *buffer);
+/// The same for a caller that has read the first octet.
+QByteArrayView readRest(LinearBuffer *buffer, unsigned char firstOctet);
 
 /// Octets of a text; those of most texts stand on the stack.
 using Octets = QVarLengthArray<char, 256>;

@@ -16,5 +16,5 @@ If names went, programs that were built before no longer start: keep them, or be
 quietly cmake --install "$build_dir" --prefix "$work/prefix" --component dev
 cd "$source_dir/src"
 grep -rlE 'QVL_EXPORT|Q_DECL_EXPORT|visibility\(' --include='*.h' --include='*.cpp' | while read -r file; do
-  [ -e "$work/prefix/include/qvlsmilparser/$file" ] || fail "src/$file exports a name but is no public header"
+  [ -e "$work/prefix/include/qvlsmilparser/qvlsmilparser/$file" ] || fail "src/$file exports a name but is no public header"
 done

@@ -6,11 +6,11 @@
  * Qt's readers of pictures end the process, or wait for ever, when memory runs out within them, so
  * their allocations succeed here. FFmpeg's demuxer of Ogg ends the process, too, and is left out.
  */
-#include "multipart/multipart_parser.h"
+#include "message/multipart_parser.h"
 #include "multipart/multipart_result.h"
 #include "presentation/presentation.h"
+#include "presentation/smil_result.h"
 #include "smil/smil_parser.h"
-#include "smil/smil_result.h"
 #include "support/allocations.h"
 #include "wire/header_decoder.h"
 #include "wire/header_encoder.h"

@@ -2,7 +2,7 @@
  * What each operation gives when there is no memory for it: the result that its documentation
  * promises, whichever of its allocations fails.
  */
-#include "multipart/multipart_parser.h"
+#include "message/multipart_parser.h"
 #include "multipart/multipart_result.h"
 #include "multipart/part_facts.h"
 #include "platform/msg_header_base.h"

@@ -30,6 +30,24 @@ read -ra flags <<<"$(pkg-config --cflags --libs qvlsmilparser)"
 quietly g++ -std=c++20 -fPIC "$source_dir/examples/receive.cpp" -o "$work/receive" "${flags[@]}"
 "$work/receive" "$message" | grep -q '^subject: Grüße' || fail "pkg-config's flags do not do"
 
+# An application may have folders and headers of any name, whichever folder the compiler searches first.
+while read -r header; do
+  name=${header%.h}
+  name=${name^^}
+  mkdir -p "$work/own/$(dirname "$header")"
+  echo "#define OWN_${name//\//_}" >"$work/own/$header"
+done < <(cd "$source_dir/src" && find . -name '*.h' ! -name qvlsmilparser.h ! -path './platform/host/*' -printf '%P\n')
+quietly cmake -S "$source_dir/tests/install/own_headers" -B "$work/own_headers" -G Ninja \
+  -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_STANDARD=20 -DHEADERS="$work/own"
+quietly cmake --build "$work/own_headers"
+"$work/own_headers/own_headers" || fail "a program with headers of its own does not run"
+for order in "-I$work/own -I$work/own/base ${flags[*]}" "${flags[*]} -I$work/own -I$work/own/base"; do
+  read -ra ordered <<<"$order"
+  quietly g++ -std=c++20 -fPIC "$source_dir/tests/install/own_headers/main.cpp" -o "$work/own_program" "${ordered[@]}"
+done
+[ -z "$(find "$prefix/include" -mindepth 1 -maxdepth 1 ! -name qvlsmilparser)" ] \
+  || fail "headers are installed outside of qvlsmilparser/"
+
 library=$libdir/libqvlsmilparser-xscale-r.so.1
 readelf -d "$library" | grep -q 'SONAME.*\[libqvlsmilparser-xscale-r.so.1\]' || fail "wrong soname"
 

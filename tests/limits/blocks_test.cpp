@@ -2,8 +2,8 @@
  * Blocks of memory that small messages take. A header takes one for each text and each entry that
  * it keeps; what else a message needs does not grow with its parts.
  */
+#include "message/multipart_parser.h"
 #include "multipart/multipart.h"
-#include "multipart/multipart_parser.h"
 #include "multipart/multipart_result.h"
 #include "support/allocations.h"
 #include "support/octets.h"

@@ -3,11 +3,11 @@
  * most 2.2 times the steps, allocations and octets of memory.
  */
 #include "limits/cost.h"
-#include "multipart/multipart_parser.h"
+#include "message/multipart_parser.h"
 #include "multipart/multipart_result.h"
 #include "presentation/presentation.h"
+#include "presentation/smil_result.h"
 #include "smil/smil_parser.h"
-#include "smil/smil_result.h"
 #include "wire/header_decoder.h"
 #include "wire/header_encoder.h"
 #include "wire/header_fields.h"

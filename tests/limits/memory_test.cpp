@@ -3,11 +3,11 @@
  * walked, and nothing else grows with them.
  */
 #include "limits/steps.h"
-#include "multipart/multipart_parser.h"
+#include "message/multipart_parser.h"
 #include "multipart/multipart_result.h"
 #include "presentation/presentation.h"
+#include "presentation/smil_result.h"
 #include "smil/smil_parser.h"
-#include "smil/smil_result.h"
 #include "support/allocations.h"
 #include "wire/header_decoder.h"
 #include "wire/header_record.h"

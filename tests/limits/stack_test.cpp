@@ -3,8 +3,8 @@
  * stack, and what is deeper is refused.
  */
 #include "presentation/presentation.h"
+#include "presentation/smil_result.h"
 #include "smil/smil_parser.h"
-#include "smil/smil_result.h"
 
 #include <QThread>
 

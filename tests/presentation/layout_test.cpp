@@ -456,15 +456,3 @@ TEST(LayoutCopies, OntoItselfEndEvenWithARegionThatEqualsNone)
     layout.addRegionsOf(layout);
     EXPECT_EQ(layout.getRegionCount(), 2U);
 }
-
-TEST(LayoutFilling, FindsTheFirstOfEqualRegions)
-{
-    MMS_COMP_SMILLayout layout;
-    layout.getRegionList()->append(nullptr);
-    MMS_COMP_SMILRegion *first = layout.appendRegion(-0.0F, 0, 120, 160, "hidden", "a");
-    const MMS_COMP_SMILLayout::Filling filling(&layout);
-    EXPECT_EQ(layout.appendRegion(0.0F, 0, 120, 160, "hidden", "a"), first);
-    MMS_COMP_SMILRegion *other = layout.appendRegion(0, 0, 120, 160, "hidden", "A");
-    EXPECT_NE(other, first);
-    EXPECT_EQ(layout.appendRegion(0, 0, 120, 160, "hidden", "A"), other);
-}

@@ -6,7 +6,7 @@
 
 #include "presentation/presentation.h"
 #include "smil/smil_parser.h"
-#include "smil/smil_result.h"
+#include "presentation/smil_result.h"
 #include "support/octets.h"
 
 #include <QStringList>

@@ -2,7 +2,7 @@
  * One entry of a multipart body, read and written. Reading rows hold content type and headers;
  * entryOf() puts the lengths before them unless the lengths are what is tested.
  */
-#include "wire/multipart_codec.h"
+#include "wire/multipart_entry.h"
 
 #include "multipart/part_facts.h"
 #include "wire/multipart_octets.h"

@@ -3,7 +3,7 @@
  * something else. Each is decoded from a block of exactly its size, so that a sanitizer sees any
  * octet read outside. Parts that end before the damage have to be there and unharmed.
  */
-#include "multipart/multipart_parser.h"
+#include "message/multipart_parser.h"
 #include "multipart/multipart_result.h"
 #include "multipart/part_facts.h"
 #include "platform/msg_header_base.h"

@@ -8,8 +8,8 @@
  */
 #include "platform/player_engine.h"
 
+#include "base/no_memory.h"
 #include "platform/host/clip_module.h"
-#include "platform/no_memory.h"
 
 #include <QLatin1StringView>
 

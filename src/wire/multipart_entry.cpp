@@ -1,15 +1,17 @@
 /*
- * Reading of one multipart entry. Everything is counted by the cursor, so a length that is wrong
- * misplaces what follows but never leads outside the buffer.
+ * Reading and writing of one multipart entry. The cursor counts every octet that is read, so a
+ * wrong length misplaces the data that follows but never leads outside the buffer. Content type and
+ * headers are written to an array of fixed size first, because their lengths come before them.
  */
-#include "wire/multipart_codec.h"
+#include "wire/multipart_entry.h"
 
 #include "multipart/body_part.h"
 #include "multipart/multipart_result.h"
 #include "platform/debug_log.h"
 #include "platform/mime_codes.h"
 #include "wire/linear_buffer.h"
-#include "wire/multipart_entry_octets.h"
+#include "wire/multipart_writer.h"
+#include "wire/octets.h"
 #include "wire/primitive_values.h"
 #include "wire/wire_result.h"
 #include "wire/wire_text.h"
@@ -23,9 +25,23 @@ using Part = MMS_COMP_SMILMultipartBodypart;
 
 namespace {
 
+namespace EntryOctet {
+
+// Parameters of the content type
+constexpr unsigned char Charset = 0x81;
+constexpr unsigned char Name = 0x85;
+
+// Headers
+constexpr unsigned char ContentLocation = 0x8E;
+constexpr unsigned char ContentId = 0xC0;
+
+// Well-known media codes without their high bit
+constexpr unsigned char TextPlain = 0x03;
+constexpr unsigned char XhtmlXml = 0x45;
+
+} // namespace EntryOctet
+
 constexpr unsigned char FirstTextOctet = 0x20; // a value-length stands below it
-constexpr int CharsetUtf8 = 106;
-constexpr int CharsetUcs2 = 1000;
 constexpr int LongestLocation = 1024; // octets without quote and terminator
 
 constexpr QByteArrayView SmilType("application/smil");
@@ -61,7 +77,7 @@ private:
 
     LinearBuffer *m_buffer;
     Part *m_part;
-    int m_charset = CharsetUtf8;
+    int m_charset = Charset::Utf8;
     unsigned char m_mediaCode = 0;
 };
 
@@ -87,7 +103,7 @@ bool EntryReader::readContentType()
     unsigned char first = 0;
     if (!m_buffer->readByte(&first))
         return false;
-    if (first >= EntryOctet::HighBit) {
+    if (first >= WireOctet::HighBit) {
         setMediaCode(first);
         return true;
     }
@@ -102,7 +118,7 @@ bool EntryReader::readContentType()
     if (ValueLengthBinary::readFrom(m_buffer, &length) != WireResult::Read || length < 0
         || !m_buffer->readByte(&media))
         return false;
-    if (media >= EntryOctet::HighBit) {
+    if (media >= WireOctet::HighBit) {
         setMediaCode(media);
         return readParameters(length - 1);
     }
@@ -126,7 +142,7 @@ void EntryReader::readMediaText()
 
 void EntryReader::setMediaCode(unsigned char octet)
 {
-    m_mediaCode = octet & ~EntryOctet::HighBit;
+    m_mediaCode = octet & ~WireOctet::HighBit;
     QString type;
     QString subtype;
     MMS_UTIL_Common::mimeTypeGetName(m_mediaCode, type, subtype);
@@ -161,7 +177,8 @@ bool EntryReader::readParameters(int count)
 void EntryReader::readCharsetParameter()
 {
     std::ignore = CharsetBinary::readFrom(m_buffer, &m_charset); // the next read reports the end
-    m_part->setCharset(m_charset == CharsetUcs2 ? QStringLiteral("UCS2") : QStringLiteral("UTF8"));
+    m_part->setCharset(m_charset == Charset::Ucs2 ? QStringLiteral("UCS2")
+                                                  : QStringLiteral("UTF8"));
 }
 
 bool EntryReader::readNameParameter()
@@ -236,7 +253,7 @@ bool EntryReader::readData(int length)
     if (!view)
         return false;
     QByteArrayView data = *view;
-    if (m_charset == CharsetUcs2)
+    if (m_charset == Charset::Ucs2)
         return storeUcs2AsUtf8(data);
     // Phones end a text with a zero that is none of its characters.
     if (m_mediaCode == EntryOctet::TextPlain && data.size() > 1 && data.back() == '\0')
@@ -258,9 +275,76 @@ bool EntryReader::storeUcs2AsUtf8(QByteArrayView data)
     return m_part->setBodyData(octets.constData(), int(octets.size())) == MultipartResult::Ok;
 }
 
+constexpr unsigned char FirstCodeWrittenAsText = 0x3F;
+void writeMediaText(LinearBuffer *buffer, const QString &format)
+{
+    // Phones know the melody format by its older name only.
+    const bool melody = format.toLower() == QLatin1String("audio/imelody");
+    PlainTextBinary::writeTo(buffer, melody ? QStringLiteral("text/x-iMelody") : format);
+}
+
+void writeContentType(LinearBuffer *buffer, const Part &part)
+{
+    const unsigned char code =
+        MMS_UTIL_Common::mimeTypeGetValue(part.getContentType(), part.getSubType());
+    if (code < FirstCodeWrittenAsText)
+        IntegerBinary::writeTo(buffer, code);
+    else
+        writeMediaText(buffer, part.getMimeFormat());
+
+    if (const QString location = part.getContentLocation(); !location.isEmpty()) {
+        buffer->appendByte(EntryOctet::Name);
+        PlainTextBinary::writeTo(buffer, location);
+    }
+    if (code == EntryOctet::TextPlain || code == EntryOctet::XhtmlXml) {
+        // A named charset is declared as US-ASCII whatever it is. Kept: the texts that the
+        // composer names a charset for are ASCII.
+        buffer->appendByte(EntryOctet::Charset);
+        CharsetBinary::writeTo(buffer,
+                               part.getCharset().isEmpty() ? Charset::Utf8 : Charset::UsAscii);
+    }
+}
+
+void writeHeaders(LinearBuffer *buffer, const Part &part)
+{
+    if (const QString id = part.getContentID(); !id.isEmpty()) {
+        buffer->appendByte(EntryOctet::ContentId);
+        if (id.startsWith(QLatin1Char('<')))
+            buffer->appendByte('"');
+        PlainTextBinary::writeTo(buffer, id);
+    }
+    if (const QString location = part.getContentLocation(); !location.isEmpty()) {
+        buffer->appendByte(EntryOctet::ContentLocation);
+        PlainTextBinary::writeTo(buffer, location);
+    }
+}
+
 } // namespace
 
 unsigned char Multipart_Entry::readFrom(LinearBuffer *buffer, Part *part)
 {
     return EntryReader(buffer, part).readEntry() ? WireResult::Read : WireResult::OutOfData;
+}
+
+unsigned char Multipart_Entry::writeTo(LinearBuffer *buffer, const Part &part)
+{
+    std::array<unsigned char, MultipartWriter::LongestEntryHeaders> octets;
+    LinearBuffer scratch(octets.data(), int(octets.size()));
+    writeContentType(&scratch, part);
+    const int contentTypeLength = scratch.getPosition();
+    writeHeaders(&scratch, part);
+
+    const QByteArray &data = part.getBodyData();
+    const int headersLength = ValueLengthBinary::sizeOf(contentTypeLength) + scratch.getPosition();
+    UIntBinary::writeTo(buffer, headersLength);
+    UIntBinary::writeTo(buffer, int(data.size()));
+    const unsigned char result = ValueLengthBinary::writeTo(buffer, contentTypeLength);
+    buffer->appendData(octets.data(), scratch.getPosition());
+    const auto *body = reinterpret_cast<const unsigned char *>(data.constData());
+    return buffer->appendData(body, int(data.size())) ? result : WireResult::CannotWrite;
+}
+
+int Multipart_Entry::sizeOf(const Part &)
+{
+    return 0;
 }

@@ -1,7 +1,7 @@
 /*
  * Result codes of the SMIL reader: their numbers, which callers store, and their meanings.
  */
-#include "smil/smil_result.h"
+#include "presentation/smil_result.h"
 
 #include <gtest/gtest.h>
 

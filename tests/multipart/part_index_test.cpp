@@ -2,6 +2,8 @@
  * Looking for parts by reference while the message is indexed: as without, whatever the parts are
  * called.
  */
+#include "multipart/part_index.h"
+
 #include "multipart/part_facts.h"
 
 #include <gtest/gtest.h>
@@ -41,7 +43,7 @@ void appendAllPairs(Multipart *message)
 
 } // namespace
 
-TEST(Indexing, FindsWhatIsFoundWithout)
+TEST(PartIndexScope, FindsWhatIsFoundWithout)
 {
     Multipart message;
     appendAllPairs(&message);
@@ -49,23 +51,23 @@ TEST(Indexing, FindsWhatIsFoundWithout)
         for (int type : {int(Part::Shown), int(Part::Attachment), 2}) {
             SCOPED_TRACE(reference.toStdString() + ", " + std::to_string(type));
             const Part *found = message.getBodyPartBySrc(reference, type);
-            const Multipart::Indexing indexing(&message);
+            const PartIndexScope index(&message);
             EXPECT_EQ(message.getBodyPartBySrc(reference, type), found);
         }
     }
 }
 
-TEST(Indexing, FollowsTheDisplayFileType)
+TEST(PartIndexScope, FollowsTheDisplayFileType)
 {
     Multipart message;
     appendParts(message, {{.location = "a"}, {.location = "a"}});
-    const Multipart::Indexing indexing(&message);
+    const PartIndexScope index(&message);
     message.getBodypartByIndex(0)->setDispFileType(Part::Shown);
     EXPECT_EQ(message.getBodyPartBySrc("a", Part::Shown), message.getBodypartByIndex(0));
     EXPECT_EQ(message.getBodyPartBySrc("a", Part::Attachment), message.getBodypartByIndex(1));
 }
 
-TEST(Indexing, EndsWithAnyChangeOfTheParts)
+TEST(PartIndexScope, EndsWithAnyChangeOfTheParts)
 {
     struct Row
     {
@@ -85,22 +87,22 @@ TEST(Indexing, EndsWithAnyChangeOfTheParts)
         SCOPED_TRACE(row.name);
         Multipart message;
         appendParts(message, {{.location = "a"}, {.location = "b"}});
-        const Multipart::Indexing indexing(&message);
+        const PartIndexScope index(&message);
         row.change(message);
         EXPECT_EQ(message.getBodyPartBySrc("b", Part::Attachment),
                   message.getBodypartByIndex(row.found));
     }
 }
 
-TEST(Indexing, FindsAnAppendedPart)
+TEST(PartIndexScope, FindsAnAppendedPart)
 {
     Multipart message;
-    const Multipart::Indexing indexing(&message);
+    const PartIndexScope index(&message);
     appendParts(message, {{.location = "a"}});
     EXPECT_EQ(message.getBodyPartBySrc("a", Part::Attachment), message.getBodypartByIndex(0));
 }
 
-TEST(Indexing, OfNoMessageDoesNothing)
+TEST(PartIndexScope, OfNoMessageDoesNothing)
 {
-    const Multipart::Indexing indexing(nullptr);
+    const PartIndexScope index(nullptr);
 }

@@ -1,7 +1,7 @@
 /*
  * Published type names: callers' source that uses them works on today's types.
  */
-#include "platform/qt_names.h"
+#include "base/qt_names.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 /*
  * The pointer list: order, ranges, and who deletes what.
  */
-#include "platform/ptr_list.h"
+#include "base/ptr_list.h"
 
 #include <gmock/gmock.h>
 

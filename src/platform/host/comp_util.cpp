@@ -1,5 +1,6 @@
 /*
- * File extensions of media types, looked up in one table both ways.
+ * Parts of file names, and the file extensions of media types. Only "/" separates directories, as
+ * on the handset.
  */
 #include "platform/comp_util.h"
 
@@ -10,6 +11,18 @@
 using namespace HostPlatform;
 
 namespace {
+
+constexpr QLatin1Char Separator('/');
+constexpr qsizetype NoExtension = -1;
+
+// Where the dot before the extension stands. A dot at the end begins none, and neither does one in
+// a directory's name.
+qsizetype extensionDot(const QString &name)
+{
+    const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
+    const bool hasExtension = dot > name.lastIndexOf(Separator) && dot + 1 < name.size();
+    return hasExtension ? dot : NoExtension;
+}
 
 // Made once, so that the names of many parts share them.
 const QString &preferredExtension(const MimeExtensionRow &row)
@@ -24,6 +37,23 @@ const QString &preferredExtension(const MimeExtensionRow &row)
 }
 
 } // namespace
+
+QString MMS_COMP_Util::stripePath(const QString &path)
+{
+    return path.sliced(path.lastIndexOf(Separator) + 1);
+}
+
+QString MMS_COMP_Util::getExtName(const QString &name)
+{
+    const qsizetype dot = extensionDot(name);
+    return dot == NoExtension ? QStringLiteral("") : name.sliced(dot + 1);
+}
+
+QString MMS_COMP_Util::getNoExtName(const QString &name)
+{
+    const qsizetype dot = extensionDot(name);
+    return dot == NoExtension ? name : name.first(dot);
+}
 
 QString MMS_COMP_Util::getFirstSupportExtNameByMIMEType(const QString &type, const QString &subtype)
 {

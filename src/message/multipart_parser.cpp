@@ -1,11 +1,11 @@
-#include "multipart/multipart_parser.h"
+#include "message/multipart_parser.h"
 
+#include "base/no_memory.h"
 #include "multipart/multipart.h"
 #include "multipart/multipart_result.h"
 #include "multipart/part_names.h"
 #include "platform/comp_util.h"
 #include "platform/msg_header_base.h"
-#include "platform/no_memory.h"
 #include "wire/content_type.h"
 #include "wire/linear_buffer.h"
 #include "wire/multipart_codec.h"

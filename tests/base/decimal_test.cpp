@@ -1,7 +1,7 @@
 /*
  * Decimal digits of whole numbers.
  */
-#include "platform/decimal.h"
+#include "base/decimal.h"
 
 #include <gtest/gtest.h>
 

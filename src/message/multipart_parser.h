@@ -4,8 +4,8 @@
  */
 #pragma once
 
-#include "platform/export.h"
-#include "platform/qt_names.h"
+#include "../base/export.h"
+#include "../base/qt_names.h"
 
 #include <QString>
 

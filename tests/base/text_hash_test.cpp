@@ -2,7 +2,7 @@
  * Hashes of texts: texts and views of them are the same key, and names that differ little are kept
  * apart.
  */
-#include "platform/text_hash.h"
+#include "base/text_hash.h"
 
 #include <gtest/gtest.h>
 

@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "platform/ptr_list.h"
+#include "ptr_list.h"
 
 #include <QByteArray>
 

@@ -4,7 +4,7 @@
  */
 #include "smil/smil_parser.h"
 
-#include "platform/no_memory.h"
+#include "base/no_memory.h"
 #include "presentation/presentation.h"
 
 #include <algorithm>

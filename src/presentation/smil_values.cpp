@@ -1,24 +1,18 @@
-/*
- * Value readers: times, durations and colours. What they accept is narrower and stranger than SMIL
- * has it; presentations of stored messages depend on every result.
- */
-#include "smil/smil_parser.h"
+#include "presentation/smil_values.h"
 
-#include "presentation/colour.h"
+#include "base/durations.h"
+#include "presentation/color.h"
 #include "presentation/smil_time.h"
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
 #include <limits>
 #include <optional>
 #include <span>
 
 namespace {
-
-constexpr int NoDuration = -1;
-constexpr int Indefinite = -2;
-constexpr int UnreadableDuration = 5000;
 
 std::optional<int> toInt(qint64 value)
 {
@@ -166,9 +160,25 @@ std::optional<QColor> readHexadecimal(QStringView digits)
     return QColor(components[0], components[1], components[2]);
 }
 
+// number ::= ["+" | "-"] digits ["." digits] [("e" | "E") ["+" | "-"] digits]
+// Read as far as it goes; 0 for a text that does not begin so and for what no float can hold.
+float leadingNumber(const QString &text)
+{
+    const QByteArray octets = text.toLatin1();
+    const char *begin = octets.constData();
+    const char *end = begin + octets.size();
+    if (begin != end && *begin == '+' && begin + 1 != end && begin[1] != '-')
+        ++begin;
+    double value = 0;
+    const auto result = std::from_chars(begin, end, value);
+    const bool readable = result.ec == std::errc() && std::isfinite(value)
+        && std::abs(value) <= double(std::numeric_limits<float>::max());
+    return readable ? float(value) : 0.0F;
+}
+
 } // namespace
 
-void MMS_COMP_SMILParser::parseTime(const QString &text, MMS_COMP_SMIL_TIME *time)
+void SmilValues::readTime(const QString &text, MMS_COMP_SMIL_TIME *time)
 {
     if (text.isEmpty()) {
         time->timeType = SMIL_TIME_NONE;
@@ -189,16 +199,16 @@ void MMS_COMP_SMILParser::parseTime(const QString &text, MMS_COMP_SMIL_TIME *tim
         time->timeType = SMIL_TIME_INVALID;
 }
 
-int MMS_COMP_SMILParser::parseDur(const QString &text)
+int SmilValues::readDuration(const QString &text)
 {
     if (text.isEmpty())
-        return NoDuration;
+        return QvlDuration::None;
     if (text == QLatin1String("indefinite"))
-        return Indefinite;
-    return readMilliseconds(text).value_or(UnreadableDuration);
+        return QvlDuration::Indefinite;
+    return readMilliseconds(text).value_or(QvlDuration::Default);
 }
 
-void MMS_COMP_SMILParser::parseColor(const QString &text, MMS_COMP_COLOR &colour)
+void SmilValues::readColor(const QString &text, MMS_COMP_COLOR &colour)
 {
     const QString trimmed = text.trimmed();
     if (trimmed.isEmpty()) {
@@ -224,4 +234,22 @@ void MMS_COMP_SMILParser::parseColor(const QString &text, MMS_COMP_COLOR &colour
         colour.kind = SMIL_COLOR_RGB;
         colour.color = *rgb;
     }
+}
+
+QString SmilValues::withoutPixelUnit(const QString &text)
+{
+    const QString size = text.trimmed().toLower();
+    return size.contains(QLatin1String("px")) ? size.chopped(2) : size;
+}
+
+int SmilValues::pixelsOf(const QString &text)
+{
+    const QString size = withoutPixelUnit(text);
+    return size.isEmpty() ? -1 : size.toInt();
+}
+
+float SmilValues::regionNumber(const QString &text, float ifEmpty)
+{
+    const QString number = withoutPixelUnit(text);
+    return number.isEmpty() ? ifEmpty : leadingNumber(number);
 }

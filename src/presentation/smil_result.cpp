@@ -1,6 +1,6 @@
-#include "smil/smil_result.h"
+#include "presentation/smil_result.h"
 
-#include "platform/code_meanings.h"
+#include "base/code_meanings.h"
 
 namespace {
 

@@ -4,7 +4,7 @@
  */
 #include "multipart/multipart.h"
 
-#include "multipart/multipart_parser.h"
+#include "message/multipart_parser.h"
 #include "multipart/part_facts.h"
 #include "platform/comp_util.h"
 

@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "platform/export.h"
+#include "../base/export.h"
 
 /// Results of reading SMIL: 0 for success, negative for failure, positive for what was skipped.
 namespace SmilResult {

@@ -2,7 +2,7 @@
  * The way between header record and body: parsing, the parameters of the content type, the naming
  * pass, and assembling with the content type that it settles.
  */
-#include "multipart/multipart_parser.h"
+#include "message/multipart_parser.h"
 
 #include "multipart/multipart_result.h"
 #include "multipart/part_facts.h"

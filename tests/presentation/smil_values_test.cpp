@@ -4,7 +4,7 @@
  */
 #include "smil/smil_parser.h"
 
-#include "presentation/colour.h"
+#include "presentation/color.h"
 #include "presentation/smil_time.h"
 #include "support/octets.h"
 

@@ -1,0 +1,3 @@
+#include "wire/field_base.h"
+
+FieldBase::~FieldBase() = default;
