@@ -68,7 +68,7 @@ Operation onParts(int parts)
 template <Shape (*ShapeOf)(int), auto Use>
 Operation onSlides(int size)
 {
-    auto show = std::make_shared<Slideshow>();
+    auto show = std::make_shared<QvlMessage>();
     fill(show.get(), ShapeOf(size));
     return [show] { return Use(show.get()); };
 }
@@ -169,46 +169,46 @@ Operation makeSlides(int parts)
     };
 }
 
-bool writeSlides(Slideshow *show)
+bool writeSlides(QvlMessage *show)
 {
-    return !MMS_COMP_SMILParser::convertToSMILLang(&show->slides).isEmpty();
+    return !MMS_COMP_SMILParser::convertToSMILLang(&show->slides()).isEmpty();
 }
 
-bool normaliseSlides(Slideshow *show)
+bool normaliseSlides(QvlMessage *show)
 {
-    return MMS_COMP_SMILParser::updateToCorvaneRegion(&show->slides) == 1;
+    return MMS_COMP_SMILParser::updateToCorvaneRegion(&show->slides()) == 1;
 }
 
-bool copySlides(Slideshow *show)
+bool copySlides(QvlMessage *show)
 {
-    return onCopy(show->message, [show](Message *copy, MMS_COMP_SMILData *slides) {
-        return show->slides.copyTo(slides, copy);
+    return onCopy(show->parts(), [show](Message *copy, MMS_COMP_SMILData *slides) {
+        return show->slides().copyTo(slides, copy);
     });
 }
 
-bool cleanSlides(Slideshow *show)
+bool cleanSlides(QvlMessage *show)
 {
-    show->slides.removeEmptyTextBeforeSend();
-    return !show->slides.isEmpty();
+    show->slides().removeEmptyTextBeforeSend();
+    return !show->slides().isEmpty();
 }
 
-bool exchangeParams(Slideshow *show)
+bool exchangeParams(QvlMessage *show)
 {
-    show->slides.updateParamToSlide();
-    show->slides.updateParamFromSlide();
+    show->slides().updateParamToSlide();
+    show->slides().updateParamFromSlide();
     return true;
 }
 
-bool setMessage(Slideshow *show)
+bool setMessage(QvlMessage *show)
 {
-    show->slides.setMultiPart(&show->message);
+    show->slides().setMultiPart(&show->parts());
     return true;
 }
 
-bool nameNewSource(Slideshow *show)
+bool nameNewSource(QvlMessage *show)
 {
-    return !show->slides.createUniqueSrc(QStringLiteral("picture0.jpg")).isEmpty()
-        && show->slides.isElemNameExist(QStringLiteral("picture0.jpg"));
+    return !show->slides().createUniqueSrc(QStringLiteral("picture0.jpg")).isEmpty()
+        && show->slides().isElemNameExist(QStringLiteral("picture0.jpg"));
 }
 
 std::shared_ptr<MMS_UA_UAMsg> headerTo(int recipients)

@@ -15,7 +15,6 @@
 namespace {
 
 constexpr int NotificationOctets = 120;
-constexpr unsigned char SendReq = 128;
 
 // The record is made and destroyed too, as for every message that comes in.
 auto decoding(const QByteArray &pdu)
@@ -68,7 +67,7 @@ bool writeField(const HeaderFieldInfo &field, MMS_UA_UAMsg *header,
 auto writingField(const HeaderFieldInfo &field)
 {
     auto octets = std::make_shared<std::vector<unsigned char>>();
-    return Work{[&field, octets, header = headerOf(*messageTypeInfo(SendReq))] {
+    return Work{[&field, octets, header = headerOf(*messageTypeInfo(QvlMessageType::SendReq))] {
         return writeField(field, header.get(), octets.get());
     }};
 }
@@ -77,7 +76,7 @@ auto writingField(const HeaderFieldInfo &field)
 auto readingField(const HeaderFieldInfo &field)
 {
     std::vector<unsigned char> octets;
-    writeField(field, headerOf(*messageTypeInfo(SendReq)).get(), &octets);
+    writeField(field, headerOf(*messageTypeInfo(QvlMessageType::SendReq)).get(), &octets);
     return Work{[&field, octets] {
         constexpr int codeOctets = 1;
         auto value =

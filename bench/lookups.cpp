@@ -56,10 +56,10 @@ auto namingPart(int parts)
 
 auto namingSource(int slides)
 {
-    auto show = std::make_shared<Slideshow>();
+    auto show = std::make_shared<QvlMessage>();
     fill(show.get(), {.slides = slides});
     return Work{[show, name = QStringLiteral("picture0.jpg")] {
-        return !show->slides.createUniqueSrc(name).isEmpty();
+        return !show->slides().createUniqueSrc(name).isEmpty();
     }};
 }
 

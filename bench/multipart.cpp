@@ -77,10 +77,7 @@ auto decodingMessage(Names names)
                     MMS_UA_UAMsg header;
                     MMS_COMP_SMILMultipart message;
                     return decodeHeader(pdu, &header)
-                        && parseBody(QByteArray::fromRawData(
-                                         reinterpret_cast<const char *>(header.getBody()),
-                                         header.getBodyLength()),
-                                     &header, &message);
+                        && parseBody(header.getBodyOctets(), &header, &message);
                 },
                 pdu.size()};
 }

@@ -60,8 +60,8 @@ void addRecordBenchmarks()
     addRecord("body part", message, message->getBodypartByIndex(0));
 
     MMS_COMP_SMILMultipart *const noMessage = nullptr;
-    auto show = std::make_shared<Slideshow>();
+    auto show = std::make_shared<QvlMessage>();
     fill(show.get(), {.slides = 1, .params = 3});
-    addRecord("media object", show, show->slides.getMediaObject(0, 0), noMessage);
-    addRecord("slide", show, show->slides.getSlide(0), noMessage);
+    addRecord("media object", show, show->slides().getMediaObject(0, 0), noMessage);
+    addRecord("slide", show, show->slides().getSlide(0), noMessage);
 }

@@ -67,7 +67,7 @@ auto parsingWithExpat(int slides)
 
 auto showOf(int slides)
 {
-    auto show = std::make_shared<Slideshow>();
+    auto show = std::make_shared<QvlMessage>();
     fill(show.get(), {.slides = slides});
     return show;
 }
@@ -76,8 +76,8 @@ auto showOf(int slides)
 auto normalising(int slides)
 {
     return Work{[show = showOf(slides)] {
-        MMS_COMP_SMILParser::updateToCorvaneRootLayout(&show->slides);
-        return MMS_COMP_SMILParser::updateToCorvaneRegion(&show->slides) == 1;
+        MMS_COMP_SMILParser::updateToCorvaneRootLayout(&show->slides());
+        return MMS_COMP_SMILParser::updateToCorvaneRegion(&show->slides()) == 1;
     }};
 }
 
@@ -85,8 +85,9 @@ auto writing(int slides)
 {
     auto show = showOf(slides);
     const qint64 size = smilOf({.slides = slides}).size();
-    return Work{[show] { return !MMS_COMP_SMILParser::convertToSMILLang(&show->slides).isEmpty(); },
-                size};
+    return Work{
+        [show] { return !MMS_COMP_SMILParser::convertToSMILLang(&show->slides()).isEmpty(); },
+        size};
 }
 
 } // namespace

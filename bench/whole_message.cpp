@@ -18,54 +18,36 @@ constexpr int pictureSizes[] = {1000, 30'000, 300'000};
 constexpr int SlideCount = 10;
 constexpr int PictureCount = 3;
 
-// A message in all its three halves.
-struct WholeMessage
-{
-    MMS_UA_UAMsg header;
-    Slideshow show;
-};
-
+// Slides are read, and not generated: that opens pictures and clips.
 bool receive(const QByteArray &pdu)
 {
-    WholeMessage message;
-    auto &[header, show] = message;
-    if (!decodeHeader(pdu, &header))
+    QvlMessage message;
+    if (!message.receive(pdu).isOk())
         return false;
-    if (header.getBodyLength() == 0)
-        return true;
-    const auto body = QByteArray::fromRawData(reinterpret_cast<const char *>(header.getBody()),
-                                              header.getBodyLength());
-    if (!parseBody(body, &header, &show.message))
-        return false;
-    const auto *smil = show.message.getSmilPart();
-    return !smil
-        || MMS_COMP_SMILParser().parse(smil->getBodyData(), &show.message, &show.slides)
-        == SmilResult::Ok;
+    return !message.parts().getSmilPart() || message.present().isOk();
 }
 
-QByteArray send(WholeMessage *message)
+QByteArray send(QvlMessage *message)
 {
-    auto &[header, show] = *message;
-    const QString smil = MMS_COMP_SMILParser::convertToSMILLang(&show.slides);
-    show.message.getSmilPart()->setBodyData(smil.toUtf8());
-    const QByteArray body = MMS_COMP_SMILMultipartParser::assembleBody(&show.message, &header);
-    return encodedHeader(&header) + body;
+    const QString smil = MMS_COMP_SMILParser::convertToSMILLang(&message->slides());
+    message->parts().getSmilPart()->setBodyData(smil.toUtf8());
+    QByteArray pdu;
+    return message->encode(&pdu).isOk() ? pdu : QByteArray();
 }
 
 auto messageOf(int octets)
 {
-    constexpr unsigned char retrieveConf = 132;
-    auto message = std::make_shared<WholeMessage>();
+    auto message = std::make_shared<QvlMessage>();
     auto smil = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
     smil->setContentType(QStringLiteral("application"));
     smil->setContentSubType(QStringLiteral("smil"));
     smil->setContentLocation(QStringLiteral("slides.smil"));
     smil->setContentID(QStringLiteral("<slides.smil>"));
-    fillHeader(&message->header, retrieveConf);
-    message->show.message.appendBodypart(smil.release());
-    message->show.message.setStart(QStringLiteral("<slides.smil>"));
-    addPictures(&message->show.message, PictureCount, octets, Names::Given);
-    fill(&message->show, {.slides = SlideCount});
+    fillHeader(&message->header(), QvlMessageType::RetrieveConf);
+    message->parts().appendBodypart(smil.release());
+    message->parts().setStart(QStringLiteral("<slides.smil>"));
+    addPictures(&message->parts(), PictureCount, octets, Names::Given);
+    fill(message.get(), {.slides = SlideCount});
     return message;
 }
 

@@ -1,5 +1,5 @@
 /*
- * Sends a message: makes a slide of a picture and a text, and writes the PDU.
+ * Sends a message: composes a slide from a picture and a text, and writes the PDU.
  *
  *     compose PICTURE.jpg OUT
  */
@@ -8,8 +8,6 @@
 #include <QFile>
 #include <QTextStream>
 #include <QUuid>
-
-#include <memory>
 
 using namespace Qt::StringLiterals;
 
@@ -25,38 +23,17 @@ bool addSlide(MMS_COMP_SMILData *slides, const QByteArray &picture)
                              "Hello", true, slides->getMultiPart());
 }
 
-void addPresentation(MMS_COMP_SMILData *slides)
-{
-    MMS_COMP_SMILParser::updateToCorvaneRootLayout(slides);
-    MMS_COMP_SMILParser::updateToCorvaneRegion(slides);
-    auto part = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
-    part->setContentType(u"application"_s);
-    part->setContentSubType(u"smil"_s);
-    part->setContentLocation(u"slides.smil"_s);
-    part->setContentID(u"<slides>"_s);
-    part->setBodyData(MMS_COMP_SMILParser::convertToSMILLang(slides).toUtf8());
-    slides->getMultiPart()->insertBodypart(part.release(), 0); // which owns it from here on
-    slides->getMultiPart()->setStart(u"<slides>"_s);
-}
-
-QByteArray encode(MMS_COMP_SMILMultipart *body)
+void fillHeader(MMS_UA_UAMsg *header)
 {
     using namespace HeaderFieldCode;
-    MMS_UA_UAMsg header; // of type m-send-req
-    header.setTransactionId(QUuid::createUuid().toString(QUuid::Id128));
-    header.setMMSVersion(0x10);
-    header.addToRecipient({QString(), MMS_UTIL_Entry::Plmn, u"+4915187654321"_s});
-    header.setSubject(u"From the harbour"_s);
-    for (unsigned char field : {MessageType, TransactionId, MmsVersion, To, Subject, ContentType})
-        header.addFieldsPresent(headerFieldMask(field));
-    // The body comes first, because it settles the header's content type.
-    const QByteArray octets = MMS_COMP_SMILMultipartParser::assembleBody(body, &header);
-    unsigned char *begin = nullptr;
-    int length = 0;
-    const auto result = MMS_UA_Encoder().encodeHeader(&header, &begin, &length);
-    const std::unique_ptr<unsigned char[]> owner(begin);
-    const bool encoded = result == WireResult::Written && !octets.isEmpty();
-    return encoded ? QByteArray(reinterpret_cast<char *>(begin), length) + octets : QByteArray();
+    header->setMessageType(QvlMessageType::SendReq);
+    header->setTransactionId(QUuid::createUuid().toString(QUuid::Id128));
+    header->setMMSVersion(QvlMmsVersion::Version10);
+    header->addToRecipient({QString(), MMS_UTIL_Entry::Plmn, u"+4915187654321"_s});
+    header->setSubject(u"From the harbour"_s);
+    // Fields are written when they are marked as present.
+    for (unsigned char field : {MessageType, TransactionId, MmsVersion, To, Subject})
+        header->addFieldsPresent(headerFieldMask(field));
 }
 
 } // namespace
@@ -65,15 +42,17 @@ int main(int argc, char **argv)
 {
     QTextStream out(stdout);
     QFile picture(QString::fromLocal8Bit(argc == 3 ? argv[1] : ""));
-    MMS_COMP_SMILMultipart body;
-    MMS_COMP_SMILData slides(&body);
-    if (!picture.open(QIODevice::ReadOnly) || !addSlide(&slides, picture.readAll())) {
+    QvlMessage message;
+    if (!picture.open(QIODevice::ReadOnly) || !addSlide(&message.slides(), picture.readAll())) {
         out << "usage: compose PICTURE.jpg OUT\n";
         return 2;
     }
-    addPresentation(&slides);
+    fillHeader(&message.header());
+    MMS_COMP_SMILParser::updateToCorvaneRegion(&message.slides()); // the handset's own layout
+    QByteArray pdu;
     QFile file(QString::fromLocal8Bit(argv[2]));
-    const bool written = file.open(QIODevice::WriteOnly) && file.write(encode(&body)) > 0;
+    const bool written = message.storeSlides() && message.encode(&pdu).isOk()
+        && file.open(QIODevice::WriteOnly) && file.write(pdu) == pdu.size();
     out << (written ? "wrote " : "cannot write ") << file.fileName() << '\n';
     return written ? 0 : 1;
 }

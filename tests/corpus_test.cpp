@@ -91,18 +91,16 @@ QJsonObject toJson(const MMS_UA_UAMsg &msg)
     };
 }
 
-QJsonObject decode(QByteArray pdu)
+QJsonObject decode(const QByteArray &pdu)
 {
     MMS_UA_UAMsg msg;
-    auto *octets = reinterpret_cast<unsigned char *>(pdu.data());
-    auto length = static_cast<unsigned int>(pdu.size());
-    const int headerResult = MMS_UA_Decoder().decodeHeader(octets, length, &msg);
+    const int headerResult = MMS_UA_Decoder().decodeHeader(pdu, &msg);
     QJsonObject json = toJson(msg);
     json["headerResult"] = headerResult;
     json["length"] = pdu.size();
     if (headerResult != WireResult::Read)
         return json;
-    json["bodyOffset"] = int(msg.getBody() - octets);
+    json["bodyOffset"] = int(pdu.size() - msg.getBodyLength());
 
     MMS_COMP_SMILMultipart multipart;
     multipart.setMimeType(msg.getContentType());

@@ -4,8 +4,6 @@
 
 namespace {
 
-constexpr unsigned char NotificationInd = 130;
-
 QByteArray bodyOf(int octets)
 {
     QByteArray body(octets, Qt::Uninitialized);
@@ -69,7 +67,7 @@ void fillHeader(MMS_UA_UAMsg *header, unsigned char type)
 
 void fillNotification(MMS_UA_UAMsg *header, int octets)
 {
-    fillHeader(header, NotificationInd);
+    fillHeader(header, QvlMessageType::NotificationInd);
     header->setSubject(QStringLiteral("Photos"));
     const qsizetype left = octets - encodedHeader(header).size();
     header->setContentLocation(header->getContentLocation() + QString(left, QLatin1Char('1')));
@@ -77,13 +75,9 @@ void fillNotification(MMS_UA_UAMsg *header, int octets)
 
 QByteArray encodedHeader(MMS_UA_UAMsg *header)
 {
-    unsigned char *octets = nullptr;
-    int length = 0;
-    const unsigned char result = MMS_UA_Encoder().encodeHeader(header, &octets, &length);
-    const std::unique_ptr<unsigned char[]> owner(octets);
-    return result == WireResult::Written
-        ? QByteArray(reinterpret_cast<const char *>(octets), length)
-        : QByteArray();
+    QByteArray octets;
+    return MMS_UA_Encoder().encodeHeader(header, &octets) == WireResult::Written ? octets
+                                                                                 : QByteArray();
 }
 
 QByteArray assembled(MMS_COMP_SMILMultipart *message)
@@ -94,10 +88,7 @@ QByteArray assembled(MMS_COMP_SMILMultipart *message)
 
 bool decodeHeader(const QByteArray &pdu, MMS_UA_UAMsg *header)
 {
-    // The decoder only reads what it takes as an array that could be written.
-    auto *octets = reinterpret_cast<unsigned char *>(const_cast<char *>(pdu.constData()));
-    auto length = static_cast<unsigned int>(pdu.size());
-    return MMS_UA_Decoder().decodeHeader(octets, length, header) == WireResult::Read;
+    return MMS_UA_Decoder().decodeHeader(pdu, header) == WireResult::Read;
 }
 
 bool parseBody(const QByteArray &body, MMS_UA_UAMsg *header, MMS_COMP_SMILMultipart *message)

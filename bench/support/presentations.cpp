@@ -76,24 +76,24 @@ void addShownParts(MMS_COMP_SMILMultipart *message, const Shape &shape)
     }
 }
 
-void fill(Slideshow *show, const Shape &shape)
+void fill(QvlMessage *show, const Shape &shape)
 {
-    addShownParts(&show->message, shape);
-    show->slides.setRootLayout(120, 160);
-    addRegions(&show->slides, shape.regions);
+    addShownParts(&show->parts(), shape);
+    show->slides().setRootLayout(120, 160);
+    addRegions(&show->slides(), shape.regions);
     for (int i = 0; i < shape.slides; ++i) {
-        auto *slide = show->slides.appendSlide(4000u);
+        auto *slide = show->slides().appendSlide(4000u);
         for (const Medium &medium : media) {
-            addObject(slide, &show->message, medium, locationOf(medium, i, shape), shape.params);
+            addObject(slide, &show->parts(), medium, locationOf(medium, i, shape), shape.params);
         }
     }
 }
 
 QByteArray smilOf(const Shape &shape)
 {
-    Slideshow show;
+    QvlMessage show;
     fill(&show, shape);
-    return MMS_COMP_SMILParser::convertToSMILLang(&show.slides).toUtf8();
+    return MMS_COMP_SMILParser::convertToSMILLang(&show.slides()).toUtf8();
 }
 
 bool readSmil(const QByteArray &smil, MMS_COMP_SMILMultipart *message)

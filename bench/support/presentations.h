@@ -16,22 +16,11 @@ struct Shape
     bool ownParts = false; ///< whether every slide shows parts of its own, or all slides the same
 };
 
-/// A message with the parts that a presentation of this shape refers to, and the presentation.
-struct Slideshow
-{
-    Slideshow() = default;
-    Slideshow(const Slideshow &) = delete;
-    Slideshow &operator=(const Slideshow &) = delete;
-
-    MMS_COMP_SMILMultipart message;
-    MMS_COMP_SMILData slides{&message};
-};
-
 /// Puts the parts that the slides of @p shape refer to into @p message.
 void addShownParts(MMS_COMP_SMILMultipart *message, const Shape &shape);
 
 /// Fills both halves of @p show.
-void fill(Slideshow *show, const Shape &shape);
+void fill(QvlMessage *show, const Shape &shape);
 
 /// The SMIL text of a presentation of @p shape.
 QByteArray smilOf(const Shape &shape);

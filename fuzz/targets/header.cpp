@@ -57,7 +57,7 @@ bool isSymmetric(MMS_UA_UAMsg *header)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    QByteArray pdu(reinterpret_cast<const char *>(data), qsizetype(size));
+    const QByteArray pdu(reinterpret_cast<const char *>(data), qsizetype(size));
     MMS_UA_UAMsg first;
     if (decodeHeader(pdu, &first) != WireResult::Read)
         return 0;
@@ -70,11 +70,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     dropAsymmetric(&first);
     if (!isSymmetric(&first))
         return 0;
-    QByteArray once = encodeHeader(&first);
+    const QByteArray once = encodeHeader(&first);
     MMS_UA_UAMsg second;
     if (decodeHeader(once, &second) != WireResult::Read)
         return 0;
-    QByteArray twice = encodeHeader(&second);
+    const QByteArray twice = encodeHeader(&second);
     MMS_UA_UAMsg third;
     if (decodeHeader(twice, &third) != WireResult::Read)
         return 0;

@@ -14,39 +14,15 @@ namespace {
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
-struct Message
+bool decode(QvlMessage *message, const QByteArray &pdu)
+{
+    return message->receive(pdu).isOk();
+}
+
+QByteArray encode(QvlMessage *message)
 {
     QByteArray pdu;
-    MMS_UA_UAMsg header;
-    MMS_COMP_SMILMultipart body;
-    MMS_COMP_SMILData slides{&body};
-};
-
-bool decode(Message *message)
-{
-    if (decodeHeader(message->pdu, &message->header) != WireResult::Read)
-        return false;
-    message->body.setMimeType(message->header.getContentType());
-    message->body.setSubType(message->header.getContentSubType());
-    return MMS_COMP_SMILMultipartParser::parse(bodyOf(message->header), &message->header,
-                                               &message->body)
-        == MultipartResult::Ok;
-}
-
-int present(Message *message)
-{
-    const Part *smil = message->body.getSmilPart();
-    if (smil)
-        return MMS_COMP_SMILParser().parse(smil->getBodyData(), &message->body, &message->slides);
-    MMS_COMP_SMILParser::makeSmilForMixed(&message->body, &message->slides, true);
-    return SmilResult::Ok;
-}
-
-QByteArray encode(Message *message)
-{
-    const QByteArray body =
-        MMS_COMP_SMILMultipartParser::assembleBody(&message->body, &message->header);
-    return body.isEmpty() ? QByteArray() : encodeHeader(&message->header) + body;
+    return message->parts().getPartCount() > 0 && message->encode(&pdu).isOk() ? pdu : QByteArray();
 }
 
 QList<QByteArray> bodiesOf(const MMS_COMP_SMILMultipart &body)
@@ -88,28 +64,27 @@ bool isKept(const MMS_COMP_SMILMultipart &body)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    Message message;
-    message.pdu = QByteArray(reinterpret_cast<const char *>(data), qsizetype(size));
-    if (!decode(&message))
+    QvlMessage message;
+    if (!decode(&message, QByteArray(reinterpret_cast<const char *>(data), qsizetype(size))))
         return 0;
-    const bool brought = message.body.getSmilPart();
-    const int presented = present(&message);
-    message.slides.removeEmptyTextBeforeSend();
-    if (Part *smil = message.body.getSmilPart(); smil && presented == SmilResult::Ok)
-        smil->setBodyData(MMS_COMP_SMILParser::convertToSMILLang(&message.slides).toUtf8());
+    const bool hasSmil = message.parts().getSmilPart();
+    const bool presented = message.present().isOk();
+    message.slides().removeEmptyTextBeforeSend();
+    if (presented && (hasSmil || message.parts().getPartCount() > 0))
+        require(message.storeSlides(), "slides are stored");
 
-    Message again;
-    again.pdu = encode(&message);
-    if (again.pdu.isEmpty() || !decode(&again))
+    QvlMessage again;
+    const QByteArray pdu = encode(&message);
+    if (pdu.isEmpty() || !decode(&again, pdu))
         return 0;
-    if (!isKept(message.body))
+    if (!isKept(message.parts()))
         return 0;
-    require(bodiesOf(again.body) == bodiesOf(message.body),
+    require(bodiesOf(again.parts()) == bodiesOf(message.parts()),
             "encoding keeps the octets of the parts");
-    if (!brought) {
-        require(present(&again) == SmilResult::Ok, "slides that were made read back");
-        require(again.slides.getTotalSlidesNum() == message.slides.getTotalSlidesNum(),
-                "as many slides read back as were made");
+    if (!hasSmil) {
+        require(again.present().isOk(), "slides that were generated read back");
+        require(again.slides().getTotalSlidesNum() == message.slides().getTotalSlidesNum(),
+                "as many slides read back as were generated");
     }
     return 0;
 }
@@ -117,11 +92,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t size,
                                                std::size_t most, unsigned int seed)
 {
-    Message message;
-    message.pdu = QByteArray(reinterpret_cast<const char *>(data), qsizetype(size));
-    if (seed % 4 == 0 || !decode(&message) || message.body.getPartCount() == 0)
+    QvlMessage message;
+    const QByteArray pdu(reinterpret_cast<const char *>(data), qsizetype(size));
+    if (seed % 4 == 0 || !decode(&message, pdu) || message.parts().getPartCount() == 0)
         return LLVMFuzzerMutate(data, size, most);
-    Part *part = message.body.getBodypartByIndex(int(seed / 4) % message.body.getPartCount());
+    Part *part = message.parts().getBodypartByIndex(int(seed / 4) % message.parts().getPartCount());
     QByteArray octets = part->getBodyData();
     const qsizetype length = octets.size();
     octets.resize(length + 64);

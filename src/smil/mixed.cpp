@@ -7,6 +7,7 @@
 #include "base/no_memory.h"
 #include "multipart/multipart.h"
 #include "presentation/presentation.h"
+#include "smil/smil_part.h"
 
 #include <memory>
 
@@ -18,9 +19,6 @@ using Slide = MMS_COMP_SMILTimingContainer;
 
 constexpr int Created = 1;
 constexpr int NotCreated = 0;
-
-constexpr int ApplicationCode = 4; // EMAIL_Util's code of the main type
-constexpr int SmilCode = 66; // EMAIL_Util's code of the subtype
 
 struct KindRow
 {
@@ -66,25 +64,6 @@ void appendSlide(MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data, Par
     part->setDispFileType(Part::Shown);
 }
 
-void insertSmilPart(MMS_COMP_SMILMultipart *multipart, const QByteArray &smil)
-{
-    auto part = std::make_unique<Part>();
-    const QString location = multipart->createUniqueLocation(QStringLiteral("qvlsmil.smil"));
-    const QString contentId = QLatin1Char('<') + location + QLatin1Char('>');
-    part->setDispFileType(Part::Shown);
-    part->setDispFileName(QStringLiteral("smil.txt"));
-    part->setContentType(ApplicationCode);
-    part->setSubTypeCode(SmilCode);
-    part->setContentLocation(location);
-    part->setContentID(contentId);
-    part->setBodyData(smil);
-    multipart->insertBodypart(part.release(), 0);
-    multipart->setStart(contentId);
-    multipart->setExtType(QStringLiteral("application/smil"));
-    multipart->setMimeType(QStringLiteral("application"));
-    multipart->setSubType(QStringLiteral("vnd.wap.multipart.related"));
-}
-
 } // namespace
 
 int MMS_COMP_SMILParser::makeSmilForMixed(MMS_COMP_SMILMultipart *multipart,
@@ -103,11 +82,8 @@ int MMS_COMP_SMILParser::makeSmilForMixed(MMS_COMP_SMILMultipart *multipart,
         }
         if (!writeSmil)
             return Created;
-        const QByteArray smil = convertToSMILLang(data).toUtf8();
-        if (Part *part = multipart->getSmilPart())
-            part->setBodyData(smil);
-        else
-            insertSmilPart(multipart, smil);
+        SmilPart::store(multipart, convertToSMILLang(data).toUtf8(),
+                        QStringLiteral("qvlsmil.smil"));
         return Created;
     });
 }

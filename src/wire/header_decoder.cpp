@@ -65,6 +65,15 @@ unsigned char MMS_UA_Decoder::decodeHeader(unsigned char *pdu, unsigned int &len
     });
 }
 
+unsigned char MMS_UA_Decoder::decodeHeader(const QByteArray &pdu, MMS_UA_UAMsg *msg)
+{
+    if (pdu.size() > std::numeric_limits<int>::max())
+        return WireResult::OutOfData;
+    auto *octets = reinterpret_cast<unsigned char *>(const_cast<char *>(pdu.constData()));
+    auto length = static_cast<unsigned int>(pdu.size());
+    return decodeHeader(octets, length, msg);
+}
+
 unsigned char MMS_UA_Decoder::readFields(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
     const std::span<const HeaderFieldInfo> fields = headerFields();

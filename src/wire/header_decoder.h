@@ -5,6 +5,8 @@
 
 #include "../base/export.h"
 
+#include <QByteArray>
+
 class FieldBase;
 class LinearBuffer;
 class MMS_UA_UAMsg;
@@ -37,6 +39,12 @@ public:
      */
     [[nodiscard]] unsigned char decodeHeader(unsigned char *pdu, unsigned int &length,
                                              MMS_UA_UAMsg *msg);
+
+    /// The same for the octets of @p pdu, which is never detached: the body of @p msg points into
+    /// them and must not be written to.
+    [[nodiscard]] unsigned char decodeHeader(const QByteArray &pdu, MMS_UA_UAMsg *msg);
+    /// A temporary would be gone before its body is read.
+    unsigned char decodeHeader(const QByteArray &&pdu, MMS_UA_UAMsg *msg) = delete;
 
     /**
      * A new codec for the header field @p code, owned by the caller, or null for a code outside

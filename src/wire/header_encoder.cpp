@@ -31,13 +31,31 @@ unsigned char MMS_UA_Encoder::encodeHeader(MMS_UA_UAMsg *msg, unsigned char **ou
             return WireResult::BadArgument;
         const int size = sizeOfEncodedHeader(msg);
         auto octets = std::make_unique<unsigned char[]>(size_t(size));
-        const auto forgetArray = qScopeGuard([this] { m_buffer.reset(); });
-        m_buffer.emplace(octets.get(), size);
-        const unsigned char result = encodeByType(msg->getMessageType());
+        const unsigned char result = encodeInto(octets.get(), size, msg->getMessageType());
         *outLength = size;
         *out = octets.release(); // the array is the caller's from here on
         return result;
     });
+}
+
+unsigned char MMS_UA_Encoder::encodeHeader(MMS_UA_UAMsg *msg, QByteArray *out)
+{
+    return unlessOutOfMemory(WireResult::BadArgument, [&]() -> unsigned char {
+        if (!msg || !out)
+            return WireResult::BadArgument;
+        QByteArray octets(sizeOfEncodedHeader(msg), '\0');
+        const unsigned char result = encodeInto(reinterpret_cast<unsigned char *>(octets.data()),
+                                                int(octets.size()), msg->getMessageType());
+        *out = octets;
+        return result;
+    });
+}
+
+unsigned char MMS_UA_Encoder::encodeInto(unsigned char *octets, int size, unsigned char type)
+{
+    const auto forgetArray = qScopeGuard([this] { m_buffer.reset(); });
+    m_buffer.emplace(octets, size);
+    return encodeByType(type);
 }
 
 int MMS_UA_Encoder::sizeOfEncodedHeader(MMS_UA_UAMsg *msg)

@@ -6,6 +6,8 @@
 #include "../base/export.h"
 #include "linear_buffer.h"
 
+#include <QByteArray>
+
 #include <optional>
 
 class FieldBase;
@@ -39,6 +41,9 @@ public:
     [[nodiscard]] unsigned char encodeHeader(MMS_UA_UAMsg *msg, unsigned char **out,
                                              int *outLength);
 
+    /// The same into @p out, which is replaced.
+    [[nodiscard]] unsigned char encodeHeader(MMS_UA_UAMsg *msg, QByteArray *out);
+
     /// Octets that encodeHeader() writes for @p msg; 0 for null and for unknown message types.
     int sizeOfEncodedHeader(MMS_UA_UAMsg *msg);
 
@@ -65,6 +70,7 @@ public:
     FieldBase *selectWriter(int code);
 
 private:
+    QVL_INTERNAL unsigned char encodeInto(unsigned char *octets, int size, unsigned char type);
     bool isWritten(int code) const;
 
     unsigned int m_fieldsPresent = 0;

@@ -4,7 +4,9 @@
 #pragma once
 
 #include "../platform/msg_header_base.h"
+#include "header_values.h"
 
+#include <QByteArray>
 #include <QString>
 
 #include <array>
@@ -33,7 +35,7 @@ public:
     /// True when every field of @p mask is present; always true for a mask of 0.
     bool fieldsPresent(unsigned int mask) const { return (m_fieldsPresent & mask) == mask; }
 
-    /// 128 m-send-req (the default) to 134 m-delivery-ind, see message_types.h.
+    /// A QvlMessageType; starts as SendReq.
     unsigned char getMessageType() const { return static_cast<unsigned char>(m_messageType); }
     /// @copydoc getMessageType
     void setMessageType(unsigned char type) { m_messageType = type; }
@@ -48,12 +50,12 @@ public:
     /// @copydoc getMMSVersion
     void setMMSVersion(unsigned char version) { m_mmsVersion = version; }
 
-    /// 128 personal (the default), 129 advertisement, 130 informational, 131 auto.
+    /// A QvlMessageClass; starts as Personal.
     unsigned char getMessageClass() const { return m_messageClass; }
     /// @copydoc getMessageClass
     void setMessageClass(unsigned char messageClass) { m_messageClass = messageClass; }
 
-    /// Status as on the wire; starts at 128.
+    /// A QvlStatus; starts as Expired.
     unsigned char getStatus() const { return m_status; }
     /// @copydoc getStatus
     void setStatus(unsigned char status) { m_status = status; }
@@ -72,7 +74,7 @@ public:
     /// @copydoc getMessageId
     void setMessageId(const QString &id) { m_messageId = id; }
 
-    /// Response status as on the wire; starts at 128 (ok).
+    /// A QvlResponseStatus; starts as Ok.
     unsigned char getResponseStatus() const { return m_responseStatus; }
     /// @copydoc getResponseStatus
     void setResponseStatus(unsigned char status) { m_responseStatus = status; }
@@ -90,6 +92,13 @@ public:
     int getBodyLength() const { return m_bodyLength; }
     /// @copydoc getBodyLength
     void setBodyLength(int octets) { m_bodyLength = octets; }
+
+    /// The octets of the body, which are not copied: the array must not be used any longer than
+    /// those at getBody().
+    QByteArray getBodyOctets() const
+    {
+        return QByteArray::fromRawData(reinterpret_cast<const char *>(m_body), m_bodyLength);
+    }
 
     /// Order number, from 1, at which the field was first met while decoding; 0 when it was not
     /// met.
@@ -113,15 +122,15 @@ public:
 
 private:
     unsigned int m_fieldsPresent = 0;
-    unsigned int m_messageType = 128;
+    unsigned int m_messageType = QvlMessageType::SendReq;
     QString m_transactionId;
     unsigned char m_mmsVersion = 0;
-    unsigned char m_messageClass = 128;
-    unsigned char m_status = 128;
+    unsigned char m_messageClass = QvlMessageClass::Personal;
+    unsigned char m_status = QvlStatus::Expired;
     bool m_reportAllowed = false;
     QString m_contentLocation;
     QString m_messageId;
-    unsigned char m_responseStatus = 128;
+    unsigned char m_responseStatus = QvlResponseStatus::Ok;
     QString m_responseText;
     unsigned char *m_body = nullptr;
     int m_bodyLength = 0;

@@ -1,6 +1,7 @@
 #include "wire/message_types.h"
 
 #include "wire/header_fields.h"
+#include "wire/header_values.h"
 
 #include <array>
 
@@ -16,54 +17,40 @@ constexpr unsigned int masks(std::initializer_list<unsigned char> codes)
     return sum;
 }
 
-constexpr std::array<unsigned char, 17> sendReqOrder{MessageType,
-                                                     TransactionId,
-                                                     MmsVersion,
-                                                     Date,
-                                                     From,
-                                                     To,
-                                                     Cc,
-                                                     Bcc,
-                                                     Subject,
-                                                     MessageClass,
-                                                     Expiry,
-                                                     DeliveryTime,
-                                                     Priority,
-                                                     SenderVisibility,
-                                                     DeliveryReport,
-                                                     ReadReply,
-                                                     ContentType};
-constexpr std::array<unsigned char, 6> sendConfOrder{MessageType,    TransactionId, MmsVersion,
-                                                     ResponseStatus, ResponseText,  MessageId};
-constexpr std::array<unsigned char, 9> notificationIndOrder{
-    MessageType,  TransactionId, MmsVersion, From,           Subject,
-    MessageClass, MessageSize,   Expiry,     ContentLocation};
-constexpr std::array<unsigned char, 5> notifyRespIndOrder{MessageType, TransactionId, MmsVersion,
-                                                          Status, ReportAllowed};
-constexpr std::array<unsigned char, 15> retrieveConfOrder{
-    MessageType, TransactionId, MmsVersion,   MessageId, Date,           From,      To,         Cc,
-    Bcc,         Subject,       MessageClass, Priority,  DeliveryReport, ReadReply, ContentType};
-constexpr std::array<unsigned char, 4> acknowledgeIndOrder{MessageType, TransactionId, MmsVersion,
-                                                           ReportAllowed};
+constexpr auto sendReqOrder = std::to_array<unsigned char>(
+    {MessageType, TransactionId, MmsVersion, Date, From, To, Cc, Bcc, Subject, MessageClass, Expiry,
+     DeliveryTime, Priority, SenderVisibility, DeliveryReport, ReadReply, ContentType});
+constexpr auto sendConfOrder = std::to_array<unsigned char>(
+    {MessageType, TransactionId, MmsVersion, ResponseStatus, ResponseText, MessageId});
+constexpr auto notificationIndOrder =
+    std::to_array<unsigned char>({MessageType, TransactionId, MmsVersion, From, Subject,
+                                  MessageClass, MessageSize, Expiry, ContentLocation});
+constexpr auto notifyRespIndOrder =
+    std::to_array<unsigned char>({MessageType, TransactionId, MmsVersion, Status, ReportAllowed});
+constexpr auto retrieveConfOrder = std::to_array<unsigned char>(
+    {MessageType, TransactionId, MmsVersion, MessageId, Date, From, To, Cc, Bcc, Subject,
+     MessageClass, Priority, DeliveryReport, ReadReply, ContentType});
+constexpr auto acknowledgeIndOrder =
+    std::to_array<unsigned char>({MessageType, TransactionId, MmsVersion, ReportAllowed});
 // Transaction-Id where a Message-ID is mandatory for the reader. Kept: relays that take delivery
 // reports from this handset match them by transaction.
-constexpr std::array<unsigned char, 6> deliveryIndOrder{MessageType, MmsVersion, TransactionId,
-                                                        To,          Date,       Status};
+constexpr auto deliveryIndOrder =
+    std::to_array<unsigned char>({MessageType, MmsVersion, TransactionId, To, Date, Status});
 
-constexpr unsigned char FirstType = 128;
+constexpr unsigned char FirstType = QvlMessageType::SendReq;
 constexpr std::array table{
-    MessageTypeInfo{128, "m-send-req", 0, sendReqOrder},
-    MessageTypeInfo{129, "m-send-conf",
+    MessageTypeInfo{QvlMessageType::SendReq, "m-send-req", 0, sendReqOrder},
+    MessageTypeInfo{QvlMessageType::SendConf, "m-send-conf",
                     masks({MessageType, MmsVersion, ResponseStatus, TransactionId}), sendConfOrder},
-    MessageTypeInfo{130, "m-notification-ind",
+    MessageTypeInfo{QvlMessageType::NotificationInd, "m-notification-ind",
                     masks({ContentLocation, Expiry, MessageClass, MessageType, MmsVersion,
                            MessageSize, TransactionId}),
                     notificationIndOrder},
-    MessageTypeInfo{131, "m-notifyresp-ind", 0, notifyRespIndOrder},
-    MessageTypeInfo{132, "m-retrieve-conf", masks({ContentType, Date, MessageType, MmsVersion}),
-                    retrieveConfOrder},
-    MessageTypeInfo{133, "m-acknowledge-ind", 0, acknowledgeIndOrder},
-    MessageTypeInfo{134, "m-delivery-ind",
+    MessageTypeInfo{QvlMessageType::NotifyRespInd, "m-notifyresp-ind", 0, notifyRespIndOrder},
+    MessageTypeInfo{QvlMessageType::RetrieveConf, "m-retrieve-conf",
+                    masks({ContentType, Date, MessageType, MmsVersion}), retrieveConfOrder},
+    MessageTypeInfo{QvlMessageType::AcknowledgeInd, "m-acknowledge-ind", 0, acknowledgeIndOrder},
+    MessageTypeInfo{QvlMessageType::DeliveryInd, "m-delivery-ind",
                     masks({Date, MessageId, MessageType, MmsVersion, Status, To}),
                     deliveryIndOrder},
 };
@@ -74,7 +61,7 @@ constexpr bool everyTypeHasItsRow()
         if (table[i].type != FirstType + i)
             return false;
     }
-    return true;
+    return table.back().type == QvlMessageType::DeliveryInd;
 }
 static_assert(everyTypeHasItsRow(), "a row stands at its type minus the first type");
 

@@ -11,7 +11,7 @@
 /// One message type.
 struct MessageTypeInfo
 {
-    unsigned char type; ///< value of the Message-Type field
+    unsigned char type; ///< a QvlMessageType
     const char *name; ///< as the standard spells it, such as "m-send-req"
     unsigned int mandatoryFields; ///< presence bits that a received header must have; 0 asks none
     std::span<const unsigned char> writeOrder; ///< field codes in the order of writing

@@ -123,15 +123,12 @@ private:
 
 bool Journey::receive(MMS_UA_UAMsg *header, Multipart *body, MMS_COMP_SMILData *slides)
 {
-    auto *octets = reinterpret_cast<unsigned char *>(m_pdu.data());
-    auto length = unsigned(m_pdu.size());
-    if (MMS_UA_Decoder().decodeHeader(octets, length, header) != WireResult::Read)
+    if (MMS_UA_Decoder().decodeHeader(m_pdu, header) != WireResult::Read)
         return false;
     body->setMimeType(header->getContentType());
     body->setSubType(header->getContentSubType());
-    const QByteArray data = QByteArray::fromRawData(
-        reinterpret_cast<const char *>(header->getBody()), header->getBodyLength());
-    if (MMS_COMP_SMILMultipartParser::parse(data, header, body) != MultipartResult::Ok)
+    if (MMS_COMP_SMILMultipartParser::parse(header->getBodyOctets(), header, body)
+        != MultipartResult::Ok)
         return false;
     if (const auto *smil = body->getSmilPart())
         return MMS_COMP_SMILParser().parse(smil->getBodyData(), body, slides) == SmilResult::Ok;
@@ -160,10 +157,8 @@ bool Journey::send(MMS_UA_UAMsg *header, Multipart *body, MMS_COMP_SMILData *sli
     slides->removeEmptyTextBeforeSend();
     const QString smil = MMS_COMP_SMILParser::convertToSMILLang(slides);
     const QByteArray octets = MMS_COMP_SMILMultipartParser::assembleBody(body, header);
-    unsigned char *out = nullptr;
-    int length = 0;
-    const auto result = MMS_UA_Encoder().encodeHeader(header, &out, &length);
-    const std::unique_ptr<unsigned char[]> owner(out);
+    QByteArray out;
+    const auto result = MMS_UA_Encoder().encodeHeader(header, &out);
     return !smil.isEmpty() && !octets.isEmpty() && result == WireResult::Written;
 }
 

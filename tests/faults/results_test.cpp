@@ -2,6 +2,7 @@
  * What each operation gives when there is no memory for it: the result that its documentation
  * promises, whichever of its allocations fails.
  */
+#include "message/message.h"
 #include "message/multipart_parser.h"
 #include "multipart/multipart_result.h"
 #include "multipart/part_facts.h"
@@ -43,6 +44,8 @@ struct Material
     }
 
     QByteArray pdu = "98 61 00 84 A3"_octets;
+    QByteArray mixedPdu = "84 A3 01 02 00 01 9E"_octets;
+    QvlMessage whole;
     // Without data, for which a lack of memory is OutOfData.
     QByteArray body = "01 02 00 01 9E"_octets;
     QString name = "a";
@@ -73,6 +76,29 @@ int encodeHeader(Material &material)
     const int result = encoder.encodeHeader(&material.record, &out, &length);
     const std::unique_ptr<unsigned char[]> owner(out);
     return result;
+}
+
+int decodeHeaderOfArray(Material &material)
+{
+    return MMS_UA_Decoder().decodeHeader(material.pdu, &material.record);
+}
+
+int encodeHeaderIntoArray(Material &material)
+{
+    QByteArray octets;
+    return MMS_UA_Encoder().encodeHeader(&material.record, &octets);
+}
+
+int receive(Material &material)
+{
+    return material.whole.receive(material.mixedPdu).isOk();
+}
+
+int encode(Material &material)
+{
+    material.whole.parts().appendBodypart(material.spare.release());
+    QByteArray octets;
+    return material.whole.encode(&octets).isOk();
 }
 
 int decodeMultipart(Material &material)
@@ -154,8 +180,13 @@ struct Row
 const Row rows[] = {
     {"decodeHeader", decodeHeader, WireResult::Read, WireResult::BadArgument},
     {"encodeHeader", encodeHeader, WireResult::Written, WireResult::BadArgument},
+    {"decodeHeader of an array", decodeHeaderOfArray, WireResult::Read, WireResult::BadArgument},
+    {"encodeHeader into an array", encodeHeaderIntoArray, WireResult::Written,
+     WireResult::BadArgument},
     {"decodeMultipart", decodeMultipart, WireResult::Read, WireResult::BadArgument},
     {"encodeMultipart", encodeMultipart, WireResult::Written, WireResult::CannotWrite},
+    {"receive", receive, true, false},
+    {"encode", encode, true, false},
     {"parse", parse, MultipartResult::Ok, MultipartResult::OutOfMemory},
     {"assembleBody", assembleBody, 12, 0},
     {"insertBodypart", insertBodypart, MultipartResult::Ok, MultipartResult::InsertionRefused},

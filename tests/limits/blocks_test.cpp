@@ -41,12 +41,10 @@ const QByteArray status = "95 81"_octets;
 
 long blocksOfHeader(QByteArray pdu)
 {
-    auto *octets = reinterpret_cast<unsigned char *>(pdu.data());
-    auto length = static_cast<unsigned int>(pdu.size());
     MMS_UA_UAMsg header;
     MMS_UA_Decoder decoder;
     const CountedAllocations allocations;
-    EXPECT_EQ(decoder.decodeHeader(octets, length, &header), WireResult::Read);
+    EXPECT_EQ(decoder.decodeHeader(pdu, &header), WireResult::Read);
     return allocations.count();
 }
 

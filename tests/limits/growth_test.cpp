@@ -70,22 +70,16 @@ std::shared_ptr<Header> headerAbout(int characters)
 
 QByteArray encoded(Header *header)
 {
-    unsigned char *octets = nullptr;
-    int length = 0;
-    const auto result = MMS_UA_Encoder().encodeHeader(header, &octets, &length);
-    const std::unique_ptr<unsigned char[]> owner(octets);
-    EXPECT_EQ(result, WireResult::Written);
-    return QByteArray(reinterpret_cast<const char *>(octets), length);
+    QByteArray octets;
+    EXPECT_EQ(MMS_UA_Encoder().encodeHeader(header, &octets), WireResult::Written);
+    return octets;
 }
 
-Work decoding(QByteArray pdu)
+Work decoding(const QByteArray &pdu)
 {
-    return [pdu]() mutable {
+    return [pdu] {
         Header header;
-        auto length = unsigned(pdu.size());
-        EXPECT_EQ(MMS_UA_Decoder().decodeHeader(reinterpret_cast<unsigned char *>(pdu.data()),
-                                                length, &header),
-                  WireResult::Read);
+        EXPECT_EQ(MMS_UA_Decoder().decodeHeader(pdu, &header), WireResult::Read);
     };
 }
 

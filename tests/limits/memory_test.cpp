@@ -162,12 +162,8 @@ TEST(LargeBody, IsNotCopiedByTheHeaderDecoder)
     QByteArray pdu("\x8C\x84\x84\xA3", 4);
     pdu.append(QByteArray(Bodies, 'x'));
     Header header;
-    const Cost cost = costOf([&] {
-        auto length = unsigned(pdu.size());
-        EXPECT_EQ(MMS_UA_Decoder().decodeHeader(reinterpret_cast<unsigned char *>(pdu.data()),
-                                                length, &header),
-                  WireResult::Read);
-    });
+    const Cost cost =
+        costOf([&] { EXPECT_EQ(MMS_UA_Decoder().decodeHeader(pdu, &header), WireResult::Read); });
     EXPECT_EQ(header.getBodyLength(), Bodies);
     EXPECT_LE(double(cost.peak), Constant);
     EXPECT_LE(cost.steps, 10'000);
@@ -179,9 +175,7 @@ TEST(OneOctet, IsAHeaderOfAFieldAtMost)
     for (int octet = 0; octet < 256; ++octet) {
         QByteArray pdu(1, char(octet));
         Header header;
-        unsigned int length = 1;
-        const auto result = MMS_UA_Decoder().decodeHeader(
-            reinterpret_cast<unsigned char *>(pdu.data()), length, &header);
+        const auto result = MMS_UA_Decoder().decodeHeader(pdu, &header);
         const bool isField = octet >= 0x81 && octet <= 0x98;
         EXPECT_TRUE(isField || result == WireResult::OutOfData
                     || result == WireResult::UnknownField)

@@ -46,13 +46,9 @@ void addPart(MMS_COMP_SMILMultipart *multipart, const QString &type, const QStri
 
 QByteArray encodedHeader(MMS_UA_UAMsg *msg)
 {
-    unsigned char *octets = nullptr;
-    int length = 0;
-    const unsigned char result = MMS_UA_Encoder().encodeHeader(msg, &octets, &length);
-    const std::unique_ptr<unsigned char[]> owner(octets);
-    return result == WireResult::Written
-        ? QByteArray(reinterpret_cast<const char *>(octets), length)
-        : QByteArray();
+    QByteArray octets;
+    return MMS_UA_Encoder().encodeHeader(msg, &octets) == WireResult::Written ? octets
+                                                                              : QByteArray();
 }
 
 QByteArray notification()

@@ -73,16 +73,14 @@ std::string testName(const testing::TestParamInfo<Expectation> &info)
     return std::to_string(info.param.octets) + "_octets";
 }
 
-void decode(QByteArray pdu, MMS_COMP_SMILMultipart *multipart)
+void decode(const QByteArray &pdu, MMS_COMP_SMILMultipart *multipart)
 {
     MMS_UA_UAMsg msg;
-    auto *octets = reinterpret_cast<unsigned char *>(pdu.data());
-    auto length = static_cast<unsigned int>(pdu.size());
-    ASSERT_EQ(MMS_UA_Decoder().decodeHeader(octets, length, &msg), WireResult::Read);
+    ASSERT_EQ(MMS_UA_Decoder().decodeHeader(pdu, &msg), WireResult::Read);
     multipart->setMimeType(msg.getContentType());
     multipart->setSubType(msg.getContentSubType());
-    const QByteArray body(reinterpret_cast<const char *>(msg.getBody()), msg.getBodyLength());
-    ASSERT_EQ(MMS_COMP_SMILMultipartParser::parse(body, &msg, multipart), 0);
+    ASSERT_EQ(MMS_COMP_SMILMultipartParser::parse(msg.getBodyOctets(), &msg, multipart),
+              MultipartResult::Ok);
 }
 
 int read(const QByteArray &smil, MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data)
