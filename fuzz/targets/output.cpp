@@ -2,9 +2,9 @@
  * What the command prints and writes of a message from outside: nothing that acts on a terminal,
  * one line of JSON, and no path that leaves the folder.
  */
-#include "extract.h"
-#include "message.h"
-#include "show.h"
+#include "extract/extract.h"
+#include "message/message.h"
+#include "view/message_view.h"
 
 #include "support/invariant.h"
 

@@ -5,7 +5,7 @@
  * absent for a refused document; .again what reading and writing .out gives, or the result when
  * that is refused, and is absent when it is .out once more.
  */
-#include "model_text.h"
+#include "view/model_text.h"
 
 #include <qvlsmilparser.h>
 

@@ -1,10 +1,10 @@
 #include "commands/command_line.h"
 
-#include "highlight.h"
-#include "message.h"
-#include "nearest.h"
-#include "show.h"
-#include "terminal_text.h"
+#include "commands/nearest.h"
+#include "message/message.h"
+#include "view/highlight.h"
+#include "view/message_view.h"
+#include "view/terminal_text.h"
 
 #include <QCommandLineParser>
 #include <QDir>

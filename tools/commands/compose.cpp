@@ -3,8 +3,8 @@
 #include "commands/command_line.h"
 #include "commands/commands.h"
 #include "compose/options.h"
-#include "outgoing.h"
-#include "terminal_text.h"
+#include "message/outgoing.h"
+#include "view/terminal_text.h"
 
 #include <QCommandLineParser>
 #include <QHash>

@@ -1,8 +1,8 @@
-#include "extract.h"
+#include "extract/extract.h"
 
 #include "commands/command_line.h"
 #include "commands/commands.h"
-#include "message.h"
+#include "message/message.h"
 
 #include <QCommandLineParser>
 

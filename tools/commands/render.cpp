@@ -2,7 +2,7 @@
 
 #include "commands/command_line.h"
 #include "commands/commands.h"
-#include "message.h"
+#include "message/message.h"
 
 #include <QCommandLineParser>
 

@@ -1,9 +1,9 @@
 #include "commands/commands.h"
 
 #include "commands/command_line.h"
-#include "message.h"
-#include "outgoing.h"
-#include "terminal_text.h"
+#include "message/message.h"
+#include "message/outgoing.h"
+#include "view/terminal_text.h"
 
 #include <QCommandLineParser>
 

@@ -1,9 +1,9 @@
 #include "commands/commands.h"
 
 #include "commands/command_line.h"
-#include "highlight.h"
-#include "message.h"
-#include "show.h"
+#include "message/message.h"
+#include "view/highlight.h"
+#include "view/message_view.h"
 
 #include <QCommandLineParser>
 

@@ -1,10 +1,10 @@
 #include "commands/commands.h"
 
 #include "commands/command_line.h"
-#include "message.h"
-#include "model_text.h"
-#include "show.h"
-#include "terminal_text.h"
+#include "message/message.h"
+#include "view/message_view.h"
+#include "view/model_text.h"
+#include "view/terminal_text.h"
 
 #include <QCommandLineParser>
 

@@ -1,7 +1,7 @@
 #include "compose/composer.h"
 
 #include "compose/values.h"
-#include "outgoing.h"
+#include "message/outgoing.h"
 
 #include <QFile>
 #include <QStringDecoder>

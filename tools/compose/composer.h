@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "message.h"
+#include "message/message.h"
 
 #include <QByteArray>
 #include <QList>

@@ -1,12 +1,12 @@
 #include "render/render.h"
 
-#include "message.h"
+#include "message/message.h"
 #include "render/layout.h"
 #include "render/picture.h"
 #include "render/sheet.h"
 #include "render/strip.h"
 #include "render/text.h"
-#include "terminal_text.h"
+#include "view/terminal_text.h"
 
 #include <QDir>
 #include <QPainter>

@@ -1,6 +1,6 @@
 #include "render/text.h"
 
-#include "terminal_text.h"
+#include "view/terminal_text.h"
 
 #include <QStringDecoder>
 #include <QTextLayout>

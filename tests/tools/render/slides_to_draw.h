@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "message.h"
+#include "message/message.h"
 #include "render/render.h"
 
 #include <QBuffer>

@@ -1,11 +1,11 @@
-#include "show.h"
+#include "view/message_view.h"
 
-#include "header_view.h"
-#include "json_writer.h"
-#include "message.h"
-#include "result_view.h"
-#include "slides_view.h"
-#include "terminal_text.h"
+#include "message/message.h"
+#include "view/header_view.h"
+#include "view/json_writer.h"
+#include "view/result_view.h"
+#include "view/slides_view.h"
+#include "view/terminal_text.h"
 
 #include <algorithm>
 #include <array>

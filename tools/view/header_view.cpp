@@ -1,6 +1,6 @@
-#include "header_view.h"
+#include "view/header_view.h"
 
-#include "json_writer.h"
+#include "view/json_writer.h"
 
 #include <qvlsmilparser.h>
 

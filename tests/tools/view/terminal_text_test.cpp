@@ -1,7 +1,7 @@
 /*
  * Text on its way to a terminal: nothing acts on it, and columns line up.
  */
-#include "terminal_text.h"
+#include "view/terminal_text.h"
 
 #include <gtest/gtest.h>
 

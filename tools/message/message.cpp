@@ -1,4 +1,4 @@
-#include "message.h"
+#include "message/message.h"
 
 #include <QFile>
 #include <QFileInfo>

@@ -1,4 +1,4 @@
-#include "terminal_text.h"
+#include "view/terminal_text.h"
 
 #include <algorithm>
 #include <clocale>

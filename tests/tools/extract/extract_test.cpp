@@ -1,7 +1,7 @@
 /*
  * File names made from a message's locations.
  */
-#include "extract.h"
+#include "extract/extract.h"
 
 #include <gtest/gtest.h>
 

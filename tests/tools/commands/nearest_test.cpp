@@ -1,7 +1,7 @@
 /*
  * What somebody who mistyped a word may have meant.
  */
-#include "nearest.h"
+#include "commands/nearest.h"
 
 #include <gtest/gtest.h>
 

@@ -1,4 +1,4 @@
-#include "nearest.h"
+#include "commands/nearest.h"
 
 #include <QList>
 

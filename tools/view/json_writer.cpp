@@ -1,6 +1,6 @@
-#include "json_writer.h"
+#include "view/json_writer.h"
 
-#include "terminal_text.h"
+#include "view/terminal_text.h"
 
 #include <QJsonValue>
 #include <QLocale>

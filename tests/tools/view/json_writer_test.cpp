@@ -1,7 +1,7 @@
 /*
  * JSON as QJsonDocument writes it, except for the characters that act on a terminal.
  */
-#include "json_writer.h"
+#include "view/json_writer.h"
 
 #include <gtest/gtest.h>
 

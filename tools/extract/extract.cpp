@@ -1,7 +1,7 @@
-#include "extract.h"
+#include "extract/extract.h"
 
-#include "message.h"
-#include "terminal_text.h"
+#include "message/message.h"
+#include "view/terminal_text.h"
 
 #include <QDir>
 #include <QFile>

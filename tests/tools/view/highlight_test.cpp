@@ -1,7 +1,7 @@
 /*
  * Which lines of a shown message are set off, and how.
  */
-#include "highlight.h"
+#include "view/highlight.h"
 
 #include <gtest/gtest.h>
 

@@ -1,10 +1,10 @@
-#include "slides_view.h"
+#include "view/slides_view.h"
 
-#include "json_writer.h"
-#include "message.h"
-#include "model_text.h"
-#include "result_view.h"
-#include "terminal_text.h"
+#include "message/message.h"
+#include "view/json_writer.h"
+#include "view/model_text.h"
+#include "view/result_view.h"
+#include "view/terminal_text.h"
 
 #include <QXmlStreamReader>
 

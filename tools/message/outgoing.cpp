@@ -1,7 +1,7 @@
-#include "outgoing.h"
+#include "message/outgoing.h"
 
-#include "header_view.h"
-#include "message.h"
+#include "message/message.h"
+#include "view/header_view.h"
 
 #include <QFileInfo>
 #include <QSaveFile>

@@ -1,4 +1,4 @@
-#include "highlight.h"
+#include "view/highlight.h"
 
 #include <QRegularExpression>
 #include <QStringList>

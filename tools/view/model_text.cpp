@@ -1,6 +1,6 @@
-#include "model_text.h"
+#include "view/model_text.h"
 
-#include "terminal_text.h"
+#include "view/terminal_text.h"
 
 #include <qvlsmilparser.h>
 

@@ -1,6 +1,6 @@
-#include "result_view.h"
+#include "view/result_view.h"
 
-#include "json_writer.h"
+#include "view/json_writer.h"
 
 QString resultText(const char *meaning, int code)
 {
