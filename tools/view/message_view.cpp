@@ -1,6 +1,7 @@
 #include "view/message_view.h"
 
 #include "message/message.h"
+#include "message/smil_diagnosis.h"
 #include "view/header_view.h"
 #include "view/json_writer.h"
 #include "view/result_view.h"

@@ -6,8 +6,6 @@
 #include "view/result_view.h"
 #include "view/terminal_text.h"
 
-#include <QXmlStreamReader>
-
 #include <array>
 
 namespace {
@@ -230,29 +228,4 @@ void writePresentation(const Message &message, JsonWriter *json)
     json->endArray();
     json->member("unit", data.getLayoutMeasureUnit() == SMIL_UNIT_PIXEL ? "pixel" : "percent");
     json->endObject();
-}
-
-QString whyNotWellFormed(const QByteArray &smil)
-{
-    const QString all = QString::fromUtf8(smil);
-    const qsizetype start = std::max<qsizetype>(all.indexOf(QLatin1String("<smil")), 0);
-    const QStringView before = QStringView(all).first(start);
-    const QString text = all.sliced(start);
-    if (text.contains(QLatin1String("<!ENTITY")) || text.contains(QLatin1String("<!ATTLIST")))
-        return QString();
-    QXmlStreamReader reader(text);
-    reader.setNamespaceProcessing(false);
-    for (int depth = 0; !reader.atEnd() && depth <= 256;) {
-        reader.readNext();
-        depth += reader.isStartElement() ? 1 : reader.isEndElement() ? -1 : 0;
-    }
-    const qint64 line = reader.lineNumber() + before.count(QLatin1Char('\n'));
-    const qint64 lineStart =
-        reader.lineNumber() == 1 ? before.lastIndexOf(QLatin1Char('\n')) + 1 : start;
-    const QString place = QStringLiteral("line %1, column %2: ")
-                              .arg(line)
-                              .arg(reader.columnNumber() + start - lineStart);
-    if (!reader.atEnd())
-        return place + QStringLiteral("nested more than 256 levels deep");
-    return reader.hasError() ? place + reader.errorString() : QString();
 }

@@ -13,9 +13,3 @@ QString slidesText(const Message &message);
 
 /// Writes the member "presentation", documented in docs/json.md.
 void writePresentation(const Message &message, JsonWriter *json);
-
-/**
- * Where and why @p smil is not well-formed, such as "line 3, column 7: ..."; "" when it is, or when
- * that cannot be told without expanding what it declares. Never takes long.
- */
-QString whyNotWellFormed(const QByteArray &smil);

@@ -1,0 +1,42 @@
+#include "message/smil_diagnosis.h"
+
+#include <QXmlStreamReader>
+
+#include <algorithm>
+
+namespace {
+
+// The library refuses deeper documents. Its own constant is not public.
+constexpr int DeepestNesting = 256;
+
+// Where @p reader stands in a document of which it does not read the text @p before.
+QString placeOf(const QXmlStreamReader &reader, QStringView before)
+{
+    const bool isFirstLine = reader.lineNumber() == 1;
+    const qsizetype skipped =
+        isFirstLine ? before.size() - before.lastIndexOf(QLatin1Char('\n')) - 1 : 0;
+    return QStringLiteral("line %1, column %2: ")
+        .arg(reader.lineNumber() + before.count(QLatin1Char('\n')))
+        .arg(reader.columnNumber() + skipped);
+}
+
+} // namespace
+
+QString whyNotWellFormed(const QByteArray &smil)
+{
+    const QString all = QString::fromUtf8(smil);
+    const qsizetype start = std::max<qsizetype>(all.indexOf(QLatin1String("<smil")), 0);
+    const QString text = all.sliced(start);
+    if (text.contains(QLatin1String("<!ENTITY")) || text.contains(QLatin1String("<!ATTLIST")))
+        return QString();
+    QXmlStreamReader reader(text);
+    reader.setNamespaceProcessing(false);
+    for (int depth = 0; !reader.atEnd() && depth <= DeepestNesting;) {
+        reader.readNext();
+        depth += reader.isStartElement() ? 1 : reader.isEndElement() ? -1 : 0;
+    }
+    const QString place = placeOf(reader, QStringView(all).first(start));
+    if (!reader.atEnd())
+        return place + QStringLiteral("nested more than %1 levels deep").arg(DeepestNesting);
+    return reader.hasError() ? place + reader.errorString() : QString();
+}

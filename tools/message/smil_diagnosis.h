@@ -1,0 +1,14 @@
+/*
+ * Why a SMIL text is not well-formed. The library only says that it is not; this file looks for the
+ * place with another parser.
+ */
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+/**
+ * Where and why @p smil is not well-formed, such as "line 3, column 7: ..."; "" when it is, or when
+ * that takes expanding the entities and attributes that it declares. Never takes long.
+ */
+QString whyNotWellFormed(const QByteArray &smil);
