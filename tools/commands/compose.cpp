@@ -3,7 +3,7 @@
 #include "commands/command_line.h"
 #include "commands/commands.h"
 #include "compose/options.h"
-#include "message/outgoing.h"
+#include "message/files.h"
 #include "view/terminal_text.h"
 
 #include <QCommandLineParser>
@@ -100,7 +100,7 @@ Outcome make(const QCommandLineParser &parser, Composer *composer)
 Outcome write(const QByteArray &octets, const QString &fileName)
 {
     QString error;
-    if (Outgoing::write(octets, fileName, &error))
+    if (writeFile(octets, fileName, &error))
         return {};
     return Problem{Problem::File, error};
 }

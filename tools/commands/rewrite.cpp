@@ -1,6 +1,7 @@
 #include "commands/commands.h"
 
 #include "commands/command_line.h"
+#include "message/files.h"
 #include "message/message.h"
 #include "message/outgoing.h"
 #include "view/terminal_text.h"
@@ -70,7 +71,7 @@ int Commands::rewrite(const QStringList &arguments)
         return Refused;
     }
     const QByteArray octets = rewritten(message.get());
-    if (!Outgoing::write(octets, positional[1], &error)) {
+    if (!writeFile(octets, positional[1], &error)) {
         printError(error);
         return CannotDo;
     }

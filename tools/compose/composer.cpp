@@ -1,6 +1,8 @@
 #include "compose/composer.h"
 
+#include "compose/read_back.h"
 #include "compose/values.h"
+#include "message/files.h"
 #include "message/outgoing.h"
 
 #include <QFile>
@@ -280,7 +282,7 @@ Outcome Composer::encode()
     m_message.octets = Outgoing::pduOf(&m_message);
     if (pdu().size() > m_limit)
         return tooLarge(QStringLiteral("the message has %1 octets,").arg(pdu().size()), m_limit);
-    const QString changed = Outgoing::whatChanges(m_message);
+    const QString changed = whatChanges(m_message);
     if (!changed.isEmpty())
         return refused(QLatin1String("cannot be written so that it reads back: ") + changed
                        + QLatin1String("; change it or leave it out"));

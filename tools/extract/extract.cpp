@@ -1,5 +1,6 @@
 #include "extract/extract.h"
 
+#include "message/files.h"
 #include "message/message.h"
 #include "view/terminal_text.h"
 
@@ -19,20 +20,18 @@ using TerminalText::visible;
 QString shortened(const QString &name)
 {
     const QString ext = MMS_COMP_Util::getExtName(name).left(LongestName / 4);
-    const QString suffix = ext.isEmpty() ? ext : QLatin1Char('.') + ext;
     QString base = MMS_COMP_Util::getNoExtName(name).left(LongestName);
-    while (!base.isEmpty() && (base + suffix).toUtf8().size() > LongestName)
+    while (!base.isEmpty() && withExtension(base, ext).toUtf8().size() > LongestName)
         base.chop(base.size() > 1 && base.back().isLowSurrogate() ? 2 : 1);
-    return base + suffix;
+    return withExtension(base, ext);
 }
 
 QString numbered(const QString &name, int number)
 {
     if (number == 0)
         return name;
-    const QString ext = MMS_COMP_Util::getExtName(name);
-    return MMS_COMP_Util::getNoExtName(name) + QLatin1Char('_') + QString::number(number)
-        + (ext.isEmpty() ? ext : QLatin1Char('.') + ext);
+    const QString base = MMS_COMP_Util::getNoExtName(name) + QLatin1Char('_');
+    return withExtension(base + QString::number(number), MMS_COMP_Util::getExtName(name));
 }
 
 bool exists(const QString &path)
@@ -54,9 +53,9 @@ bool createNew(const QDir &directory, const QString &name, QFile *file)
     return false;
 }
 
-bool writeAll(QFile *file, const QByteArray &octets)
+bool writeOrRemove(QFile *file, const QByteArray &octets)
 {
-    if (file->write(octets) == octets.size() && file->flush())
+    if (writeAll(file, octets))
         return true;
     file->remove();
     return false;
@@ -66,8 +65,7 @@ QString fallbackName(const Part &part, int index)
 {
     const QString ext =
         MMS_COMP_Util::getFirstSupportExtNameByMIMEType(part.getContentType(), part.getSubType());
-    const QString name = QStringLiteral("part-%1").arg(index);
-    return ext.isEmpty() ? name : name + QLatin1Char('.') + ext;
+    return withExtension(QStringLiteral("part-%1").arg(index), ext);
 }
 
 } // namespace
@@ -94,9 +92,8 @@ bool extractParts(const Message &message, const QString &directory, QStringList 
         const Part &part = *message.body.getBodypartByIndex(i);
         QFile file;
         if (!createNew(dir, safeFileName(part.getContentLocation(), fallbackName(part, i)), &file)
-            || !writeAll(&file, part.getBodyData())) {
-            *error = QStringLiteral("cannot write ") + visible(file.fileName())
-                + QLatin1String(": ") + file.errorString();
+            || !writeOrRemove(&file, part.getBodyData())) {
+            *error = cannotWrite(file.fileName(), file.errorString());
             return false;
         }
         *report += QStringLiteral("wrote ") + visible(file.fileName())

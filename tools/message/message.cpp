@@ -1,26 +1,12 @@
 #include "message/message.h"
 
-#include <QFile>
-#include <QFileInfo>
+#include "message/files.h"
+
 #include <QXmlStreamReader>
 
 #include <algorithm>
-#include <cstdio>
 
 namespace {
-
-bool readOctets(const QString &fileName, QByteArray *octets, QString *error)
-{
-    QFile file(fileName);
-    const bool opened = fileName == QLatin1String("-") ? file.open(stdin, QIODevice::ReadOnly)
-                                                       : file.open(QIODevice::ReadOnly);
-    if (opened)
-        *octets = file.readAll();
-    if (opened && file.error() == QFileDevice::NoError)
-        return true;
-    *error = whyNotRead(fileName, file);
-    return false;
-}
 
 bool isMultipart(const MMS_UA_UAMsg &header)
 {
@@ -101,11 +87,11 @@ void readDocument(Message *message)
     message->smilResult = parser.parse(message->smil, &message->body, &message->slides);
 }
 
-std::unique_ptr<Message> readFile(const QString &fileName, QString *error)
+std::unique_ptr<Message> openFile(const QString &fileName, QString *error)
 {
     auto message = std::make_unique<Message>();
     message->fileName = fileName;
-    return readOctets(fileName, &message->octets, error) ? std::move(message) : nullptr;
+    return readFile(fileName, &message->octets, error) ? std::move(message) : nullptr;
 }
 
 } // namespace
@@ -120,7 +106,7 @@ std::unique_ptr<Message> decodeMessage(const QByteArray &octets)
 
 std::unique_ptr<Message> readMessage(const QString &fileName, QString *error)
 {
-    auto message = readFile(fileName, error);
+    auto message = openFile(fileName, error);
     if (message)
         decode(message.get());
     return message;
@@ -128,26 +114,12 @@ std::unique_ptr<Message> readMessage(const QString &fileName, QString *error)
 
 std::unique_ptr<Message> readMessageOrDocument(const QString &fileName, QString *error)
 {
-    auto message = readFile(fileName, error);
+    auto message = openFile(fileName, error);
     if (message && isPdu(message->octets))
         decode(message.get());
     else if (message)
         readDocument(message.get());
     return message;
-}
-
-QString whyNotRead(const QString &fileName, const QFileDevice &file)
-{
-    const QFileInfo info(fileName);
-    if (file.fileName().isEmpty())
-        return QLatin1String("cannot read standard input: ") + file.errorString();
-    if (info.isDir())
-        return QLatin1String("cannot read ") + fileName
-            + QLatin1String(": it is a folder; name the files in it");
-    if (!info.exists())
-        return QLatin1String("cannot read ") + fileName
-            + QLatin1String(": there is no such file; is its name right?");
-    return QLatin1String("cannot read ") + fileName + QLatin1String(": ") + file.errorString();
 }
 
 QString whyNoMessage(const Message &message)

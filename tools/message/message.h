@@ -11,8 +11,6 @@
 #include <memory>
 #include <optional>
 
-class QFileDevice;
-
 /// A decoded PDU. What was decoded before a failure is there.
 struct Message
 {
@@ -50,9 +48,6 @@ std::unique_ptr<Message> readMessage(const QString &fileName, QString *error);
  * there: for every location that it refers to the message gets an empty part.
  */
 std::unique_ptr<Message> readMessageOrDocument(const QString &fileName, QString *error);
-
-/// Says that @p file, which the user calls @p fileName, cannot be read, why, and what to do.
-QString whyNotRead(const QString &fileName, const QFileDevice &file);
 
 /// Why what is in the file cannot be a message at all; "" when it begins as one does.
 QString whyNoMessage(const Message &message);

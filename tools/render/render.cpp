@@ -1,5 +1,6 @@
 #include "render/render.h"
 
+#include "message/files.h"
 #include "message/message.h"
 #include "render/layout.h"
 #include "render/picture.h"
@@ -203,8 +204,7 @@ bool writePicture(const QImage &image, const QString &path, QStringList *report,
 {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit()) {
-        *error = QStringLiteral("cannot write ") + visible(path) + QLatin1String(": ")
-            + file.errorString();
+        *error = cannotWrite(path, file.errorString());
         return false;
     }
     *report += QStringLiteral("wrote ") + visible(path)

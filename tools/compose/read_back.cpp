@@ -1,0 +1,69 @@
+#include "compose/read_back.h"
+
+#include "message/message.h"
+#include "message/outgoing.h"
+#include "view/header_view.h"
+
+#include <algorithm>
+#include <array>
+
+namespace {
+
+using Part = MMS_COMP_SMILMultipartBodypart;
+
+// Fields that the decoder does not give back as they were set.
+bool changesOnTheWay(const QString &field)
+{
+    constexpr std::array names{"Content-Type", "Date", "Expiry", "Sender-Visibility"};
+    return std::ranges::any_of(names,
+                               [&](const char *name) { return field == QLatin1String(name); });
+}
+
+// The decoder leaves the end of a text that begins with a character outside of ASCII in it.
+QString withoutZero(QString text)
+{
+    return text.remove(QChar::Null);
+}
+
+QString changedField(const Message &sent, const Message &read)
+{
+    const QList<FieldView> readFields = headerView(read.header);
+    for (const FieldView &field : headerView(sent.header)) {
+        const bool same = std::ranges::any_of(readFields, [&](const FieldView &other) {
+            return other.name == field.name && withoutZero(other.text) == field.text;
+        });
+        if (!same && !changesOnTheWay(field.name))
+            return field.name;
+    }
+    return QString();
+}
+
+QString changedPart(const Message &sent, const Message &read)
+{
+    if (sent.body.getPartCount() != read.body.getPartCount())
+        return QStringLiteral("%1 parts").arg(sent.body.getPartCount());
+    for (int i = 0; i < sent.body.getPartCount(); ++i) {
+        const Part &part = *sent.body.getBodypartByIndex(i);
+        const Part &other = *read.body.getBodypartByIndex(i);
+        if (part.getContentLocation() != other.getContentLocation()
+            || part.getMimeFormat().compare(other.getMimeFormat(), Qt::CaseInsensitive) != 0
+            || part.getBodyData() != other.getBodyData())
+            return part.getContentLocation();
+    }
+    return QString();
+}
+
+} // namespace
+
+QString whatChanges(const Message &sent)
+{
+    const auto read = decodeMessage(sent.octets);
+    if (read->isRefused())
+        return QStringLiteral("the message");
+    if (QString field = changedField(sent, *read); !field.isEmpty())
+        return field;
+    if (QString part = changedPart(sent, *read); !part.isEmpty())
+        return part;
+    const bool sameSlides = read->smil.isEmpty() || Outgoing::smilOf(&read->slides) == read->smil;
+    return sameSlides ? QString() : QStringLiteral("the slides");
+}
