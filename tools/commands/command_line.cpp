@@ -1,16 +1,15 @@
 #include "commands/command_line.h"
 
 #include "commands/nearest.h"
-#include "message/message.h"
+#include "message/files.h"
+#include "view/file_view.h"
 #include "view/highlight.h"
-#include "view/message_view.h"
 #include "view/terminal_text.h"
 
 #include <QCommandLineParser>
-#include <QDir>
-#include <QFileInfo>
+#include <QStringList>
 
-#include <algorithm>
+#include <optional>
 
 namespace CommandLine {
 
@@ -19,9 +18,10 @@ namespace {
 void addOptions(QCommandLineParser *parser, const Description &description)
 {
     parser->addOption({{QStringLiteral("h"), QStringLiteral("help")}, QString()});
-    for (const Option &option : optionsOf(description))
-        parser->addOption({QString::fromLatin1(option.name), QString(),
-                           option.value ? QString::fromLatin1(option.value) : QString()});
+    for (const Option &option : allOptions(description))
+        parser->addOption(
+            {QString::fromLatin1(option.name), QString(), QString::fromLatin1(option.value),
+             option.isNumber() ? QString::number(option.numbers.standard) : QString()});
 }
 
 bool isOptional(const Argument &argument)
@@ -37,16 +37,16 @@ bool mayRepeat(const Argument &argument)
 QString unknownOption(const QString &option, const Description &description)
 {
     QStringList names{QStringLiteral("--help")};
-    for (const Option &known : optionsOf(description))
+    for (const Option &known : allOptions(description))
         names += dashed(QString::fromLatin1(known.name));
     return QLatin1String(description.name) + QLatin1String(" has no option ") + dashed(option)
         + suggestion(dashed(option), names);
 }
 
-// What has to be given and is not: an option with its value, or an argument.
+// A needed option with its value, or a needed argument, that was not given.
 QString missing(const QCommandLineParser &parser, const Description &description)
 {
-    for (const Option &option : optionsOf(description)) {
+    for (const Option &option : allOptions(description)) {
         if (option.isNeeded && parser.value(QLatin1String(option.name)).isEmpty())
             return withValue(option);
     }
@@ -65,7 +65,7 @@ std::optional<QString> superfluous(const QStringList &given, const QList<Argumen
     return given[wanted.size()];
 }
 
-// What is wrong with what was given, or nothing.
+// The first mistake in the arguments, or nothing.
 QString mistake(const QCommandLineParser &parser, const Description &description, bool understood)
 {
     if (!parser.unknownOptionNames().isEmpty())
@@ -80,16 +80,44 @@ QString mistake(const QCommandLineParser &parser, const Description &description
     return QString();
 }
 
-// The path itself or the nearest above it of which there is something.
-QFileInfo existingAbove(const QString &path)
+// An option whose value is none of the numbers that it takes, or nothing.
+QString wrongNumber(const QCommandLineParser &parser, const Description &description)
 {
-    QFileInfo info(QDir::cleanPath(QDir::current().absoluteFilePath(path)));
-    while (!info.exists() && !info.isRoot())
-        info.setFile(info.path());
-    return info;
+    for (const Option &option : allOptions(description)) {
+        const QString name = QString::fromLatin1(option.name);
+        const int number = parser.value(name).toInt(); // 0 for what is none
+        if (option.isNumber() && (number < 1 || number > option.numbers.most))
+            return dashed(name) + QLatin1Char(' ') + parser.value(name)
+                + QStringLiteral(": a number from 1 to %1 is expected").arg(option.numbers.most);
+    }
+    return QString();
 }
 
 } // namespace
+
+int run(const Command &command, const QStringList &arguments)
+{
+    const Description &description = command.description;
+    QCommandLineParser parser;
+    addOptions(&parser, description);
+    const bool understood = parser.parse(arguments);
+    if (understood && parser.isSet(QStringLiteral("help"))) {
+        print(stdout, helpText(description).toUtf8());
+        return AllDecoded;
+    }
+    if (const QString wrong = mistake(parser, description, understood); !wrong.isEmpty()) {
+        printError(wrong);
+        print(stderr,
+              usageLine(description).toUtf8() + "qvlmms help " + description.name
+                  + " tells more.\n");
+        return CannotDo;
+    }
+    if (const QString wrong = wrongNumber(parser, description); !wrong.isEmpty()) {
+        printError(wrong);
+        return CannotDo;
+    }
+    return command.run(parser);
+}
 
 void print(FILE *stream, const QByteArray &octets)
 {
@@ -112,72 +140,16 @@ QString suggestion(const QString &word, const QStringList &names)
     return name.isEmpty() ? name : QLatin1String("; did you mean ") + name + QLatin1Char('?');
 }
 
-bool parse(QCommandLineParser *parser, const Description &description, const QStringList &arguments,
-           int *exitCode)
-{
-    addOptions(parser, description);
-    const bool understood = parser->parse(arguments);
-    if (understood && parser->isSet(QStringLiteral("help"))) {
-        print(stdout, helpOf(description).toUtf8());
-        *exitCode = AllDecoded;
-        return false;
-    }
-    const QString wrong = mistake(*parser, description, understood);
-    if (wrong.isEmpty())
-        return true;
-    printError(wrong);
-    print(stderr,
-          usageOf(description).toUtf8() + "qvlmms help " + description.name + " tells more.\n");
-    *exitCode = CannotDo;
-    return false;
-}
-
-std::optional<int> numberOf(const QCommandLineParser &parser, const char *option, int standard,
-                            int most)
-{
-    const QString name = QString::fromLatin1(option);
-    if (!parser.isSet(name))
-        return standard;
-    const int number = parser.value(name).toInt(); // 0 for what is none
-    if (number >= 1 && number <= most)
-        return number;
-    printError(dashed(name) + QLatin1Char(' ') + parser.value(name)
-               + QStringLiteral(": a number from 1 to %1 is expected").arg(most));
-    return std::nullopt;
-}
-
-std::unique_ptr<Message> openMessage(const QString &fileName)
+int writeOutput(const QByteArray &octets, const QString &fileName, const QString &details)
 {
     QString error;
-    auto message = readMessage(fileName, &error);
-    if (!message)
+    if (!writeFile(octets, fileName, &error)) {
         printError(error);
-    return message;
-}
-
-void printRefusal(const Message &message)
-{
-    print(stderr, linesFor(stderr, messageText(message)));
-    printAdvice(message);
-}
-
-void printAdvice(const Message &message)
-{
-    const QString advice = whyNoMessage(message);
-    if (!advice.isEmpty())
-        printError(message.fileName + QLatin1String(": ") + advice);
-}
-
-bool makeFolder(const QString &directory)
-{
-    const QFileInfo above = existingAbove(directory);
-    if (QDir(directory).mkpath(QStringLiteral(".")))
-        return true;
-    printError(QLatin1String("cannot make the folder ") + directory + QLatin1String(": ")
-               + above.filePath()
-               + QLatin1String(above.isDir() ? " lets no folder be made in it"
-                                             : " is a file; name another folder"));
-    return false;
+        return CannotDo;
+    }
+    if (fileName != QLatin1String("-"))
+        print(stdout, writtenFileText(fileName, details).toUtf8() + '\n');
+    return AllDecoded;
 }
 
 } // namespace CommandLine

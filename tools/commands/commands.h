@@ -1,18 +1,33 @@
 /*
- * The commands. Each takes the program's arguments from the command's own name on and returns a
- * CommandLine::ExitCode.
+ * The commands of the program, each in a file of its name.
  */
 #pragma once
 
-#include <QStringList>
+#include "commands/command_line.h"
+
+#include <QList>
+#include <QString>
 
 namespace Commands {
 
-int show(const QStringList &arguments);
-int extract(const QStringList &arguments);
-int smil(const QStringList &arguments);
-int render(const QStringList &arguments);
-int compose(const QStringList &arguments);
-int rewrite(const QStringList &arguments);
+CommandLine::Command show();
+CommandLine::Command extract();
+CommandLine::Command smil();
+CommandLine::Command render();
+CommandLine::Command compose();
+CommandLine::Command rewrite();
+CommandLine::Command help();
+
+/// All commands, in the order of the help.
+const QList<CommandLine::Command> &all();
+
+/// The command @p name; null when there is none.
+const CommandLine::Command *find(const QString &name);
+
+/// The help of the program.
+QByteArray usage();
+
+/// Prints that there is no command @p name. Returns the exit code.
+int refuseUnknown(const QString &name);
 
 } // namespace Commands

@@ -1,10 +1,7 @@
-#include "compose/composer.h"
-
-#include "commands/command_line.h"
 #include "commands/commands.h"
+
+#include "compose/composer.h"
 #include "compose/options.h"
-#include "message/files.h"
-#include "view/terminal_text.h"
 
 #include <QCommandLineParser>
 #include <QHash>
@@ -17,7 +14,7 @@ namespace {
 
 using Group = ComposeOption::Group;
 
-QList<Option> optionsOf(Group group)
+QList<Option> optionsIn(Group group)
 {
     QList<Option> options;
     for (const ComposeOption &option : composeOptions()) {
@@ -33,23 +30,6 @@ QList<Argument> explainedValues()
     for (const ComposeValue &value : composeValues())
         values += Argument{value.name, value.expected};
     return values;
-}
-
-Description description()
-{
-    const QList<Option> output{{"o", "OUT", "file to write; - is standard output", true}};
-    return {.name = "compose",
-            .purpose = "Makes a message to send out of texts and files.",
-            .exitCodes =
-                "0 written, 1 the content was refused, 2 wrong usage or a file that cannot "
-                "be read or written.",
-            .groups = {{"Message", output + optionsOf(Group::Fields)},
-                       {"Content", optionsOf(Group::Content)},
-                       {"Slide", optionsOf(Group::OfSlide)}},
-            .values = explainedValues(),
-            .example = "  qvlmms compose -o holiday.mms --to +4915112345678 --subject Holiday \\\n"
-                       "    --slide --image beach.jpg --text 'At the sea' --duration 4s \\\n"
-                       "    --slide --text 'See you soon!' --background navy --text-color white\n"};
 }
 
 Outcome apply(const ComposeOption &option, const QString &value, Composer *composer)
@@ -97,46 +77,50 @@ Outcome make(const QCommandLineParser &parser, Composer *composer)
     return composer->finish();
 }
 
-Outcome write(const QByteArray &octets, const QString &fileName)
-{
-    QString error;
-    if (writeFile(octets, fileName, &error))
-        return {};
-    return Problem{Problem::File, error};
-}
-
 QString counted(qsizetype count, const char *what)
 {
     return QStringLiteral(", %1 ").arg(count) + QLatin1String(what)
         + QLatin1String(count == 1 ? "" : "s");
 }
 
-QString report(const QString &fileName, const Composer &composer)
+// The numbers of octets, slides and parts.
+QString sizesText(const Composer &composer)
 {
-    return QLatin1String("wrote ") + TerminalText::visible(fileName)
-        + counted(composer.pdu().size(), "octet") + counted(composer.slideCount(), "slide")
-        + counted(composer.partCount(), "part") + QLatin1Char('\n');
+    return counted(composer.pdu().size(), "octet") + counted(composer.slideCount(), "slide")
+        + counted(composer.partCount(), "part");
+}
+
+int composeMessage(const QCommandLineParser &arguments)
+{
+    Composer composer;
+    if (const Outcome problem = make(arguments, &composer)) {
+        printError(problem->text);
+        return problem->kind == Problem::Content ? Refused : CannotDo;
+    }
+    return writeOutput(composer.pdu(), arguments.value(QStringLiteral("o")), sizesText(composer));
 }
 
 } // namespace
 
-int Commands::compose(const QStringList &arguments)
+Command Commands::compose()
 {
-    QCommandLineParser parser;
-    int exitCode = AllDecoded;
-    if (!parse(&parser, description(), arguments, &exitCode))
-        return exitCode;
-
-    const QString fileName = parser.value(QStringLiteral("o"));
-    Composer composer;
-    Outcome problem = make(parser, &composer);
-    if (!problem)
-        problem = write(composer.pdu(), fileName);
-    if (problem) {
-        printError(problem->text);
-        return problem->kind == Problem::Content ? Refused : CannotDo;
-    }
-    if (fileName != QLatin1String("-"))
-        print(stdout, report(fileName, composer).toUtf8());
-    return AllDecoded;
+    const QList<Option> output{{"o", "OUT", "file to write; - is standard output", true}};
+    return {
+        .description =
+            {.name = "compose",
+             .summary = "make a message to send out of texts and files",
+             .purpose = "Makes a message to send out of texts and files.",
+             .exitCodes =
+                 "0 written, 1 the content was refused, 2 wrong usage or a file that cannot "
+                 "be read or written.",
+             .groups = {{"Message", output + optionsIn(Group::Fields)},
+                        {"Content", optionsIn(Group::Content)},
+                        {"Slide", optionsIn(Group::OfSlide)}},
+             .values = explainedValues(),
+             .example =
+                 "  qvlmms compose -o holiday.mms --to +4915112345678 --subject Holiday \\\n"
+                 "    --slide --image beach.jpg --text 'At the sea' --duration 4s \\\n"
+                 "    --slide --text 'See you soon!' --background navy --text-color white\n"},
+        .run = composeMessage,
+    };
 }

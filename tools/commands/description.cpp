@@ -10,7 +10,7 @@ namespace {
 
 constexpr qsizetype LineLength = 80;
 
-// Breaks lines at blanks; all but the first begin behind @p indent columns.
+// Breaks lines at blanks. Indents all lines except the first by @p indent columns.
 QString wrapped(const QString &text, qsizetype indent)
 {
     QString lines;
@@ -58,17 +58,24 @@ QList<Row> rowsOf(const QList<Argument> &arguments)
     return rows;
 }
 
+QString numbersText(const Option &option)
+{
+    if (!option.isNumber())
+        return QString();
+    return QStringLiteral(", 1 to %1 (%2)").arg(option.numbers.most).arg(option.numbers.standard);
+}
+
 QList<Row> rowsOf(const QList<Option> &options)
 {
     QList<Row> rows;
     for (const Option &option : options)
-        rows += {withValue(option), QString::fromLatin1(option.help)};
+        rows += {withValue(option), QString::fromLatin1(option.help) + numbersText(option)};
     return rows;
 }
 
 } // namespace
 
-QList<Option> optionsOf(const Description &description)
+QList<Option> allOptions(const Description &description)
 {
     QList<Option> options;
     for (const OptionGroup &group : description.groups)
@@ -87,9 +94,9 @@ QString withValue(const Option &option)
     return option.value ? name + QLatin1Char(' ') + QLatin1String(option.value) : name;
 }
 
-QString usageOf(const Description &description)
+QString usageLine(const Description &description)
 {
-    const QList<Option> options = optionsOf(description);
+    const QList<Option> options = allOptions(description);
     QStringList words{QStringLiteral("Usage: qvlmms"), QString::fromLatin1(description.name)};
     if (!options.isEmpty())
         words += QStringLiteral("[OPTION...]");
@@ -102,11 +109,11 @@ QString usageOf(const Description &description)
     return words.join(QLatin1Char(' ')) + QLatin1Char('\n');
 }
 
-QString helpOf(const Description &description)
+QString helpText(const Description &description)
 {
-    const qsizetype width = std::max(widest(rowsOf(optionsOf(description))),
+    const qsizetype width = std::max(widest(rowsOf(allOptions(description))),
                                      widest(rowsOf(description.arguments + description.values)));
-    QString text = usageOf(description) + QLatin1Char('\n')
+    QString text = usageLine(description) + QLatin1Char('\n')
         + wrapped(QString::fromLatin1(description.purpose), 0);
     if (!description.arguments.isEmpty())
         text += list("Arguments", rowsOf(description.arguments), width);

@@ -1,5 +1,5 @@
 /*
- * What a command does and takes, and the help that tells it.
+ * The description of a command: what it does, its arguments, and its help.
  */
 #pragma once
 
@@ -8,20 +8,30 @@
 
 namespace CommandLine {
 
-/// An argument that is no option, or what stands for a value in the help.
+/// An argument that is no option, or the name of a value in the help.
 struct Argument
 {
     const char *name; ///< "FILE..." for one or more of them, "[FILE]" when it may be left out
     const char *help;
 };
 
+/// The whole numbers from 1 to @p most, and the one that counts when none is given.
+struct Numbers
+{
+    int standard = 0;
+    int most = 0; ///< 0 when the value is no number
+};
+
 /// An option; its name is short when it is a single letter.
 struct Option
 {
     const char *name;
-    const char *value; ///< what stands for its value in the help; null when it has none
+    const char *value = nullptr; ///< name of its value in the help; null when it has none
     const char *help;
     bool isNeeded = false;
+    Numbers numbers = {}; ///< values that it takes; the help adds them
+
+    bool isNumber() const { return numbers.most > 0; }
 };
 
 /// Options under a title of their own.
@@ -31,34 +41,35 @@ struct OptionGroup
     QList<Option> options;
 };
 
-/// What a command does and takes. Its help says this and no more, and parse() takes no more.
+/// What a command does and takes. Its help says this and no more, and run() takes no more.
 struct Description
 {
     const char *name;
+    const char *summary; ///< for the list of commands
     const char *purpose;
     const char *exitCodes;
     QList<Argument> arguments = {};
     QList<OptionGroup> groups = {};
-    QList<Argument> values = {}; ///< of options, as far as they need more words
+    QList<Argument> values = {}; ///< values of options that the help explains
     const char *example = nullptr; ///< lines, each with its line feed
 };
 
 /// All options, without their groups.
-QList<Option> optionsOf(const Description &description);
+QList<Option> allOptions(const Description &description);
 
 /// The option @p name as it is typed: "-o", "--json".
 QString dashed(const QString &name);
 
-/// The same with what stands for its value: "-o OUT", "--json".
+/// The same with the name of its value: "-o OUT", "--json".
 QString withValue(const Option &option);
 
-/// The line of the help that says how the command is called, with its line feed.
-QString usageOf(const Description &description);
+/// The line of the help that shows the command with its arguments, with its line feed.
+QString usageLine(const Description &description);
 
 /// The whole help.
-QString helpOf(const Description &description);
+QString helpText(const Description &description);
 
-/// A line for each of @p rows, behind @p title. Long lines are broken.
+/// @p title and a line for each of @p rows. Breaks long lines.
 QString helpList(const char *title, const QList<Argument> &rows);
 
 } // namespace CommandLine

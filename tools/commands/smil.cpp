@@ -1,7 +1,6 @@
 #include "commands/commands.h"
 
-#include "commands/command_line.h"
-#include "message/message.h"
+#include "commands/message_command.h"
 #include "view/message_view.h"
 #include "view/model_text.h"
 #include "view/terminal_text.h"
@@ -14,7 +13,7 @@ using namespace CommandLine;
 
 namespace {
 
-// Text of several lines, made visible but for its line feeds when somebody looks at it.
+// On a terminal makes all visible except line feeds; elsewhere the text stays as it is.
 QString visibleLines(const QString &text)
 {
     if (!isatty(STDOUT_FILENO))
@@ -25,49 +24,51 @@ QString visibleLines(const QString &text)
     return lines.join(QLatin1Char('\n'));
 }
 
+int refuseWithoutSlides(const Message &message)
+{
+    return refuse(message,
+                  message.isRefused()
+                      ? QStringLiteral("the message was refused; qvlmms show tells why")
+                      : QStringLiteral("the message has no presentation; qvlmms show tells what it "
+                                       "has"));
+}
+
+int printSmil(Message &message, const QCommandLineParser &arguments)
+{
+    if (!message.smilResult && !message.slidesAreMade)
+        return refuseWithoutSlides(message);
+    const bool wantsModel = arguments.isSet(QStringLiteral("model"));
+    if (!message.isRefused() || wantsModel) {
+        const QString text = wantsModel ? ModelText::presentation(message.slides)
+                                        : MMS_COMP_SMILParser::convertToSMILLang(&message.slides);
+        print(stdout, visibleLines(text).toUtf8());
+    }
+    if (!message.isRefused())
+        return AllDecoded;
+    const int exitCode = refuse(message, refusedSmilText(message));
+    if (!message.smil.contains("<smil"))
+        printAdvice(message);
+    return exitCode;
+}
+
 } // namespace
 
-int Commands::smil(const QStringList &arguments)
+Command Commands::smil()
 {
-    const Description description{
-        .name = "smil",
-        .purpose = "Prints the normalised SMIL text of a message, or of a SMIL document by itself, "
-                   "whose media are then taken as being there. A message that brings no SMIL gets "
-                   "the slides that are made of its parts.",
-        .exitCodes = "0 read, 1 refused, 2 wrong usage or an unreadable file.",
-        .arguments = {{"FILE", "file with one message or one SMIL document; - is standard input"}},
-        .groups = {
-            {"Options",
-             {{"model", nullptr, "print the presentation instead, a line for each thing in it"}}}}};
-    QCommandLineParser parser;
-    int exitCode = AllDecoded;
-    if (!parse(&parser, description, arguments, &exitCode))
-        return exitCode;
-
-    const bool wantsModel = parser.isSet(QStringLiteral("model"));
-    const QString file = parser.positionalArguments().at(0);
-    QString error;
-    const auto message = readMessageOrDocument(file, &error);
-    if (!message) {
-        printError(error);
-        return CannotDo;
-    }
-    if (!message->smilResult && !message->slidesAreMade) {
-        printError(file
-                   + (message->isRefused()
-                          ? QLatin1String(": the message was refused; qvlmms show tells why")
-                          : QLatin1String(": the message has no presentation; qvlmms show tells "
-                                          "what it has")));
-        return Refused;
-    }
-    const QString text = wantsModel ? ModelText::presentation(message->slides)
-                                    : MMS_COMP_SMILParser::convertToSMILLang(&message->slides);
-    if (!message->isRefused() || wantsModel)
-        print(stdout, visibleLines(text).toUtf8());
-    if (!message->isRefused())
-        return AllDecoded;
-    printError(file + QLatin1String(": ") + refusedSmilText(*message));
-    if (!message->smil.contains("<smil"))
-        printAdvice(*message);
-    return Refused;
+    return {
+        .description =
+            {.name = "smil",
+             .summary = "print the normalised SMIL of a message or document",
+             .purpose = "Prints the normalised SMIL text of a message, or of a SMIL document by "
+                        "itself, whose media are then taken as being there. A message that brings "
+                        "no SMIL gets the slides that are made of its parts.",
+             .exitCodes = "0 read, 1 refused, 2 wrong usage or an unreadable file.",
+             .arguments = {{"FILE",
+                            "file with one message or one SMIL document; - is standard input"}},
+             .groups = {{"Options",
+                         {{.name = "model",
+                           .help =
+                               "print the presentation instead, a line for each thing in it"}}}}},
+        .run = onMessage(printSmil, readMessageOrDocument),
+    };
 }

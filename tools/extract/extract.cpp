@@ -2,6 +2,7 @@
 
 #include "message/files.h"
 #include "message/message.h"
+#include "view/file_view.h"
 #include "view/terminal_text.h"
 
 #include <QDir>
@@ -96,9 +97,9 @@ bool extractParts(const Message &message, const QString &directory, QStringList 
             *error = cannotWrite(file.fileName(), file.errorString());
             return false;
         }
-        *report += QStringLiteral("wrote ") + visible(file.fileName())
-            + QStringLiteral(" (%1 octets, ").arg(part.getBodyDataLen())
-            + visible(part.getMimeFormat()) + QLatin1Char(')');
+        *report += writtenFileText(file.fileName(),
+                                   QStringLiteral(" (%1 octets, ").arg(part.getBodyDataLen())
+                                       + part.getMimeFormat() + QLatin1Char(')'));
     }
     return true;
 }

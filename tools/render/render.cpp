@@ -7,6 +7,7 @@
 #include "render/sheet.h"
 #include "render/strip.h"
 #include "render/text.h"
+#include "view/file_view.h"
 #include "view/terminal_text.h"
 
 #include <QDir>
@@ -207,8 +208,8 @@ bool writePicture(const QImage &image, const QString &path, QStringList *report,
         *error = cannotWrite(path, file.errorString());
         return false;
     }
-    *report += QStringLiteral("wrote ") + visible(path)
-        + QStringLiteral(" (%1x%2)").arg(image.width()).arg(image.height());
+    *report +=
+        writtenFileText(path, QStringLiteral(" (%1x%2)").arg(image.width()).arg(image.height()));
     return true;
 }
 

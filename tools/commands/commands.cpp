@@ -1,0 +1,46 @@
+#include "commands/commands.h"
+
+#include <algorithm>
+
+using namespace CommandLine;
+
+const QList<Command> &Commands::all()
+{
+    static const QList<Command> commands{show(),    extract(), smil(), render(),
+                                         compose(), rewrite(), help()};
+    return commands;
+}
+
+const Command *Commands::find(const QString &name)
+{
+    const auto found = std::ranges::find_if(all(), [&](const Command &command) {
+        return name == QLatin1String(command.description.name);
+    });
+    return found != all().end() ? &*found : nullptr;
+}
+
+QByteArray Commands::usage()
+{
+    QList<Argument> rows;
+    for (const Command &command : all())
+        rows += Argument{command.description.name, command.description.summary};
+    const QString text = QLatin1String("Usage: qvlmms COMMAND [ARGUMENT...]\n\n"
+                                       "Shows, takes apart, draws and makes multimedia messages "
+                                       "(MMS).\n")
+        + helpList("Commands", rows)
+        + helpList("Options",
+                   {{"-h, --help", "print this; behind a command, what help COMMAND prints"},
+                    {"-v, --version", "print the version"}})
+        + QLatin1String("\nqvlmms help COMMAND tells more.\n");
+    return text.toUtf8();
+}
+
+int Commands::refuseUnknown(const QString &name)
+{
+    QStringList names;
+    for (const Command &command : all())
+        names += QString::fromLatin1(command.description.name);
+    printError(QLatin1String("there is no command ") + name + suggestion(name, names));
+    print(stderr, "qvlmms help lists the commands.\n");
+    return CannotDo;
+}

@@ -1,0 +1,33 @@
+#include "commands/commands.h"
+
+#include <QCommandLineParser>
+
+using namespace CommandLine;
+
+namespace {
+
+int printHelp(const QCommandLineParser &arguments)
+{
+    const QString name = arguments.positionalArguments().value(0);
+    if (const Command *command = Commands::find(name))
+        return run(*command, {name, QStringLiteral("--help")});
+    if (!name.isEmpty())
+        return Commands::refuseUnknown(name);
+    print(stdout, Commands::usage());
+    return AllDecoded;
+}
+
+} // namespace
+
+Command Commands::help()
+{
+    return {
+        .description = {.name = "help",
+                        .summary = "tell what a command does and takes",
+                        .purpose =
+                            "Tells what a command does and takes, or which commands there are.",
+                        .exitCodes = "0 told, 2 wrong usage or there is no such command.",
+                        .arguments = {{"[COMMAND]", "name of a command"}}},
+        .run = printHelp,
+    };
+}

@@ -1,0 +1,51 @@
+/*
+ * Files shown in their order by several threads. Each thread takes the next file, and prints all
+ * that is ready up to there, so that no thread has to wake another one for that.
+ */
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+#include <QStringList>
+
+#include <condition_variable>
+#include <functional>
+#include <map>
+#include <mutex>
+
+/// The output for one file.
+struct ShownFile
+{
+    QByteArray text;
+    QString error; ///< when the file could not be read
+    QString advice; ///< when it is no message
+    bool refused = false;
+};
+
+class ShownFiles
+{
+public:
+    using Show = std::function<ShownFile(const QString &name)>;
+    using Print = std::function<void(const QString &name, const ShownFile &shown)>;
+
+    /// Several threads call @p show at the same time, and one at a time calls @p print.
+    ShownFiles(QStringList names, Show show, Print print);
+
+    /// Prints all files, with @p jobs threads.
+    void printAll(int jobs);
+
+private:
+    void work();
+    void printReady();
+
+    const QStringList m_names;
+    const Show m_show;
+    const Print m_print;
+    qsizetype m_mostAhead = 0;
+
+    std::mutex m_mutex; // for all that follows
+    std::condition_variable m_printedMore;
+    std::map<qsizetype, ShownFile> m_ready; // by index
+    qsizetype m_started = 0;
+    qsizetype m_printed = 0;
+};
