@@ -126,7 +126,7 @@ void print(FILE *stream, const QByteArray &octets)
 
 QByteArray linesFor(FILE *stream, const QString &text)
 {
-    return (takesColours(stream) ? highlighted(text) : text).toUtf8();
+    return (takesColors(stream) ? highlighted(text) : text).toUtf8();
 }
 
 void printError(const QString &text)

@@ -35,13 +35,13 @@ constexpr std::array mediaKinds{
     MediaKind{SMIL_MEDIA_AUDIO, "audio", "audio", "an audio", "--audio"},
 };
 
-const MediaKind &kindOf(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE element)
+const MediaKind &mediaKindOf(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE element)
 {
     return *std::ranges::find(mediaKinds, element, &MediaKind::element);
 }
 
 // The option that takes files of this type.
-QLatin1String optionFor(const QString &type)
+QLatin1String optionTaking(const QString &type)
 {
     const auto kind = std::ranges::find_if(mediaKinds, [&](const MediaKind &candidate) {
         return type == QLatin1String(candidate.type);
@@ -169,11 +169,11 @@ Outcome Composer::addMedia(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString 
             QLatin1String("the type of ") + fileName
             + QLatin1String(" is not known; it is told by the name's end, such as .jpg"));
     const auto part = newPart(type, subtype, fileName, octets);
-    const QLatin1String expected(kindOf(kind).type);
+    const QLatin1String expected(mediaKindOf(kind).type);
     if (type != expected)
         return refused(fileName + QLatin1String(" is ") + part->getMimeFormat()
                        + QLatin1String(" by its name, not ") + expected + QLatin1String("; use ")
-                       + optionFor(type));
+                       + optionTaking(type));
     if (!part->isMediaObjectSupported())
         return refused(fileName + QLatin1String(" cannot be shown or played as ")
                        + part->getMimeFormat()
@@ -198,10 +198,10 @@ Outcome Composer::read(const QString &fileName, QByteArray *octets)
 
 Outcome Composer::admit(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind)
 {
-    if (slide().canBeInserted(QLatin1String(kindOf(kind).tag)))
+    if (slide().canBeInserted(QLatin1String(mediaKindOf(kind).tag)))
         return {};
     return refused(QStringLiteral("slide %1 already has ").arg(slideCount())
-                   + QLatin1String(kindOf(kind).place)
+                   + QLatin1String(mediaKindOf(kind).place)
                    + QLatin1String("; begin another with --slide"));
 }
 

@@ -22,13 +22,13 @@ constexpr std::array textSizes{"small", "normal", "large"};
 
 constexpr ComposeValue Address{"ADDRESS",
                                "a phone number such as +4915112345678 or an e-mail address"};
-constexpr ComposeValue Colour{
+constexpr ComposeValue Color{
     "COLOUR",
     "#rrggbb, aqua, black, blue, fuchsia, gray, green, lime, maroon, navy, olive, purple, red, "
     "silver, teal, white or yellow"};
 constexpr ComposeValue Moment{"DATE",
                               "a date from 1970 to 2038-01-19 such as 2026-05-01T12:00:00Z"};
-constexpr ComposeValue values[] = {Address, Colour, Moment};
+constexpr ComposeValue values[] = {Address, Color, Moment};
 
 Problem expected(const char *what)
 {
@@ -171,12 +171,12 @@ Outcome setDuration(Composer &composer, const QString &text)
 }
 
 template <auto Set>
-Outcome setColour(Composer &composer, const QString &text)
+Outcome setColor(Composer &composer, const QString &text)
 {
-    const auto colour = ComposeValues::colour(text);
-    if (!colour)
-        return expected(Colour.expected);
-    (composer.slide().*Set)(*colour);
+    const auto color = ComposeValues::color(text);
+    if (!color)
+        return expected(Color.expected);
+    (composer.slide().*Set)(*color);
     return {};
 }
 
@@ -237,8 +237,8 @@ constexpr ComposeOption options[] = {
     {"audio", "FILE", "audio of the slide", OfSlide, addMedia<SMIL_MEDIA_AUDIO>},
     {"duration", "TIME", "5s, 2500ms or 2.5, instead of what plays or 5 seconds", OfSlide,
      setDuration},
-    {"background", Colour.name, "colour of the page", OfSlide, setColour<&Slide::setPageColor>},
-    {"text-color", Colour.name, "colour of the text", OfSlide, setColour<&Slide::setTextColor>},
+    {"background", Color.name, "colour of the page", OfSlide, setColor<&Slide::setPageColor>},
+    {"text-color", Color.name, "colour of the text", OfSlide, setColor<&Slide::setTextColor>},
     {"text-size", "WORD", "small, normal or large", OfSlide, setTextSize},
     {"text-above", nullptr, "show the text above the picture", OfSlide, placeText<true>},
     {"text-below", nullptr, "show it below, which is the default", OfSlide, placeText<false>},

@@ -63,14 +63,14 @@ std::optional<QDateTime> ComposeValues::dateTime(const QString &text)
     return time;
 }
 
-std::optional<MMS_COMP_COLOR> ComposeValues::colour(const QString &text)
+std::optional<MMS_COMP_COLOR> ComposeValues::color(const QString &text)
 {
-    // "#fff" is a colour to the library as well, but nearly black.
+    // "#fff" is a color to the library as well, but nearly black.
     static const QRegularExpression sixDigits(QStringLiteral("\\A#[0-9A-Fa-f]{6}\\z"));
-    MMS_COMP_COLOR colour;
-    MMS_COMP_SMILParser::parseColor(text, colour);
-    if (colour.kind == SMIL_COLOR_NAMED || sixDigits.match(text).hasMatch())
-        return colour;
+    MMS_COMP_COLOR color;
+    MMS_COMP_SMILParser::parseColor(text, color);
+    if (color.kind == SMIL_COLOR_NAMED || sixDigits.match(text).hasMatch())
+        return color;
     return std::nullopt;
 }
 

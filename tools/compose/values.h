@@ -27,7 +27,7 @@ std::optional<int> milliseconds(const QString &text);
 std::optional<QDateTime> dateTime(const QString &text);
 
 /// One of sixteen names, or "#rrggbb".
-std::optional<MMS_COMP_COLOR> colour(const QString &text);
+std::optional<MMS_COMP_COLOR> color(const QString &text);
 
 /**
  * What to offer as the location of a part with the content of the file @p fileName: its last

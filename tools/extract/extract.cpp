@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int LongestName = 200; // octets; file systems take 255, and a number may follow
+constexpr int LongestFileName = 200; // octets; file systems take 255, and a number may follow
 constexpr int MostTries = 10000;
 
 using Part = MMS_COMP_SMILMultipartBodypart;
@@ -20,14 +20,14 @@ using TerminalText::visible;
 // Removes whole characters from the end of the base until the name fits.
 QString shortened(const QString &name)
 {
-    const QString ext = MMS_COMP_Util::getExtName(name).left(LongestName / 4);
-    QString base = MMS_COMP_Util::getNoExtName(name).left(LongestName);
-    while (!base.isEmpty() && withExtension(base, ext).toUtf8().size() > LongestName)
+    const QString ext = MMS_COMP_Util::getExtName(name).left(LongestFileName / 4);
+    QString base = MMS_COMP_Util::getNoExtName(name).left(LongestFileName);
+    while (!base.isEmpty() && withExtension(base, ext).toUtf8().size() > LongestFileName)
         base.chop(base.size() > 1 && base.back().isLowSurrogate() ? 2 : 1);
     return withExtension(base, ext);
 }
 
-QString numbered(const QString &name, int number)
+QString withNumber(const QString &name, int number)
 {
     if (number == 0)
         return name;
@@ -45,7 +45,7 @@ bool exists(const QString &path)
 bool createNew(const QDir &directory, const QString &name, QFile *file)
 {
     for (int number = 0; number < MostTries; ++number) {
-        file->setFileName(directory.filePath(numbered(name, number)));
+        file->setFileName(directory.filePath(withNumber(name, number)));
         if (file->open(QIODevice::WriteOnly | QIODevice::NewOnly))
             return true;
         if (!exists(file->fileName()))

@@ -8,26 +8,26 @@ namespace {
 
 using Slide = MMS_COMP_SMILTimingContainer;
 
-// When slides are written, the root layout's colour takes the place of their own, and as it is
-// none, every object loses its first param with the page colour. So there is a second one, behind
+// When slides are written, the root layout's color takes the place of their own, and as it is
+// none, every object loses its first param with the page color. So there is a second one, behind
 // the other params as it will be again when the text is read.
-void keepPageColour(Slide *slide)
+void keepPageColor(Slide *slide)
 {
     if (!slide->getPageColor().isUsable())
         return;
     const QString param = QStringLiteral("background-color");
-    const QString colour = slide->getPageColor().color.name();
+    const QString color = slide->getPageColor().color.name();
     slide->updateTextColorToElem();
     slide->updateTextSizeToElem();
     for (unsigned int i = 0; i < slide->getMediaObjectCount(); ++i) {
-        slide->getMediaObject(i)->updateParamByName(param, colour);
-        slide->getMediaObject(i)->appendParamElem(param, colour, SMIL_PARAM_VALUE_DATA, QString());
+        slide->getMediaObject(i)->updateParamByName(param, color);
+        slide->getMediaObject(i)->appendParamElem(param, color, SMIL_PARAM_VALUE_DATA, QString());
     }
 }
 
-// A root layout with a colour is written as text that does not read back. Slides show the same in
-// their own colours, and its colour would take their place anyway.
-void moveRootColourToSlides(MMS_COMP_SMILData *slides)
+// A root layout with a color is written as text that does not read back. Slides show the same in
+// their own colors, and its color would take their place anyway.
+void moveRootColorToSlides(MMS_COMP_SMILData *slides)
 {
     MMS_COMP_SMILRootLayout *root = slides->getRootLayout();
     if (!root || !root->getBackgroundColor()->isUsable())
@@ -52,9 +52,9 @@ QByteArray encodedHeader(MMS_UA_UAMsg *header)
 
 QByteArray Outgoing::smilOf(MMS_COMP_SMILData *slides)
 {
-    moveRootColourToSlides(slides);
+    moveRootColorToSlides(slides);
     for (unsigned int i = 0; i < slides->getTotalSlidesNum(); ++i)
-        keepPageColour(slides->getSlide(i));
+        keepPageColor(slides->getSlide(i));
     return MMS_COMP_SMILParser::convertToSMILLang(slides).toUtf8();
 }
 

@@ -11,11 +11,11 @@ using Object = MMS_COMP_SMILMediaObject;
 using Region = MMS_COMP_SMILRegion;
 
 constexpr QSize HandsetPage(120, 160);
-constexpr int LongestSide = 2048;
+constexpr int LongestPageSide = 2048;
 
 int side(int given, int usual)
 {
-    return given < 1 ? usual : std::min(given, LongestSide);
+    return given < 1 ? usual : std::min(given, LongestPageSide);
 }
 
 const Region *findRegion(const MMS_COMP_SMILData &slides, const QString &id)

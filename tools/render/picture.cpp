@@ -8,8 +8,8 @@
 
 namespace {
 
-constexpr qint64 MostPixels = 64'000'000;
-constexpr int LongestSide = 2048; // pixels of a picture once it is decoded
+constexpr qint64 MostPicturePixels = 64'000'000;
+constexpr int LongestPictureSide = 2048; // pixels of a picture once it is decoded
 
 // What part of a picture is seen, and where.
 struct View
@@ -88,11 +88,12 @@ Picture readPicture(const MMS_COMP_SMILMultipartBodypart &part)
     if (!isPictureFormat(reader.format()))
         return {};
     QSize size = reader.size();
-    if (qint64(size.width()) * size.height() > MostPixels)
+    if (qint64(size.width()) * size.height() > MostPicturePixels)
         return {};
-    if (std::max(size.width(), size.height()) > LongestSide)
+    if (std::max(size.width(), size.height()) > LongestPictureSide)
         reader.setScaledSize(
-            size.scaled(LongestSide, LongestSide, Qt::KeepAspectRatio).expandedTo({1, 1}));
+            size.scaled(LongestPictureSide, LongestPictureSide, Qt::KeepAspectRatio)
+                .expandedTo({1, 1}));
     if (reader.transformation() & QImageIOHandler::TransformationRotate90)
         size.transpose();
     const QImage image = reader.read();

@@ -24,10 +24,9 @@ using Slide = MMS_COMP_SMILTimingContainer;
 using TerminalText::visible;
 
 constexpr unsigned int MostSlides = 1000;
-constexpr int LongestSide = 4096; // of the page, in picture pixels
-constexpr qint64 MostPixels = 10'000'000;
-constexpr int LabelHeight = 9; // these are handset pixels on the handset's own page
-constexpr int TextMargin = 3;
+constexpr int LongestDrawnSide = 4096; // of the page, in picture pixels
+constexpr qint64 MostDrawnPixels = 10'000'000;
+constexpr int TextMargin = 3; // these are handset pixels on the handset's own page
 constexpr int BoxMargin = 4;
 constexpr QRgb VideoFrame = qRgb(0x20, 0x24, 0x2A);
 
@@ -42,9 +41,9 @@ struct Style
     double unit; ///< see pageUnit()
 };
 
-bool isGiven(const MMS_COMP_COLOR &colour)
+bool isGiven(const MMS_COMP_COLOR &color)
 {
-    return colour.isUsable() && colour.color.isValid();
+    return color.isUsable() && color.color.isValid();
 }
 
 QColor paperOf(const MMS_COMP_SMILData &slides, const Slide &slide)
@@ -192,8 +191,8 @@ int scaleWithin(const QSize &page, int scale)
 {
     const auto isTooMuch = [&page](int tried) {
         const QSize size = page * tried;
-        return std::max(size.width(), size.height()) > LongestSide
-            || qint64(size.width()) * size.height() > MostPixels;
+        return std::max(size.width(), size.height()) > LongestDrawnSide
+            || qint64(size.width()) * size.height() > MostDrawnPixels;
     };
     scale = std::clamp(scale, 1, LargestScale);
     while (scale > 1 && isTooMuch(scale))

@@ -12,10 +12,9 @@ using Slide = MMS_COMP_SMILTimingContainer;
 
 namespace {
 
-constexpr int Height = 16; // these are handset pixels on the handset's own page
-constexpr int LabelHeight = 9;
+constexpr int StripHeight = 16; // these are handset pixels on the handset's own page
 constexpr int NoteSize = 8;
-constexpr int Margin = 4;
+constexpr int StripMargin = 4;
 constexpr QRgb Paper = qRgb(0xF1, 0xF3, 0xF5);
 constexpr QRgb Ink = qRgb(0x20, 0x24, 0x2A);
 
@@ -59,7 +58,7 @@ void drawNote(QPainter *painter, const QRectF &square)
 
 int stripHeight(double unit)
 {
-    return int(std::ceil(Height * unit));
+    return int(std::ceil(StripHeight * unit));
 }
 
 void drawStrip(QPainter *painter, QRectF area, double unit, unsigned int number, const Slide &slide)
@@ -69,7 +68,7 @@ void drawStrip(QPainter *painter, QRectF area, double unit, unsigned int number,
     QFont font = pictureFont(LabelHeight * unit);
     font.setBold(true);
     painter->setFont(font);
-    const double margin = Margin * unit;
+    const double margin = StripMargin * unit;
     area.adjust(margin, 0, -margin, 0);
     const QString numberText = QString::number(number);
     drawName(painter, area, Qt::AlignLeft | Qt::AlignVCenter, numberText);

@@ -10,7 +10,7 @@
 namespace {
 
 constexpr qsizetype LongestText = 10000; // characters, more than any page has room for
-constexpr qsizetype LongestName = 200;
+constexpr qsizetype LongestDrawnName = 200;
 
 // A received text is called UTF-8 whatever it is; one that is not comes from a phone that knew
 // Latin-1.
@@ -32,7 +32,7 @@ QString withLineSeparators(QString text)
     return text;
 }
 
-QTextOption optionFor(const QString &text)
+QTextOption textOptionFor(const QString &text)
 {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
@@ -95,7 +95,7 @@ void drawText(QPainter *painter, const QRectF &area, const QString &text)
     if (area.isEmpty() || text.isEmpty())
         return;
     QTextLayout layout(text, painter->font());
-    layout.setTextOption(optionFor(text));
+    layout.setTextOption(textOptionFor(text));
     int lines = layOutLines(&layout, area.size());
     const QTextLine last = layout.lineAt(lines - 1);
     if (last.textStart() + last.textLength() < text.size()) {
@@ -111,7 +111,7 @@ void drawText(QPainter *painter, const QRectF &area, const QString &text)
 
 void drawName(QPainter *painter, const QRectF &area, int flags, const QString &name)
 {
-    const QString text = TerminalText::visible(name.left(LongestName));
+    const QString text = TerminalText::visible(name.left(LongestDrawnName));
     painter->drawText(area, flags | Qt::TextSingleLine,
                       QFontMetricsF(painter->font())
                           .elidedText(text, Qt::ElideMiddle, std::max(area.width(), 0.0)));

@@ -53,7 +53,7 @@ bool isCapableTerminal(FILE *stream)
     return isatty(fileno(stream)) && !terminal.isEmpty() && terminal != "dumb";
 }
 
-bool takesColours(FILE *stream)
+bool takesColors(FILE *stream)
 {
     return isCapableTerminal(stream) && qEnvironmentVariableIsEmpty("NO_COLOR");
 }

@@ -62,7 +62,7 @@ QString refusedHeaderText(const Message &message, const QList<FieldView> &fields
             + QLatin1String(": ") + meaning;
 }
 
-QString kindOf(const Part &part)
+QString displayKind(const Part &part)
 {
     return part.getDispFileType() == Part::Shown ? QStringLiteral("shown")
                                                  : QStringLiteral("attachment");
@@ -76,7 +76,7 @@ QString partsTable(const MMS_COMP_SMILMultipart &body)
         rows +=
             {QString::number(i), part.getMimeFormat(),      QString::number(part.getBodyDataLen()),
              part.getCharset(),  part.getContentLocation(), part.getContentID(),
-             kindOf(part)};
+             displayKind(part)};
     }
     const QList<TerminalText::Column> columns{
         {QStringLiteral("#"), true},      {QStringLiteral("Content type")},
@@ -131,7 +131,7 @@ void writePart(const Part &part, JsonWriter *json)
     json->member("contentId", part.getContentID());
     json->member("contentType", part.getMimeFormat());
     json->member("displayName", part.getDispFileName());
-    json->member("kind", kindOf(part));
+    json->member("kind", displayKind(part));
     json->member("location", part.getContentLocation());
     json->member("octets", part.getBodyDataLen());
     json->endObject();

@@ -5,19 +5,20 @@
 #include <qvlsmilparser.h>
 
 #include <array>
+#include <span>
 
 namespace {
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
-constexpr std::array elementNames{"audio", "video", "text", "image", "ref", "unknown"};
-constexpr std::array valueTypeNames{"data", "ref", "object", "unknown"};
+// Each is named at its number.
+constexpr std::array mediaNames{"audio", "video", "text", "image", "ref"};
+constexpr std::array valueTypeNames{"data", "ref", "object"};
 
-template <size_t Size>
-QString nameAt(const std::array<const char *, Size> &names, int number)
+QString nameAt(std::span<const char *const> names, int number)
 {
-    return number >= 0 && size_t(number) < Size ? QString::fromLatin1(names[size_t(number)])
-                                                : QString::number(number);
+    const bool isNamed = number >= 0 && size_t(number) < names.size();
+    return QString::fromLatin1(isNamed ? names[size_t(number)] : "unknown");
 }
 
 QString quoted(const QString &text)
@@ -44,8 +45,8 @@ QString slideLine(unsigned int index, const MMS_COMP_SMILTimingContainer &slide)
 {
     return QLatin1String("slide ") + QString::number(index) + QLatin1String(" duration ")
         + ModelText::duration(slide.getDur()) + QLatin1String(" page ")
-        + ModelText::colour(slide.getPageColor()) + QLatin1String(" text ")
-        + ModelText::colour(slide.getTextColor()) + QLatin1String(" size ")
+        + ModelText::color(slide.getPageColor()) + QLatin1String(" text ")
+        + ModelText::color(slide.getTextColor()) + QLatin1String(" size ")
         + quoted(slide.getTextSize()) + QLatin1Char('\n');
 }
 
@@ -58,10 +59,10 @@ QString partText(const Part *part)
 
 QString objectLines(const MMS_COMP_SMILMediaObject &object)
 {
-    QString lines = QLatin1String("  ") + nameAt(elementNames, object.getMediaElementType())
-        + QLatin1String(" src ") + quoted(object.getSrc()) + QLatin1String(" region ")
-        + quoted(object.getRegionId()) + QLatin1String(" alt ") + quoted(object.getAlt())
-        + QLatin1String(" begin ") + ModelText::time(object.getBegin()) + QLatin1String(" end ")
+    QString lines = QLatin1String("  ") + ModelText::mediaName(object) + QLatin1String(" src ")
+        + quoted(object.getSrc()) + QLatin1String(" region ") + quoted(object.getRegionId())
+        + QLatin1String(" alt ") + quoted(object.getAlt()) + QLatin1String(" begin ")
+        + ModelText::time(object.getBegin()) + QLatin1String(" end ")
         + ModelText::time(object.getEnd()) + QLatin1String(" part ") + partText(object.getData())
         + QLatin1Char('\n');
     for (int i = 0; i < object.getParamCount(); ++i) {
@@ -76,14 +77,19 @@ QString objectLines(const MMS_COMP_SMILMediaObject &object)
 
 } // namespace
 
-QString ModelText::colour(const MMS_COMP_COLOR &colour)
+QString ModelText::mediaName(const MMS_COMP_SMILMediaObject &object)
 {
-    if (colour.kind == SMIL_COLOR_NONE)
+    return nameAt(mediaNames, object.getMediaElementType());
+}
+
+QString ModelText::color(const MMS_COMP_COLOR &color)
+{
+    if (color.kind == SMIL_COLOR_NONE)
         return QStringLiteral("none");
-    if (!colour.isUsable())
+    if (!color.isUsable())
         return QStringLiteral("invalid");
-    const QString name = colour.name.isEmpty() ? QString() : QLatin1Char(' ') + colour.name;
-    return colour.color.name() + TerminalText::visible(name);
+    const QString name = color.name.isEmpty() ? QString() : QLatin1Char(' ') + color.name;
+    return color.color.name() + TerminalText::visible(name);
 }
 
 QString ModelText::duration(int milliseconds)
@@ -124,7 +130,7 @@ QString ModelText::presentation(const MMS_COMP_SMILData &data)
         text += QStringLiteral("root-layout width %1 height %2 colour ")
                     .arg(root->getWidth())
                     .arg(root->getHeight())
-            + colour(*root->getBackgroundColor()) + QLatin1Char('\n');
+            + color(*root->getBackgroundColor()) + QLatin1Char('\n');
     }
     for (unsigned int i = 0; i < data.getRegionCount(); ++i)
         text += regionLine(*data.getRegion(i));

@@ -7,6 +7,7 @@
 #include <QString>
 
 class MMS_COMP_SMILData;
+class MMS_COMP_SMILMediaObject;
 struct MMS_COMP_COLOR;
 struct MMS_COMP_SMIL_TIME;
 
@@ -15,8 +16,11 @@ namespace ModelText {
 /// The whole presentation; every line ends in a line feed.
 QString presentation(const MMS_COMP_SMILData &data);
 
-/// "none", "invalid", or the colour as "#rrggbb", with its name when it has one.
-QString colour(const MMS_COMP_COLOR &colour);
+/// What the object shows or plays, such as "image"; "unknown" when the library does not know.
+QString mediaName(const MMS_COMP_SMILMediaObject &object);
+
+/// "none", "invalid", or the color as "#rrggbb", with its name when it has one.
+QString color(const MMS_COMP_COLOR &color);
 
 /// "3000 ms", "indefinite" or "none".
 QString duration(int milliseconds);

@@ -6,21 +6,11 @@
 #include "view/result_view.h"
 #include "view/terminal_text.h"
 
-#include <array>
-
 namespace {
 
 using Object = MMS_COMP_SMILMediaObject;
 using Part = MMS_COMP_SMILMultipartBodypart;
 using Slide = MMS_COMP_SMILTimingContainer;
-
-QString kindOf(const Object &object)
-{
-    constexpr std::array kinds{"audio", "video", "text", "image", "ref"};
-    const int type = object.getMediaElementType();
-    return type >= 0 && size_t(type) < kinds.size() ? QString::fromLatin1(kinds[size_t(type)])
-                                                    : QStringLiteral("unknown");
-}
 
 int indexOfPart(const MMS_COMP_SMILMultipart &body, const Part *part)
 {
@@ -85,7 +75,7 @@ QString slideText(const MMS_COMP_SMILMultipart &body, const Slide &slide)
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i) {
         const Object &object = *slide.getMediaObject(i);
         const Part *part = object.getData();
-        rows += {kindOf(object),
+        rows += {ModelText::mediaName(object),
                  object.getSrc(),
                  object.getRegionId(),
                  part ? QString::number(indexOfPart(body, part)) : QString(),
@@ -111,9 +101,9 @@ QString slideTitle(const Message &message, unsigned int index, const Slide &slid
                       + ModelText::duration(slide.getDur()) + QLatin1String(" (")
                       + durationSource(message, slide) + QLatin1Char(')')};
     if (slide.getPageColor().isUsable())
-        words += QLatin1String("page ") + ModelText::colour(slide.getPageColor());
+        words += QLatin1String("page ") + ModelText::color(slide.getPageColor());
     if (slide.getTextColor().isUsable())
-        words += QLatin1String("text ") + ModelText::colour(slide.getTextColor());
+        words += QLatin1String("text ") + ModelText::color(slide.getTextColor());
     if (!slide.getTextSize().isEmpty())
         words += QLatin1String("text size ") + TerminalText::visible(slide.getTextSize());
     return QLatin1String("    ") + words.join(QLatin1String(", ")) + QLatin1Char('\n');
@@ -142,7 +132,7 @@ void writeObject(const MMS_COMP_SMILMultipart &body, const Object &object, JsonW
     json->member("end", ModelText::time(object.getEnd()));
     if (object.getMediaElementType() == SMIL_MEDIA_TEXT)
         json->member("firstLine", firstLine(object));
-    json->member("kind", kindOf(object));
+    json->member("kind", ModelText::mediaName(object));
     if (part)
         json->member("octets", part->getBodyDataLen());
     writeParams(object, json);
@@ -165,8 +155,8 @@ void writeSlide(const Message &message, const Slide &slide, JsonWriter *json)
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
         writeObject(message.body, *slide.getMediaObject(i), json);
     json->endArray();
-    json->member("pageColor", ModelText::colour(slide.getPageColor()));
-    json->member("textColor", ModelText::colour(slide.getTextColor()));
+    json->member("pageColor", ModelText::color(slide.getPageColor()));
+    json->member("textColor", ModelText::color(slide.getTextColor()));
     json->member("textSize", slide.getTextSize());
     json->endObject();
 }
@@ -188,7 +178,7 @@ void writeRootLayout(const MMS_COMP_SMILRootLayout &root, JsonWriter *json)
 {
     json->key("rootLayout");
     json->beginObject();
-    json->member("color", ModelText::colour(*root.getBackgroundColor()));
+    json->member("color", ModelText::color(*root.getBackgroundColor()));
     json->member("height", root.getHeight());
     json->member("width", root.getWidth());
     json->endObject();

@@ -30,10 +30,10 @@ struct DateRow
     std::optional<qint64> seconds;
 };
 
-struct ColourRow
+struct ColorRow
 {
     const char *text;
-    const char *rgb; ///< null for no colour
+    const char *rgb; ///< null for no color
 };
 
 struct LocationRow
@@ -167,7 +167,7 @@ TEST(ComposeValues, ReadsDatesThatTheWireFormatHolds)
 
 TEST(ComposeValues, TakesSixteenNamesAndSixDigits)
 {
-    const ColourRow rows[] = {
+    const ColorRow rows[] = {
         {"aqua", "#00ffff"},    {"black", "#000000"},   {"blue", "#0000ff"},
         {"fuchsia", "#ff00ff"}, {"gray", "#808080"},    {"green", "#008000"},
         {"lime", "#00ff00"},    {"maroon", "#800000"},  {"navy", "#000080"},
@@ -177,9 +177,9 @@ TEST(ComposeValues, TakesSixteenNamesAndSixDigits)
         {"#+1+2+3", nullptr},   {"123456", nullptr},    {"Navy", nullptr},
         {"beige", nullptr},     {"", nullptr},          {"rgb(1,2,3)", nullptr},
     };
-    for (const ColourRow &row : rows) {
+    for (const ColorRow &row : rows) {
         SCOPED_TRACE(row.text);
-        const auto found = colour(QString::fromUtf8(row.text));
+        const auto found = color(QString::fromUtf8(row.text));
         ASSERT_EQ(found.has_value(), row.rgb != nullptr);
         if (found) {
             EXPECT_EQ(found->color.name(), QLatin1String(row.rgb));

@@ -31,7 +31,7 @@ const FitRow fitRows[] = {
     {"slice", {80, 160}, {20, 30, 20, 40}, {40, 30, 20, 40}},
 };
 
-// Made larger or smaller, the two colours run into each other where they meet.
+// Made larger or smaller, the two colors run into each other where they meet.
 void expectNear(const QRect &actual, const QRect &expected, int tolerance = 1)
 {
     EXPECT_EQ(actual.isEmpty(), expected.isEmpty());
@@ -85,8 +85,8 @@ TEST(RenderPicture, FitsItsRegionAsTheRegionSays)
         SCOPED_TRACE(std::string(row.fit) + ' ' + testing::PrintToString(row.picture));
         const OneObject made(SMIL_MEDIA_IMAGE, redAndBlue(row.picture), {20, 30, 40, 40}, row.fit);
         const QImage page = pageOf(made.picture());
-        expectNear(boundsOfColour(page, Red), row.red);
-        expectNear(boundsOfColour(page, Blue), row.blue);
+        expectNear(boundsOfColor(page, Red), row.red);
+        expectNear(boundsOfColor(page, Blue), row.blue);
         EXPECT_EQ(boundsOfDrawing(page), row.red | row.blue);
     }
 }
@@ -96,8 +96,8 @@ TEST(RenderPicture, IsCutWhereItsRegionLeavesThePage)
     const OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({80, 80}), {80, 130, 80, 80}, "fill");
     const QImage page = pageOf(made.picture());
     EXPECT_EQ(boundsOfDrawing(page), QRect(80, 130, 40, 30));
-    expectNear(boundsOfColour(page, Red), QRect(80, 130, 40, 30));
-    EXPECT_TRUE(boundsOfColour(page, Blue).isEmpty());
+    expectNear(boundsOfColor(page, Red), QRect(80, 130, 40, 30));
+    EXPECT_TRUE(boundsOfColor(page, Blue).isEmpty());
 }
 
 TEST(RenderPicture, ThinPictureFillsAWideRegionThatCutsIt)
@@ -124,14 +124,14 @@ TEST(RenderPicture, TakesAsManyPixelsAsTheScaleSays)
 {
     const OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({40, 40}));
     for (int scale = 1; scale <= LargestScale; ++scale)
-        expectNear(boundsOfColour(made.picture(scale), Red),
+        expectNear(boundsOfColor(made.picture(scale), Red),
                    QRect(20 * scale, 30 * scale, 20 * scale, 40 * scale), scale);
 }
 
 TEST(RenderPicture, FirstOfAnAnimationIsShown)
 {
     const OneObject made(SMIL_MEDIA_IMAGE, animation(), {20, 30, 40, 40}, "fill");
-    EXPECT_EQ(boundsOfColour(made.picture(), Red), QRect(20, 30, 40, 40));
+    EXPECT_EQ(boundsOfColor(made.picture(), Red), QRect(20, 30, 40, 40));
 }
 
 TEST(RenderPicture, RegionWithoutBoundsIsDrawnAsFarAsThePageReaches)
@@ -139,7 +139,7 @@ TEST(RenderPicture, RegionWithoutBoundsIsDrawnAsFarAsThePageReaches)
     for (const char *fit : {"hidden", "meet", "slice", "fill", "scroll"}) {
         SCOPED_TRACE(fit);
         const OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({40, 40}), {0, 0, 3e38, 3e38}, fit);
-        EXPECT_EQ(boundsOfColour(made.picture(), Red).topLeft(), QPoint(0, 0));
+        EXPECT_EQ(boundsOfColor(made.picture(), Red).topLeft(), QPoint(0, 0));
         const OneObject thin(SMIL_MEDIA_IMAGE, redAndBlue({40, 40}), {0, 0, 1e-38, 3e38}, fit);
         EXPECT_FALSE(thin.picture().isNull());
     }

@@ -71,15 +71,15 @@ TEST(RenderSlide, IsNullWhenThereIsNoSuchSlide)
     EXPECT_TRUE(renderSlide(message, 1, 1).isNull());
 }
 
-TEST(RenderSlide, HasTheColourOfTheSlideOrElseOfTheRootLayout)
+TEST(RenderSlide, HasTheColorOfTheSlideOrElseOfTheRootLayout)
 {
     for (const PaperRow &row : paperRows) {
         SCOPED_TRACE(std::string(row.slide) + '/' + row.root);
         Message message;
-        message.slides.appendSlide(3000u)->setPageColor(colour(row.slide));
+        message.slides.appendSlide(3000u)->setPageColor(color(row.slide));
         message.slides.setRootLayout(120, 160)->setBackgroundColor(QString::fromLatin1(row.root));
         const QImage page = pageOf(renderSlide(message, 0, 1));
-        EXPECT_EQ(boundsOfColour(page, row.paper), page.rect());
+        EXPECT_EQ(boundsOfColor(page, row.paper), page.rect());
     }
 }
 
@@ -180,7 +180,7 @@ TEST(RenderSlide, VideoIsAFrameWithAPlaySignAndItsName)
     EXPECT_TRUE(QRect(0, 40, 120, 80).contains(drawn)) << testing::PrintToString(drawn);
     EXPECT_GT(drawn.width(), 100);
     const QRect middle(40, 55, 40, 40);
-    EXPECT_FALSE(boundsOfColour(page.copy(middle), White).isEmpty());
+    EXPECT_FALSE(boundsOfColor(page.copy(middle), White).isEmpty());
     made.object->setSrc(QStringLiteral("other"));
     EXPECT_NE(pageOf(made.picture()), page);
     EXPECT_EQ(pageOf(made.picture()).copy(middle), page.copy(middle));

@@ -9,10 +9,10 @@
 
 namespace {
 
-QImage picture(const QSize &size, QRgb colour)
+QImage picture(const QSize &size, QRgb color)
 {
     QImage image(size, QImage::Format_RGB32);
-    image.fill(colour);
+    image.fill(color);
     return image;
 }
 
@@ -34,8 +34,8 @@ TEST(ContactSheet, ShowsEverySlideWhole)
     slides[1] = picture({100, 120}, Red);
     slides[5] = picture({80, 90}, Blue);
     const QImage sheet = contactSheet(slides);
-    const QRect second = boundsOfColour(sheet, Red);
-    const QRect sixth = boundsOfColour(sheet, Blue);
+    const QRect second = boundsOfColor(sheet, Red);
+    const QRect sixth = boundsOfColor(sheet, Blue);
     EXPECT_EQ(second.size(), QSize(100, 120));
     EXPECT_EQ(sixth.size(), QSize(80, 90));
     EXPECT_EQ(sixth.left(), second.left());

@@ -74,11 +74,11 @@ struct OneObject
     QImage picture(int scale = 1) const { return renderSlide(message, 0, scale); }
 };
 
-inline MMS_COMP_COLOR colour(const char *text)
+inline MMS_COMP_COLOR color(const char *text)
 {
-    MMS_COMP_COLOR colour;
-    MMS_COMP_SMILParser::parseColor(QString::fromLatin1(text), colour);
-    return colour;
+    MMS_COMP_COLOR color;
+    MMS_COMP_SMILParser::parseColor(QString::fromLatin1(text), color);
+    return color;
 }
 
 inline QByteArray png(const QImage &image)
@@ -132,9 +132,9 @@ QRect boundsOf(const QImage &image, Predicate fits)
     return bounds;
 }
 
-inline QRect boundsOfColour(const QImage &image, QRgb colour)
+inline QRect boundsOfColor(const QImage &image, QRgb color)
 {
-    return boundsOf(image, [colour](QRgb pixel) { return isNear(pixel, colour); });
+    return boundsOf(image, [color](QRgb pixel) { return isNear(pixel, color); });
 }
 
 /// The bounds of what is drawn on @p page, which is white.

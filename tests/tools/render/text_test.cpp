@@ -1,5 +1,5 @@
 /*
- * Texts on the page: in their colour, inside their region, in every script, and no longer than
+ * Texts on the page: in their color, inside their region, in every script, and no longer than
  * there is room.
  */
 #include "render/text.h"
@@ -101,22 +101,22 @@ TEST(ShownText, IsCutWhenNoPageHasRoomForIt)
     EXPECT_EQ(shownText(part).size(), 10000);
 }
 
-TEST(RenderText, IsDrawnInItsColourInsideItsRegion)
+TEST(RenderText, IsDrawnInItsColorInsideItsRegion)
 {
     OneObject made = textObject(QStringLiteral("WWW WWW WWW WWW"));
-    made.slide->setTextColor(colour("red"));
+    made.slide->setTextColor(color("red"));
     const QRect drawn = boundsOfDrawing(pageOf(made.picture()));
     EXPECT_TRUE(Region.contains(drawn)) << testing::PrintToString(drawn);
     EXPECT_GT(drawn.width(), Region.width() / 2);
-    EXPECT_FALSE(boundsOfColour(pageOf(made.picture(4)), Red).isEmpty());
+    EXPECT_FALSE(boundsOfColor(pageOf(made.picture(4)), Red).isEmpty());
 }
 
-TEST(RenderText, WithoutAColourIsSeenOnAnyPage)
+TEST(RenderText, WithoutAColorIsSeenOnAnyPage)
 {
     OneObject made = textObject(QStringLiteral("WWW"));
-    EXPECT_FALSE(boundsOfColour(pageOf(made.picture(4)), qRgb(0, 0, 0)).isEmpty());
-    made.slide->setPageColor(colour("navy"));
-    EXPECT_FALSE(boundsOfColour(pageOf(made.picture(4)), White).isEmpty());
+    EXPECT_FALSE(boundsOfColor(pageOf(made.picture(4)), qRgb(0, 0, 0)).isEmpty());
+    made.slide->setPageColor(color("navy"));
+    EXPECT_FALSE(boundsOfColor(pageOf(made.picture(4)), White).isEmpty());
 }
 
 TEST(RenderText, HasThreeSizes)
