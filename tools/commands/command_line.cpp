@@ -56,7 +56,7 @@ QString missing(const QCommandLineParser &parser, const Description &description
     return QString::fromLatin1(description.arguments[given].name).remove(QLatin1String("..."));
 }
 
-// The first argument for which there is no use.
+// The first argument that is one too many.
 std::optional<QString> superfluous(const QStringList &given, const QList<Argument> &wanted)
 {
     const bool takesMore = !wanted.isEmpty() && mayRepeat(wanted.last());
@@ -65,7 +65,7 @@ std::optional<QString> superfluous(const QStringList &given, const QList<Argumen
     return given[wanted.size()];
 }
 
-// The first mistake in the arguments, or nothing.
+// Describes the first mistake in the arguments, or nothing.
 QString mistake(const QCommandLineParser &parser, const Description &description, bool understood)
 {
     if (!parser.unknownOptionNames().isEmpty())
@@ -80,12 +80,12 @@ QString mistake(const QCommandLineParser &parser, const Description &description
     return QString();
 }
 
-// An option whose value is none of the numbers that it takes, or nothing.
+// Says which option has a value that is none of its numbers, or nothing.
 QString wrongNumber(const QCommandLineParser &parser, const Description &description)
 {
     for (const Option &option : allOptions(description)) {
         const QString name = QString::fromLatin1(option.name);
-        const int number = parser.value(name).toInt(); // 0 for what is none
+        const int number = parser.value(name).toInt(); // 0 when it is no number
         if (option.isNumber() && (number < 1 || number > option.numbers.most))
             return dashed(name) + QLatin1Char(' ') + parser.value(name)
                 + QStringLiteral(": a number from 1 to %1 is expected").arg(option.numbers.most);

@@ -44,7 +44,7 @@ Outcome apply(const ComposeOption &option, const QString &value, Composer *compo
     return outcome;
 }
 
-// Applies the options for which @p isWanted in the order in which they were given.
+// Applies the options for which @p isWanted is true, in their order on the command line.
 template <typename Predicate>
 Outcome applyAll(const QCommandLineParser &parser, Composer *composer, Predicate isWanted)
 {

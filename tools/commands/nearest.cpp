@@ -7,9 +7,9 @@
 
 namespace {
 
-constexpr qsizetype MostChanges = 2; // letters of which a word may lack one, or have another
+constexpr qsizetype MostChanges = 2; // in letters, as changesBetween() counts them
 
-// Letters to add, remove or replace (Levenshtein), one row of the table at a time.
+// Letters to add, remove or replace (Levenshtein), computed row by row.
 qsizetype changesBetween(const QString &from, const QString &to)
 {
     QList<qsizetype> changes(to.size() + 1);

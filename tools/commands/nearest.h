@@ -1,10 +1,10 @@
 /*
- * What somebody who mistyped a word may have meant.
+ * Suggests a known word for a mistyped one.
  */
 #pragma once
 
 #include <QString>
 #include <QStringList>
 
-/// The one of @p words that is the fewest letters away from @p word, if it is close; else "".
+/// The one of @p words that differs from @p word in the fewest letters; "" when none is close.
 QString nearest(const QString &word, const QStringList &words);

@@ -25,7 +25,7 @@ ShownFile showFile(const QString &fileName, bool json)
     return shown;
 }
 
-/// Prints files and counts how it went.
+/// Prints files and counts them by their result.
 class Printer
 {
 public:
@@ -43,7 +43,7 @@ public:
         m_progress.step();
     }
 
-    /// Prints how many there were of each kind. Returns the exit code.
+    /// Prints how many files were decoded, refused and not readable. Returns the exit code.
     int finish() const
     {
         m_progress.hide();

@@ -13,7 +13,7 @@ using namespace CommandLine;
 
 namespace {
 
-// On a terminal makes all visible except line feeds; elsewhere the text stays as it is.
+// For a terminal, makes everything visible except line feeds.
 QString visibleLines(const QString &text)
 {
     if (!isatty(STDOUT_FILENO))

@@ -24,8 +24,8 @@ struct MediaKind
     MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE element;
     const char *tag;
     const char *type;
-    const char *place; ///< what a slide has when there is no room
-    const char *option; ///< of the command, for a file
+    const char *place; ///< what a slide already has when it takes no more
+    const char *option; ///< option of the command that takes such a file
 };
 
 constexpr std::array mediaKinds{
@@ -181,7 +181,7 @@ Outcome Composer::addMedia(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString 
     return place(kind, fileName, subtype, octets);
 }
 
-// Reads a file as far as it can be sent.
+// Reads no more of a file than a message may have.
 Outcome Composer::read(const QString &fileName, QByteArray *octets)
 {
     QFile file(fileName);

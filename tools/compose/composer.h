@@ -1,5 +1,5 @@
 /*
- * Making a message to send, an m-send-req, out of texts and files.
+ * Builds a message to send, an m-send-req, from texts and files.
  */
 #pragma once
 
@@ -15,30 +15,30 @@
 struct Problem
 {
     enum Kind {
-        Value, ///< of an option; the text says what is expected
+        Value, ///< the value of an option is wrong; the text says what is expected
         Usage,
-        File, ///< cannot be read
-        Content, ///< refused
+        File, ///< a file cannot be read
+        Content, ///< the content is refused
     };
     Kind kind;
     QString text;
 };
 
-/// What came of a step: nothing, or why it failed.
+/// The result of a step: nothing, or the reason why it failed.
 using Outcome = std::optional<Problem>;
 
 /**
- * A message in the making. Header fields are set in the header itself; slides and attachments come
- * in their order. After a step that failed there is nothing to go on with.
+ * A message that is being built. Callers set header fields in the header itself, and add slides and
+ * attachments in their order. After a failed step the composer cannot be used any more.
  */
 class Composer
 {
 public:
-    /// A message of this moment with a transaction id of its own.
+    /// A message with the current date and a new transaction id.
     Composer();
 
     MMS_UA_UAMsg &header() { return m_message.header; }
-    /// The most octets that the message may have, in units of 1,024; to be set before files are
+    /// Limits the size of the message, in units of 1,024 octets. To be called before files are
     /// added.
     void setLimit(int kilobytes) { m_limit = qint64(kilobytes) * 1024; }
 
@@ -47,22 +47,22 @@ public:
     void addSlide();
     int slideCount() const { return int(m_message.slides.getTotalSlidesNum()); }
 
-    /// These act on the last slide, of which there has to be one.
+    /// These act on the last slide. There must be one.
     Outcome addText(const QString &text);
     Outcome addTextFile(const QString &fileName);
     Outcome addMedia(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString &fileName);
     MMS_COMP_SMILTimingContainer &slide();
-    /// In place of what plays, or of the default duration.
+    /// Replaces the duration of the media and the default one.
     void setDuration(int milliseconds) { m_wishes.last().duration = milliseconds; }
     void setTextAbovePicture(bool above) { m_wishes.last().textAbovePicture = above; }
 
-    /// Encodes the message, which then cannot be changed any more, and reads it back to be sure.
+    /// Encodes the message and checks that it decodes again. It cannot be changed after that.
     Outcome finish();
     const QByteArray &pdu() const { return m_message.octets; }
     int partCount() const { return m_message.body.getPartCount(); }
 
 private:
-    /// What has to wait until a slide has all its media.
+    /// Settings that apply once a slide has all its media.
     struct SlideWishes
     {
         std::optional<int> duration;
@@ -80,5 +80,5 @@ private:
     Message m_message;
     QList<SlideWishes> m_wishes; ///< one for each slide
     qint64 m_limit;
-    qint64 m_read = 0; ///< octets of all files
+    qint64 m_read = 0; ///< octets of all files so far
 };

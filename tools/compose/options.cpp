@@ -15,7 +15,7 @@ using Words = std::span<const char *const>;
 
 constexpr int LargestLimit = 100 * 1024; // kilobytes
 
-// Classes and priorities stand at their numbers, which start at 128.
+// Each class and priority stands at its number minus 128.
 constexpr std::array classes{"personal", "advertisement", "informational", "auto"};
 constexpr std::array priorities{"low", "normal", "high"};
 constexpr std::array textSizes{"small", "normal", "large"};
@@ -43,7 +43,7 @@ Problem expectedOneOf(Words words)
     return expected(text.constData());
 }
 
-// The place of @p text among the words, or their count.
+// The index of @p text in @p words, or their number when it is not there.
 ptrdiff_t indexOf(Words words, const QString &text)
 {
     return std::ranges::find_if(words,
@@ -216,7 +216,7 @@ constexpr ComposeOption options[] = {
      setFlag<DeliveryReport, &Msg::setDeliveryReport, true>},
     {"read-reply", nullptr, "ask for read reports", Fields,
      setFlag<ReadReply, &Msg::setReadReply, true>},
-    // The flag is written as Show when it is set.
+    // The encoder writes Show when the flag is set.
     {"hide-sender", nullptr, "do not show the sender's address to the recipients", Fields,
      setFlag<SenderVisibility, &Msg::setSenderVisibility, false>},
     {"transaction-id", "ID", "id of the transaction; a new one when it is not given", Fields,

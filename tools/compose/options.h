@@ -1,5 +1,5 @@
 /*
- * The options of `qvlmms compose`: one table of which there are, what they mean and what they do.
+ * The options of `qvlmms compose`: one table of their names, their help and their effects.
  */
 #pragma once
 
@@ -11,27 +11,27 @@
 struct ComposeOption
 {
     enum Group {
-        Fields, ///< of the header; what they set holds for all content
-        Content, ///< acts in its place
-        OfSlide, ///< the same, on the slide begun last
+        Fields, ///< sets a header field, wherever it stands
+        Content, ///< adds content, in the order of the options
+        OfSlide, ///< changes the last slide so far
     };
 
     const char *name;
-    const char *value; ///< what stands for its value in the help; null when it has none
+    const char *value; ///< name of its value in the help; null when it has none
     const char *help;
     Group group;
     Outcome (*apply)(Composer &composer, const QString &value);
 };
 
-/// What several options take in the same form.
+/// A value that several options take in the same form.
 struct ComposeValue
 {
-    const char *name; ///< what stands for it in the help
-    const char *expected; ///< its form
+    const char *name; ///< its name in the help
+    const char *expected; ///< its form, in words
 };
 
-/// All of them in the order of the help, each group together.
+/// All options in the order of the help, group by group.
 std::span<const ComposeOption> composeOptions();
 
-/// The values that the help explains by themselves.
+/// The values that have a line of their own in the help.
 std::span<const ComposeValue> composeValues();

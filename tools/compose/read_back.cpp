@@ -11,7 +11,7 @@ namespace {
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
-// Fields that the decoder does not give back as they were set.
+// The decoder changes the values of these fields.
 bool changesOnTheWay(const QString &field)
 {
     constexpr std::array names{"Content-Type", "Date", "Expiry", "Sender-Visibility"};
@@ -19,7 +19,7 @@ bool changesOnTheWay(const QString &field)
                                [&](const char *name) { return field == QLatin1String(name); });
 }
 
-// The decoder leaves the end of a text that begins with a character outside of ASCII in it.
+// The decoder keeps the terminator of a text that begins with a non-ASCII character.
 QString withoutZero(QString text)
 {
     return text.remove(QChar::Null);

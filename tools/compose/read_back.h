@@ -1,5 +1,5 @@
 /*
- * Whether a message that was encoded decodes to what was put into it.
+ * Checks that an encoded message decodes to the same message.
  */
 #pragma once
 
@@ -8,7 +8,7 @@
 struct Message;
 
 /**
- * Names a field, part or other content of @p sent that decoding its octets gives differently. ""
- * when all is the same.
+ * Decodes the octets of @p sent and names the first field or part that differs. "" when all is the
+ * same.
  */
 QString whatChanges(const Message &sent);

@@ -47,7 +47,7 @@ std::optional<int> ComposeValues::milliseconds(const QString &text)
     bool isNumber = false;
     std::ignore = text.toDouble(&isNumber); // the value is read below, with a unit
     MMS_COMP_SMIL_TIME time;
-    // A duration that is not understood counts as five seconds, a time as invalid.
+    // parseDur() returns five seconds for what it does not understand; parseTime() says so.
     MMS_COMP_SMILParser::parseTime(isNumber ? text + QLatin1Char('s') : text, &time);
     if (time.timeType != SMIL_TIME_OFFSET || time.timeValue < 1)
         return std::nullopt;
@@ -57,7 +57,7 @@ std::optional<int> ComposeValues::milliseconds(const QString &text)
 std::optional<QDateTime> ComposeValues::dateTime(const QString &text)
 {
     const QDateTime time = QDateTime::fromString(text, Qt::ISODate).toLocalTime();
-    // Later seconds would be written as another date.
+    // The wire format would hold later seconds as another date.
     if (!time.isValid() || time.toSecsSinceEpoch() < 0 || time.toSecsSinceEpoch() > LargestInt)
         return std::nullopt;
     return time;
@@ -65,7 +65,7 @@ std::optional<QDateTime> ComposeValues::dateTime(const QString &text)
 
 std::optional<MMS_COMP_COLOR> ComposeValues::color(const QString &text)
 {
-    // "#fff" is a color to the library as well, but nearly black.
+    // The library also reads "#fff", but as nearly black.
     static const QRegularExpression sixDigits(QStringLiteral("\\A#[0-9A-Fa-f]{6}\\z"));
     MMS_COMP_COLOR color;
     MMS_COMP_SMILParser::parseColor(text, color);
@@ -76,9 +76,9 @@ std::optional<MMS_COMP_COLOR> ComposeValues::color(const QString &text)
 
 QString ComposeValues::locationFor(const QString &fileName)
 {
-    // Long names are cut without regard to characters of two code units, so there must be none.
+    // The library may shorten a name in the middle of a surrogate pair, so there must be none.
     static const QRegularExpression unfit(
         QStringLiteral("[&<>\"\\x00-\\x1F\\x7F-\\x9F\\x{FFFE}-\\x{10FFFF}]"));
-    // The blanks around a value are not kept.
+    // SMIL readers drop blanks around a value.
     return MMS_COMP_Util::stripePath(fileName).replace(unfit, QStringLiteral("_")).trimmed();
 }

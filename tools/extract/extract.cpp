@@ -41,7 +41,7 @@ bool exists(const QString &path)
     return info.exists() || info.isSymbolicLink();
 }
 
-// Opens a file that was not there before. Creating it is what tells whether its name is free.
+// Opens a file that did not exist before. Only creating it shows that its name is free.
 bool createNew(const QDir &directory, const QString &name, QFile *file)
 {
     for (int number = 0; number < MostTries; ++number) {

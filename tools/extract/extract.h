@@ -1,5 +1,5 @@
 /*
- * Writing the parts of a message to files, under names that cannot do harm.
+ * Writes the parts of a message to files, under harmless names.
  */
 #pragma once
 
@@ -9,16 +9,16 @@
 struct Message;
 
 /**
- * A file name for a part with the location @p location: its last component, without characters that
- * are not visible, never hidden, empty or longer than a file system takes. @p fallback stands in
- * for a location that leaves nothing.
+ * A file name for a part with the location @p location: its last component without invisible
+ * characters. The name is never hidden, and no longer than a file system takes. @p fallback is the
+ * name when nothing is left of the location.
  */
 QString safeFileName(const QString &location, const QString &fallback);
 
 /**
- * Writes every part of @p message to a new file in the folder @p directory. A name that is taken,
- * by a file that was there before or by another part, gets a number. Adds a line to @p report for
- * each part; false, with the reason in @p error, when one cannot be written.
+ * Writes every part of @p message to a new file in the folder @p directory. Adds a number to the
+ * name when a file of that name exists. Adds a line to @p report for each part. False, with the
+ * reason in @p error, when a file cannot be written.
  */
 bool extractParts(const Message &message, const QString &directory, QStringList *report,
                   QString *error);

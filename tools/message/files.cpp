@@ -8,7 +8,7 @@
 
 namespace {
 
-// Writing the file would replace a device or a folder of its name.
+// A written file must not replace a device or a folder.
 bool isReplaceable(const QFileInfo &info)
 {
     return !info.exists() || info.isFile();

@@ -1,6 +1,5 @@
 /*
- * The files that the command reads and writes, what a user gets to know when that fails, and their
- * names.
+ * Reads, writes and names the files of the command, and explains failures to the user.
  */
 #pragma once
 

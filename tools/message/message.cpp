@@ -46,7 +46,7 @@ void decode(Message *message)
     }
 }
 
-// A PDU begins with its message type, whose code no text begins with.
+// A PDU begins with the code of Message-Type. No text begins with that octet.
 bool isPdu(const QByteArray &octets)
 {
     return octets.startsWith(char(HeaderFieldCode::MessageType | 0x80));
@@ -66,7 +66,7 @@ void addPart(MMS_COMP_SMILMultipart *body, const QString &location)
     body->appendBodypart(part.release());
 }
 
-// Read once to learn whether it is a document at all, and again with its media in place.
+// Reads twice: to check that it is a document, and again after its media have parts.
 void readDocument(Message *message)
 {
     MMS_COMP_SMILParser parser;

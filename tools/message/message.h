@@ -1,5 +1,5 @@
 /*
- * One message as the command sees it: the octets of a file, decoded as far as they go.
+ * One message of the command: the octets of a file, decoded up to the first error.
  */
 #pragma once
 
@@ -11,7 +11,7 @@
 #include <memory>
 #include <optional>
 
-/// A decoded PDU. What was decoded before a failure is there.
+/// A decoded PDU. After a failure it has the content that was decoded before.
 struct Message
 {
     QString fileName; ///< as on the command line
@@ -23,7 +23,7 @@ struct Message
     QByteArray smil; ///< text of the SMIL part
     MMS_COMP_SMILData slides{&body};
     std::optional<int> smilResult; ///< nothing when there is no SMIL part
-    bool slidesAreMade = false; ///< of the parts, because there is no SMIL part
+    bool slidesAreMade = false; ///< generated from the parts, because there is no SMIL part
 
     bool isRefused() const
     {
@@ -38,16 +38,16 @@ struct Message
 std::unique_ptr<Message> decodeMessage(const QByteArray &octets);
 
 /**
- * Reads and decodes the file @p fileName, or standard input for "-". Null when it cannot be read;
- * @p error then says why.
+ * Reads and decodes the file @p fileName, or standard input for "-". Null, with the reason in
+ * @p error, when it cannot be read.
  */
 std::unique_ptr<Message> readMessage(const QString &fileName, QString *error);
 
 /**
- * Reads a message as readMessage() does, or a SMIL document by itself, whose media count as being
- * there: for every location that it refers to the message gets an empty part.
+ * Reads a message as readMessage() does, or a SMIL document without a message. For a document the
+ * message gets an empty part for every location that the document refers to.
  */
 std::unique_ptr<Message> readMessageOrDocument(const QString &fileName, QString *error);
 
-/// Why what is in the file cannot be a message at all; "" when it begins as one does.
+/// Why the file cannot be a message at all; "" when it begins like one.
 QString whyNoMessage(const Message &message);

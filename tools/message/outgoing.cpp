@@ -8,9 +8,9 @@ namespace {
 
 using Slide = MMS_COMP_SMILTimingContainer;
 
-// When slides are written, the root layout's color takes the place of their own, and as it is
-// none, every object loses its first param with the page color. So there is a second one, behind
-// the other params as it will be again when the text is read.
+// The writer replaces the colors of slides by that of the root layout. As that is none, every
+// object loses its first param with the page color. So this function adds a second one, after the
+// other params: the reader puts it there too.
 void keepPageColor(Slide *slide)
 {
     if (!slide->getPageColor().isUsable())
@@ -25,8 +25,8 @@ void keepPageColor(Slide *slide)
     }
 }
 
-// A root layout with a color is written as text that does not read back. Slides show the same in
-// their own colors, and its color would take their place anyway.
+// The writer's text for a root layout with a color cannot be read again. Page colors of the slides
+// look the same, and the writer would replace them by the root layout's color anyway.
 void moveRootColorToSlides(MMS_COMP_SMILData *slides)
 {
     MMS_COMP_SMILRootLayout *root = slides->getRootLayout();
@@ -62,5 +62,5 @@ QByteArray Outgoing::pduOf(Message *message)
 {
     const QByteArray body =
         MMS_COMP_SMILMultipartParser::assembleBody(&message->body, &message->header);
-    return encodedHeader(&message->header) + body; // whose content type was settled with the body
+    return encodedHeader(&message->header) + body; // encoding the body has set the content type
 }

@@ -9,7 +9,7 @@ namespace {
 // The library refuses deeper documents. Its own constant is not public.
 constexpr int DeepestNesting = 256;
 
-// Where @p reader stands in a document of which it does not read the text @p before.
+// The place of @p reader in a document that has the text @p before in front of what it reads.
 QString placeOf(const QXmlStreamReader &reader, QStringView before)
 {
     const bool isFirstLine = reader.lineNumber() == 1;

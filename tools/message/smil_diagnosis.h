@@ -8,7 +8,7 @@
 #include <QString>
 
 /**
- * Where and why @p smil is not well-formed, such as "line 3, column 7: ..."; "" when it is, or when
- * that takes expanding the entities and attributes that it declares. Never takes long.
+ * Where and why @p smil is not well-formed, such as "line 3, column 7: ..."; "" when it is. Also ""
+ * when it declares entities or attributes, because expanding those may take long.
  */
 QString whyNotWellFormed(const QByteArray &smil);

@@ -33,7 +33,7 @@ bool isFinite(const Region &region)
         && std::isfinite(region.getWidth()) && std::isfinite(region.getHeight());
 }
 
-// As it is numbered: a layout in per cent keeps the numbers of the handset's own regions.
+// Compares numbers without their unit: a layout in percent keeps those of the handset's regions.
 bool isHandsetRegion(const Region &region)
 {
     const QRectF numbers(double(region.getLeft()), double(region.getTop()),
@@ -51,7 +51,7 @@ QRectF areaOf(const MMS_COMP_SMILData &slides, const Region &region)
                   double(region.getHeight()) * unit.height());
 }
 
-// Null for an object without a region whose numbers can be used.
+// Null when the object has no region, or one with numbers that are not finite.
 const Region *regionOf(const MMS_COMP_SMILData &slides, const Object &object)
 {
     const Region *region = findRegion(slides, object.getRegionId());

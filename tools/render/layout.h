@@ -1,9 +1,9 @@
 /*
- * Where the media of a slide stand on the page. All numbers are handset pixels.
+ * Places the media of a slide on the page. All numbers are handset pixels.
  *
- * In the handset's own layout the text and the image region are each as large as the page, and what
- * stands in them shares the page in the order of the slide: a text behind its picture is shown below
- * it. Regions that a message kept as its sender drew them are taken as they are.
+ * In the handset's own layout the text region and the image region are each as large as the page,
+ * so the media share the page in the order of the slide: a text after its picture is shown below
+ * it. Regions of a sender's own layout keep their places.
  */
 #pragma once
 
@@ -19,15 +19,15 @@ struct PlacedObject
     const MMS_COMP_SMILMediaObject *object;
     QRectF area; ///< may reach beyond the page
     MMS_COMP_SMIL_REGION_FIT fit;
-    bool sharesPage; ///< it stands in no region of the sender's
+    bool sharesPage; ///< false when it has a region of the sender's own layout
 };
 
-/// Size of the page: the root layout's where that has one, within reason.
+/// Size of the page: that of the root layout if it has one, within limits.
 QSize pageSize(const MMS_COMP_SMILData &slides);
 
-/// How many times as large as on the handset's own page things are on a page of the size @p page.
+/// Scale of a page of the size @p page in relation to the handset's own page; at least 1.
 double pageUnit(const QSize &page);
 
-/// Places @p objects, which are to be seen on one page.
+/// Places @p objects on one page.
 QList<PlacedObject> placeObjects(const MMS_COMP_SMILData &slides,
                                  const QList<const MMS_COMP_SMILMediaObject *> &objects);

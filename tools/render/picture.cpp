@@ -11,14 +11,14 @@ namespace {
 constexpr qint64 MostPicturePixels = 64'000'000;
 constexpr int LongestPictureSide = 2048; // pixels of a picture once it is decoded
 
-// What part of a picture is seen, and where.
+// The visible part of a picture, and its place.
 struct View
 {
     QRectF target; // on the page
     QRectF source; // in the picture's own pixels
 };
 
-// Drawings such as SVG are left out: how long they take cannot be told beforehand.
+// Excludes drawings such as SVG: nobody knows in advance how long they take.
 bool isPictureFormat(const QByteArray &format)
 {
     constexpr std::array<const char *, 6> formats{"bmp", "gif", "jpeg", "png", "wbmp", "webp"};
@@ -30,8 +30,8 @@ bool isWithin(const QSizeF &inner, const QSizeF &outer)
     return inner.width() <= outer.width() && inner.height() <= outer.height();
 }
 
-// Shown at its own size a picture for another phone's screen would lose its greater part on the
-// page, so there it is made smaller. A region of the sender's may be meant to cut it.
+// Scales down a picture that was made for a larger screen, which would otherwise lose most of
+// itself on the page. A region of the sender's own layout may crop it on purpose.
 MMS_COMP_SMIL_REGION_FIT fitOf(const PlacedObject &place, const QSizeF &size)
 {
     const bool keepsSize = place.fit == SMIL_REGION_FIT_HIDDEN
@@ -55,7 +55,7 @@ QSizeF sizeOnPage(const QSizeF &size, const PlacedObject &place)
     }
 }
 
-// Takes off what lies outside of @p area: it may reach farther than painters can count.
+// Crops @p view to @p area: coordinates outside may be too large for a painter.
 View clipped(const View &view, const QRectF &area)
 {
     const QRectF seen = view.target & area;
@@ -67,7 +67,7 @@ View clipped(const View &view, const QRectF &area)
                    seen.height() * down)};
 }
 
-// The image, made smaller where it has more pixels than are drawn: drawing it would leave some out.
+// Scales down an image with more pixels than are drawn: a painter would skip some of them.
 QImage reduced(const QImage &image, double across, double down)
 {
     const QSize size(std::max(int(image.width() * std::min(across, 1.0)), 1),

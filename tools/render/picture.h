@@ -1,6 +1,5 @@
 /*
- * Pictures of a slide: decoded within bounds, whatever their octets say, and fitted into the place
- * that they have.
+ * Pictures of a slide: decodes them within limits, and fits them into their places.
  */
 #pragma once
 
@@ -13,11 +12,11 @@
 /// A decoded picture.
 struct Picture
 {
-    QImage image; ///< null when it cannot be shown; smaller than the picture when that is huge
+    QImage image; ///< null when it cannot be shown; scaled down when the picture is huge
     QSizeF size; ///< of the picture, in its own pixels
 };
 
-/// The picture in @p part, the first one of an animation.
+/// Decodes the picture in @p part; of an animation, its first picture.
 Picture readPicture(const MMS_COMP_SMILMultipartBodypart &part);
 
 /// Draws @p picture at its place on a page of the size @p page.

@@ -34,7 +34,7 @@ constexpr QRgb VideoFrame = qRgb(0x20, 0x24, 0x2A);
 struct Style
 {
     QColor paper;
-    QColor ink; ///< to be seen on the paper
+    QColor ink; ///< contrasts with the paper
     QColor faintInk;
     QColor textInk;
     double textHeight;
@@ -55,7 +55,7 @@ QColor paperOf(const MMS_COMP_SMILData &slides, const Slide &slide)
                                                         : QColor(Qt::white);
 }
 
-// Handset pixels; "normal" where the slide says nothing, or nothing that is known.
+// Handset pixels; those of "normal" for every other text.
 double textHeight(const QString &size)
 {
     if (size.compare(QLatin1String("small"), Qt::CaseInsensitive) == 0)
@@ -115,7 +115,7 @@ void drawPlayTriangle(QPainter *painter, const QRectF &area)
                   sign.topLeft() + QPointF(sign.width() * 0.76, sign.height() * 0.5)});
 }
 
-// Small regions have no room for much of a margin.
+// Small regions get small margins.
 double marginIn(const QRectF &area, double wanted)
 {
     return std::min(wanted, std::min(area.width(), area.height()) / 8);

@@ -1,6 +1,5 @@
 /*
- * Slides as pictures: what the handset would show, and below the page what it would play and for
- * how long.
+ * Draws slides as the handset would show them, with a strip below for their sounds and durations.
  */
 #pragma once
 
@@ -10,20 +9,20 @@
 
 struct Message;
 
-/// Most picture pixels that one handset pixel takes.
+/// Most picture pixels, in each direction, for one handset pixel.
 constexpr int LargestScale = 8;
 
 /**
- * The slide at @p index, one handset pixel being @p scale picture pixels, or fewer where the page
- * is so large that the picture would be larger than any screen. Null when there is no such slide.
- * Needs a QGuiApplication.
+ * Draws the slide at @p index with @p scale picture pixels for one handset pixel, or fewer when the
+ * picture would be larger than any screen. Null when there is no such slide. Needs a
+ * QGuiApplication.
  */
 QImage renderSlide(const Message &message, unsigned int index, int scale);
 
 /**
  * Writes a picture of every slide of @p message, and of all of them together, to files in the
- * folder @p directory. Files of the same names are replaced. Adds a line to @p report for each
- * file; false, with the reason in @p error, when one cannot be written.
+ * folder @p directory. Replaces files of the same names. Adds a line to @p report for each file.
+ * False, with the reason in @p error, when a file cannot be written.
  */
 bool renderSlides(const Message &message, const QString &directory, int scale, QStringList *report,
                   QString *error);

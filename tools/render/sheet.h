@@ -1,5 +1,5 @@
 /*
- * Contact sheets: many slides in one picture.
+ * Contact sheets: each is one picture with many slides.
  */
 #pragma once
 
@@ -9,8 +9,8 @@
 /// Most slides on one sheet.
 constexpr int SlidesPerSheet = 100;
 
-/// The picture of a slide, made smaller when it is too large for a sheet.
+/// The picture of a slide, scaled down when it is too large for a sheet.
 QImage thumbnail(const QImage &slide);
 
-/// The thumbnails in rows, at their own size.
+/// Arranges the thumbnails in rows, at their own size.
 QImage contactSheet(const QList<QImage> &thumbnails);

@@ -37,7 +37,7 @@ QString durationText(int milliseconds)
         + QLatin1String(" s");
 }
 
-// An eighth note in a square, as a shape: not every font has one.
+// Draws an eighth note as a shape, because not every font has one.
 void drawNote(QPainter *painter, const QRectF &square)
 {
     const auto at = [&](double x, double y) {

@@ -1,5 +1,5 @@
 /*
- * The strip below the page of a slide, for what the page does not show.
+ * The strip below the page of a slide, with the facts that the page does not show.
  */
 #pragma once
 
@@ -8,9 +8,9 @@
 #include <QPainter>
 #include <QRectF>
 
-/// Height of the strip below a page on which things are @p unit times as large as on the handset's.
+/// Height of the strip below a page with the scale @p unit, see pageUnit().
 int stripHeight(double unit);
 
-/// Draws, from left to right, the slide's number, the names of its sounds, and how long it lasts.
+/// Draws, from left to right, the slide's number, the names of its sounds, and its duration.
 void drawStrip(QPainter *painter, QRectF area, double unit, unsigned int number,
                const MMS_COMP_SMILTimingContainer &slide);

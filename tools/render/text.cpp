@@ -12,7 +12,7 @@ namespace {
 constexpr qsizetype LongestText = 10000; // characters, more than any page has room for
 constexpr qsizetype LongestDrawnName = 200;
 
-// A received text is called UTF-8 whatever it is; one that is not comes from a phone that knew
+// The library calls every received text UTF-8. A text that is not comes from a phone that uses
 // Latin-1.
 QString decoded(const QByteArray &octets, const QString &charset)
 {
@@ -42,7 +42,7 @@ QTextOption textOptionFor(const QString &text)
     return option;
 }
 
-// Lays out one line after the other until one does not fit. How many do; the first always does.
+// Lays out lines until one does not fit. Returns the number of those that fit, at least 1.
 int layOutLines(QTextLayout *layout, const QSizeF &size)
 {
     int fitting = 0;

@@ -46,7 +46,7 @@ constexpr ValueName responseStatusNames[] = {{128, "ok"},
                                              {228, "error-permanent-message-not-found"},
                                              {229, "error-permanent-content-not-accepted"}};
 
-/// An octet and what the standard calls it, "" when it has no name for it.
+/// An octet and its name in the standard, "" when it has none.
 struct Named
 {
     unsigned char value;
@@ -83,7 +83,7 @@ QString textOf(const QString &text)
     return text;
 }
 
-// What is written as it is.
+// For values that JSON takes as they are.
 void write(const auto &value, JsonWriter *json)
 {
     json->value(value);
@@ -174,8 +174,8 @@ void write(const Recipients &recipients, JsonWriter *json)
     json->endArray();
 }
 
-// The record holds the local date as seconds from a day that does not exist; this is the way back.
-// Phones send relative times as well, which come out as dates of the first years after 1970.
+// The record holds the local date as seconds since a day that does not exist; this converts it
+// back. Phones also send relative times, which give dates in the first years after 1970.
 struct Expiry
 {
     explicit Expiry(int storedSeconds) : stored(storedSeconds)
@@ -247,7 +247,7 @@ QString version(unsigned char octet)
     return QStringLiteral("%1.%2").arg(octet >> 4).arg(octet & 0x0F);
 }
 
-// The flag is set by a field that says Hide.
+// The decoder sets the flag for Hide.
 QString visibility(bool hides)
 {
     return hides ? QStringLiteral("hide") : QStringLiteral("show");
@@ -264,7 +264,7 @@ struct FieldRow
     bool isIn(const Msg &header) const { return header.fieldsPresent(headerFieldMask(code)); }
 };
 
-// @p Getter gives a value for which there are textOf() and write().
+// @p Getter returns a value for which there are textOf() and write().
 template <typename Getter>
 constexpr FieldRow row(unsigned char code, Getter)
 {

@@ -13,10 +13,10 @@ class MMS_UA_UAMsg;
 struct FieldView
 {
     QString name; ///< name of the field, such as "Message-Class"
-    QString text; ///< value for a person; may hold anything that the message holds
+    QString text; ///< value for a person; may have characters that act on a terminal
 };
 
-/// The fields that are present, in the order in which the message had them.
+/// The fields that are present, in the order of the message.
 QList<FieldView> headerView(const MMS_UA_UAMsg &header);
 
 /// Writes the member "header", documented in docs/json.md.

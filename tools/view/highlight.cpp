@@ -9,7 +9,7 @@ namespace {
 
 struct Highlight
 {
-    QRegularExpression lines; // the first group of this expression is set off
+    QRegularExpression lines; // highlights the first group of this expression
     const char *attributes; // numbers of ECMA-48's SGR
 };
 
@@ -17,8 +17,8 @@ constexpr const char *Bold = "1";
 constexpr const char *Faint = "2";
 constexpr const char *BoldRed = "1;31";
 
-// The first that matches a line holds. Values from a message stand behind a name in their line, so
-// none of them is taken for one of these.
+// The first match in a line counts. Values from a message follow a name in their line, so none of
+// them matches.
 const QList<Highlight> &highlights()
 {
     static const QList<Highlight> rows{

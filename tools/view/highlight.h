@@ -1,6 +1,6 @@
 /*
- * Colors for what is shown on a terminal. The text is made without them, so that whether there are
- * any is one decision, taken where it is printed.
+ * Colors for text on a terminal. They are added when a text is printed, so that only the printing
+ * code decides whether to use any.
  */
 #pragma once
 
@@ -8,11 +8,11 @@
 
 #include <cstdio>
 
-/// Whether @p stream is a terminal that can do more than write one line below the other.
+/// Whether @p stream is a terminal that can do more than print lines.
 bool isCapableTerminal(FILE *stream);
 
-/// Whether it may get colors too: the variable NO_COLOR is not set, or empty.
+/// Whether @p stream is such a terminal and the user wants colors: NO_COLOR is unset or empty.
 bool takesColors(FILE *stream);
 
-/// Lines of messageText() with titles and refusals set off by control sequences.
+/// Lines of messageText(), with control sequences around titles and refusals.
 QString highlighted(const QString &text);

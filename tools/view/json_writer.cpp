@@ -64,7 +64,7 @@ QByteArray escaped(QStringView character)
 
 } // namespace
 
-// Nothing else ends in these characters: texts end in a quote.
+// Only an opening or a colon ends in these characters: texts end in a quote.
 void JsonWriter::separate()
 {
     const char last = m_json.empty() ? '[' : m_json.back();
@@ -110,7 +110,7 @@ void JsonWriter::value(QStringView text)
     m_json += '"';
 }
 
-// QJsonValue holds a whole number as an integer as far as it can.
+// QJsonValue stores a whole number as an integer when it fits.
 void JsonWriter::value(double number)
 {
     const QJsonValue held(number);

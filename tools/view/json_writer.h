@@ -1,6 +1,6 @@
 /*
- * JSON written from its first octet to its last, as QJsonDocument writes it in its compact form. Qt
- * makes a tree first, which took two thirds of the instructions for showing a message.
+ * Writes JSON in one pass, in the compact form of QJsonDocument. Qt builds a tree first, which took
+ * two thirds of the instructions for showing a message.
  */
 #pragma once
 
@@ -10,8 +10,8 @@
 #include <concepts>
 #include <string>
 
-/// Objects and arrays are begun and ended by the caller, who writes the keys in their order.
-/// Characters without a visible form are written as \uhex, see TerminalText.
+/// The caller begins and ends objects and arrays, and writes the keys in their order. Characters
+/// without a visible form become \uhex, see TerminalText.
 class JsonWriter
 {
 public:
@@ -35,14 +35,14 @@ public:
         value(content);
     }
 
-    /// What has been written.
+    /// The JSON so far.
     const std::string &json() const { return m_json; }
 
 private:
     void separate();
     void begin(char bracket);
     void element(QByteArrayView octets);
-    QStringView appendPlain(QStringView text); // up to what needs a look, which it returns
+    QStringView appendPlain(QStringView text); // returns the rest, from the first other character
 
     std::string m_json; // appending to a QByteArray is not inlined
 };

@@ -1,5 +1,5 @@
 /*
- * What is in a message, for a person and for a program.
+ * A message for a reader: as lines of text and as JSON.
  */
 #pragma once
 
@@ -8,10 +8,10 @@
 
 struct Message;
 
-/// The message as lines of text that a terminal can be given, each with its line feed.
+/// The message as lines of text, safe for a terminal, each with its line feed.
 QString messageText(const Message &message);
 
-/// Why the SMIL of the message was refused: code, meaning and, where that helps, line and column.
+/// Why the SMIL of the message was refused: code, meaning and, when it is malformed, the place.
 QString refusedSmilText(const Message &message);
 
 /// The message as a line of JSON, documented in docs/json.md.

@@ -11,7 +11,7 @@ namespace {
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
-// Each is named at its number.
+// Each name stands at its number.
 constexpr std::array mediaNames{"audio", "video", "text", "image", "ref"};
 constexpr std::array valueTypeNames{"data", "ref", "object"};
 

@@ -1,6 +1,6 @@
 /*
- * A presentation as text: one line for each thing in it, in one fixed form, for a person to read
- * and for tests to compare.
+ * A presentation as text: one line for each element, in one fixed form, for people to read and for
+ * tests to compare.
  */
 #pragma once
 

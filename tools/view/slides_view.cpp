@@ -30,7 +30,7 @@ QString firstLine(const Object &object)
     return text.section(QLatin1Char('\n'), 0, 0).trimmed();
 }
 
-// Milliseconds that a clip plays, or -1 when that cannot be measured.
+// Milliseconds that a clip plays, or -1 when the library cannot measure it.
 int playDuration(const Object &object)
 {
     const int type = object.getMediaElementType();
@@ -53,9 +53,8 @@ bool hasMeasuredClip(const Slide &slide)
     return false;
 }
 
-// The reader leaves a slide the duration that the document gives, and the default one where the
-// document's cannot be read or media stand outside of a par. Slides that were made last as long as
-// their clips.
+// The library takes a slide's duration from the document, and the default one when that is
+// malformed or media stand outside of a par. Generated slides last as long as their clips.
 QString durationSource(const Message &message, const Slide &slide)
 {
     const int milliseconds = slide.getDur();

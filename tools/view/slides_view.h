@@ -8,7 +8,7 @@
 class JsonWriter;
 struct Message;
 
-/// Slides and their media as lines, each behind four blanks at least; "" without a presentation.
+/// Slides and their media as lines, each indented by at least four blanks; "" without slides.
 QString slidesText(const Message &message);
 
 /// Writes the member "presentation", documented in docs/json.md.

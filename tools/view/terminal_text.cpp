@@ -8,7 +8,7 @@ namespace {
 
 constexpr int LongestCell = 40;
 
-// wcwidth() goes by the locale, and the user's may know no more than ASCII.
+// wcwidth() depends on the locale, and the user's locale may have ASCII only.
 void useUnicodeWidths()
 {
     static const bool done = std::setlocale(LC_CTYPE, "C.UTF-8") != nullptr;
@@ -48,7 +48,7 @@ bool TerminalText::hasVisibleForm(char32_t character)
 {
     switch (QChar::category(character)) {
     case QChar::Other_Control:
-    case QChar::Other_Format: // turns the writing direction, among other things
+    case QChar::Other_Format: // such as changes of the writing direction
     case QChar::Other_Surrogate:
     case QChar::Other_PrivateUse:
     case QChar::Other_NotAssigned:

@@ -1,6 +1,6 @@
 /*
- * Text from a message on its way to a terminal: nothing in it may act on the terminal, and columns
- * line up in any script.
+ * Prepares text from a message for a terminal: nothing in it acts on the terminal, and columns line
+ * up in any script.
  */
 #pragma once
 
@@ -10,8 +10,8 @@
 
 namespace TerminalText {
 
-/// False for what acts on a terminal or shows nothing: controls, turns of the writing direction,
-/// ...
+/// False for characters that act on a terminal or show nothing, such as control characters and
+/// changes of the writing direction.
 bool hasVisibleForm(char32_t character);
 
 /// @p text with every character without a visible form written as \u{hex}.
@@ -28,8 +28,8 @@ struct Column
 };
 
 /**
- * Lines of a table with a title line, each behind @p indent. Cells are made visible(), and cut with
- * an ellipsis when they are longer than 40 columns.
+ * Lines of a table with a title line, each after @p indent. Makes cells visible(), and truncates
+ * cells of more than 40 columns with an ellipsis.
  */
 QStringList table(const QList<Column> &columns, const QList<QStringList> &rows,
                   const QString &indent);

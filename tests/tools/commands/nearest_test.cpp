@@ -1,5 +1,5 @@
 /*
- * What somebody who mistyped a word may have meant.
+ * Suggestions for mistyped words.
  */
 #include "commands/nearest.h"
 

@@ -1,5 +1,5 @@
 /*
- * What users type behind the options of `qvlmms compose`, and what it is taken for.
+ * The values of the options of `qvlmms compose`, and how they are read.
  */
 #include "compose/values.h"
 

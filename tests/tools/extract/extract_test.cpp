@@ -1,5 +1,5 @@
 /*
- * File names made from a message's locations.
+ * File names that are made from the locations of a message.
  */
 #include "extract/extract.h"
 
