@@ -3,7 +3,7 @@
  * one line of JSON, and no path that leaves the folder.
  */
 #include "extract/extract.h"
-#include "message/message.h"
+#include "input/message.h"
 #include "view/message_view.h"
 
 #include "support/invariant.h"
@@ -25,9 +25,9 @@ bool isHarmless(QStringView text)
 
 void checkNames(const Message &message)
 {
-    for (int i = 0; i < message.body.getPartCount(); ++i) {
-        const QString name = safeFileName(message.body.getBodypartByIndex(i)->getContentLocation(),
-                                          QStringLiteral("part"));
+    for (int i = 0; i < message.parts().getPartCount(); ++i) {
+        const QString name = safeFileName(
+            message.parts().getBodypartByIndex(i)->getContentLocation(), QStringLiteral("part"));
         require(!name.isEmpty() && name != QLatin1String(".") && name != QLatin1String(".."),
                 "a part's file has a name");
         require(!name.contains(QLatin1Char('/')) && isHarmless(name) && !name.contains(u'\n'),

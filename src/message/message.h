@@ -111,9 +111,9 @@ private:
         std::optional<Result> presented;
     };
 
-    bool renewContent();
-    Result receiveBody();
-    Result readSlides();
+    QVL_INTERNAL bool renewContent();
+    QVL_INTERNAL Result receiveBody();
+    QVL_INTERNAL Result readSlides();
 
     QByteArray m_pdu; // outlives the header
     std::optional<Content> m_content;

@@ -2,72 +2,85 @@
 
 #include <algorithm>
 #include <array>
-#include <span>
 
 namespace {
 
-struct ValueName
+const char *nameIn(std::span<const QvlFieldValue> values, unsigned char value)
 {
-    unsigned char value;
-    const char *name;
-};
-
-const char *nameIn(std::span<const ValueName> names, unsigned char value)
-{
-    const auto row = std::ranges::find(names, value, &ValueName::value);
-    return row != names.end() ? row->name : nullptr;
+    const auto row = std::ranges::find(values, value, &QvlFieldValue::value);
+    return row != values.end() ? row->name : nullptr;
 }
 
 } // namespace
 
+std::span<const QvlFieldValue> QvlMessageClass::values()
+{
+    static constexpr std::array rows{
+        QvlFieldValue{Personal, "personal"}, QvlFieldValue{Advertisement, "advertisement"},
+        QvlFieldValue{Informational, "informational"}, QvlFieldValue{Auto, "auto"}};
+    return rows;
+}
+
 const char *QvlMessageClass::nameOf(unsigned char value)
 {
-    static constexpr std::array names{
-        ValueName{Personal, "personal"}, ValueName{Advertisement, "advertisement"},
-        ValueName{Informational, "informational"}, ValueName{Auto, "auto"}};
-    return nameIn(names, value);
+    return nameIn(values(), value);
+}
+
+std::span<const QvlFieldValue> QvlPriority::values()
+{
+    static constexpr std::array rows{QvlFieldValue{Low, "low"}, QvlFieldValue{Normal, "normal"},
+                                     QvlFieldValue{High, "high"}};
+    return rows;
 }
 
 const char *QvlPriority::nameOf(unsigned char value)
 {
-    static constexpr std::array names{ValueName{Low, "low"}, ValueName{Normal, "normal"},
-                                      ValueName{High, "high"}};
-    return nameIn(names, value);
+    return nameIn(values(), value);
+}
+
+std::span<const QvlFieldValue> QvlStatus::values()
+{
+    static constexpr std::array rows{
+        QvlFieldValue{Expired, "expired"},           QvlFieldValue{Retrieved, "retrieved"},
+        QvlFieldValue{Rejected, "rejected"},         QvlFieldValue{Deferred, "deferred"},
+        QvlFieldValue{Unrecognised, "unrecognised"}, QvlFieldValue{Indeterminate, "indeterminate"},
+        QvlFieldValue{Forwarded, "forwarded"},       QvlFieldValue{Unreachable, "unreachable"}};
+    return rows;
 }
 
 const char *QvlStatus::nameOf(unsigned char value)
 {
-    static constexpr std::array names{
-        ValueName{Expired, "expired"},           ValueName{Retrieved, "retrieved"},
-        ValueName{Rejected, "rejected"},         ValueName{Deferred, "deferred"},
-        ValueName{Unrecognised, "unrecognised"}, ValueName{Indeterminate, "indeterminate"},
-        ValueName{Forwarded, "forwarded"},       ValueName{Unreachable, "unreachable"}};
-    return nameIn(names, value);
+    return nameIn(values(), value);
+}
+
+std::span<const QvlFieldValue> QvlResponseStatus::values()
+{
+    static constexpr std::array rows{
+        QvlFieldValue{Ok, "ok"},
+        QvlFieldValue{ErrorUnspecified, "error-unspecified"},
+        QvlFieldValue{ErrorServiceDenied, "error-service-denied"},
+        QvlFieldValue{ErrorMessageFormatCorrupt, "error-message-format-corrupt"},
+        QvlFieldValue{ErrorSendingAddressUnresolved, "error-sending-address-unresolved"},
+        QvlFieldValue{ErrorMessageNotFound, "error-message-not-found"},
+        QvlFieldValue{ErrorNetworkProblem, "error-network-problem"},
+        QvlFieldValue{ErrorContentNotAccepted, "error-content-not-accepted"},
+        QvlFieldValue{ErrorUnsupportedMessage, "error-unsupported-message"},
+        QvlFieldValue{ErrorTransientFailure, "error-transient-failure"},
+        QvlFieldValue{ErrorTransientSendingAddressUnresolved,
+                      "error-transient-sending-address-unresolved"},
+        QvlFieldValue{ErrorTransientMessageNotFound, "error-transient-message-not-found"},
+        QvlFieldValue{ErrorTransientNetworkProblem, "error-transient-network-problem"},
+        QvlFieldValue{ErrorPermanentFailure, "error-permanent-failure"},
+        QvlFieldValue{ErrorPermanentServiceDenied, "error-permanent-service-denied"},
+        QvlFieldValue{ErrorPermanentMessageFormatCorrupt, "error-permanent-message-format-corrupt"},
+        QvlFieldValue{ErrorPermanentSendingAddressUnresolved,
+                      "error-permanent-sending-address-unresolved"},
+        QvlFieldValue{ErrorPermanentMessageNotFound, "error-permanent-message-not-found"},
+        QvlFieldValue{ErrorPermanentContentNotAccepted, "error-permanent-content-not-accepted"}};
+    return rows;
 }
 
 const char *QvlResponseStatus::nameOf(unsigned char value)
 {
-    static constexpr std::array names{
-        ValueName{Ok, "ok"},
-        ValueName{ErrorUnspecified, "error-unspecified"},
-        ValueName{ErrorServiceDenied, "error-service-denied"},
-        ValueName{ErrorMessageFormatCorrupt, "error-message-format-corrupt"},
-        ValueName{ErrorSendingAddressUnresolved, "error-sending-address-unresolved"},
-        ValueName{ErrorMessageNotFound, "error-message-not-found"},
-        ValueName{ErrorNetworkProblem, "error-network-problem"},
-        ValueName{ErrorContentNotAccepted, "error-content-not-accepted"},
-        ValueName{ErrorUnsupportedMessage, "error-unsupported-message"},
-        ValueName{ErrorTransientFailure, "error-transient-failure"},
-        ValueName{ErrorTransientSendingAddressUnresolved,
-                  "error-transient-sending-address-unresolved"},
-        ValueName{ErrorTransientMessageNotFound, "error-transient-message-not-found"},
-        ValueName{ErrorTransientNetworkProblem, "error-transient-network-problem"},
-        ValueName{ErrorPermanentFailure, "error-permanent-failure"},
-        ValueName{ErrorPermanentServiceDenied, "error-permanent-service-denied"},
-        ValueName{ErrorPermanentMessageFormatCorrupt, "error-permanent-message-format-corrupt"},
-        ValueName{ErrorPermanentSendingAddressUnresolved,
-                  "error-permanent-sending-address-unresolved"},
-        ValueName{ErrorPermanentMessageNotFound, "error-permanent-message-not-found"},
-        ValueName{ErrorPermanentContentNotAccepted, "error-permanent-content-not-accepted"}};
-    return nameIn(names, value);
+    return nameIn(values(), value);
 }

@@ -15,13 +15,16 @@ namespace {
 
 using Names = std::map<int, std::string>;
 
-Names namesBy(const char *(*nameOf)(unsigned char))
+Names namesBy(const char *(*nameOf)(unsigned char), std::span<const QvlFieldValue> values)
 {
     Names names;
+    for (const QvlFieldValue &row : values)
+        EXPECT_STREQ(nameOf(row.value), row.name);
     for (int value = 0; value < 256; ++value) {
         if (const char *name = nameOf(static_cast<unsigned char>(value)))
             names[value] = name;
     }
+    EXPECT_EQ(names.size(), values.size());
     return names;
 }
 
@@ -30,18 +33,19 @@ Names namesBy(const char *(*nameOf)(unsigned char))
 TEST(MessageClass, HasTheNamesOfTheStandard)
 {
     EXPECT_EQ(
-        namesBy(QvlMessageClass::nameOf),
+        namesBy(QvlMessageClass::nameOf, QvlMessageClass::values()),
         (Names{{128, "personal"}, {129, "advertisement"}, {130, "informational"}, {131, "auto"}}));
 }
 
 TEST(Priority, HasTheNamesOfTheStandard)
 {
-    EXPECT_EQ(namesBy(QvlPriority::nameOf), (Names{{128, "low"}, {129, "normal"}, {130, "high"}}));
+    EXPECT_EQ(namesBy(QvlPriority::nameOf, QvlPriority::values()),
+              (Names{{128, "low"}, {129, "normal"}, {130, "high"}}));
 }
 
 TEST(Status, HasTheNamesOfTheStandard)
 {
-    EXPECT_EQ(namesBy(QvlStatus::nameOf),
+    EXPECT_EQ(namesBy(QvlStatus::nameOf, QvlStatus::values()),
               (Names{{128, "expired"},
                      {129, "retrieved"},
                      {130, "rejected"},
@@ -54,7 +58,7 @@ TEST(Status, HasTheNamesOfTheStandard)
 
 TEST(ResponseStatus, HasTheNamesOfTheStandard)
 {
-    EXPECT_EQ(namesBy(QvlResponseStatus::nameOf),
+    EXPECT_EQ(namesBy(QvlResponseStatus::nameOf, QvlResponseStatus::values()),
               (Names{{128, "ok"},
                      {129, "error-unspecified"},
                      {130, "error-service-denied"},

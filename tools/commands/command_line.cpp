@@ -1,7 +1,7 @@
 #include "commands/command_line.h"
 
 #include "commands/nearest.h"
-#include "message/files.h"
+#include "input/files.h"
 #include "view/file_view.h"
 #include "view/highlight.h"
 #include "view/terminal_text.h"

@@ -11,7 +11,7 @@ namespace {
 
 int extractToFolder(Message &message, const QCommandLineParser &arguments)
 {
-    const bool hasParts = message.body.getPartCount() > 0;
+    const bool hasParts = message.parts().getPartCount() > 0;
     const auto write = [&](const QString &directory, QStringList *report, QString *error) {
         return extractParts(message, directory, report, error);
     };

@@ -5,7 +5,7 @@
 #pragma once
 
 #include "commands/command_line.h"
-#include "message/message.h"
+#include "input/message.h"
 
 #include <QString>
 #include <QStringList>

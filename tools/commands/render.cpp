@@ -12,7 +12,7 @@ namespace {
 int renderToFolder(Message &message, const QCommandLineParser &arguments)
 {
     const int scale = arguments.value(QStringLiteral("scale")).toInt();
-    const bool hasSlides = message.slides.getTotalSlidesNum() > 0;
+    const bool hasSlides = message.slides().getTotalSlidesNum() > 0;
     const auto write = [&](const QString &directory, QStringList *report, QString *error) {
         return renderSlides(message, directory, scale, report, error);
     };

@@ -1,7 +1,6 @@
 #include "commands/commands.h"
 
 #include "commands/message_command.h"
-#include "message/outgoing.h"
 
 #include <QCommandLineParser>
 
@@ -9,33 +8,28 @@ using namespace CommandLine;
 
 namespace {
 
-// Puts the slides into the message as its presentation. A message without SMIL gets the slides
-// that were generated from its parts.
-void writeSlides(Message *message)
+// A message of attachments that no slide can show gets no SMIL part. One that it gets is named as
+// the library names those that it generates.
+bool encodeAgain(Message *message, QByteArray *octets)
 {
-    const QByteArray smil = Outgoing::smilOf(&message->slides);
-    if (message->slidesAreMade)
-        MMS_COMP_SMILParser::makeSmilForMixed(&message->body, &message->slides, true);
-    if (auto *part = message->body.getSmilPart())
-        part->setBodyData(smil);
-}
-
-QByteArray rewritten(Message *message)
-{
-    writeSlides(message);
+    const bool hasSlides = message->smilResult || message->areSlidesGenerated();
+    if (hasSlides && !message->storeSlides(QStringLiteral("qvlsmil.smil")))
+        return false;
     // The decoder sets the flag for Hide, the encoder writes Show for it.
-    message->header.setSenderVisibility(!message->header.getSenderVisibility());
-    return Outgoing::pduOf(message);
+    message->header().setSenderVisibility(!message->header().getSenderVisibility());
+    return message->encode(octets).isOk();
 }
 
 int rewriteMessage(Message &message, const QCommandLineParser &arguments)
 {
     if (message.isRefused())
         return refuse(message);
-    if (message.body.getPartCount() == 0)
+    if (message.parts().getPartCount() == 0)
         return refuse(message,
                       QStringLiteral("the message has no parts, so there is nothing to write"));
-    const QByteArray octets = rewritten(&message);
+    QByteArray octets;
+    if (!encodeAgain(&message, &octets))
+        return refuse(message, QStringLiteral("the message cannot be written"));
     return writeOutput(octets, arguments.positionalArguments().at(1),
                        QStringLiteral(" (%1 octets)").arg(octets.size()));
 }

@@ -3,7 +3,7 @@
 #include "commands/command_line.h"
 #include "commands/progress.h"
 #include "commands/shown_files.h"
-#include "message/message.h"
+#include "input/message.h"
 #include "view/message_view.h"
 
 #include <QCommandLineParser>

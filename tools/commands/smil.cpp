@@ -35,12 +35,12 @@ int refuseWithoutSlides(const Message &message)
 
 int printSmil(Message &message, const QCommandLineParser &arguments)
 {
-    if (!message.smilResult && !message.slidesAreMade)
+    if (!message.smilResult && !message.areSlidesGenerated())
         return refuseWithoutSlides(message);
     const bool wantsModel = arguments.isSet(QStringLiteral("model"));
     if (!message.isRefused() || wantsModel) {
-        const QString text = wantsModel ? ModelText::presentation(message.slides)
-                                        : MMS_COMP_SMILParser::convertToSMILLang(&message.slides);
+        const QString text = wantsModel ? ModelText::presentation(message.slides())
+                                        : MMS_COMP_SMILParser::convertToSMILLang(&message.slides());
         print(stdout, visibleLines(text).toUtf8());
     }
     if (!message.isRefused())

@@ -2,8 +2,7 @@
 
 #include "compose/read_back.h"
 #include "compose/values.h"
-#include "message/files.h"
-#include "message/outgoing.h"
+#include "input/files.h"
 
 #include <QFile>
 #include <QStringDecoder>
@@ -83,17 +82,6 @@ std::unique_ptr<Part> newPart(const QString &type, const QString &subtype, const
     return part;
 }
 
-void addPresentation(Message *message)
-{
-    const QByteArray smil = Outgoing::smilOf(&message->slides);
-    const QString location = message->body.createUniqueLocation(QStringLiteral("slides.smil"));
-    const QString id = QLatin1Char('<') + location + QLatin1Char('>');
-    auto part = newPart(QStringLiteral("application"), QStringLiteral("smil"), location, smil);
-    part->setContentID(id);
-    message->body.insertBodypart(part.release(), 0); // the presentation comes first
-    message->body.setStart(id);
-}
-
 } // namespace
 
 Composer::Composer() : m_limit(qint64(MMS_UTIL_Setting::getMaxiumMOMMSSize()) * 1024)
@@ -118,20 +106,20 @@ Outcome Composer::attach(const QString &fileName)
     QString subtype = QStringLiteral("octet-stream");
     MMS_COMP_Util::getMIMETypeByExtName(MMS_COMP_Util::getExtName(fileName), type, subtype);
     const QString location =
-        m_message.body.createUniqueLocation(ComposeValues::locationFor(fileName));
-    m_message.body.appendBodypart(newPart(type, subtype, location, octets).release());
+        m_message.parts().createUniqueLocation(ComposeValues::locationFor(fileName));
+    m_message.parts().appendBodypart(newPart(type, subtype, location, octets).release());
     return {};
 }
 
 void Composer::addSlide()
 {
-    m_message.slides.appendSlide(unsigned(Slide::DefaultDuration));
+    m_message.slides().appendSlide(unsigned(Slide::DefaultDuration));
     m_wishes += SlideWishes();
 }
 
 Slide &Composer::slide()
 {
-    return *m_message.slides.getSlide(unsigned(slideCount() - 1));
+    return *m_message.slides().getSlide(unsigned(slideCount() - 1));
 }
 
 Outcome Composer::addText(const QString &text)
@@ -208,19 +196,19 @@ Outcome Composer::admit(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind)
 Outcome Composer::place(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString &name,
                         const QString &subtype, const QByteArray &octets)
 {
-    MMS_COMP_SMILData &slides = m_message.slides;
+    MMS_COMP_SMILData &slides = m_message.slides();
     const QString region = kind == SMIL_MEDIA_TEXT ? slides.getTextRegionId()
         : kind == SMIL_MEDIA_AUDIO                 ? QString()
                                                    : slides.getImgRegionId();
     const QString source = slides.createUniqueSrc(ComposeValues::locationFor(name));
-    if (!slide().updateData(region, source, kind, subtype, octets, true, &m_message.body))
+    if (!slide().updateData(region, source, kind, subtype, octets, true, &m_message.parts()))
         return refused(QStringLiteral("there is no memory"));
     return {};
 }
 
 Outcome Composer::finishSlide(int index)
 {
-    Slide &slide = *m_message.slides.getSlide(unsigned(index));
+    Slide &slide = *m_message.slides().getSlide(unsigned(index));
     const QString name = QStringLiteral("slide %1").arg(index + 1);
     if (slide.getMediaObjectCount() == 0)
         return refused(
@@ -248,7 +236,7 @@ Outcome Composer::finishSlide(int index)
 
 Outcome Composer::finishSlides()
 {
-    MMS_COMP_SMILData &slides = m_message.slides;
+    MMS_COMP_SMILData &slides = m_message.slides();
     slides.removeEmptyTextBeforeSend();
     for (int i = 0; i < slideCount(); ++i) {
         if (auto problem = finishSlide(i))
@@ -256,7 +244,8 @@ Outcome Composer::finishSlides()
     }
     MMS_COMP_SMILParser::updateToCorvaneRootLayout(&slides);
     MMS_COMP_SMILParser::updateToCorvaneRegion(&slides);
-    addPresentation(&m_message);
+    if (!m_message.storeSlides())
+        return refused(QStringLiteral("there is no memory"));
     return {};
 }
 
@@ -270,7 +259,7 @@ Outcome Composer::finish()
         return Problem{Problem::Usage,
                        QStringLiteral("a message needs content: --slide or --attach")};
     if (slideCount() == 0) {
-        m_message.body.setSubType(QStringLiteral("vnd.wap.multipart.mixed"));
+        m_message.parts().setSubType(QStringLiteral("vnd.wap.multipart.mixed"));
     } else if (auto problem = finishSlides()) {
         return problem;
     }
@@ -279,7 +268,9 @@ Outcome Composer::finish()
 
 Outcome Composer::encode()
 {
-    m_message.octets = Outgoing::pduOf(&m_message);
+    if (const auto result = m_message.encode(&m_message.octets); !result.isOk())
+        return refused(QLatin1String(result.layerName()) + QLatin1String(" cannot be written: ")
+                       + QLatin1String(result.meaning()));
     if (pdu().size() > m_limit)
         return tooLarge(QStringLiteral("the message has %1 octets,").arg(pdu().size()), m_limit);
     const QString changed = whatChanges(m_message);

@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "message/message.h"
+#include "input/message.h"
 
 #include <QByteArray>
 #include <QList>
@@ -37,7 +37,7 @@ public:
     /// A message with the current date and a new transaction id.
     Composer();
 
-    MMS_UA_UAMsg &header() { return m_message.header; }
+    MMS_UA_UAMsg &header() { return m_message.header(); }
     /// Limits the size of the message, in units of 1,024 octets. To be called before files are
     /// added.
     void setLimit(int kilobytes) { m_limit = qint64(kilobytes) * 1024; }
@@ -45,7 +45,7 @@ public:
     Outcome attach(const QString &fileName);
 
     void addSlide();
-    int slideCount() const { return int(m_message.slides.getTotalSlidesNum()); }
+    int slideCount() const { return int(m_message.slides().getTotalSlidesNum()); }
 
     /// These act on the last slide. There must be one.
     Outcome addText(const QString &text);
@@ -59,7 +59,7 @@ public:
     /// Encodes the message and checks that it decodes again. It cannot be changed after that.
     Outcome finish();
     const QByteArray &pdu() const { return m_message.octets; }
-    int partCount() const { return m_message.body.getPartCount(); }
+    int partCount() const { return m_message.parts().getPartCount(); }
 
 private:
     /// Settings that apply once a slide has all its media.

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <vector>
 
 namespace {
 
@@ -15,9 +16,6 @@ using Words = std::span<const char *const>;
 
 constexpr int LargestLimit = 100 * 1024; // kilobytes
 
-// Each class and priority stands at its number minus 128.
-constexpr std::array classes{"personal", "advertisement", "informational", "auto"};
-constexpr std::array priorities{"low", "normal", "high"};
 constexpr std::array textSizes{"small", "normal", "large"};
 
 constexpr ComposeValue Address{"ADDRESS",
@@ -41,14 +39,6 @@ Problem expectedOneOf(Words words)
     for (const char *word : words.subspan(1))
         text += (word == words.back() ? QByteArray(" or ") : QByteArray(", ")) + word;
     return expected(text.constData());
-}
-
-// The index of @p text in @p words, or their number when it is not there.
-ptrdiff_t indexOf(Words words, const QString &text)
-{
-    return std::ranges::find_if(words,
-                                [&](const char *word) { return text == QLatin1String(word); })
-        - words.begin();
 }
 
 void addField(Composer &composer, unsigned char field)
@@ -78,15 +68,19 @@ Outcome setDateTime(Composer &composer, const QString &text)
     return {};
 }
 
-template <unsigned char Field, auto Set, const auto &Names>
+template <unsigned char Field, auto Set, auto Values>
 Outcome setNamed(Composer &composer, const QString &text)
 {
-    const auto index = indexOf(Names, text);
-    if (index == std::ssize(Names))
-        return expectedOneOf(Names);
-    (composer.header().*Set)(static_cast<unsigned char>(128 + index));
-    addField(composer, Field);
-    return {};
+    std::vector<const char *> words;
+    for (const auto &[value, name] : Values()) {
+        words.push_back(name);
+        if (text != QLatin1String(name))
+            continue;
+        (composer.header().*Set)(value);
+        addField(composer, Field);
+        return {};
+    }
+    return expectedOneOf(words);
 }
 
 template <unsigned char Field, auto Set, bool Value>
@@ -182,7 +176,8 @@ Outcome setColor(Composer &composer, const QString &text)
 
 Outcome setTextSize(Composer &composer, const QString &text)
 {
-    if (indexOf(textSizes, text) == std::ssize(textSizes))
+    const auto isText = [&](const char *size) { return text == QLatin1String(size); };
+    if (std::ranges::none_of(textSizes, isText))
         return expectedOneOf(textSizes);
     composer.slide().setTextSize(text);
     return {};
@@ -205,9 +200,9 @@ constexpr ComposeOption options[] = {
      setAddress<From, &Msg::setFrom>},
     {"subject", "TEXT", "subject", Fields, setSubject},
     {"priority", "WORD", "low, normal or high", Fields,
-     setNamed<Priority, &Msg::setPriority, priorities>},
+     setNamed<Priority, &Msg::setPriority, QvlPriority::values>},
     {"class", "WORD", "personal, advertisement, informational or auto", Fields,
-     setNamed<MessageClass, &Msg::setMessageClass, classes>},
+     setNamed<MessageClass, &Msg::setMessageClass, QvlMessageClass::values>},
     {"expiry", "TIME", "how long the relay keeps the message: 7d, 12h, 30m or 3600s", Fields,
      setExpiry},
     {"delivery-time", Moment.name, "when to deliver at the earliest", Fields,

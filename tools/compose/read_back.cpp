@@ -1,7 +1,6 @@
 #include "compose/read_back.h"
 
-#include "message/message.h"
-#include "message/outgoing.h"
+#include "input/message.h"
 #include "view/header_view.h"
 
 #include <algorithm>
@@ -27,8 +26,8 @@ QString withoutZero(QString text)
 
 QString changedField(const Message &sent, const Message &read)
 {
-    const QList<FieldView> readFields = headerView(read.header);
-    for (const FieldView &field : headerView(sent.header)) {
+    const QList<FieldView> readFields = headerView(read.header());
+    for (const FieldView &field : headerView(sent.header())) {
         const bool same = std::ranges::any_of(readFields, [&](const FieldView &other) {
             return other.name == field.name && withoutZero(other.text) == field.text;
         });
@@ -40,11 +39,11 @@ QString changedField(const Message &sent, const Message &read)
 
 QString changedPart(const Message &sent, const Message &read)
 {
-    if (sent.body.getPartCount() != read.body.getPartCount())
-        return QStringLiteral("%1 parts").arg(sent.body.getPartCount());
-    for (int i = 0; i < sent.body.getPartCount(); ++i) {
-        const Part &part = *sent.body.getBodypartByIndex(i);
-        const Part &other = *read.body.getBodypartByIndex(i);
+    if (sent.parts().getPartCount() != read.parts().getPartCount())
+        return QStringLiteral("%1 parts").arg(sent.parts().getPartCount());
+    for (int i = 0; i < sent.parts().getPartCount(); ++i) {
+        const Part &part = *sent.parts().getBodypartByIndex(i);
+        const Part &other = *read.parts().getBodypartByIndex(i);
         if (part.getContentLocation() != other.getContentLocation()
             || part.getMimeFormat().compare(other.getMimeFormat(), Qt::CaseInsensitive) != 0
             || part.getBodyData() != other.getBodyData())
@@ -64,6 +63,6 @@ QString whatChanges(const Message &sent)
         return field;
     if (QString part = changedPart(sent, *read); !part.isEmpty())
         return part;
-    const bool sameSlides = read->smil.isEmpty() || Outgoing::smilOf(&read->slides) == read->smil;
+    const bool sameSlides = read->smil.isEmpty() || read->smilText() == read->smil;
     return sameSlides ? QString() : QStringLiteral("the slides");
 }

@@ -1,7 +1,7 @@
 #include "extract/extract.h"
 
-#include "message/files.h"
-#include "message/message.h"
+#include "input/files.h"
+#include "input/message.h"
 #include "view/file_view.h"
 #include "view/terminal_text.h"
 
@@ -89,8 +89,8 @@ bool extractParts(const Message &message, const QString &directory, QStringList 
                   QString *error)
 {
     const QDir dir(directory);
-    for (int i = 0; i < message.body.getPartCount(); ++i) {
-        const Part &part = *message.body.getBodypartByIndex(i);
+    for (int i = 0; i < message.parts().getPartCount(); ++i) {
+        const Part &part = *message.parts().getBodypartByIndex(i);
         QFile file;
         if (!createNew(dir, safeFileName(part.getContentLocation(), fallbackName(part, i)), &file)
             || !writeOrRemove(&file, part.getBodyData())) {

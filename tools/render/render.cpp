@@ -1,7 +1,7 @@
 #include "render/render.h"
 
-#include "message/files.h"
-#include "message/message.h"
+#include "input/files.h"
+#include "input/message.h"
 #include "render/layout.h"
 #include "render/picture.h"
 #include "render/sheet.h"
@@ -222,11 +222,11 @@ QString sheetName(unsigned int sheet)
 
 QImage renderSlide(const Message &message, unsigned int index, int scale)
 {
-    const Slide *slide = message.slides.getSlide(index);
+    const Slide *slide = message.slides().getSlide(index);
     if (!slide)
         return QImage();
-    const Style style = styleOf(message.slides, *slide);
-    const QSize page = pageSize(message.slides);
+    const Style style = styleOf(message.slides(), *slide);
+    const QSize page = pageSize(message.slides());
     const QSize whole = page + QSize(0, stripHeight(style.unit));
     scale = scaleWithin(page, scale);
     QImage image(whole * scale, QImage::Format_RGB32);
@@ -235,7 +235,7 @@ QImage renderSlide(const Message &message, unsigned int index, int scale)
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
                            | QPainter::SmoothPixmapTransform);
     painter.scale(scale, scale);
-    for (const PlacedObject &place : placeObjects(message.slides, objectsOnPage(*slide)))
+    for (const PlacedObject &place : placeObjects(message.slides(), objectsOnPage(*slide)))
         drawObject(&painter, style, page, place);
     drawStrip(&painter, QRectF(QPointF(0, page.height()), whole - QSize(0, page.height())),
               style.unit, index + 1, *slide);
@@ -246,7 +246,7 @@ bool renderSlides(const Message &message, const QString &directory, int scale, Q
                   QString *error)
 {
     const QDir dir(directory);
-    const unsigned int total = message.slides.getTotalSlidesNum();
+    const unsigned int total = message.slides().getTotalSlidesNum();
     const unsigned int count = std::min(total, MostSlides);
     QList<QImage> thumbnails;
     for (unsigned int i = 0; i < count; ++i) {

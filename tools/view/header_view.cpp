@@ -13,39 +13,6 @@
 
 namespace {
 
-struct ValueName
-{
-    unsigned char value;
-    const char *name;
-};
-
-// Values as OMA-MMS-ENC names them.
-constexpr ValueName classNames[] = {
-    {128, "personal"}, {129, "advertisement"}, {130, "informational"}, {131, "auto"}};
-constexpr ValueName priorityNames[] = {{128, "low"}, {129, "normal"}, {130, "high"}};
-constexpr ValueName statusNames[] = {
-    {128, "expired"},      {129, "retrieved"},     {130, "rejected"},  {131, "deferred"},
-    {132, "unrecognised"}, {133, "indeterminate"}, {134, "forwarded"}, {135, "unreachable"}};
-constexpr ValueName responseStatusNames[] = {{128, "ok"},
-                                             {129, "error-unspecified"},
-                                             {130, "error-service-denied"},
-                                             {131, "error-message-format-corrupt"},
-                                             {132, "error-sending-address-unresolved"},
-                                             {133, "error-message-not-found"},
-                                             {134, "error-network-problem"},
-                                             {135, "error-content-not-accepted"},
-                                             {136, "error-unsupported-message"},
-                                             {192, "error-transient-failure"},
-                                             {193, "error-transient-sending-address-unresolved"},
-                                             {194, "error-transient-message-not-found"},
-                                             {195, "error-transient-network-problem"},
-                                             {224, "error-permanent-failure"},
-                                             {225, "error-permanent-service-denied"},
-                                             {226, "error-permanent-message-format-corrupt"},
-                                             {227, "error-permanent-sending-address-unresolved"},
-                                             {228, "error-permanent-message-not-found"},
-                                             {229, "error-permanent-content-not-accepted"}};
-
 /// An octet and its name in the standard, "" when it has none.
 struct Named
 {
@@ -53,10 +20,10 @@ struct Named
     const char *name;
 };
 
-Named named(unsigned char value, std::span<const ValueName> names)
+Named named(unsigned char value, const char *(*nameOf)(unsigned char))
 {
-    const auto row = std::ranges::find(names, value, &ValueName::value);
-    return {value, row != names.end() ? row->name : ""};
+    const char *name = nameOf(value);
+    return {value, name ? name : ""};
 }
 
 QString textOf(const Named &named)
@@ -174,36 +141,30 @@ void write(const Recipients &recipients, JsonWriter *json)
     json->endArray();
 }
 
-// The record holds the local date as seconds since a day that does not exist; this converts it
-// back. Phones also send relative times, which give dates in the first years after 1970.
+// Phones also send relative times, which are dates in the first years after 1970.
 struct Expiry
 {
-    explicit Expiry(int storedSeconds) : stored(storedSeconds)
-    {
-        constexpr quint32 storedAt1970 = 413405696;
-        const qint64 localSeconds = quint32(storedSeconds) - storedAt1970;
-        const QDateTime wall = QDateTime::fromSecsSinceEpoch(localSeconds, QTimeZone::utc());
-        local = QDateTime(wall.date(), wall.time());
-        seconds = local.toSecsSinceEpoch();
-    }
-
     int stored;
-    QDateTime local;
-    qint64 seconds;
+    quint32 seconds;
 };
+
+QString dateOf(const Expiry &expiry)
+{
+    return isoDate(QDateTime::fromSecsSinceEpoch(expiry.seconds));
+}
 
 QString textOf(const Expiry &expiry)
 {
-    constexpr qint64 tenYears = 10LL * 365 * 24 * 60 * 60;
-    return expiry.seconds < tenYears ? QStringLiteral("%1 s after it was sent").arg(expiry.seconds)
-                                     : isoDate(expiry.local);
+    return QvlExpiry::isRelative(expiry.seconds)
+        ? QStringLiteral("%1 s after it was sent").arg(expiry.seconds)
+        : dateOf(expiry);
 }
 
 void write(const Expiry &expiry, JsonWriter *json)
 {
     json->beginObject();
-    json->member("dateTime", isoDate(expiry.local));
-    json->member("seconds", expiry.seconds);
+    json->member("dateTime", dateOf(expiry));
+    json->member("seconds", qint64(expiry.seconds));
     json->member("stored", expiry.stored);
     json->endObject();
 }
@@ -282,24 +243,28 @@ constexpr FieldRow fieldRows[] = {
     row(HeaderFieldCode::Date, [](const Msg &m) { return DecodingTime{m.getDate()}; }),
     row(HeaderFieldCode::DeliveryReport, [](const Msg &m) { return m.getDeliveryReport(); }),
     row(HeaderFieldCode::DeliveryTime, [](const Msg &m) { return isoDate(m.getDeliveryTime()); }),
-    row(HeaderFieldCode::Expiry, [](const Msg &m) { return Expiry(m.getExpiry()); }),
+    row(HeaderFieldCode::Expiry,
+        [](const Msg &m) {
+            return Expiry{m.getExpiry(), QvlExpiry::toSeconds(m.getExpiry())};
+        }),
     row(HeaderFieldCode::From, [](const Msg &m) { return m.getFrom(); }),
     row(HeaderFieldCode::MessageClass,
-        [](const Msg &m) { return named(m.getMessageClass(), classNames); }),
+        [](const Msg &m) { return named(m.getMessageClass(), QvlMessageClass::nameOf); }),
     row(HeaderFieldCode::MessageId, [](const Msg &m) { return m.getMessageId(); }),
     row(HeaderFieldCode::MessageType, [](const Msg &m) { return messageType(m.getMessageType()); }),
     row(HeaderFieldCode::MmsVersion, [](const Msg &m) { return version(m.getMMSVersion()); }),
     row(HeaderFieldCode::MessageSize, [](const Msg &m) { return Size{m.getMessageSize()}; }),
     row(HeaderFieldCode::Priority,
-        [](const Msg &m) { return named(m.getPriority(), priorityNames); }),
+        [](const Msg &m) { return named(m.getPriority(), QvlPriority::nameOf); }),
     row(HeaderFieldCode::ReadReply, [](const Msg &m) { return m.getReadReply(); }),
     row(HeaderFieldCode::ReportAllowed, [](const Msg &m) { return m.getReportAllowed(); }),
     row(HeaderFieldCode::ResponseStatus,
-        [](const Msg &m) { return named(m.getResponseStatus(), responseStatusNames); }),
+        [](const Msg &m) { return named(m.getResponseStatus(), QvlResponseStatus::nameOf); }),
     row(HeaderFieldCode::ResponseText, [](const Msg &m) { return m.getResponseText(); }),
     row(HeaderFieldCode::SenderVisibility,
         [](const Msg &m) { return visibility(m.getSenderVisibility()); }),
-    row(HeaderFieldCode::Status, [](const Msg &m) { return named(m.getStatus(), statusNames); }),
+    row(HeaderFieldCode::Status,
+        [](const Msg &m) { return named(m.getStatus(), QvlStatus::nameOf); }),
     row(HeaderFieldCode::Subject, [](const Msg &m) { return m.getSubject(); }),
     row(
         HeaderFieldCode::To, [](const Msg &m) -> auto & { return m.getToRecipients(); }),

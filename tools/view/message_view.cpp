@@ -1,7 +1,7 @@
 #include "view/message_view.h"
 
-#include "message/message.h"
-#include "message/smil_diagnosis.h"
+#include "input/message.h"
+#include "input/smil_diagnosis.h"
 #include "view/header_view.h"
 #include "view/json_writer.h"
 #include "view/result_view.h"
@@ -89,25 +89,26 @@ QString partsTable(const MMS_COMP_SMILMultipart &body)
 
 QString bodyText(const Message &message)
 {
-    const int octets = message.header.getBodyLength();
+    const int octets = message.header().getBodyLength();
     if (octets == 0)
         return line(QStringLiteral("Body"), QStringLiteral("none"));
     QString text = QStringLiteral("%1 octets from octet %2").arg(octets).arg(message.bodyOffset());
     if (!message.bodyResult)
         return line(QStringLiteral("Body"), text + QLatin1String(", not a multipart"));
-    const int parts = message.body.getPartCount();
+    const int parts = message.parts().getPartCount();
     text += parts == 1 ? QStringLiteral(", 1 part") : QStringLiteral(", %1 parts").arg(parts);
-    return line(QStringLiteral("Body"), text) + (parts > 0 ? partsTable(message.body) : QString());
+    return line(QStringLiteral("Body"), text)
+        + (parts > 0 ? partsTable(message.parts()) : QString());
 }
 
 QString presentationText(const Message &message)
 {
-    if (!message.smilResult && !message.slidesAreMade)
+    if (!message.smilResult && !message.areSlidesGenerated())
         return QString();
-    const unsigned int slides = message.slides.getTotalSlidesNum();
+    const unsigned int slides = message.slides().getTotalSlidesNum();
     QString count =
         slides == 1 ? QStringLiteral("1 slide") : QStringLiteral("%1 slides").arg(slides);
-    if (message.slidesAreMade)
+    if (message.areSlidesGenerated())
         count += QLatin1String(", made of the parts: the message brings none");
     return line(QStringLiteral("Presentation"), count) + slidesText(message)
         + (message.smilResult.value_or(SmilResult::Ok) == SmilResult::Ok
@@ -141,16 +142,16 @@ void writeBody(const Message &message, JsonWriter *json)
 {
     json->key("body");
     json->beginObject();
-    json->member("octets", message.header.getBodyLength());
+    json->member("octets", message.header().getBodyLength());
     json->member("offset", message.bodyOffset());
     if (message.bodyResult) {
         json->key("parts");
         json->beginArray();
-        for (int i = 0; i < message.body.getPartCount(); ++i)
-            writePart(*message.body.getBodypartByIndex(i), json);
+        for (int i = 0; i < message.parts().getPartCount(); ++i)
+            writePart(*message.parts().getBodypartByIndex(i), json);
         json->endArray();
         writeResult(MultipartResult::meaning(*message.bodyResult), *message.bodyResult, json);
-        json->member("start", message.body.getStart());
+        json->member("start", message.parts().getStart());
     }
     json->endObject();
 }
@@ -159,7 +160,7 @@ void writeBody(const Message &message, JsonWriter *json)
 
 QString messageText(const Message &message)
 {
-    const MMS_UA_UAMsg &header = message.header;
+    const MMS_UA_UAMsg &header = message.header();
     const QList<FieldView> fields = headerView(header);
     const bool typed = header.fieldsPresent(headerFieldMask(HeaderFieldCode::MessageType));
     QString text = visible(message.fileName) + QLatin1String(": ")
@@ -189,14 +190,14 @@ QByteArray messageJson(const Message &message)
     const bool isDecoded = message.headerResult == WireResult::Read;
     JsonWriter json;
     json.beginObject();
-    if (isDecoded && message.header.getBodyLength() > 0)
+    if (isDecoded && message.header().getBodyLength() > 0)
         writeBody(message, &json);
     if (isDecoded)
-        writeChecks(message.header, &json);
+        writeChecks(message.header(), &json);
     json.member("file", message.fileName);
-    writeHeader(message.header, &json);
+    writeHeader(message.header(), &json);
     json.member("octets", message.octets.size());
-    if (message.smilResult || message.slidesAreMade)
+    if (message.smilResult || message.areSlidesGenerated())
         writePresentation(message, &json);
     json.member("refused", message.isRefused());
     writeResult(WireResult::meaning(message.headerResult), message.headerResult, &json);

@@ -1,6 +1,6 @@
 #include "view/slides_view.h"
 
-#include "message/message.h"
+#include "input/message.h"
 #include "view/json_writer.h"
 #include "view/model_text.h"
 #include "view/result_view.h"
@@ -58,7 +58,7 @@ bool hasMeasuredClip(const Slide &slide)
 QString durationSource(const Message &message, const Slide &slide)
 {
     const int milliseconds = slide.getDur();
-    if (message.slidesAreMade)
+    if (message.areSlidesGenerated())
         return hasMeasuredClip(slide) ? QStringLiteral("measured") : QStringLiteral("by default");
     if (milliseconds == -1)
         return QStringLiteral("the document gives none");
@@ -152,7 +152,7 @@ void writeSlide(const Message &message, const Slide &slide, JsonWriter *json)
     json->key("media");
     json->beginArray();
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
-        writeObject(message.body, *slide.getMediaObject(i), json);
+        writeObject(message.parts(), *slide.getMediaObject(i), json);
     json->endArray();
     json->member("pageColor", ModelText::color(slide.getPageColor()));
     json->member("textColor", ModelText::color(slide.getTextColor()));
@@ -188,20 +188,20 @@ void writeRootLayout(const MMS_COMP_SMILRootLayout &root, JsonWriter *json)
 QString slidesText(const Message &message)
 {
     QString text;
-    for (unsigned int i = 0; i < message.slides.getTotalSlidesNum(); ++i) {
-        const Slide &slide = *message.slides.getSlide(i);
-        text += slideTitle(message, i, slide) + slideText(message.body, slide);
+    for (unsigned int i = 0; i < message.slides().getTotalSlidesNum(); ++i) {
+        const Slide &slide = *message.slides().getSlide(i);
+        text += slideTitle(message, i, slide) + slideText(message.parts(), slide);
     }
     return text;
 }
 
 void writePresentation(const Message &message, JsonWriter *json)
 {
-    const MMS_COMP_SMILData &data = message.slides;
+    const MMS_COMP_SMILData &data = message.slides();
     const int result = message.smilResult.value_or(SmilResult::Ok);
     json->key("presentation");
     json->beginObject();
-    json->member("made", message.slidesAreMade);
+    json->member("made", message.areSlidesGenerated());
     json->key("regions");
     json->beginArray();
     for (unsigned int i = 0; i < data.getRegionCount(); ++i)

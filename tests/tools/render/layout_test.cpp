@@ -34,9 +34,9 @@ QRectF areaOf(const QList<PlacedObject> &places, MMS_COMP_SMIL_MEDIA_ELEMENT_TYP
 /// A slide with a text and then an image, so that the image is above only where a rule says so.
 QList<PlacedObject> placed(Message *message, const Placed &row)
 {
-    message->slides.appendSlide(3000u);
+    message->slides().appendSlide(3000u);
     return placeObjects(
-        message->slides,
+        message->slides(),
         {addObject(message, 0, SMIL_MEDIA_TEXT, QString::fromUtf16(row.textRegion), "a"),
          addObject(message, 0, SMIL_MEDIA_IMAGE, QString::fromUtf16(row.imageRegion), "a")});
 }
@@ -61,7 +61,7 @@ TEST(RenderLayout, HandsetRegionsShareThePageInTheOrderOfTheSlide)
     for (const Placed &row : handsetRows) {
         SCOPED_TRACE(QString::fromUtf16(row.imageRegion).toStdString());
         Message message;
-        MMS_COMP_SMILParser::updateToCorvaneRegion(&message.slides);
+        MMS_COMP_SMILParser::updateToCorvaneRegion(&message.slides());
         expectPlaced(&message, row);
     }
 }
@@ -69,12 +69,12 @@ TEST(RenderLayout, HandsetRegionsShareThePageInTheOrderOfTheSlide)
 TEST(RenderLayout, TextBehindItsPictureIsBelowIt)
 {
     Message message;
-    MMS_COMP_SMILParser::updateToCorvaneRegion(&message.slides);
-    message.slides.appendSlide(3000u);
+    MMS_COMP_SMILParser::updateToCorvaneRegion(&message.slides());
+    message.slides().appendSlide(3000u);
     const auto *image = addObject(&message, 0, SMIL_MEDIA_IMAGE, QStringLiteral("image"), "a");
     const auto *text = addObject(&message, 0, SMIL_MEDIA_TEXT, QStringLiteral("text"), "a");
-    const auto places = placeObjects(message.slides, {image, text});
-    EXPECT_TRUE(message.slides.getSlide(0)->isTextBellowImg());
+    const auto places = placeObjects(message.slides(), {image, text});
+    EXPECT_TRUE(message.slides().getSlide(0)->isTextBellowImg());
     EXPECT_EQ(areaOf(places, SMIL_MEDIA_IMAGE), UpperHalf);
     EXPECT_EQ(areaOf(places, SMIL_MEDIA_TEXT), LowerHalf);
 }
@@ -82,10 +82,10 @@ TEST(RenderLayout, TextBehindItsPictureIsBelowIt)
 TEST(RenderLayout, OneObjectHasTheWholePage)
 {
     Message message;
-    MMS_COMP_SMILParser::updateToCorvaneRegion(&message.slides);
-    message.slides.appendSlide(3000u);
+    MMS_COMP_SMILParser::updateToCorvaneRegion(&message.slides());
+    message.slides().appendSlide(3000u);
     const auto *object = addObject(&message, 0, SMIL_MEDIA_IMAGE, QStringLiteral("image"), "a");
-    const auto places = placeObjects(message.slides, {object});
+    const auto places = placeObjects(message.slides(), {object});
     EXPECT_EQ(areaOf(places, SMIL_MEDIA_IMAGE), QRectF(QPointF(0, 0), HandsetPage));
     EXPECT_TRUE(places[0].sharesPage);
 }
@@ -93,16 +93,16 @@ TEST(RenderLayout, OneObjectHasTheWholePage)
 TEST(RenderLayout, HandsetRegionsAreKnownInPercentToo)
 {
     Message message;
-    message.slides.setLayoutMeasureUnit(SMIL_UNIT_PERCENT);
-    MMS_COMP_SMILParser::updateToCorvaneRegion(&message.slides);
+    message.slides().setLayoutMeasureUnit(SMIL_UNIT_PERCENT);
+    MMS_COMP_SMILParser::updateToCorvaneRegion(&message.slides());
     expectPlaced(&message, {u"text", u"image", LowerHalf, UpperHalf});
 }
 
 TEST(RenderLayout, HandsetRegionsShareALargePageToo)
 {
     Message message;
-    message.slides.setRootLayout(240, 400);
-    MMS_COMP_SMILParser::updateToCorvaneRegion(&message.slides);
+    message.slides().setRootLayout(240, 400);
+    MMS_COMP_SMILParser::updateToCorvaneRegion(&message.slides());
     expectPlaced(&message, {u"image", u"text", QRectF(0, 200, 240, 200), QRectF(0, 0, 240, 200)});
 }
 
@@ -123,8 +123,8 @@ TEST(RenderLayout, RegionsOfTheSenderStayWhereTheyAre)
 TEST(RenderLayout, RegionsInPercentArePartsOfThePage)
 {
     Message message;
-    message.slides.setRootLayout(200, 400);
-    message.slides.setLayoutMeasureUnit(SMIL_UNIT_PERCENT);
+    message.slides().setRootLayout(200, 400);
+    message.slides().setLayoutMeasureUnit(SMIL_UNIT_PERCENT);
     addRegion(&message, QStringLiteral("a"), QRectF(0, 0, 50, 25));
     addRegion(&message, QStringLiteral("b"), QRectF(50, 25, 50, 75));
     expectPlaced(&message, {u"a", u"b", QRectF(0, 0, 100, 100), QRectF(100, 100, 100, 300)});
@@ -148,9 +148,9 @@ TEST(RenderLayout, RegionWithoutAPlaceOnThePageCountsAsNone)
         SCOPED_TRACE(testing::PrintToString(area));
         Message message;
         addRegion(&message, QStringLiteral("a"), area);
-        message.slides.appendSlide(3000u);
+        message.slides().appendSlide(3000u);
         const auto *object = addObject(&message, 0, SMIL_MEDIA_IMAGE, QStringLiteral("a"), "a");
-        EXPECT_EQ(placeObjects(message.slides, {object})[0].area,
+        EXPECT_EQ(placeObjects(message.slides(), {object})[0].area,
                   QRectF(QPointF(0, 0), HandsetPage));
     }
 }
@@ -166,9 +166,9 @@ TEST(RenderLayout, PageIsAsLargeAsTheRootLayoutWithinReason)
                 {{1, 1}, {1, 1}},         {{-5, 200}, {120, 200}}, {{most, most}, {2048, 2048}}};
     for (const auto &row : rows) {
         Message message;
-        EXPECT_EQ(pageSize(message.slides), HandsetPage);
-        message.slides.setRootLayout(row.root.width(), row.root.height());
-        EXPECT_EQ(pageSize(message.slides), row.page);
+        EXPECT_EQ(pageSize(message.slides()), HandsetPage);
+        message.slides().setRootLayout(row.root.width(), row.root.height());
+        EXPECT_EQ(pageSize(message.slides()), row.page);
     }
 }
 

@@ -19,7 +19,7 @@ namespace {
 QImage blankPicture()
 {
     Message message;
-    message.slides.appendSlide(3000u);
+    message.slides().appendSlide(3000u);
     return renderSlide(message, 0, 1);
 }
 
@@ -44,9 +44,9 @@ QStringList namesIn(const QTemporaryDir &directory)
 // Small pages, so that many of them are soon written.
 void addSmallSlides(Message *message, int count)
 {
-    message->slides.setRootLayout(4, 4);
+    message->slides().setRootLayout(4, 4);
     for (int i = 0; i < count; ++i)
-        message->slides.appendSlide(3000u);
+        message->slides().appendSlide(3000u);
 }
 
 } // namespace
@@ -58,7 +58,7 @@ TEST(RenderSlide, IsThePageAndAStripTimesTheScale)
     EXPECT_GT(one.height(), 160);
     EXPECT_LT(one.height(), 200);
     Message message;
-    message.slides.appendSlide(3000u);
+    message.slides().appendSlide(3000u);
     for (int scale = 2; scale <= LargestScale; ++scale)
         EXPECT_EQ(renderSlide(message, 0, scale).size(), one * scale);
 }
@@ -67,7 +67,7 @@ TEST(RenderSlide, IsNullWhenThereIsNoSuchSlide)
 {
     Message message;
     EXPECT_TRUE(renderSlide(message, 0, 1).isNull());
-    message.slides.appendSlide(3000u);
+    message.slides().appendSlide(3000u);
     EXPECT_TRUE(renderSlide(message, 1, 1).isNull());
 }
 
@@ -76,8 +76,8 @@ TEST(RenderSlide, HasTheColorOfTheSlideOrElseOfTheRootLayout)
     for (const PaperRow &row : paperRows) {
         SCOPED_TRACE(std::string(row.slide) + '/' + row.root);
         Message message;
-        message.slides.appendSlide(3000u)->setPageColor(color(row.slide));
-        message.slides.setRootLayout(120, 160)->setBackgroundColor(QString::fromLatin1(row.root));
+        message.slides().appendSlide(3000u)->setPageColor(color(row.slide));
+        message.slides().setRootLayout(120, 160)->setBackgroundColor(QString::fromLatin1(row.root));
         const QImage page = pageOf(renderSlide(message, 0, 1));
         EXPECT_EQ(boundsOfColor(page, row.paper), page.rect());
     }
@@ -93,7 +93,7 @@ TEST(RenderSlide, OfAnySizeCanBeDrawn)
         addObject(&made.message, 0, SMIL_MEDIA_VIDEO, QStringLiteral("video"), "a");
         addObject(&made.message, 0, SMIL_MEDIA_REF, QStringLiteral("ref"), "a");
         addObject(&made.message, 0, SMIL_MEDIA_AUDIO, QStringLiteral("audio"), "a");
-        made.message.slides.setRootLayout(size.width(), size.height());
+        made.message.slides().setRootLayout(size.width(), size.height());
         const QImage picture = made.picture(LargestScale);
         ASSERT_FALSE(picture.isNull());
         EXPECT_LE(picture.width(), 4096);
@@ -111,8 +111,8 @@ TEST(RenderSlide, OfALargePageIsDrawnAtASmallerScale)
         {{320, 480}, 8}, {{640, 480}, 5}, {{2048, 10}, 2}, {{10, 1500}, 2}, {{2000, 2000}, 1}};
     for (const auto &row : rows) {
         Message message;
-        message.slides.appendSlide(3000u);
-        message.slides.setRootLayout(row.page.width(), row.page.height());
+        message.slides().appendSlide(3000u);
+        message.slides().setRootLayout(row.page.width(), row.page.height());
         EXPECT_EQ(renderSlide(message, 0, LargestScale), renderSlide(message, 0, row.scale));
         EXPECT_EQ(renderSlide(message, 0, LargestScale).width(), row.page.width() * row.scale);
     }
@@ -202,7 +202,7 @@ TEST(RenderSlide, StripTellsNumberAndDuration)
 {
     Message message;
     for (int i = 0; i < 2; ++i)
-        message.slides.appendSlide(3000u);
+        message.slides().appendSlide(3000u);
     const QImage first = renderSlide(message, 0, 1);
     const QImage second = renderSlide(message, 1, 1);
     const QRect left(0, 160, 20, first.height() - 160);
@@ -211,7 +211,7 @@ TEST(RenderSlide, StripTellsNumberAndDuration)
     EXPECT_EQ(second.copy(right), first.copy(right));
     QList<QImage> strips{first};
     for (int duration : {2500, -1, -2, std::numeric_limits<int>::max()}) {
-        message.slides.getSlide(0)->setDur(duration);
+        message.slides().getSlide(0)->setDur(duration);
         const QImage picture = renderSlide(message, 0, 1);
         EXPECT_EQ(picture.copy(left), first.copy(left)) << duration;
         EXPECT_FALSE(strips.contains(picture)) << duration;
@@ -223,7 +223,7 @@ TEST(RenderSlides, WritesEverySlideAndAContactSheet)
 {
     const QTemporaryDir directory;
     OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({20, 20}));
-    made.message.slides.appendSlide(3000u);
+    made.message.slides().appendSlide(3000u);
     QStringList report;
     QString error;
     ASSERT_TRUE(renderSlides(made.message, directory.path(), 2, &report, &error));

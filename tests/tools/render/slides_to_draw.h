@@ -3,7 +3,7 @@
  */
 #pragma once
 
-#include "message/message.h"
+#include "input/message.h"
 #include "render/render.h"
 
 #include <QBuffer>
@@ -41,28 +41,28 @@ inline MMS_COMP_SMILMediaObject *addObject(Message *message, unsigned int slide,
 {
     auto part = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
     part->setBodyData(octets);
-    auto object = std::make_unique<MMS_COMP_SMILMediaObject>(&message->body);
+    auto object = std::make_unique<MMS_COMP_SMILMediaObject>(&message->parts());
     object->setMediaElementType(type);
     object->setSrc(QStringLiteral("name"));
     object->setRegionId(region);
     object->setData(part.get());
-    message->body.appendBodypart(part.release());
-    message->slides.getSlide(slide)->appendObject(object.get());
+    message->parts().appendBodypart(part.release());
+    message->slides().getSlide(slide)->appendObject(object.get());
     return object.release();
 }
 
 inline void addRegion(Message *message, const QString &id, const QRectF &area,
                       const char *fit = "hidden")
 {
-    message->slides.appendRegion(float(area.x()), float(area.y()), float(area.width()),
-                                 float(area.height()), QString::fromLatin1(fit), id);
+    message->slides().appendRegion(float(area.x()), float(area.y()), float(area.width()),
+                                   float(area.height()), QString::fromLatin1(fit), id);
 }
 
 /// A message with one slide, which has one object in a region.
 struct OneObject
 {
     Message message;
-    MMS_COMP_SMILTimingContainer *slide = message.slides.appendSlide(3000u);
+    MMS_COMP_SMILTimingContainer *slide = message.slides().appendSlide(3000u);
     MMS_COMP_SMILMediaObject *object;
 
     OneObject(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type, const QByteArray &octets,

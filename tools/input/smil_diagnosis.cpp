@@ -1,4 +1,4 @@
-#include "message/smil_diagnosis.h"
+#include "input/smil_diagnosis.h"
 
 #include <QXmlStreamReader>
 

@@ -11,19 +11,15 @@
 #include <memory>
 #include <optional>
 
-/// A decoded PDU. After a failure it has the content that was decoded before.
-struct Message
+/// A message, and what reading its file came to.
+struct Message : QvlMessage
 {
     QString fileName; ///< as on the command line
-    QByteArray octets;
-    MMS_UA_UAMsg header;
+    QByteArray octets; ///< of the file
     unsigned char headerResult = WireResult::Read;
-    MMS_COMP_SMILMultipart body;
     std::optional<int> bodyResult; ///< nothing when there is no multipart body to parse
     QByteArray smil; ///< text of the SMIL part
-    MMS_COMP_SMILData slides{&body};
     std::optional<int> smilResult; ///< nothing when there is no SMIL part
-    bool slidesAreMade = false; ///< generated from the parts, because there is no SMIL part
 
     bool isRefused() const
     {
@@ -31,7 +27,7 @@ struct Message
             || smilResult.value_or(SmilResult::Ok) != 0;
     }
     /// Offset of the body, when the header was decoded.
-    qsizetype bodyOffset() const { return octets.size() - header.getBodyLength(); }
+    qsizetype bodyOffset() const { return octets.size() - header().getBodyLength(); }
 };
 
 /// Decodes the PDU @p octets.

@@ -1,6 +1,6 @@
-#include "message/message.h"
+#include "input/message.h"
 
-#include "message/files.h"
+#include "input/files.h"
 
 #include <QXmlStreamReader>
 
@@ -8,42 +8,22 @@
 
 namespace {
 
-bool isMultipart(const MMS_UA_UAMsg &header)
-{
-    return header.getContentSubType().startsWith(QLatin1String("vnd.wap.multipart."),
-                                                 Qt::CaseInsensitive);
-}
-
-void makeSlides(Message *message)
-{
-    MMS_COMP_SMILParser::updateToCorvaneRegion(&message->slides);
-    MMS_COMP_SMILParser::makeSmilForMixed(&message->body, &message->slides, false);
-    message->slidesAreMade = message->slides.getTotalSlidesNum() > 0;
-}
-
 void decode(Message *message)
 {
-    auto *pdu = reinterpret_cast<unsigned char *>(message->octets.data());
-    auto length = static_cast<unsigned int>(message->octets.size());
-    MMS_UA_UAMsg &header = message->header;
-    message->headerResult = MMS_UA_Decoder().decodeHeader(pdu, length, &header);
-    if (message->headerResult != WireResult::Read || header.getBodyLength() == 0
-        || !isMultipart(header))
+    using Layer = QvlMessage::Result::Layer;
+    const QvlMessage::Result received = message->receive(message->octets);
+    if (received.layer == Layer::Header)
+        message->headerResult = static_cast<unsigned char>(received.code);
+    else
+        message->bodyResult = received.code;
+    if (received.layer == Layer::Header || !received.isOk())
         return;
-    message->body.setMimeType(header.getContentType());
-    message->body.setSubType(header.getContentSubType());
-    const auto octets = QByteArray::fromRawData(reinterpret_cast<const char *>(header.getBody()),
-                                                header.getBodyLength());
-    message->bodyResult = MMS_COMP_SMILMultipartParser::parse(octets, &header, &message->body);
-    if (message->bodyResult != MultipartResult::Ok)
-        return;
-    if (const auto *smil = message->body.getSmilPart()) {
+    const auto *smil = message->parts().getSmilPart();
+    if (smil)
         message->smil = smil->getBodyData();
-        message->smilResult =
-            MMS_COMP_SMILParser().parse(message->smil, &message->body, &message->slides);
-    } else {
-        makeSlides(message);
-    }
+    const QvlMessage::Result presented = message->present();
+    if (smil)
+        message->smilResult = presented.code;
 }
 
 // A PDU begins with the code of Message-Type. No text begins with that octet.
@@ -81,10 +61,10 @@ void readDocument(Message *message)
     reader.setNamespaceProcessing(false);
     while (!reader.atEnd()) {
         if (reader.readNext() == QXmlStreamReader::StartElement)
-            addPart(&message->body,
+            addPart(&message->parts(),
                     reader.attributes().value(QLatin1String("src")).trimmed().toString());
     }
-    message->smilResult = parser.parse(message->smil, &message->body, &message->slides);
+    message->smilResult = parser.parse(message->smil, &message->parts(), &message->slides());
 }
 
 std::unique_ptr<Message> openFile(const QString &fileName, QString *error)

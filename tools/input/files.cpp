@@ -1,4 +1,4 @@
-#include "message/files.h"
+#include "input/files.h"
 
 #include <QFile>
 #include <QFileInfo>
