@@ -3,6 +3,8 @@
  */
 #pragma once
 
+#include "base/tables.h"
+
 #include <span>
 
 /// A result code and its meaning in words.
@@ -15,9 +17,6 @@ struct CodeMeaning
 /// The meaning of @p code in @p table; never null.
 inline const char *meaningOf(std::span<const CodeMeaning> table, int code)
 {
-    for (const CodeMeaning &row : table) {
-        if (row.code == code)
-            return row.text;
-    }
-    return "unknown result";
+    const CodeMeaning *row = rowOf(table, code, &CodeMeaning::code);
+    return row ? row->text : "unknown result";
 }

@@ -1,6 +1,7 @@
 #include "presentation/layout.h"
 
 #include "base/no_memory.h"
+#include "base/tables.h"
 #include "document/element.h"
 #include "presentation/region_index.h"
 #include "presentation/smil_values.h"
@@ -11,11 +12,13 @@
 #include <array>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Keywords stand at their numbers.
-constexpr std::array fitKeywords{"hidden", "fill", "meet", "scroll", "slice"};
-static_assert(fitKeywords.size() == SMIL_REGION_FIT_UNKNOWN);
+constexpr std::array FitKeywords{"hidden"_L1, "fill"_L1, "meet"_L1, "scroll"_L1, "slice"_L1};
+static_assert(FitKeywords.size() == SMIL_REGION_FIT_UNKNOWN);
 
 } // namespace
 
@@ -51,15 +54,13 @@ bool MMS_COMP_SMILRegion::setId(const QString &id)
 
 bool MMS_COMP_SMILRegion::setFit(const QString &keyword)
 {
-    const auto row = std::find_if(fitKeywords.begin(), fitKeywords.end(),
-                                  [&](const char *word) { return keyword == QLatin1String(word); });
-    m_fit = MMS_COMP_SMIL_REGION_FIT(row - fitKeywords.begin());
+    m_fit = MMS_COMP_SMIL_REGION_FIT(placeOf(FitKeywords, keyword));
     return true;
 }
 
 const char *MMS_COMP_SMILRegion::fitKeyword(MMS_COMP_SMIL_REGION_FIT fit)
 {
-    return fit >= 0 && fit < SMIL_REGION_FIT_UNKNOWN ? fitKeywords[size_t(fit)] : nullptr;
+    return fit >= 0 && fit < SMIL_REGION_FIT_UNKNOWN ? FitKeywords[size_t(fit)].data() : nullptr;
 }
 
 bool MMS_COMP_SMILRootLayout::setWidth(int width)

@@ -1,6 +1,7 @@
 #include "presentation/media_object.h"
 
 #include "base/no_memory.h"
+#include "base/tables.h"
 #include "document/element.h"
 #include "platform/comp_util.h"
 #include "platform/email_util.h"
@@ -23,19 +24,10 @@ using namespace Qt::StringLiterals;
 namespace {
 
 // Names stand at their numbers.
-constexpr std::array elementNames{"audio", "video", "text", "img", "ref"};
-static_assert(elementNames.size() == SMIL_MEDIA_UNKNOWN);
-constexpr std::array valueTypeKeywords{"data", "ref", "object"};
-static_assert(valueTypeKeywords.size() == SMIL_PARAM_VALUE_UNKNOWN);
-
-// The number of the word that @p text is, or the first number behind the table.
-template <size_t Size>
-int numberOf(const std::array<const char *, Size> &words, const QString &text)
-{
-    const auto row = std::find_if(words.begin(), words.end(),
-                                  [&](const char *word) { return text == QLatin1String(word); });
-    return int(row - words.begin());
-}
+constexpr std::array ElementNames{"audio"_L1, "video"_L1, "text"_L1, "img"_L1, "ref"_L1};
+static_assert(ElementNames.size() == SMIL_MEDIA_UNKNOWN);
+constexpr std::array ValueTypeKeywords{"data"_L1, "ref"_L1, "object"_L1};
+static_assert(ValueTypeKeywords.size() == SMIL_PARAM_VALUE_UNKNOWN);
 
 void setContentTypeOf(Part *part, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type)
 {
@@ -116,7 +108,7 @@ bool Param::setAll(const QString &name, const QString &value,
 
 MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE Param::valueTypeOf(const QString &keyword)
 {
-    return MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE(numberOf(valueTypeKeywords, keyword));
+    return MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE(placeOf(ValueTypeKeywords, keyword));
 }
 
 bool Param::writeToStream(QDataStream &stream) const
@@ -272,7 +264,7 @@ int MMS_COMP_SMILMediaObject::readElement(const SmilElement &element,
 {
     m_multipart = multipart;
     setMediaElementType(
-        MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(numberOf(elementNames, element.tag().trimmed())));
+        MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(placeOf(ElementNames, element.tag().trimmed())));
     m_src = element.attribute(u"src").trimmed();
     m_regionId = element.attribute(u"region").trimmed();
     m_alt = element.attribute(u"alt").trimmed();

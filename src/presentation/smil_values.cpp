@@ -1,6 +1,7 @@
 #include "presentation/smil_values.h"
 
 #include "base/durations.h"
+#include "base/tables.h"
 #include "presentation/color.h"
 #include "presentation/smil_time.h"
 
@@ -11,6 +12,8 @@
 #include <limits>
 #include <optional>
 #include <span>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -120,30 +123,21 @@ std::optional<int> readEvent(const QString &text, QString *id)
     return rest.size() < 2 ? std::nullopt : readMilliseconds(rest.sliced(1).chopped(1));
 }
 
-struct NamedColour
+struct NamedColor
 {
     QLatin1String name;
     QRgb rgb;
 };
 
-constexpr std::array namedColours{
-    NamedColour{QLatin1String("aqua"), 0x00FFFF},   NamedColour{QLatin1String("black"), 0x000000},
-    NamedColour{QLatin1String("blue"), 0x0000FF},   NamedColour{QLatin1String("fuchsia"), 0xFF00FF},
-    NamedColour{QLatin1String("gray"), 0x808080},   NamedColour{QLatin1String("green"), 0x008000},
-    NamedColour{QLatin1String("lime"), 0x00FF00},   NamedColour{QLatin1String("maroon"), 0x800000},
-    NamedColour{QLatin1String("navy"), 0x000080},   NamedColour{QLatin1String("olive"), 0x808000},
-    NamedColour{QLatin1String("purple"), 0x800080}, NamedColour{QLatin1String("red"), 0xFF0000},
-    NamedColour{QLatin1String("silver"), 0xC0C0C0}, NamedColour{QLatin1String("teal"), 0x008080},
-    NamedColour{QLatin1String("white"), 0xFFFFFF},  NamedColour{QLatin1String("yellow"), 0xFFFF00}};
-
-const NamedColour *findNamedColour(QStringView name)
-{
-    for (const NamedColour &row : namedColours) {
-        if (row.name == name)
-            return &row;
-    }
-    return nullptr;
-}
+constexpr std::array NamedColors{
+    NamedColor{"aqua"_L1, 0x00FFFF},   NamedColor{"black"_L1, 0x000000},
+    NamedColor{"blue"_L1, 0x0000FF},   NamedColor{"fuchsia"_L1, 0xFF00FF},
+    NamedColor{"gray"_L1, 0x808080},   NamedColor{"green"_L1, 0x008000},
+    NamedColor{"lime"_L1, 0x00FF00},   NamedColor{"maroon"_L1, 0x800000},
+    NamedColor{"navy"_L1, 0x000080},   NamedColor{"olive"_L1, 0x808000},
+    NamedColor{"purple"_L1, 0x800080}, NamedColor{"red"_L1, 0xFF0000},
+    NamedColor{"silver"_L1, 0xC0C0C0}, NamedColor{"teal"_L1, 0x008080},
+    NamedColor{"white"_L1, 0xFFFFFF},  NamedColor{"yellow"_L1, 0xFFFF00}};
 
 // hexadecimal ::= "#" 3 * digit | "#" 3 * (digit digit)
 // A single digit is not doubled: "#fff" is nearly black.
@@ -215,7 +209,7 @@ void SmilValues::readColor(const QString &text, MMS_COMP_COLOR &colour)
         colour.kind = SMIL_COLOR_NONE;
         return;
     }
-    if (const NamedColour *named = findNamedColour(trimmed)) {
+    if (const NamedColor *named = rowOf(NamedColors, trimmed, &NamedColor::name)) {
         colour = {SMIL_COLOR_NAMED, named->name, QColor(named->rgb)};
         return;
     }
