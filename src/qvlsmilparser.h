@@ -30,6 +30,7 @@
 #include "presentation/color.h"
 #include "presentation/layout.h"
 #include "presentation/media_element_type.h"
+#include "presentation/media_kinds.h"
 #include "presentation/media_object.h"
 #include "presentation/presentation.h"
 #include "presentation/slide.h"

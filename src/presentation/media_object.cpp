@@ -4,7 +4,7 @@
 #include "base/tables.h"
 #include "document/element.h"
 #include "platform/comp_util.h"
-#include "platform/email_util.h"
+#include "presentation/media_kinds.h"
 #include "presentation/smil_result.h"
 #include "presentation/smil_values.h"
 
@@ -23,31 +23,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Names stand at their numbers.
-constexpr std::array ElementNames{"audio"_L1, "video"_L1, "text"_L1, "img"_L1, "ref"_L1};
-static_assert(ElementNames.size() == SMIL_MEDIA_UNKNOWN);
+// Keywords stand at their numbers.
 constexpr std::array ValueTypeKeywords{"data"_L1, "ref"_L1, "object"_L1};
 static_assert(ValueTypeKeywords.size() == SMIL_PARAM_VALUE_UNKNOWN);
-
-void setContentTypeOf(Part *part, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type)
-{
-    switch (type) {
-    case SMIL_MEDIA_AUDIO:
-        part->setContentType(EMAIL_Util::Audio);
-        break;
-    case SMIL_MEDIA_VIDEO:
-        part->setContentType(EMAIL_Util::Video);
-        break;
-    case SMIL_MEDIA_IMAGE:
-        part->setContentType(EMAIL_Util::Image);
-        break;
-    case SMIL_MEDIA_TEXT:
-        part->setContentType(EMAIL_Util::Text);
-        break;
-    default:
-        part->setContentType(QStringLiteral("application"));
-    }
-}
 
 void write(QDataStream &stream, const MMS_COMP_SMIL_TIME &time)
 {
@@ -240,7 +218,8 @@ bool MMS_COMP_SMILMediaObject::setData(const QString &regionId, const QString &s
         }
         part->setContentLocation(src);
         part->setDispFileName(MMS_COMP_Util::stripePath(src));
-        setContentTypeOf(part, type);
+        const QvlMediaKind *kind = qvlMediaKind(type);
+        part->setContentType(kind ? kind->mainTypeCode : int(EMAIL_Util::Application));
         part->setContentSubType(subType);
         part->setDispFileType(Part::Shown);
         part->setBodyData(bytes);
@@ -263,8 +242,8 @@ int MMS_COMP_SMILMediaObject::readElement(const SmilElement &element,
                                           MMS_COMP_SMILMultipart *multipart)
 {
     m_multipart = multipart;
-    setMediaElementType(
-        MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(placeOf(ElementNames, element.tag().trimmed())));
+    setMediaElementType(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(
+        placeOf(qvlMediaKinds, element.tag().trimmed(), &QvlMediaKind::tag)));
     m_src = element.attribute(u"src").trimmed();
     m_regionId = element.attribute(u"region").trimmed();
     m_alt = element.attribute(u"alt").trimmed();

@@ -1,17 +1,18 @@
 #include "presentation/presentation.h"
 
 #include "base/no_memory.h"
+#include "base/tables.h"
 #include "document/element.h"
 #include "multipart/part_index.h"
 #include "multipart/part_names.h"
 #include "multipart/reference.h"
+#include "presentation/media_kinds.h"
 #include "presentation/smil_result.h"
 #include "presentation/smil_values.h"
 
 #include <QDomElement>
 
 #include <algorithm>
-#include <array>
 #include <memory>
 
 using Object = MMS_COMP_SMILMediaObject;
@@ -19,14 +20,6 @@ using Part = MMS_COMP_SMILMultipartBodypart;
 using Slide = MMS_COMP_SMILTimingContainer;
 
 namespace {
-
-constexpr std::array mediaTags{"text", "img", "video", "audio", "ref"};
-
-bool isMediaTag(const QString &tag)
-{
-    return std::any_of(mediaTags.begin(), mediaTags.end(),
-                       [&](const char *word) { return tag == QLatin1String(word); });
-}
 
 bool isWhite(const QColor &colour)
 {
@@ -206,7 +199,7 @@ int MMS_COMP_SMILData::appendElement(const SmilElement &element, MMS_COMP_SMILMu
                                      bool newSlide, int dur, Object **created)
 {
     const QString tag = element.tag().trimmed().toLower();
-    if (!isMediaTag(tag))
+    if (!rowOf(qvlMediaKinds, tag, &QvlMediaKind::tag))
         return SmilResult::NotAMedia;
 
     Slide *slide = newSlide ? nullptr : m_slides.at(m_slides.count() - 1);

@@ -1,6 +1,8 @@
 #include "presentation/slide.h"
 
 #include "base/no_memory.h"
+#include "base/tables.h"
+#include "presentation/media_kinds.h"
 #include "presentation/smil_result.h"
 #include "presentation/smil_values.h"
 
@@ -235,14 +237,17 @@ bool MMS_COMP_SMILTimingContainer::isAudioExist() const
 
 bool MMS_COMP_SMILTimingContainer::canBeInserted(const QString &kind) const
 {
-    const QString tag = kind.toLower();
-    if (tag == QLatin1String("text"))
+    switch (placeOf(qvlMediaKinds, kind.toLower(), &QvlMediaKind::tag)) {
+    case SMIL_MEDIA_TEXT:
         return !first(isText);
-    if (tag == QLatin1String("img") || tag == QLatin1String("video"))
+    case SMIL_MEDIA_IMAGE:
+    case SMIL_MEDIA_VIDEO:
         return !isImageExist();
-    if (tag == QLatin1String("audio"))
+    case SMIL_MEDIA_AUDIO:
         return !isAudioExist();
-    return false;
+    default:
+        return false;
+    }
 }
 
 bool MMS_COMP_SMILTimingContainer::updateData(const QString &regionId, const QString &src,

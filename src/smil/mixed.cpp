@@ -6,9 +6,11 @@
 
 #include "base/no_memory.h"
 #include "multipart/multipart.h"
+#include "presentation/media_kinds.h"
 #include "presentation/presentation.h"
 #include "smil/smil_part.h"
 
+#include <algorithm>
 #include <memory>
 
 namespace {
@@ -20,45 +22,38 @@ using Slide = MMS_COMP_SMILTimingContainer;
 constexpr int Created = 1;
 constexpr int NotCreated = 0;
 
-struct KindRow
+// The kind of a part that a slide can show, or null.
+const QvlMediaKind *kindOf(Part &part)
 {
-    QLatin1String contentType;
-    MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE element;
-    QLatin1String region;
-};
+    const QString mainType = part.getContentType();
+    const auto kind = std::ranges::find_if(qvlMediaKinds, [&](const QvlMediaKind &row) {
+        return !row.mainType.isEmpty() && mainType.compare(row.mainType, Qt::CaseInsensitive) == 0;
+    });
+    if (kind == qvlMediaKinds.end())
+        return nullptr;
+    const bool shown = kind->type == SMIL_MEDIA_TEXT
+        ? part.getSubType().compare(QLatin1String("plain"), Qt::CaseInsensitive) == 0
+        : part.isMediaObjectSupported();
+    return shown ? &*kind : nullptr;
+}
 
 // Sound stands in the text region. Kept: the viewer shows its name there.
-constexpr KindRow kinds[] = {
-    {QLatin1String("text"), SMIL_MEDIA_TEXT, QLatin1String("text")},
-    {QLatin1String("image"), SMIL_MEDIA_IMAGE, QLatin1String("image")},
-    {QLatin1String("video"), SMIL_MEDIA_VIDEO, QLatin1String("image")},
-    {QLatin1String("audio"), SMIL_MEDIA_AUDIO, QLatin1String("text")},
-};
-
-// The kind of a part that a slide can show, or null.
-const KindRow *kindOf(Part &part)
+QString regionOf(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type, const MMS_COMP_SMILData &data)
 {
-    for (const KindRow &kind : kinds) {
-        if (part.getContentType().compare(kind.contentType, Qt::CaseInsensitive) != 0)
-            continue;
-        const bool shown = kind.element == SMIL_MEDIA_TEXT
-            ? part.getSubType().compare(QLatin1String("plain"), Qt::CaseInsensitive) == 0
-            : part.isMediaObjectSupported();
-        return shown ? &kind : nullptr;
-    }
-    return nullptr;
+    return type == SMIL_MEDIA_IMAGE || type == SMIL_MEDIA_VIDEO ? data.getImgRegionId()
+                                                                : data.getTextRegionId();
 }
 
 void appendSlide(MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data, Part *part,
-                 const KindRow &kind)
+                 MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type)
 {
     Slide *slide = data->appendSlide(unsigned(Slide::DefaultDuration));
     auto object = std::make_unique<Object>(multipart);
     object->setData(part);
-    object->setMediaElementType(kind.element);
+    object->setMediaElementType(type);
     object->setSrc(part->getContentLocation());
     object->setMimeType(part->getMimeFormat());
-    object->setRegionId(kind.region);
+    object->setRegionId(regionOf(type, *data));
     slide->appendObject(object.release());
     slide->rectifyDur();
     part->setDispFileType(Part::Shown);
@@ -77,8 +72,8 @@ int MMS_COMP_SMILParser::makeSmilForMixed(MMS_COMP_SMILMultipart *multipart,
             Part *part = multipart->getBodypartByIndex(i);
             if (part->getDispFileType() == Part::Shown)
                 continue;
-            if (const KindRow *kind = kindOf(*part))
-                appendSlide(multipart, data, part, *kind);
+            if (const QvlMediaKind *kind = kindOf(*part))
+                appendSlide(multipart, data, part, kind->type);
         }
         if (!writeSmil)
             return Created;

@@ -6,10 +6,12 @@
 #include "smil/smil_parser.h"
 
 #include "base/no_memory.h"
+#include "base/tables.h"
 #include "document/encoding.h"
 #include "document/parser.h"
 #include "multipart/multipart.h"
 #include "multipart/part_index.h"
+#include "presentation/media_kinds.h"
 #include "presentation/presentation.h"
 #include "presentation/region_index.h"
 #include "presentation/smil_result.h"
@@ -18,7 +20,6 @@
 #include <QDomElement>
 #include <QFile>
 
-#include <algorithm>
 #include <array>
 
 using namespace Qt::StringLiterals;
@@ -43,6 +44,7 @@ public:
     int readPar(const SmilElement &par, int &depth);
     int readSeq(const SmilElement &seq, int &depth);
     static int readParams(const SmilElement &element, MMS_COMP_SMILMediaObject *object);
+    static bool isBodyTag(const QString &tag);
 
     /// SmilResult::MetaRefused when a meta was not kept, else 0.
     int warning() const { return m_warning; }
@@ -70,19 +72,6 @@ constexpr int DeepestTimeContainer = 10;
 constexpr std::array<QByteArrayView, 2> ownRegionLines{
     "<region id=\"text\"  height=\"160\"  width=\"120\" left=\"0\" top=\"0\" fit=\"hidden\" />",
     "<region id=\"image\"  height=\"160\"  width=\"120\" left=\"0\" top=\"160\" fit=\"hidden\" />"};
-
-struct MediaWord
-{
-    MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type;
-    QLatin1String word;
-};
-
-constexpr std::array mediaWords{MediaWord{SMIL_MEDIA_AUDIO, QLatin1String("audio")},
-                                MediaWord{SMIL_MEDIA_VIDEO, QLatin1String("video")},
-                                MediaWord{SMIL_MEDIA_TEXT, QLatin1String("text")},
-                                MediaWord{SMIL_MEDIA_IMAGE, QLatin1String("image")}};
-
-constexpr std::array bodyTags{"par", "seq", "text", "img", "audio", "video", "ref"};
 
 void removeRepeatedLine(QByteArray *text, QByteArrayView line)
 {
@@ -118,10 +107,9 @@ int readWhile(SmilElement *element, QStringView tag, Reader read)
     return SmilResult::Ok;
 }
 
-bool isBodyTag(const QString &tag)
+bool isMediaTag(const QString &tag)
 {
-    return std::any_of(bodyTags.begin(), bodyTags.end(),
-                       [&tag](const char *row) { return tag == QLatin1String(row); });
+    return rowOf(qvlMediaKinds, tag, &QvlMediaKind::tag);
 }
 
 int durationOf(const SmilElement &element)
@@ -359,6 +347,11 @@ int SmilReader::readSeq(const SmilElement &seq, int &depth)
     return readTimedChildren(seq, NewSlide::Always, durationOf(seq), depth);
 }
 
+bool SmilReader::isBodyTag(const QString &tag)
+{
+    return containerReader(tag) || isMediaTag(tag);
+}
+
 SmilReader::ContainerReader SmilReader::containerReader(const QString &tag)
 {
     if (tag == u"par")
@@ -385,14 +378,14 @@ int SmilReader::readTimedChildren(const SmilElement &parent, NewSlide newSlide, 
     bool beginsSlide = newSlide == NewSlide::Always;
     for (SmilElement child = parent.firstChild(); !child.isNull(); child = child.nextSibling()) {
         const QString tag = child.tag();
-        if (!isBodyTag(tag))
-            continue;
         if (const ContainerReader read = containerReader(tag)) {
             if (const int result = readNested(read, child, depth))
                 return result;
             beginsSlide = true;
             continue;
         }
+        if (!isMediaTag(tag))
+            continue;
         const int result = readMedia(child, beginsSlide, dur);
         if (result < SmilResult::Ok)
             return result;
@@ -452,7 +445,7 @@ void MMS_COMP_SMILParser::parseColor(const QString &text, MMS_COMP_COLOR &color)
 
 bool MMS_COMP_SMILParser::isValidBodyElement(const QDomElement *element)
 {
-    return element && isBodyTag(element->tagName());
+    return element && SmilReader::isBodyTag(element->tagName());
 }
 
 QDomNode MMS_COMP_SMILParser::getNextSibling(const QDomNode &node)
@@ -462,14 +455,13 @@ QDomNode MMS_COMP_SMILParser::getNextSibling(const QDomNode &node)
 
 MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE MMS_COMP_SMILParser::getTypeEnum(const QString &word)
 {
-    const auto row = std::find_if(mediaWords.begin(), mediaWords.end(),
-                                  [&](const MediaWord &media) { return word == media.word; });
-    return row != mediaWords.end() ? row->type : SMIL_MEDIA_UNKNOWN;
+    const QvlMediaKind *kind =
+        word.isEmpty() ? nullptr : rowOf(qvlMediaKinds, word, &QvlMediaKind::mainType);
+    return kind ? kind->type : SMIL_MEDIA_UNKNOWN;
 }
 
 QString MMS_COMP_SMILParser::getMimeTypeStr(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type)
 {
-    const auto row = std::find_if(mediaWords.begin(), mediaWords.end(),
-                                  [type](const MediaWord &media) { return type == media.type; });
-    return row != mediaWords.end() ? row->word : QLatin1String("");
+    const QvlMediaKind *kind = qvlMediaKind(type);
+    return kind ? kind->mainType : ""_L1;
 }

@@ -8,9 +8,9 @@
 
 #include "base/decimal.h"
 #include "base/no_memory.h"
+#include "presentation/media_kinds.h"
 #include "presentation/presentation.h"
 
-#include <array>
 #include <cmath>
 
 namespace {
@@ -148,14 +148,11 @@ void Writer::slide(const MMS_COMP_SMILTimingContainer &slide)
 
 void Writer::object(const MMS_COMP_SMILMediaObject &object)
 {
-    // Names stand at their numbers.
-    constexpr std::array names{QLatin1String("audio"), QLatin1String("video"),
-                               QLatin1String("text"), QLatin1String("img"), QLatin1String("ref")};
     const auto type = object.getMediaElementType();
-    if (size_t(type) >= names.size())
+    const QvlMediaKind *kind = qvlMediaKind(type);
+    if (!kind)
         return;
-    const QLatin1String name = names[size_t(type)];
-    m_out += QLatin1Char('<') + name;
+    m_out += QLatin1Char('<') + kind->tag;
     attributeUnlessEmpty(QLatin1String(" src=\""), object.getSrc());
     attributeUnlessEmpty(QLatin1String(" alt=\""), object.getAlt());
     // The handset places videos itself, and sounds have no place.
@@ -168,7 +165,7 @@ void Writer::object(const MMS_COMP_SMILMediaObject &object)
     m_out += QLatin1String(" >\n");
     for (int i = 0; i < object.getParamCount(); ++i)
         param(*object.getParam(i));
-    m_out += QLatin1String("</") + name + QLatin1String(">\n");
+    m_out += QLatin1String("</") + kind->tag + QLatin1String(">\n");
 }
 
 void Writer::time(QLatin1String name, const MMS_COMP_SMIL_TIME &time)

@@ -4,14 +4,14 @@
  */
 #pragma once
 
+#include "presentation/media_kinds.h"
 #include "presentation/presentation.h"
-#include "smil/smil_parser.h"
 #include "presentation/smil_result.h"
+#include "smil/smil_parser.h"
 #include "support/octets.h"
 
 #include <QStringList>
 
-#include <array>
 #include <memory>
 
 /// A presentation of a message whose parts are t1.txt, t2.txt, i1.jpg, i2.jpg, v.3gp and a.amr.
@@ -43,8 +43,8 @@ inline QByteArray documentOf(const QByteArray &head, const QByteArray &body = {}
 /// "text t1.txt": the kind and the location.
 inline QString lineOf(const MMS_COMP_SMILMediaObject &object)
 {
-    constexpr std::array kinds{"audio", "video", "text", "img", "ref", "unknown"};
-    return QString("%1 %2").arg(kinds.at(size_t(object.getMediaElementType())), object.getSrc());
+    const QvlMediaKind *kind = qvlMediaKind(object.getMediaElementType());
+    return QString("%1 %2").arg(kind ? kind->tag : QLatin1StringView("unknown"), object.getSrc());
 }
 
 /// "5000: text t1.txt, img i1.jpg" for every slide.
