@@ -142,7 +142,7 @@ public:
      * How long an audio or video part plays. Opens the octets in the platform's player engine at
      * every call, so linear in their count.
      *
-     * @return milliseconds, rounded up to a multiple of 500, or -1 when they cannot be measured
+     * @return milliseconds, rounded up to a multiple of QvlDuration::Step, or -1 when they cannot be measured
      */
     int getPlayDur();
 

@@ -4,6 +4,7 @@
  */
 #include "multipart/body_part.h"
 
+#include "base/durations.h"
 #include "base/no_memory.h"
 #include "platform/comp_util.h"
 #include "platform/player_engine.h"
@@ -18,7 +19,6 @@
 namespace {
 
 constexpr int NotMeasured = -1;
-constexpr int DurationStep = 500; // milliseconds
 
 struct EngineDestroyer
 {
@@ -45,13 +45,11 @@ int playDuration(MP_PlayerEngine &engine)
     return known ? info.playDuration : NotMeasured;
 }
 
-// Up to the next step, by the signed remainder: negative durations stay, and so does one whose next
-// step is no int.
+// Up to the next step. A duration whose next step is no int stays.
 int roundedUp(int duration)
 {
-    const int rest = duration % DurationStep;
-    const int missing = rest > 0 ? DurationStep - rest : 0;
-    return duration > std::numeric_limits<int>::max() - missing ? duration : duration + missing;
+    const qint64 rounded = QvlDuration::roundedUpToStep(duration);
+    return rounded > std::numeric_limits<int>::max() ? duration : int(rounded);
 }
 
 // A pixmap without a running GUI would end the process.

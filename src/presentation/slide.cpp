@@ -1,5 +1,6 @@
 #include "presentation/slide.h"
 
+#include "base/durations.h"
 #include "base/no_memory.h"
 #include "base/tables.h"
 #include "presentation/media_kinds.h"
@@ -18,7 +19,8 @@ using Part = MMS_COMP_SMILMultipartBodypart;
 
 namespace {
 
-constexpr int DurationStep = 500; // milliseconds
+constexpr int LongestDuration =
+    std::numeric_limits<int>::max() / QvlDuration::Step * QvlDuration::Step;
 
 // The texts are part of the library, so that naming a param takes no memory.
 QString pageColourParam()
@@ -66,13 +68,6 @@ qint64 playLength(const Object *object)
 {
     Part *part = object ? object->getData() : nullptr;
     return part ? std::max(part->getPlayDur(), 0) : 0;
-}
-
-int roundedUp(qint64 duration)
-{
-    constexpr qint64 longest = std::numeric_limits<int>::max() / DurationStep * DurationStep;
-    const qint64 rest = duration % DurationStep;
-    return int(std::min(rest > 0 ? duration - rest + DurationStep : duration, longest));
 }
 
 bool hasCharacters(const Object &object)
@@ -378,7 +373,7 @@ void MMS_COMP_SMILTimingContainer::rectifyDur()
         duration = length;
         m_setDurManually = false;
     }
-    m_dur = roundedUp(duration);
+    m_dur = int(std::min<qint64>(QvlDuration::roundedUpToStep(duration), LongestDuration));
 }
 
 void MMS_COMP_SMILTimingContainer::clear()

@@ -4,6 +4,7 @@
  */
 #pragma once
 
+#include "../base/durations.h"
 #include "../base/export.h"
 #include "../base/ptr_list.h"
 #include "../multipart/liveness.h"
@@ -25,7 +26,7 @@ class QVL_EXPORT MMS_COMP_SMILTimingContainer
 {
 public:
     /// Milliseconds that a slide lasts unless something else says so.
-    static constexpr int DefaultDuration = 5000;
+    static constexpr int DefaultDuration = QvlDuration::Default;
 
     /// An empty slide whose content is in @p multipart, which may be null.
     explicit MMS_COMP_SMILTimingContainer(MMS_COMP_SMILMultipart *multipart);
@@ -34,8 +35,8 @@ public:
     /// Releases the content of the slide's objects, as clear() does.
     ~MMS_COMP_SMILTimingContainer();
 
-    /// How long the slide is shown, in milliseconds; -1 for none given, -2 for indefinite. Starts
-    /// as DefaultDuration.
+    /// How long the slide is shown, in milliseconds, or QvlDuration::None or Indefinite. Starts as
+    /// DefaultDuration.
     int getDur() const { return m_dur; }
     /// @copydoc getDur
     void setDur(int milliseconds) { m_dur = milliseconds; }
@@ -144,8 +145,8 @@ public:
     unsigned int getPageSize() const;
     /**
      * Derives the duration from the first video and the first audio: the sum of what plays, else
-     * the user's or the default one, rounded up to a multiple of 500 ms. Measures the two in the
-     * platform's player engine.
+     * the user's or the default one, rounded up to a multiple of QvlDuration::Step. Measures the
+     * two in the platform's player engine.
      */
     void rectifyDur();
     /// Releases and deletes all objects; the duration is the default one again.

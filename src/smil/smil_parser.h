@@ -97,7 +97,8 @@ public:
     /// @p time, which must not be null. A text that is empty or not understood leaves the value
     /// alone.
     static void parseTime(const QString &text, MMS_COMP_SMIL_TIME *time);
-    /// Milliseconds; -1 for an empty text, -2 for "indefinite", 5000 for one not understood.
+    /// Milliseconds; QvlDuration::None for an empty text, Indefinite for "indefinite", Default for
+    /// one not understood.
     static int parseDur(const QString &text);
     /// Reads a colour: one of sixteen names in lower case, or "#rrggbb". In "#rgb" a digit is not
     /// doubled: "#fff" is nearly black. A text that gives no colour leaves the last colour alone

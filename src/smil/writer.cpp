@@ -7,6 +7,7 @@
 #include "smil/smil_parser.h"
 
 #include "base/decimal.h"
+#include "base/durations.h"
 #include "base/no_memory.h"
 #include "presentation/media_kinds.h"
 #include "presentation/presentation.h"
@@ -14,8 +15,6 @@
 #include <cmath>
 
 namespace {
-
-constexpr int Indefinite = -2;
 
 // Characters that most texts get by with, so that they are not moved while they grow.
 constexpr qsizetype CommonLength = 500;
@@ -135,7 +134,7 @@ void Writer::region(const MMS_COMP_SMILRegion &region, QLatin1String closing)
 
 void Writer::slide(const MMS_COMP_SMILTimingContainer &slide)
 {
-    if (slide.getDur() == Indefinite)
+    if (slide.getDur() == QvlDuration::Indefinite)
         m_out += QLatin1String("<par dur=\"indefinite\">\n");
     else if (slide.getDur() < 0)
         m_out += QLatin1String("<par>\n");
