@@ -3,6 +3,7 @@
  * first sees the pointer that is about to dangle and then that it answers null; it is worth most
  * under AddressSanitizer, which sees what is read, deleted twice or never.
  */
+#include "base/durations.h"
 #include "presentation/presentation.h"
 
 #include <gtest/gtest.h>
@@ -644,7 +645,7 @@ TEST(NewContent, AfterThePartWasDeletedBehindASlide)
 {
     Multipart message;
     Presentation data(&message);
-    Slide *slide = data.appendSlide(5000U);
+    Slide *slide = data.appendSlide(QvlDuration::Default);
     ASSERT_TRUE(slide->updateData("r", "a", SMIL_MEDIA_IMAGE, "x", "1", true, &message));
     ASSERT_TRUE(slide->getMediaObject(0)->getData());
     EXPECT_EQ(message.deletePart(0), 0);

@@ -3,6 +3,7 @@
  * size on their way in and out, what is removed before sending, copying. Names for new content and
  * who deletes what are tested apart.
  */
+#include "base/durations.h"
 #include "presentation/presentation.h"
 
 #include "presentation/model_facts.h"
@@ -54,7 +55,7 @@ QStringList kindsOf(const Presentation &presentation)
 void appendSlides(Presentation &presentation, const QStringList &slides)
 {
     for (const QString &kinds : slides)
-        appendKinds(*presentation.appendSlide(5000U), kinds);
+        appendKinds(*presentation.appendSlide(QvlDuration::Default), kinds);
 }
 
 std::pair<int, int> rootSize(const Presentation &presentation)
@@ -227,7 +228,7 @@ TEST_F(PresentationTest, ObjectOperationsGoToTheSlide)
     EXPECT_EQ(data.getMediaObject(1, 2), nullptr);
     data.getSlide(1)->setDur(1234);
     EXPECT_TRUE(data.insertMediaObject(1, 0, newObject(SMIL_MEDIA_VIDEO)));
-    EXPECT_EQ(data.getSlide(1)->getDur(), 5000);
+    EXPECT_EQ(data.getSlide(1)->getDur(), QvlDuration::Default);
     EXPECT_EQ(kindsOf(data), (QStringList{"t", "vta"}));
     EXPECT_TRUE(data.deleteMediaObject(1, 1));
     EXPECT_TRUE(data.deleteMediaObject(1, 2)); // there is none
@@ -321,7 +322,7 @@ TEST_F(PresentationTest, ElementGoesToTheLastSlideWhenItHasRoom)
         EXPECT_EQ(created->getData(), part);
         EXPECT_EQ(created->getMultiPart(), &message);
         const bool added = row.after.size() > row.before.size();
-        EXPECT_EQ(last->getDur(), added ? 777 : 5000);
+        EXPECT_EQ(last->getDur(), added ? 777 : QvlDuration::Default);
         EXPECT_EQ(last->getMultiPart(), added ? &message : nullptr);
         created->setData(nullptr); // the next row needs the part
     }
@@ -395,7 +396,7 @@ TEST_F(PresentationTest, FirstObjectOfALocationOrContentIdIsDeleted)
         fresh.deleteObjectByDataLocation(location);
         EXPECT_EQ(kindsOf(fresh), kinds);
         EXPECT_EQ(parts.getPartCount(), location == "other" ? 4 : 3);
-        EXPECT_EQ(fresh.getSlide(0)->getDur(), location == "c" ? 5000 : 1234);
+        EXPECT_EQ(fresh.getSlide(0)->getDur(), location == "c" ? QvlDuration::Default : 1234);
     }
 }
 

@@ -3,6 +3,7 @@
  * clip's octets are its length in milliseconds as a decimal number, and anything else cannot be
  * opened.
  */
+#include "base/durations.h"
 #include "platform/player_engine.h"
 #include "presentation/model_facts.h"
 
@@ -88,16 +89,16 @@ constexpr Timing ByHand{1234, true};
 constexpr int Longest = 2147483500;
 
 const Row Rows[] = {
-    {nullptr, nullptr, Derived, {5000, false}},
+    {nullptr, nullptr, Derived, {QvlDuration::Default, false}},
     {nullptr, nullptr, ByHand, {1500, true}},
     {nullptr, nullptr, {2300, true}, {2500, true}},
-    {nullptr, nullptr, {2300, false}, {5000, false}},
+    {nullptr, nullptr, {2300, false}, {QvlDuration::Default, false}},
     {nullptr, nullptr, {2500, true}, {2500, true}},
     {nullptr, nullptr, {2501, true}, {3000, true}},
     {nullptr, nullptr, {1, true}, {500, true}},
     {nullptr, nullptr, {0, true}, {0, true}},
-    {nullptr, nullptr, {-1, true}, {-1, true}},
-    {nullptr, nullptr, {-2, true}, {-2, true}},
+    {nullptr, nullptr, {QvlDuration::None, true}, {QvlDuration::None, true}},
+    {nullptr, nullptr, {QvlDuration::Indefinite, true}, {QvlDuration::Indefinite, true}},
     {nullptr, nullptr, {-2147483647 - 1, true}, {-2147483647 - 1, true}},
     {nullptr, nullptr, {Longest, true}, {Longest, true}},
     {nullptr, nullptr, {Longest + 1, true}, {Longest, true}},
@@ -116,12 +117,12 @@ const Row Rows[] = {
     {nullptr, "500", Derived, {500, false}},
 
     {nullptr, "", ByHand, {1500, true}},
-    {nullptr, "x", Derived, {5000, false}},
+    {nullptr, "x", Derived, {QvlDuration::Default, false}},
     {nullptr, "x", ByHand, {1500, true}},
-    {"x", "x", Derived, {5000, false}},
+    {"x", "x", Derived, {QvlDuration::Default, false}},
     {nullptr, "0", ByHand, {1500, true}},
     {nullptr, "-700", ByHand, {1500, true}},
-    {"-700", "-700", Derived, {5000, false}},
+    {"-700", "-700", Derived, {QvlDuration::Default, false}},
     {"x", "3200", ByHand, {3500, false}},
     {"3200", "x", ByHand, {3500, false}},
     {"-700", "1000", ByHand, {1000, false}},
@@ -190,7 +191,7 @@ TEST(SlideDuration, FollowsInsertingTakingAndRemoving)
     delete slide.getAudioElem(true);
     EXPECT_EQ(timingOf(slide), (Timing{4000, false}));
     slide.removeImgLikeElem();
-    EXPECT_EQ(timingOf(slide), (Timing{5000, false}));
+    EXPECT_EQ(timingOf(slide), (Timing{QvlDuration::Default, false}));
 }
 
 TEST(SlideDuration, RemovingTheOnlyAudioKeepsADurationSetSince)
@@ -228,8 +229,8 @@ TEST(SlideDuration, NeitherCopyingNorAppendingMeasures)
     Part *part = addPart(multipart, {.location = "clip.amr", .data = "3200", .display = 0});
     Slide source(nullptr);
     source.appendObject(newObject(SMIL_MEDIA_AUDIO, "clip.amr", nullptr, part));
-    EXPECT_EQ(source.getDur(), 5000);
+    EXPECT_EQ(source.getDur(), QvlDuration::Default);
     Slide target(nullptr);
     EXPECT_TRUE(source.copyTo(&target, &multipart));
-    EXPECT_EQ(timingOf(target), (Timing{5000, false}));
+    EXPECT_EQ(timingOf(target), (Timing{QvlDuration::Default, false}));
 }

@@ -2,6 +2,7 @@
  * Slides: composing them, what each change does to order and duration, colours as params, copying.
  * How long the media play is told to the player engine; lengths that differ are tested apart.
  */
+#include "base/durations.h"
 #include "presentation/slide.h"
 
 #include "presentation/model_facts.h"
@@ -41,7 +42,7 @@ TEST_F(SlideTest, NewOneIsEmptyAndLastsFiveSeconds)
 {
     Multipart multipart;
     const Slide slide(&multipart);
-    EXPECT_EQ(slide.getDur(), 5000);
+    EXPECT_EQ(slide.getDur(), QvlDuration::Default);
     EXPECT_FALSE(slide.getSetDurManually());
     EXPECT_EQ(slide.getMediaObjectCount(), 0U);
     EXPECT_EQ(slide.getMultiPart(), &multipart);
@@ -55,13 +56,13 @@ TEST_F(SlideTest, AccessorsKeepWhatTheyAreGiven)
 {
     Multipart multipart;
     Slide slide(nullptr);
-    slide.setDur(-2);
+    slide.setDur(QvlDuration::Indefinite);
     slide.setSetDurManually(true);
     slide.setMultiPart(&multipart);
     slide.setPageColor({SMIL_COLOR_NAMED, "red", Qt::red});
     slide.setTextColor(Blue);
     slide.setTextSize("Large");
-    EXPECT_EQ(slide.getDur(), -2);
+    EXPECT_EQ(slide.getDur(), QvlDuration::Indefinite);
     EXPECT_TRUE(slide.getSetDurManually());
     EXPECT_EQ(slide.getMultiPart(), &multipart);
     EXPECT_EQ(colourText(slide.getPageColor()), "1|red|#ff0000");
@@ -198,7 +199,7 @@ TEST_F(SlideDuration, IsDerivedAnewWhenWhatPlaysComesOrGoes)
         slide.setDur(1234);
         row.change(slide);
         EXPECT_EQ(kindsOf(slide), row.after);
-        EXPECT_EQ(slide.getDur(), row.derived ? 5000 : 1234);
+        EXPECT_EQ(slide.getDur(), row.derived ? QvlDuration::Default : 1234);
     }
 }
 
@@ -471,7 +472,7 @@ TEST_F(SlideDuration, NothingIsMeasuredForWhatDoesNotPlay)
     EXPECT_EQ(FakePlayerEngine::record.created, 0);
     slide.rectifyDur();
     EXPECT_EQ(FakePlayerEngine::record.created, 0);
-    EXPECT_EQ(slide.getDur(), 5000);
+    EXPECT_EQ(slide.getDur(), QvlDuration::Default);
 }
 
 TEST_F(SlideDuration, TakenPictureGivesTheDurationOfWhatIsLeft)
@@ -481,7 +482,7 @@ TEST_F(SlideDuration, TakenPictureGivesTheDurationOfWhatIsLeft)
     Slide slide(nullptr);
     for (const char kind : QByteArray("ia"))
         slide.appendObject(newObject(kindOf(kind), "", nullptr, addClip(multipart, "a.amr")));
-    EXPECT_EQ(slide.getDur(), 5000);
+    EXPECT_EQ(slide.getDur(), QvlDuration::Default);
     delete slide.getImgObjectLikeElem(true);
     EXPECT_EQ(slide.getDur(), 1500);
 }
@@ -697,7 +698,7 @@ TEST_F(SlideTest, ClearKeepsFlagColoursAndTextSize)
     slide.clear();
     EXPECT_EQ(slide.getMediaObjectCount(), 0U);
     EXPECT_EQ(multipart.getPartCount(), 0);
-    EXPECT_EQ(slide.getDur(), 5000);
+    EXPECT_EQ(slide.getDur(), QvlDuration::Default);
     EXPECT_TRUE(slide.getSetDurManually());
     EXPECT_EQ(colourText(slide.getPageColor()), "1|old|#010203");
     EXPECT_EQ(colourText(slide.getTextColor()), "2||#0080ff");
@@ -713,7 +714,7 @@ std::unique_ptr<Slide> slideToCopy(const QStringList &locations)
     auto slide = std::make_unique<Slide>(nullptr);
     for (const QString &location : locations)
         slide->appendObject(newObject(SMIL_MEDIA_IMAGE, location));
-    slide->setDur(-2);
+    slide->setDur(QvlDuration::Indefinite);
     slide->setSetDurManually(true);
     slide->setPageColor(Old);
     slide->setTextColor(Blue);
@@ -735,7 +736,7 @@ TEST_F(SlideTest, CopyHasEverything)
     EXPECT_EQ(target.getMediaObject(1)->getData(), multipart.getBodypartByIndex(1));
     EXPECT_EQ(target.getMediaObject(1)->getMultiPart(), &multipart);
     EXPECT_EQ(target.getMultiPart(), &multipart);
-    EXPECT_EQ(target.getDur(), -2);
+    EXPECT_EQ(target.getDur(), QvlDuration::Indefinite);
     EXPECT_TRUE(target.getSetDurManually());
     EXPECT_EQ(colourText(target.getPageColor()), "1|old|#010203");
     EXPECT_EQ(colourText(target.getTextColor()), "2||#0080ff");
@@ -751,7 +752,7 @@ TEST_F(SlideTest, FailedCopyKeepsWhatCameBeforeTheFailure)
     Slide target(nullptr);
     EXPECT_FALSE(source->copyTo(&target, &multipart));
     EXPECT_EQ(sourcesOf(target), QStringList("a"));
-    EXPECT_EQ(target.getDur(), -2);
+    EXPECT_EQ(target.getDur(), QvlDuration::Indefinite);
     EXPECT_EQ(target.getMultiPart(), &multipart);
     EXPECT_FALSE(target.getSetDurManually());
     EXPECT_EQ(colourText(target.getPageColor()), "3||invalid");
@@ -763,7 +764,7 @@ TEST_F(SlideTest, CopyOfAnEmptySlideNeedsNoMessage)
 {
     Slide target(nullptr);
     EXPECT_TRUE(slideToCopy({})->copyTo(&target, nullptr));
-    EXPECT_EQ(target.getDur(), -2);
+    EXPECT_EQ(target.getDur(), QvlDuration::Indefinite);
     EXPECT_FALSE(slideToCopy({"a"})->copyTo(&target, nullptr));
     EXPECT_FALSE(slideToCopy({})->copyTo(nullptr, nullptr));
 }

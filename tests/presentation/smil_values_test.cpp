@@ -2,6 +2,7 @@
  * Durations, times and colours: every text that a phone may send, the unreadable ones first of all,
  * with what the record holds afterwards.
  */
+#include "base/durations.h"
 #include "smil/smil_parser.h"
 
 #include "presentation/color.h"
@@ -501,24 +502,25 @@ TEST(SmilDuration, OfValues)
 {
     for (const DurationRow &row : valueRows) {
         SCOPED_TRACE('"' + row.text.toStdString() + '"');
-        EXPECT_EQ(MMS_COMP_SMILParser::parseDur(row.text), row.milliseconds.value_or(5000));
+        EXPECT_EQ(MMS_COMP_SMILParser::parseDur(row.text),
+                  row.milliseconds.value_or(QvlDuration::Default));
     }
 }
 
 TEST(SmilDuration, OfWordsAndOfNothing)
 {
     const DurationRow rows[] = {
-        {"", -1},
-        {QString(), -1},
-        {"indefinite", -2},
-        {"Indefinite", 5000},
-        {"INDEFINITE", 5000},
-        {" indefinite", 5000},
-        {"indefinite ", 5000},
-        {"indefinites", 5000},
-        {"id(a)(2s)", 5000},
-        {"id(a)(begin)", 5000},
-        {"media", 5000},
+        {"", QvlDuration::None},
+        {QString(), QvlDuration::None},
+        {"indefinite", QvlDuration::Indefinite},
+        {"Indefinite", QvlDuration::Default},
+        {"INDEFINITE", QvlDuration::Default},
+        {" indefinite", QvlDuration::Default},
+        {"indefinite ", QvlDuration::Default},
+        {"indefinites", QvlDuration::Default},
+        {"id(a)(2s)", QvlDuration::Default},
+        {"id(a)(begin)", QvlDuration::Default},
+        {"media", QvlDuration::Default},
     };
     for (const DurationRow &row : rows) {
         SCOPED_TRACE('"' + row.text.toStdString() + '"');

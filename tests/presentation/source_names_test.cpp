@@ -2,6 +2,7 @@
  * Names for new content. The library answers from an index of the names in use; PlainSources below
  * says the rule as plainly as it can be said, and both have to agree.
  */
+#include "base/durations.h"
 #include "presentation/presentation.h"
 
 #include "platform/comp_util.h"
@@ -42,7 +43,7 @@ public:
         for (const ObjectRow &row : objects) {
             Slide *slide = m_data.getSlide(m_data.getTotalSlidesNum() - 1);
             if (!slide || slide->getMediaObjectCount() * 2 > unsigned(objects.size()))
-                slide = m_data.appendSlide(5000U);
+                slide = m_data.appendSlide(QvlDuration::Default);
             Part *part =
                 row.bound ? addPart(m_others, {.location = row.location, .id = row.id}) : nullptr;
             slide->appendObject(newObject(SMIL_MEDIA_IMAGE, row.src, nullptr, part));
@@ -355,7 +356,7 @@ TEST(UniqueSource, ManyOfOneNameAreNumberedInOrder)
 {
     Multipart message;
     Presentation data(&message);
-    Slide *slide = data.appendSlide(5000U);
+    Slide *slide = data.appendSlide(QvlDuration::Default);
     for (int i = 0; i < 120; ++i) {
         const QString expected = i == 0 ? QString("p.jpg") : QString("p_%1.jpg").arg(i - 1);
         const QString src = data.createUniqueSrc("d/p.jpg");

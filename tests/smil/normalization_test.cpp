@@ -2,6 +2,7 @@
  * Bringing a layout into the handset's own: which region becomes the text region and which the
  * image region, and where the media objects go.
  */
+#include "base/durations.h"
 #include "smil/presentation_facts.h"
 
 #include <gtest/gtest.h>
@@ -34,7 +35,7 @@ void addRegions(MMS_COMP_SMILData &data, const QList<Rectangle> &regions)
 // One slide with an object in each of the regions.
 void addObjects(MMS_COMP_SMILData &data, const QStringList &regionIds)
 {
-    MMS_COMP_SMILTimingContainer *slide = data.appendSlide(5000U);
+    MMS_COMP_SMILTimingContainer *slide = data.appendSlide(QvlDuration::Default);
     for (const QString &id : regionIds) {
         auto *object = new MMS_COMP_SMILMediaObject(nullptr);
         object->setRegionId(id);

@@ -2,6 +2,7 @@
  * Reading SMIL: the repairs of the text, what is read of head, layout and body, which slide a media
  * element comes to, and every result code.
  */
+#include "base/durations.h"
 #include "smil/presentation_facts.h"
 
 #include <QDomDocument>
@@ -476,18 +477,18 @@ TEST(SmilReader, ParIsASlide)
 TEST(SmilReader, DurationOfAPar)
 {
     const std::pair<const char *, int> rows[] = {
-        {"", -1},
-        {"dur=''", -1},
+        {"", QvlDuration::None},
+        {"dur=''", QvlDuration::None},
         {"dur='5s'", 5000},
         {"dur='1234ms'", 1234},
         {"dur='0s'", 0},
-        {"dur='5000'", 5000},
-        {"dur='indefinite'", -2},
-        {"dur='fast'", 5000},
-        {"dur='7s '", 5000},
+        {"dur='5000'", QvlDuration::Default},
+        {"dur='indefinite'", QvlDuration::Indefinite},
+        {"dur='fast'", QvlDuration::Default},
+        {"dur='7s '", QvlDuration::Default},
         {"dur=' 7s'", 7000},
         {"dur='2min'", 120000},
-        {"DUR='7s'", -1},
+        {"DUR='7s'", QvlDuration::None},
     };
     for (const auto &[attribute, duration] : rows) {
         SCOPED_TRACE(attribute);

@@ -2,6 +2,7 @@
  * Writing SMIL: every fragment octet for octet, because other handsets and the repairs of the
  * reader know the texts by their blanks, and whole documents there and back again.
  */
+#include "base/durations.h"
 #include "smil/presentation_facts.h"
 
 #include <gtest/gtest.h>
@@ -82,7 +83,7 @@ TEST(Writer, ReferenceDocument)
 {
     SmilMessage message;
     MMS_COMP_SMILParser::updateToCorvaneRegion(&message.data);
-    MMS_COMP_SMILTimingContainer *slide = message.data.appendSlide(5000U);
+    MMS_COMP_SMILTimingContainer *slide = message.data.appendSlide(QvlDuration::Default);
     for (const auto &[type, src, region] :
          {std::tuple(SMIL_MEDIA_IMAGE, "a.jpg", "image"), {SMIL_MEDIA_TEXT, "b.txt", "text"}}) {
         auto *object = new MMS_COMP_SMILMediaObject(nullptr);
@@ -240,8 +241,8 @@ TEST(Writer, OpeningOfASlide)
         {0, "<par dur=\"0ms\">\n</par>\n"},
         {1, "<par dur=\"1ms\">\n</par>\n"},
         {2147483647, "<par dur=\"2147483647ms\">\n</par>\n"},
-        {-1, "<par>\n</par>\n"},
-        {-2, "<par dur=\"indefinite\">\n</par>\n"},
+        {QvlDuration::None, "<par>\n</par>\n"},
+        {QvlDuration::Indefinite, "<par dur=\"indefinite\">\n</par>\n"},
         {-3, "<par>\n</par>\n"},
         {std::numeric_limits<int>::min(), "<par>\n</par>\n"},
     };
