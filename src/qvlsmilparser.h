@@ -28,6 +28,7 @@
 #include "platform/player_engine.h"
 #include "platform/setting.h"
 #include "presentation/color.h"
+#include "presentation/handset.h"
 #include "presentation/layout.h"
 #include "presentation/media_element_type.h"
 #include "presentation/media_kinds.h"

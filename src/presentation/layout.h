@@ -8,6 +8,8 @@
 #include "../base/export.h"
 #include "../base/ptr_list.h"
 #include "color.h"
+#include "handset.h"
+#include "smil_result.h"
 
 #include <QString>
 
@@ -29,7 +31,8 @@ enum MMS_COMP_SMIL_REGION_FIT : int {
 
 /**
  * A named rectangle, in the unit that MMS_COMP_SMILData::getLayoutMeasureUnit() tells. Starts as
- * "default", 120 wide and 160 high in the top left corner. Setters take any value and return true.
+ * "default", as large as the handset's screen, in the top left corner. Setters take any value and
+ * return true.
  */
 class QVL_EXPORT MMS_COMP_SMILRegion
 {
@@ -72,8 +75,8 @@ public:
     static const char *fitKeyword(MMS_COMP_SMIL_REGION_FIT fit);
 
 private:
-    float m_height = 160;
-    float m_width = 120;
+    float m_height = QvlHandset::ScreenHeight;
+    float m_width = QvlHandset::ScreenWidth;
     float m_top = 0;
     float m_left = 0;
     QString m_id = QStringLiteral("default");
@@ -87,7 +90,7 @@ public:
     /// @name Size
     /// @{
 
-    /// Size in pixels; starts as 120 wide and 160 high.
+    /// Size in pixels; starts as that of the handset's screen.
     int getWidth() const { return m_width; }
     bool setWidth(int width);
     int getHeight() const { return m_height; }
@@ -104,8 +107,8 @@ public:
     void setBackgroundColor(const QString &text);
 
 private:
-    int m_width = 120;
-    int m_height = 160;
+    int m_width = QvlHandset::ScreenWidth;
+    int m_height = QvlHandset::ScreenHeight;
     MMS_COMP_COLOR m_backgroundColor;
 };
 
@@ -117,9 +120,9 @@ class QVL_EXPORT MMS_COMP_SMILLayout
 {
 public:
     /// Result of setRootLayout(QDomElement *) when it was refused.
-    static constexpr int RootLayoutRefused = -7;
+    static constexpr int RootLayoutRefused = SmilResult::RootLayoutRefused;
 
-    /// A root layout of 120 by 160 pixels, and no region.
+    /// A root layout as large as the handset's screen, and no region.
     MMS_COMP_SMILLayout();
     /// Deletes root layout and regions.
     ~MMS_COMP_SMILLayout();

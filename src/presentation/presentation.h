@@ -7,6 +7,7 @@
 #include "../base/export.h"
 #include "../base/ptr_list.h"
 #include "../multipart/liveness.h"
+#include "handset.h"
 #include "layout.h"
 #include "slide.h"
 
@@ -84,9 +85,9 @@ public:
                                       const QString &height, const QString &fit, const QString &id);
 
     /// Id of the text region in the handset's own layout.
-    QString getTextRegionId() const { return QStringLiteral("text"); }
+    QString getTextRegionId() const { return QvlHandset::textRegion().id; }
     /// Id of the image region in the handset's own layout.
-    QString getImgRegionId() const { return QStringLiteral("image"); }
+    QString getImgRegionId() const { return QvlHandset::imageRegion().id; }
 
     /// Count of metas.
     unsigned int getMetaCount() const { return unsigned(m_metas.count()); }

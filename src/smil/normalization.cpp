@@ -1,10 +1,11 @@
 /*
- * Normalisation: the handset shows every message in one layout, a text region above an image
+ * Normalization: the handset shows every message in one layout, a text region above an image
  * region, and foreign layouts are brought into it. The objects of a region move with its new id.
  */
 #include "smil/smil_parser.h"
 
 #include "base/no_memory.h"
+#include "presentation/handset.h"
 #include "presentation/presentation.h"
 
 #include <algorithm>
@@ -12,34 +13,13 @@
 
 namespace {
 
-struct OwnRegion
-{
-    QString id;
-    float left;
-    float top;
-    float width;
-    float height;
-};
-
-const OwnRegion &textRegion()
-{
-    static const OwnRegion region{QStringLiteral("text"), 0, 0, 120, 160};
-    return region;
-}
-
-const OwnRegion &imageRegion()
-{
-    static const OwnRegion region{QStringLiteral("image"), 0, 160, 120, 160};
-    return region;
-}
-
 bool hasNullRegion(MMS_COMP_SMILLayout &layout)
 {
     const auto &regions = *layout.getRegionList();
     return std::ranges::find(regions, nullptr) != regions.end();
 }
 
-void append(MMS_COMP_SMILData *data, const OwnRegion &own)
+void append(MMS_COMP_SMILData *data, const QvlHandsetRegion &own)
 {
     data->appendRegion(own.left, own.top, own.width, own.height, QStringLiteral("hidden"), own.id);
 }
@@ -51,7 +31,7 @@ void rename(MMS_COMP_SMILData *data, MMS_COMP_SMILRegion *region, const QString 
     region->setId(id);
 }
 
-void turnInto(MMS_COMP_SMILData *data, MMS_COMP_SMILRegion *region, const OwnRegion &own)
+void turnInto(MMS_COMP_SMILData *data, MMS_COMP_SMILRegion *region, const QvlHandsetRegion &own)
 {
     region->setLeft(own.left);
     region->setWidth(own.width);
@@ -76,13 +56,13 @@ bool isSecondTheText(const MMS_COMP_SMILRegion &first, const MMS_COMP_SMILRegion
         && isAtOrBehind(first.getLeft(), second.getRight());
 }
 
-void normaliseTwo(MMS_COMP_SMILData *data)
+void normalizeTwo(MMS_COMP_SMILData *data)
 {
     MMS_COMP_SMILRegion *first = data->getRegion(0);
     MMS_COMP_SMILRegion *second = data->getRegion(1);
     const bool swapped = isSecondTheText(*first, *second);
-    turnInto(data, swapped ? second : first, textRegion());
-    turnInto(data, swapped ? first : second, imageRegion());
+    turnInto(data, swapped ? second : first, QvlHandset::textRegion());
+    turnInto(data, swapped ? first : second, QvlHandset::imageRegion());
 }
 
 // The first region other than @p except whose id holds one of two words.
@@ -103,11 +83,11 @@ void nameTwoOfMany(MMS_COMP_SMILData *data)
 {
     const unsigned int text =
         findById(*data, QLatin1String("txt"), QLatin1String("text"), std::nullopt).value_or(0);
-    rename(data, data->getRegion(text), textRegion().id);
+    rename(data, data->getRegion(text), QvlHandset::textRegion().id);
     const unsigned int neighbour = text + 1 < data->getRegionCount() ? text + 1 : text - 1;
     const unsigned int image =
         findById(*data, QLatin1String("img"), QLatin1String("image"), text).value_or(neighbour);
-    rename(data, data->getRegion(image), imageRegion().id);
+    rename(data, data->getRegion(image), QvlHandset::imageRegion().id);
 }
 
 } // namespace
@@ -119,17 +99,17 @@ int MMS_COMP_SMILParser::updateToCorvaneRegion(MMS_COMP_SMILData *data)
             return 0;
         switch (data->getRegionCount()) {
         case 0:
-            append(data, textRegion());
-            append(data, imageRegion());
+            append(data, QvlHandset::textRegion());
+            append(data, QvlHandset::imageRegion());
             break;
         case 1: // stays where it is
-            data->getRegion(0)->setWidth(textRegion().width);
-            data->getRegion(0)->setHeight(textRegion().height);
-            rename(data, data->getRegion(0), textRegion().id);
-            append(data, imageRegion());
+            data->getRegion(0)->setWidth(QvlHandset::textRegion().width);
+            data->getRegion(0)->setHeight(QvlHandset::textRegion().height);
+            rename(data, data->getRegion(0), QvlHandset::textRegion().id);
+            append(data, QvlHandset::imageRegion());
             break;
         case 2:
-            normaliseTwo(data);
+            normalizeTwo(data);
             break;
         default:
             nameTwoOfMany(data);
@@ -141,7 +121,7 @@ int MMS_COMP_SMILParser::updateToCorvaneRegion(MMS_COMP_SMILData *data)
 void MMS_COMP_SMILParser::updateToCorvaneRootLayout(MMS_COMP_SMILData *data)
 {
     if (data)
-        data->setRootLayout(120, 160);
+        data->setRootLayout(QvlHandset::ScreenWidth, QvlHandset::ScreenHeight);
 }
 
 void MMS_COMP_SMILParser::updateObjectRegionId(MMS_COMP_SMILData *data, const QString &oldId,

@@ -114,7 +114,8 @@ public:
      * is no memory; else 1
      */
     static int updateToCorvaneRegion(MMS_COMP_SMILData *data);
-    /// Sets the root layout to 120 by 160, making one when there is none. Null is ignored.
+    /// Sets the root layout to the handset's screen, making one when there is none. Null is
+    /// ignored.
     static void updateToCorvaneRootLayout(MMS_COMP_SMILData *data);
     /// Moves every media object from the region @p oldId to the region @p newId. Null is ignored.
     static void updateObjectRegionId(MMS_COMP_SMILData *data, const QString &oldId,

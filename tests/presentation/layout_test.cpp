@@ -45,14 +45,14 @@ int setRootLayout(MMS_COMP_SMILLayout &layout, const QString &attributes)
 TEST(Region, StartsAsTheScreenOfTheHandset)
 {
     const MMS_COMP_SMILRegion region;
-    EXPECT_EQ(region.getHeight(), 160.0F);
-    EXPECT_EQ(region.getWidth(), 120.0F);
+    EXPECT_EQ(region.getHeight(), QvlHandset::ScreenHeight);
+    EXPECT_EQ(region.getWidth(), QvlHandset::ScreenWidth);
     EXPECT_EQ(region.getTop(), 0.0F);
     EXPECT_EQ(region.getLeft(), 0.0F);
     EXPECT_EQ(region.getId(), "default");
     EXPECT_EQ(region.getFit(), SMIL_REGION_FIT_HIDDEN);
-    EXPECT_EQ(region.getRight(), 120.0F);
-    EXPECT_EQ(region.getBottom(), 160.0F);
+    EXPECT_EQ(region.getRight(), QvlHandset::ScreenWidth);
+    EXPECT_EQ(region.getBottom(), QvlHandset::ScreenHeight);
 }
 
 TEST(Region, SettersTakeAnyNumber)
@@ -148,8 +148,8 @@ TEST(Region, CopyHasAllSixValues)
 TEST(RootLayout, StartsAsTheScreenOfTheHandsetWithoutColour)
 {
     const MMS_COMP_SMILRootLayout root;
-    EXPECT_EQ(root.getWidth(), 120);
-    EXPECT_EQ(root.getHeight(), 160);
+    EXPECT_EQ(root.getWidth(), QvlHandset::ScreenWidth);
+    EXPECT_EQ(root.getHeight(), QvlHandset::ScreenHeight);
     EXPECT_EQ(root.getBackgroundColor()->kind, SMIL_COLOR_NONE);
     EXPECT_EQ(root.getBackgroundColor()->name, "");
     EXPECT_FALSE(root.getBackgroundColor()->color.isValid());
@@ -194,8 +194,8 @@ TEST(Layout, StartsWithARootLayoutAndNoRegion)
 {
     MMS_COMP_SMILLayout layout;
     ASSERT_NE(layout.getRootLayout(), nullptr);
-    EXPECT_EQ(layout.getRootLayout()->getWidth(), 120);
-    EXPECT_EQ(layout.getRootLayout()->getHeight(), 160);
+    EXPECT_EQ(layout.getRootLayout()->getWidth(), QvlHandset::ScreenWidth);
+    EXPECT_EQ(layout.getRootLayout()->getHeight(), QvlHandset::ScreenHeight);
     EXPECT_EQ(layout.getRegionCount(), 0U);
     EXPECT_EQ(layout.getRegion(0), nullptr);
     EXPECT_TRUE(layout.getRegionList()->isEmpty());
@@ -419,9 +419,9 @@ TEST(Layout, ColourIsTakenAsItStands)
 TEST(Layout, NullElementIsRefused)
 {
     MMS_COMP_SMILLayout layout;
-    EXPECT_EQ(layout.setRootLayout(nullptr), -7);
+    EXPECT_EQ(layout.setRootLayout(nullptr), MMS_COMP_SMILLayout::RootLayoutRefused);
     ASSERT_NE(layout.getRootLayout(), nullptr);
-    EXPECT_EQ(layout.getRootLayout()->getWidth(), 120);
+    EXPECT_EQ(layout.getRootLayout()->getWidth(), QvlHandset::ScreenWidth);
 }
 
 TEST(Meta, KeepsWhatItIsGiven)

@@ -75,7 +75,7 @@ TEST_F(PresentationTest, NewOneIsEmptyInPixels)
     EXPECT_EQ(data.getRegionCount(), 0U);
     EXPECT_EQ(data.getRootLayout(), data.getLayout()->getRootLayout());
     EXPECT_EQ(std::as_const(data).getLayout(), data.getLayout());
-    EXPECT_EQ(rootSize(data), std::pair(120, 160));
+    EXPECT_EQ(rootSize(data), std::pair(QvlHandset::ScreenWidth, QvlHandset::ScreenHeight));
     EXPECT_EQ(data.getMultiPart(), &message);
     EXPECT_TRUE(data.isEmpty());
     EXPECT_EQ(Presentation(nullptr).getMultiPart(), nullptr);

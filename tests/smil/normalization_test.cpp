@@ -258,8 +258,8 @@ TEST(Normalisation, RootLayoutIsResizedAndKeepsItsColour)
     root->setBackgroundColor("red");
     MMS_COMP_SMILParser::updateToCorvaneRootLayout(&data);
     EXPECT_EQ(data.getRootLayout(), root);
-    EXPECT_EQ(root->getWidth(), 120);
-    EXPECT_EQ(root->getHeight(), 160);
+    EXPECT_EQ(root->getWidth(), QvlHandset::ScreenWidth);
+    EXPECT_EQ(root->getHeight(), QvlHandset::ScreenHeight);
     EXPECT_EQ(root->getBackgroundColor()->name, "red");
     MMS_COMP_SMILParser::updateToCorvaneRootLayout(nullptr);
 }
