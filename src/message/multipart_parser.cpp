@@ -1,6 +1,8 @@
 #include "message/multipart_parser.h"
 
 #include "base/no_memory.h"
+#include "multipart/lower_case.h"
+#include "multipart/media_types.h"
 #include "multipart/multipart.h"
 #include "multipart/multipart_result.h"
 #include "multipart/part_names.h"
@@ -18,11 +20,6 @@ using Part = MMS_COMP_SMILMultipartBodypart;
 
 namespace {
 
-constexpr QLatin1String Application("application");
-constexpr QLatin1String Related("vnd.wap.multipart.related");
-constexpr QLatin1String Mixed("vnd.wap.multipart.mixed");
-constexpr QLatin1String SmilType("application/smil");
-
 QString locationFor(const Part &part, PartNames &names)
 {
     const QString displayName = part.getDispFileName();
@@ -36,16 +33,18 @@ QString locationFor(const Part &part, PartNames &names)
 void settleContentType(MMS_COMP_SMILMultipart *multipart)
 {
     const bool hasSmil = multipart->getSmilPart() != nullptr;
-    const bool isApplication = multipart->getMimeType().toLower() == Application;
-    const QString subType = multipart->getSubType().toLower();
+    const bool isApplication =
+        isSameInLowerCase(multipart->getMimeType(), MediaTypes::application());
+    const bool saysRelated = isSameInLowerCase(multipart->getSubType(), MediaTypes::related());
+    const bool saysMixed = isSameInLowerCase(multipart->getSubType(), MediaTypes::mixed());
     bool isRelated = hasSmil;
-    if (isApplication && (subType == Related || subType == Mixed))
-        isRelated = subType == Related;
+    if (isApplication && (saysRelated || saysMixed))
+        isRelated = saysRelated;
     else
-        multipart->setSubType(isRelated ? Related : Mixed);
+        multipart->setSubType(isRelated ? MediaTypes::related() : MediaTypes::mixed());
     if (!isApplication)
-        multipart->setMimeType(Application);
-    multipart->setExtType(isRelated ? SmilType : QLatin1String(""));
+        multipart->setMimeType(MediaTypes::application());
+    multipart->setExtType(isRelated ? MediaTypes::smil() : QStringLiteral(""));
 }
 
 // Only a related message has an ext type once its content type is settled.
@@ -81,7 +80,7 @@ int MMS_COMP_SMILMultipartParser::parse(const QArray<char> &body, MMS_UTIL_MsgHe
         if (!multipart->getBoundary().isEmpty())
             return MultipartResult::Ok;
         const auto *octets = reinterpret_cast<const unsigned char *>(body.constData());
-        const bool related = header->getContentSubType() == Related;
+        const bool related = header->getContentSubType() == MediaTypes::related();
         const auto result = MMS_UA_MultiPart_CODEC::decodeMultipart(
             related, octets, unsigned(body.size()), multipart);
         if (result != WireResult::Read)

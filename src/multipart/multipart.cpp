@@ -2,6 +2,7 @@
 
 #include "base/no_memory.h"
 #include "multipart/lower_case.h"
+#include "multipart/media_types.h"
 #include "multipart/multipart_result.h"
 #include "multipart/part_index.h"
 #include "multipart/part_names.h"
@@ -14,15 +15,6 @@
 using Part = MMS_COMP_SMILMultipartBodypart;
 
 namespace {
-
-// Its text is part of the library, so that naming it takes no memory.
-QString smilType()
-{
-    return QStringLiteral("application/smil");
-}
-
-constexpr QStringView ApplicationType(u"application");
-constexpr QStringView RelatedSubType(u"vnd.wap.multipart.related");
 
 // Null for a code that the e-mail system does not know.
 QString textOf(int code, bool (*lookUp)(int, QCString &))
@@ -43,7 +35,8 @@ bool isAttachment(const Part *part)
 
 } // namespace
 
-MMS_COMP_SMILMultipart::MMS_COMP_SMILMultipart() : m_extType(smilType()), m_start(QLatin1String(""))
+MMS_COMP_SMILMultipart::MMS_COMP_SMILMultipart()
+    : m_extType(MediaTypes::smil()), m_start(QLatin1String(""))
 {
     setRelatedType();
     m_parts.setAutoDelete(true);
@@ -196,7 +189,7 @@ Part *MMS_COMP_SMILMultipart::getSmilPart()
     if (Part *part = getBodyPartBySrc(m_start, Part::Shown))
         return part;
     Part *first = m_parts.at(0);
-    if (!first || !isRelated() || !isSameInLowerCase(first->getMimeFormat(), smilType()))
+    if (!first || !isRelated() || !isSameInLowerCase(first->getMimeFormat(), MediaTypes::smil()))
         return nullptr;
     first->setDispFileType(Part::Shown);
     return first;
@@ -225,8 +218,8 @@ QString MMS_COMP_SMILMultipart::createUniqueLocation(const QString &name) const
 
 bool MMS_COMP_SMILMultipart::isRelated() const
 {
-    return isSameInLowerCase(m_mimeType, ApplicationType)
-        && isSameInLowerCase(m_subType, RelatedSubType);
+    return isSameInLowerCase(m_mimeType, MediaTypes::application())
+        && isSameInLowerCase(m_subType, MediaTypes::related());
 }
 
 int MMS_COMP_SMILMultipart::getAttachmentCount() const

@@ -1,5 +1,6 @@
 #include "smil/smil_part.h"
 
+#include "multipart/media_types.h"
 #include "multipart/multipart.h"
 #include "platform/email_util.h"
 
@@ -25,9 +26,9 @@ void insert(MMS_COMP_SMILMultipart *multipart, const QByteArray &smil, const QSt
     part->setBodyData(smil);
     multipart->insertBodypart(part.release(), 0);
     multipart->setStart(contentId);
-    multipart->setExtType(u"application/smil"_s);
-    multipart->setMimeType(u"application"_s);
-    multipart->setSubType(u"vnd.wap.multipart.related"_s);
+    multipart->setExtType(MediaTypes::smil());
+    multipart->setMimeType(MediaTypes::application());
+    multipart->setSubType(MediaTypes::related());
 }
 
 } // namespace

@@ -1,0 +1,35 @@
+/*
+ * Media types that the library itself writes and looks for. The texts are part of the library, so
+ * that naming one takes no memory.
+ */
+#pragma once
+
+#include <QString>
+
+namespace MediaTypes {
+
+/// Main type of every body.
+inline QString application()
+{
+    return QStringLiteral("application");
+}
+
+/// Subtype of a body with a presentation.
+inline QString related()
+{
+    return QStringLiteral("vnd.wap.multipart.related");
+}
+
+/// Subtype of a body without one.
+inline QString mixed()
+{
+    return QStringLiteral("vnd.wap.multipart.mixed");
+}
+
+/// Media type of a presentation.
+inline QString smil()
+{
+    return QStringLiteral("application/smil");
+}
+
+} // namespace MediaTypes
