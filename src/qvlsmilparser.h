@@ -33,6 +33,7 @@
 #include "presentation/media_element_type.h"
 #include "presentation/media_kinds.h"
 #include "presentation/media_object.h"
+#include "presentation/media_params.h"
 #include "presentation/presentation.h"
 #include "presentation/slide.h"
 #include "presentation/smil_result.h"

@@ -12,7 +12,6 @@
 #include <QDomElement>
 
 #include <algorithm>
-#include <array>
 #include <memory>
 #include <tuple>
 
@@ -22,10 +21,6 @@ using Param = MMS_COMP_SMILMediaObjectParam;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Keywords stand at their numbers.
-constexpr std::array ValueTypeKeywords{"data"_L1, "ref"_L1, "object"_L1};
-static_assert(ValueTypeKeywords.size() == SMIL_PARAM_VALUE_UNKNOWN);
 
 void write(QDataStream &stream, const MMS_COMP_SMIL_TIME &time)
 {
@@ -86,7 +81,7 @@ bool Param::setAll(const QString &name, const QString &value,
 
 MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE Param::valueTypeOf(const QString &keyword)
 {
-    return MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE(placeOf(ValueTypeKeywords, keyword));
+    return MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE(placeOf(qvlParamValueTypes, keyword));
 }
 
 bool Param::writeToStream(QDataStream &stream) const

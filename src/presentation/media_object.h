@@ -10,6 +10,7 @@
 #include "../multipart/liveness.h"
 #include "../multipart/multipart.h"
 #include "media_element_type.h"
+#include "media_params.h"
 #include "smil_time.h"
 
 #include <QString>
@@ -17,14 +18,6 @@
 class QDataStream;
 class QDomElement;
 class SmilElement;
-
-/// Kinds of value of a param. The numbers stand in stored messages.
-enum MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE : int {
-    SMIL_PARAM_VALUE_DATA = 0, ///< the value itself; written without its kind
-    SMIL_PARAM_VALUE_REF = 1, ///< an address of the value
-    SMIL_PARAM_VALUE_OBJECT = 2, ///< the id of another object
-    SMIL_PARAM_VALUE_UNKNOWN = 3, ///< any other keyword, or none
-};
 
 /// A param of a media object. Setters with a result return true.
 class QVL_EXPORT MMS_COMP_SMILMediaObjectParam
@@ -59,7 +52,8 @@ public:
     bool setAll(const QString &name, const QString &value,
                 MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType, const QString &refValueType);
 
-    /// The value type for "data", "ref" and "object", compared with regard to case, else unknown.
+    /// The value type of a keyword in qvlParamValueTypes, compared with regard to case, else
+    /// unknown.
     static MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueTypeOf(const QString &keyword);
 
     /// Writes name, value, value type and type in the stream's own encoding. Returns true.

@@ -4,6 +4,7 @@
 #include "base/no_memory.h"
 #include "base/tables.h"
 #include "presentation/media_kinds.h"
+#include "presentation/media_params.h"
 #include "presentation/smil_result.h"
 #include "presentation/smil_values.h"
 
@@ -21,22 +22,6 @@ namespace {
 
 constexpr int LongestDuration =
     std::numeric_limits<int>::max() / QvlDuration::Step * QvlDuration::Step;
-
-// The texts are part of the library, so that naming a param takes no memory.
-QString pageColourParam()
-{
-    return QStringLiteral("background-color");
-}
-
-QString textColourParam()
-{
-    return QStringLiteral("foreground-color");
-}
-
-QString textSizeParam()
-{
-    return QStringLiteral("textsize");
-}
 
 bool isText(const Object &object)
 {
@@ -312,18 +297,18 @@ void MMS_COMP_SMILTimingContainer::removeParamFromAll(const QString &name)
 void MMS_COMP_SMILTimingContainer::updatePageColorToElem()
 {
     if (!m_pageColor.isUsable())
-        return removeParamFromAll(pageColourParam());
+        return removeParamFromAll(QvlParamName::pageColor());
     for (Object *object : {first(isText), first(isPicture), first(isAudio)}) {
         if (object)
-            object->updateParamByName(pageColourParam(), m_pageColor.color.name());
+            object->updateParamByName(QvlParamName::pageColor(), m_pageColor.color.name());
     }
 }
 
 void MMS_COMP_SMILTimingContainer::updatePageColorFromElem()
 {
-    const bool found = readColour(first(isText), pageColourParam(), &m_pageColor)
-        || readColour(first(isPicture), pageColourParam(), &m_pageColor)
-        || readColour(first(isAudio), pageColourParam(), &m_pageColor);
+    const bool found = readColour(first(isText), QvlParamName::pageColor(), &m_pageColor)
+        || readColour(first(isPicture), QvlParamName::pageColor(), &m_pageColor)
+        || readColour(first(isAudio), QvlParamName::pageColor(), &m_pageColor);
     if (!found)
         m_pageColor.kind = SMIL_COLOR_INVALID;
 }
@@ -331,27 +316,28 @@ void MMS_COMP_SMILTimingContainer::updatePageColorFromElem()
 void MMS_COMP_SMILTimingContainer::updateTextColorToElem()
 {
     if (!m_textColor.isUsable())
-        return removeParamFromAll(textColourParam());
+        return removeParamFromAll(QvlParamName::textColor());
     if (Object *text = first(isText))
-        text->updateParamByName(textColourParam(), m_textColor.color.name());
+        text->updateParamByName(QvlParamName::textColor(), m_textColor.color.name());
 }
 
 void MMS_COMP_SMILTimingContainer::updateTextColorFromElem()
 {
-    if (!readColour(first(isText), textColourParam(), &m_textColor))
+    if (!readColour(first(isText), QvlParamName::textColor(), &m_textColor))
         m_textColor.kind = SMIL_COLOR_INVALID;
 }
 
 int MMS_COMP_SMILTimingContainer::updateTextSizeToElem()
 {
     Object *text = first(isText);
-    return text ? text->updateParamByName(textSizeParam(), m_textSize) : SmilResult::Ok;
+    return text ? text->updateParamByName(QvlParamName::textSize(), m_textSize) : SmilResult::Ok;
 }
 
 void MMS_COMP_SMILTimingContainer::updateTextSizeFromElem()
 {
     const Object *text = first(isText);
-    m_textSize = text ? text->getParamValueByName(textSizeParam()) : QStringLiteral("normal");
+    m_textSize =
+        text ? text->getParamValueByName(QvlParamName::textSize()) : QStringLiteral("normal");
 }
 
 unsigned int MMS_COMP_SMILTimingContainer::getPageSize() const

@@ -10,6 +10,7 @@
 #include "base/durations.h"
 #include "base/no_memory.h"
 #include "presentation/media_kinds.h"
+#include "presentation/media_params.h"
 #include "presentation/presentation.h"
 
 #include <cmath>
@@ -33,6 +34,7 @@ public:
 
 private:
     void attribute(QLatin1String opening, QStringView value, QLatin1String closing);
+    void attribute(QLatin1String opening, QLatin1String value, QLatin1String closing);
     void attribute(QLatin1String opening, int value, QLatin1String closing);
     void attribute(QLatin1String opening, float value, QLatin1String closing);
     void attributeUnlessEmpty(QLatin1String opening, const QString &value);
@@ -54,9 +56,14 @@ void Writer::attribute(QLatin1String opening, QStringView value, QLatin1String c
     m_out += opening + value + closing;
 }
 
+void Writer::attribute(QLatin1String opening, QLatin1String value, QLatin1String closing)
+{
+    m_out += opening + value + closing;
+}
+
 void Writer::attribute(QLatin1String opening, int value, QLatin1String closing)
 {
-    m_out += opening + QvlDecimal(value).text() + closing;
+    attribute(opening, QvlDecimal(value).text(), closing);
 }
 
 // Six digits; most values are whole numbers, which need no search for the shortest.
@@ -128,7 +135,7 @@ void Writer::region(const MMS_COMP_SMILRegion &region, QLatin1String closing)
     attribute(QLatin1String(" left=\""), region.getLeft(), closing);
     attribute(QLatin1String(" top=\""), region.getTop(), closing);
     if (const char *keyword = MMS_COMP_SMILRegion::fitKeyword(region.getFit()))
-        attribute(QLatin1String(" fit=\""), QString::fromLatin1(keyword), Quote);
+        attribute(QLatin1String(" fit=\""), QLatin1String(keyword), Quote);
     m_out += QLatin1String(" />\n");
 }
 
@@ -193,10 +200,10 @@ void Writer::param(const MMS_COMP_SMILMediaObjectParam &param)
         attribute(QLatin1String(" name=\""), param.getName(), Quote);
         attribute(QLatin1String(" value=\""), value, Quote);
     }
-    if (param.getValueType() == SMIL_PARAM_VALUE_REF)
-        m_out += QLatin1String(" valuetype=\"ref\"");
-    else if (param.getValueType() == SMIL_PARAM_VALUE_OBJECT)
-        m_out += QLatin1String(" valuetype=\"object\"");
+    const auto valueType = param.getValueType();
+    if (valueType == SMIL_PARAM_VALUE_REF || valueType == SMIL_PARAM_VALUE_OBJECT)
+        attribute(QLatin1String(" valuetype=\""), qvlParamValueTypes[std::size_t(valueType)],
+                  Quote);
     if (const QString type = param.getRefValueType(); !type.isEmpty())
         attribute(QLatin1String(" type=\""), type, Quote);
     if (m_out.size() == withoutAttributes)
