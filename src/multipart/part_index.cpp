@@ -11,10 +11,11 @@ PartIndex::PartIndex(const QPtrList<Part> &parts)
         Part *part = parts.at(place);
         if (!part)
             continue;
-        m_locations.insert({part->getContentLocation(), {place, part}});
-        const QString contentId = part->getContentID();
-        if (!Reference::contentIdKey(contentId).isEmpty())
-            m_contentIds.insert({contentId, {place, part}});
+        const Reference::PartKeys keys(*part);
+        if (!keys.location.isEmpty())
+            m_locations.insert({keys.location, {place, part}});
+        if (!keys.contentId.isEmpty())
+            m_contentIds.insert({keys.contentId, {place, part}});
     }
 }
 

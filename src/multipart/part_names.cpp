@@ -76,11 +76,11 @@ bool PartNames::isUsable(const QString &name)
 
 void PartNames::add(const MMS_COMP_SMILMultipartBodypart &part)
 {
-    if (const QString location = part.getContentLocation(); !location.isEmpty())
-        m_locations.insert(location);
-    const QString contentId = part.getContentID();
-    if (!Reference::contentIdKey(contentId).isEmpty())
-        m_contentIds.insert(contentId);
+    const Reference::PartKeys keys(part);
+    if (!keys.location.isEmpty())
+        m_locations.insert(keys.location);
+    if (!keys.contentId.isEmpty())
+        m_contentIds.insert(keys.contentId);
 }
 
 void PartNames::add(const MMS_COMP_SMILMultipart &multipart)

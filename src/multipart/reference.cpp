@@ -20,6 +20,13 @@ QStringView Reference::contentIdKey(QStringView text)
     return withoutBrackets(text.trimmed());
 }
 
+Reference::PartKeys::PartKeys(const MMS_COMP_SMILMultipartBodypart &part)
+    : location(part.getContentLocation()), contentId(part.getContentID())
+{
+    if (contentIdKey(contentId).isEmpty())
+        contentId.clear();
+}
+
 bool Reference::Matcher::matches(const MMS_COMP_SMILMultipartBodypart &part) const
 {
     if (isSameInLowerCase(m_reference, part.getContentLocation()))

@@ -20,6 +20,15 @@ QStringView withoutBrackets(QStringView reference);
  */
 QStringView contentIdKey(QStringView text);
 
+/// The names of a part that references match; empty where none does.
+struct PartKeys
+{
+    explicit PartKeys(const MMS_COMP_SMILMultipartBodypart &part);
+
+    QString location;
+    QString contentId;
+};
+
 /// For tables of locations: what references match is equal.
 struct LocationHash
 {
