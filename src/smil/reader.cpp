@@ -50,9 +50,19 @@ public:
     int warning() const { return m_warning; }
 
 private:
+    using ElementReader = int (SmilReader::*)(const SmilElement &);
     using ContainerReader = int (SmilReader::*)(const SmilElement &, int &);
     enum class NewSlide { Always, AfterNested };
 
+    /// An element with a tag, and how it is read.
+    struct Child
+    {
+        QStringView tag;
+        ElementReader read;
+    };
+
+    int readLeading(const Child &row, SmilElement *element);
+    int readAround(const SmilElement &parent, const Child &row, const Child &middle);
     static ContainerReader containerReader(const QString &tag);
     int readNested(ContainerReader read, const SmilElement &element, int &depth);
     int readMedia(const SmilElement &element, bool newSlide, int dur);
@@ -94,17 +104,6 @@ QByteArray repairedText(const QByteArray &octets)
     if (const qsizetype start = text.indexOf("<smil"); start > 0)
         text.remove(0, start);
     return text;
-}
-
-// Reads the leading elements with the tag @p tag; stops behind them, or at a failure.
-template <typename Reader>
-int readWhile(SmilElement *element, QStringView tag, Reader read)
-{
-    for (; element->tag() == tag; *element = element->nextSibling()) {
-        if (const int result = read(*element))
-            return result;
-    }
-    return SmilResult::Ok;
 }
 
 bool isMediaTag(const QString &tag)
@@ -220,25 +219,40 @@ int SmilReader::readSmil(const SmilElement &root)
     return SmilResult::Ok;
 }
 
+// Reads @p element and its siblings as long as they are rows; stops after them, or at a failure.
+int SmilReader::readLeading(const Child &row, SmilElement *element)
+{
+    for (; element->tag() == row.tag; *element = element->nextSibling()) {
+        if (const int result = (this->*row.read)(*element))
+            return result;
+    }
+    return SmilResult::Ok;
+}
+
+// parent ::= row* [middle | other] row*
+// Whatever follows is not read: a middle after another element is none.
+int SmilReader::readAround(const SmilElement &parent, const Child &row, const Child &middle)
+{
+    SmilElement child = parent.firstChild();
+    if (const int result = readLeading(row, &child))
+        return result;
+    if (child.tag() == middle.tag) {
+        if (const int result = (this->*middle.read)(child))
+            return result;
+    }
+    child = child.nextSibling();
+    return readLeading(row, &child);
+}
+
 int MMS_COMP_SMILParser::parseSmilHead(QDomElement *head, MMS_COMP_SMILData *data)
 {
     return readFragment(head, nullptr, data, &SmilReader::readHead);
 }
 
 // head ::= meta* [layout | other] meta*
-// Whatever comes behind is not read, so a layout behind a title is none.
 int SmilReader::readHead(const SmilElement &head)
 {
-    const auto read = [this](const SmilElement &meta) { return readMeta(meta); };
-    SmilElement child = head.firstChild();
-    if (const int result = readWhile(&child, u"meta", read))
-        return result;
-    if (child.tag() == u"layout") {
-        if (const int result = readLayout(child))
-            return result;
-    }
-    child = child.nextSibling();
-    return readWhile(&child, u"meta", read);
+    return readAround(head, {u"meta", &SmilReader::readMeta}, {u"layout", &SmilReader::readLayout});
 }
 
 int MMS_COMP_SMILParser::parseSmilMeta(QDomElement *meta, MMS_COMP_SMILData *data)
@@ -264,16 +278,8 @@ int MMS_COMP_SMILParser::parseSmilLayout(QDomElement *layout, MMS_COMP_SMILData 
 int SmilReader::readLayout(const SmilElement &layout)
 {
     const RegionIndexScope index(m_data->getLayout());
-    const auto read = [this](const SmilElement &region) { return readRegion(region); };
-    SmilElement child = layout.firstChild();
-    if (const int result = readWhile(&child, u"region", read))
-        return result;
-    if (child.tag() == u"root-layout") {
-        if (const int result = readRootLayout(child))
-            return result;
-    }
-    child = child.nextSibling();
-    return readWhile(&child, u"region", read);
+    return readAround(layout, {u"region", &SmilReader::readRegion},
+                      {u"root-layout", &SmilReader::readRootLayout});
 }
 
 int MMS_COMP_SMILParser::parseSmilRootLayout(QDomElement *rootLayout, MMS_COMP_SMILData *data)
