@@ -1,8 +1,7 @@
 #include "multipart/lower_case.h"
 
-#include "base/text_hash.h"
-
 #include <QChar>
+#include <QRandomGenerator>
 
 #include <algorithm>
 #include <utility>
@@ -60,6 +59,38 @@ private:
     char32_t m_pending = 0;
 };
 
+/// Characters as a polynomial in a point that is drawn at every start, modulo a prime, so that
+/// nobody can choose texts that collide. Needs no copy in lower case, which qHash() would:
+/// benchmark growth/parts, name a new one.
+class CharacterHash
+{
+public:
+    /// Continues with @p character.
+    void add(char32_t character) { m_value = reduced(m_value * m_point + character); }
+    /// The hash of the characters until now.
+    std::size_t value() const { return std::size_t(m_value); }
+
+private:
+    static constexpr int PrimeBits = 31;
+    static constexpr quint64 Prime = (quint64(1) << PrimeBits) - 1;
+
+    static quint64 point()
+    {
+        static const quint64 drawn = QRandomGenerator::system()->bounded(1U, quint32(Prime));
+        return drawn;
+    }
+
+    // The result is at most some units above the prime, so that the next product fits.
+    static constexpr quint64 reduced(quint64 value)
+    {
+        value = (value & Prime) + (value >> PrimeBits);
+        return (value & Prime) + (value >> PrimeBits);
+    }
+
+    const quint64 m_point = point();
+    quint64 m_value = 1; // so that leading zeros count
+};
+
 } // namespace
 
 bool isSameInLowerCase(QStringView a, QStringView b)
@@ -86,7 +117,7 @@ bool isSameInLowerCase(QStringView a, QStringView b)
 
 std::size_t hashInLowerCase(QStringView text)
 {
-    QvlCharacterHash hash;
+    CharacterHash hash;
     qsizetype ascii = 0;
     for (; ascii < text.size() && isAscii(text[ascii].unicode()); ++ascii)
         hash.add(asciiLowerCase(text[ascii].unicode()));

@@ -33,7 +33,7 @@ QString withoutAmpersand(QString name)
     return name.remove(QLatin1Char('&'));
 }
 
-// Most names are so plain that no parser is needed to tell.
+// Fast path: a name of only these characters is a valid URL. Benchmark message/decode/nameless.
 bool isUrl(const QString &name)
 {
     const auto isPlain = [](QChar c) {

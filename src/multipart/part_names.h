@@ -5,9 +5,9 @@
  */
 #pragma once
 
-#include "base/text_hash.h"
 #include "multipart/reference.h"
 
+#include <QHash>
 #include <QString>
 
 #include <array>
@@ -51,17 +51,25 @@ private:
     QString takeFirstFree(const QString &prefix, const QString &ext);
     QString takeItselfOrNumbered(const QString &candidate, const QString &base, const QString &ext);
 
+    // Seeded at every start, unlike std::hash, so that nobody can choose names that collide.
+    struct ExactHash
+    {
+        std::size_t operator()(const QString &name) const
+        {
+            return qHash(name, QHashSeed::globalSeed());
+        }
+    };
     template <typename Hash, typename Equal>
     using Names = std::pmr::unordered_set<QString, Hash, Equal>;
 
     const MMS_COMP_SMILMultipart *m_unindexed = nullptr;
     bool m_wasWalked = false;
     std::array<std::byte, 2048> m_firstMemory; // most messages need no more
-    // Nothing is given back before all of it is.
+    // Nothing is given back before all of it is: benchmark growth/parts, name a new one.
     std::pmr::monotonic_buffer_resource m_memory{m_firstMemory.data(), m_firstMemory.size()};
     Names<Reference::LocationHash, Reference::LocationEqual> m_locations{&m_memory};
     Names<Reference::ContentIdHash, Reference::ContentIdEqual> m_contentIds{&m_memory};
-    Names<QvlTextHash, std::equal_to<>> m_exact{&m_memory};
+    Names<ExactHash, std::equal_to<>> m_exact{&m_memory};
     // By what stands before the number, and the extension behind it; lower numbers are known to be
     // taken.
     std::pmr::map<std::pair<QString, QString>, int> m_nextNumber{&m_memory};

@@ -1,7 +1,6 @@
 #include "presentation/region_index.h"
 
 #include "base/no_memory.h"
-#include "base/text_hash.h"
 #include "presentation/layout.h"
 
 #include <QHash>
@@ -18,8 +17,7 @@ bool EqualRegions::operator()(const MMS_COMP_SMILRegion *a, const MMS_COMP_SMILR
 std::size_t RegionHash::operator()(const MMS_COMP_SMILRegion *region) const
 {
     return qHashMulti(QHashSeed::globalSeed(), region->getWidth(), region->getHeight(),
-                      region->getTop(), region->getLeft(), QvlTextHash()(region->getId()),
-                      region->getFit());
+                      region->getTop(), region->getLeft(), region->getId(), region->getFit());
 }
 
 RegionIndexScope::RegionIndexScope(MMS_COMP_SMILLayout *layout) : m_layout(layout)

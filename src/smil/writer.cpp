@@ -66,7 +66,7 @@ void Writer::attribute(QLatin1String opening, int value, QLatin1String closing)
     attribute(opening, QvlDecimal(value).text(), closing);
 }
 
-// Six digits; most values are whole numbers, which need no search for the shortest.
+// Six digits. Fast path: whole numbers need no search for the shortest. Benchmark smil/write/1.
 void Writer::attribute(QLatin1String opening, float value, QLatin1String closing)
 {
     constexpr float firstWithExponent = 1e6F;

@@ -8,6 +8,16 @@
 
 #include <gtest/gtest.h>
 
+#include <unordered_set>
+
+namespace {
+
+// Among two thousand million values two of a hundred thousand meet on average, and hardly ever
+// more.
+constexpr size_t Meeting = 20;
+
+} // namespace
+
 TEST(LowerCase, EveryCharacterEqualsItsLowerCase)
 {
     for (char32_t character = 0; character <= 0x10FFFF; ++character) {
@@ -59,4 +69,22 @@ TEST(LowerCase, IsThatOfBothTexts)
                 << a.toStdString() << ' ' << b.toStdString();
         }
     }
+}
+
+TEST(LowerCase, HashKeepsNumberedNamesApart)
+{
+    constexpr int Count = 100000;
+    std::unordered_set<size_t> hashes;
+    for (int i = 0; i < Count; ++i)
+        hashes.insert(hashInLowerCase(QStringLiteral("file%1.jpg").arg(i)));
+    EXPECT_GE(hashes.size() + Meeting, size_t(Count));
+}
+
+TEST(LowerCase, HashKeepsTextsOfOneCharacterApartByTheirLength)
+{
+    constexpr int Count = 1000;
+    std::unordered_set<size_t> hashes;
+    for (int length = 0; length < Count; ++length)
+        hashes.insert(hashInLowerCase(QString(length, QChar(0))));
+    EXPECT_GE(hashes.size() + Meeting, size_t(Count));
 }
