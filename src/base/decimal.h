@@ -21,11 +21,11 @@ public:
     }
 
     /// Lives as long as this object.
-    QLatin1String text() const { return QLatin1String(m_digits.data(), m_length); }
+    QLatin1StringView text() const { return QLatin1StringView(m_digits.data(), m_length); }
 
 private:
-    static constexpr int signAndLastDigit = 2;
+    static constexpr int SignAndLastDigit = 2;
 
-    std::array<char, std::numeric_limits<int>::digits10 + signAndLastDigit> m_digits;
+    std::array<char, std::numeric_limits<int>::digits10 + SignAndLastDigit> m_digits;
     int m_length;
 };

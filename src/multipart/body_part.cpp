@@ -7,12 +7,14 @@
 
 #include <new>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Empty, not null: a stream tells the two apart.
 QString emptyText()
 {
-    return QStringLiteral("");
+    return u""_s;
 }
 
 using EnumToText = bool (*)(int, QCString &);
@@ -143,18 +145,18 @@ int MMS_COMP_SMILMultipartBodypart::setBodyData(const char *data, int len)
 
 QString MMS_COMP_SMILMultipartBodypart::getMimeFormat() const
 {
-    return m_contentType + QLatin1Char('/') + m_subType;
+    return m_contentType + u'/' + m_subType;
 }
 
 QString MMS_COMP_SMILMultipartBodypart::getTypePartFromFormat(const QString &format)
 {
-    const qsizetype slash = format.indexOf(QLatin1Char('/'));
+    const qsizetype slash = format.indexOf(u'/');
     return slash < 0 ? emptyText() : format.left(slash);
 }
 
 QString MMS_COMP_SMILMultipartBodypart::getSubTypePartFromFormat(const QString &format)
 {
-    const qsizetype slash = format.lastIndexOf(QLatin1Char('/'));
+    const qsizetype slash = format.lastIndexOf(u'/');
     return slash < 0 ? emptyText() : format.sliced(slash + 1);
 }
 

@@ -16,6 +16,8 @@
 #include <limits>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int NotMeasured = -1;
@@ -93,12 +95,12 @@ bool MMS_COMP_SMILMultipartBodypart::isMediaObjectSupported()
     return unlessOutOfMemory(false, [this] {
         if (m_mediaCheck != MediaCheck::NotChecked)
             return m_mediaCheck == MediaCheck::Supported;
-        if (m_contentType == QLatin1String("image")) {
+        if (m_contentType == "image"_L1) {
             const bool supported = isDecodableImage(m_bodyData);
             m_mediaCheck = supported ? MediaCheck::Supported : MediaCheck::NotSupported;
             return supported;
         }
-        if (m_contentType != QLatin1String("audio") && m_contentType != QLatin1String("video"))
+        if (m_contentType != "audio"_L1 && m_contentType != "video"_L1)
             return true;
 
         const QString &name = m_dispFileName.isEmpty() ? m_contentLocation : m_dispFileName;

@@ -14,6 +14,8 @@
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 // Null for a code that the e-mail system does not know.
@@ -35,8 +37,7 @@ bool isAttachment(const Part *part)
 
 } // namespace
 
-MMS_COMP_SMILMultipart::MMS_COMP_SMILMultipart()
-    : m_extType(MediaTypes::smil()), m_start(QLatin1String(""))
+MMS_COMP_SMILMultipart::MMS_COMP_SMILMultipart() : m_extType(MediaTypes::smil()), m_start(""_L1)
 {
     setRelatedType();
     m_parts.setAutoDelete(true);
@@ -81,8 +82,8 @@ void MMS_COMP_SMILMultipart::copyFrom(const MMS_COMP_SMILMultipart &source)
 void MMS_COMP_SMILMultipart::clear()
 {
     setRelatedType();
-    m_start = QLatin1String("");
-    m_extType = QLatin1String("");
+    m_start = ""_L1;
+    m_extType = ""_L1;
     m_index = nullptr;
     m_parts.clear();
 }
@@ -100,7 +101,7 @@ void MMS_COMP_SMILMultipart::appendBodypart(Part *part)
 
 bool MMS_COMP_SMILMultipart::holds(const Part *part) const
 {
-    return std::find(m_parts.begin(), m_parts.end(), part) != m_parts.end();
+    return std::ranges::find(m_parts, part) != m_parts.end();
 }
 
 int MMS_COMP_SMILMultipart::insertBodypart(Part *part, int index)
@@ -178,7 +179,7 @@ Part *MMS_COMP_SMILMultipart::getBodyPartBySrc(const QString &src, int type) con
     if (m_index)
         return m_index->find(src, type);
     const Reference::Matcher reference(src);
-    const auto found = std::find_if(m_parts.begin(), m_parts.end(), [&](const Part *part) {
+    const auto found = std::ranges::find_if(m_parts, [&](const Part *part) {
         return part && part->getDispFileType() == type && matches(reference, part);
     });
     return found != m_parts.end() ? *found : nullptr;
@@ -200,8 +201,7 @@ bool MMS_COMP_SMILMultipart::isPartExist(const QString &name) const
     if (!PartNames::isUsable(name))
         return true;
     const Reference::Matcher reference(name);
-    return std::any_of(m_parts.begin(), m_parts.end(),
-                       [&](const Part *part) { return matches(reference, part); });
+    return std::ranges::any_of(m_parts, [&](const Part *part) { return matches(reference, part); });
 }
 
 QString MMS_COMP_SMILMultipart::createUniqueAttchmentLocation(const QString &ext) const
@@ -224,8 +224,7 @@ bool MMS_COMP_SMILMultipart::isRelated() const
 
 int MMS_COMP_SMILMultipart::getAttachmentCount() const
 {
-    return isRelated() ? int(std::count_if(m_parts.begin(), m_parts.end(), isAttachment))
-                       : getPartCount();
+    return isRelated() ? int(std::ranges::count_if(m_parts, isAttachment)) : getPartCount();
 }
 
 Part *MMS_COMP_SMILMultipart::getAttachment(int index) const
@@ -233,8 +232,7 @@ Part *MMS_COMP_SMILMultipart::getAttachment(int index) const
     if (!isRelated() || index < 0)
         return m_parts.at(index);
     int left = index;
-    const auto found = std::find_if(m_parts.begin(), m_parts.end(), [&](const Part *part) {
-        return isAttachment(part) && left-- == 0;
-    });
+    const auto found = std::ranges::find_if(
+        m_parts, [&](const Part *part) { return isAttachment(part) && left-- == 0; });
     return found != m_parts.end() ? *found : nullptr;
 }

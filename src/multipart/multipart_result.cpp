@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr CodeMeaning meanings[]{
+constexpr CodeMeaning Meanings[]{
     {MultipartResult::Ok, "done"},
     {MultipartResult::NullArgument, "no header or no multipart was given"},
     {MultipartResult::OutOfMemory, "out of memory"},
@@ -19,5 +19,5 @@ constexpr CodeMeaning meanings[]{
 
 const char *MultipartResult::meaning(int code)
 {
-    return meaningOf(meanings, code);
+    return meaningOf(Meanings, code);
 }

@@ -9,17 +9,19 @@
 #include <algorithm>
 #include <utility>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int LocationLimit = 100; // a location is shorter than this
 constexpr int LongestBaseAndExtension = 88; // leaves room for a number and two dots
 
-constexpr QLatin1String renamed("renamed");
+constexpr QLatin1StringView Renamed = "renamed"_L1;
 
 template <typename Base>
 QString withExtension(const Base &base, const QString &ext)
 {
-    return ext.isEmpty() ? QString(base) : base + QLatin1Char('.') + ext;
+    return ext.isEmpty() ? QString(base) : base + u'.' + ext;
 }
 
 QString numbered(const QString &prefix, int number, const QString &ext)
@@ -30,7 +32,7 @@ QString numbered(const QString &prefix, int number, const QString &ext)
 
 QString withoutAmpersand(QString name)
 {
-    return name.remove(QLatin1Char('&'));
+    return name.remove(u'&');
 }
 
 // Fast path: a name of only these characters is a valid URL. Benchmark message/decode/nameless.
@@ -40,8 +42,7 @@ bool isUrl(const QString &name)
         return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9')
             || c == u'.' || c == u'_' || c == u'-';
     };
-    return (!name.isEmpty() && std::all_of(name.begin(), name.end(), isPlain))
-        || QUrl(name).isValid();
+    return (!name.isEmpty() && std::ranges::all_of(name, isPlain)) || QUrl(name).isValid();
 }
 
 // A file name in pieces.
@@ -58,7 +59,7 @@ struct NameParts
     {
         if (base.size() + ext.size() <= LongestBaseAndExtension)
             return false;
-        base.truncate(qMax<qsizetype>(LongestBaseAndExtension - ext.size(), 0));
+        base.truncate(std::max<qsizetype>(LongestBaseAndExtension - ext.size(), 0));
         return true;
     }
 
@@ -135,7 +136,7 @@ QString PartNames::takeFirstFree(const QString &prefix, const QString &ext)
 
 QString PartNames::uniqueAttachmentLocation(const QString &ext)
 {
-    const QString prefix = QStringLiteral("file");
+    const QString prefix = u"file"_s;
     QString name = takeFirstFree(prefix, ext);
     return name.isNull() ? takeFirstFree(prefix, QString()) : name;
 }
@@ -145,7 +146,7 @@ QString PartNames::takeItselfOrNumbered(const QString &candidate, const QString 
 {
     if (isUsable(candidate) && take(candidate))
         return candidate;
-    QString name = takeFirstFree(base + QLatin1Char('_'), ext);
+    QString name = takeFirstFree(base + u'_', ext);
     return name.isNull() ? uniqueAttachmentLocation(QString()) : name;
 }
 
@@ -157,7 +158,7 @@ QString PartNames::uniqueLocation(const QString &name)
     QString candidate = withoutAmpersand(parts.fileName);
     parts.cutBase();
     if (!isUrl(candidate))
-        parts.base = renamed;
+        parts.base = Renamed;
     if (!parts.ext.isEmpty())
         candidate = withExtension(parts.base, parts.ext);
     return takeItselfOrNumbered(candidate, parts.base, parts.ext);
@@ -169,7 +170,7 @@ QString PartNames::uniqueSource(const QString &name)
     NameParts parts(name);
     QString candidate = withoutAmpersand(parts.fileName);
     if (!isUrl(candidate)) {
-        parts.base = renamed;
+        parts.base = Renamed;
         candidate = withExtension(parts.base, parts.ext);
     }
     if (parts.cutBase())

@@ -1,26 +1,26 @@
 /** @file
- * A colour as a SMIL document gives it.
+ * A color as a SMIL document gives it.
  */
 #pragma once
 
 #include <QColor>
 #include <QString>
 
-/// Kinds of colour text.
+/// Kinds of color text.
 enum MMS_COMP_SMIL_COLOR_KIND : int {
     SMIL_COLOR_NONE = 0, ///< no text given
-    SMIL_COLOR_NAMED = 1, ///< one of the sixteen colour names
-    SMIL_COLOR_RGB = 2, ///< a numeric colour
+    SMIL_COLOR_NAMED = 1, ///< one of the sixteen color names
+    SMIL_COLOR_RGB = 2, ///< a numeric color
     SMIL_COLOR_INVALID = 3, ///< a text that was not understood
 };
 
-/// Colour record, copied by value; filled by MMS_COMP_SMILParser::parseColor().
+/// Color record, copied by value; filled by MMS_COMP_SMILParser::parseColor().
 struct MMS_COMP_COLOR
 {
     int kind = SMIL_COLOR_NONE; ///< a MMS_COMP_SMIL_COLOR_KIND
-    QString name; ///< the colour name, for a named colour
-    QColor color; ///< invalid until a colour was understood
+    QString name; ///< the color name, for a named color
+    QColor color; ///< invalid until a color was understood
 
-    /// True for the kinds that stand for a colour.
+    /// True for the kinds that stand for a color.
     bool isUsable() const { return kind == SMIL_COLOR_NAMED || kind == SMIL_COLOR_RGB; }
 };

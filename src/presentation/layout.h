@@ -97,13 +97,13 @@ public:
     bool setHeight(int height);
     /// @}
 
-    /// The colour itself, which stays the root layout's: read it or change it in place. Starts as
+    /// The color itself, which stays the root layout's: read it or change it in place. Starts as
     /// none; with one the SMIL text is not well-formed, see
     /// MMS_COMP_SMILParser::convertToSMILLang().
     MMS_COMP_COLOR *getBackgroundColor() { return &m_backgroundColor; }
     /// The same for reading.
     const MMS_COMP_COLOR *getBackgroundColor() const { return &m_backgroundColor; }
-    /// Sets the colour by its text, see MMS_COMP_SMILParser::parseColor().
+    /// Sets the color by its text, see MMS_COMP_SMILParser::parseColor().
     void setBackgroundColor(const QString &text);
 
 private:
@@ -132,7 +132,7 @@ public:
     /// Sets the size, making a root layout when there is none; the root layout, or null.
     MMS_COMP_SMILRootLayout *setRootLayout(int width, int height);
     /**
-     * Reads width, height and background colour of a root-layout element; 0, or RootLayoutRefused
+     * Reads width, height and background color of a root-layout element; 0, or RootLayoutRefused
      * for null. An absent size is -1, one that is no number of pixels is 0.
      */
     int setRootLayout(QDomElement *element);

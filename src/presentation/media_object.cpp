@@ -110,7 +110,7 @@ bool MMS_COMP_SMILMediaObject::setMediaElementType(MMS_COMP_SMIL_MEDIA_ELEMENT_T
 {
     m_mediaElementType = type;
     if (type == SMIL_MEDIA_TEXT)
-        m_mediaType = QStringLiteral("txt");
+        m_mediaType = u"txt"_s;
     return true;
 }
 
@@ -310,8 +310,8 @@ bool MMS_COMP_SMILMediaObject::deleteParamElem(int index)
 
 int MMS_COMP_SMILMediaObject::indexOfParam(const QString &name) const
 {
-    const auto row = std::find_if(m_params.begin(), m_params.end(),
-                                  [&](const Param *param) { return param->isNamed(name); });
+    const auto row =
+        std::ranges::find_if(m_params, [&](const Param *param) { return param->isNamed(name); });
     return row != m_params.end() ? int(row - m_params.begin()) : -1;
 }
 
@@ -322,14 +322,14 @@ int MMS_COMP_SMILMediaObject::updateParamByName(const QString &name, const QStri
             param->setValue(value);
             return SmilResult::Ok;
         }
-        return appendParamElem(name, value, SMIL_PARAM_VALUE_DATA, QStringLiteral(""));
+        return appendParamElem(name, value, SMIL_PARAM_VALUE_DATA, u""_s);
     });
 }
 
 QString MMS_COMP_SMILMediaObject::getParamValueByName(const QString &name) const
 {
     const Param *param = getParam(indexOfParam(name));
-    return param ? param->getValue() : QStringLiteral("");
+    return param ? param->getValue() : u""_s;
 }
 
 void MMS_COMP_SMILMediaObject::removeParamByName(const QString &name)

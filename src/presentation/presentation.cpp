@@ -21,17 +21,17 @@ using Slide = MMS_COMP_SMILTimingContainer;
 
 namespace {
 
-bool isWhite(const QColor &colour)
+bool isWhite(const QColor &color)
 {
-    return colour.red() == 255 && colour.green() == 255 && colour.blue() == 255;
+    return color.red() == 255 && color.green() == 255 && color.blue() == 255;
 }
 
-// An empty text is worth sending only when it carries a page colour that nothing else carries.
+// An empty text is worth sending only when it carries a page color that nothing else carries.
 bool canLoseEmptyText(const Slide &slide)
 {
-    const MMS_COMP_COLOR colour = slide.getPageColor();
-    const bool coloured = colour.isUsable() && !isWhite(colour.color);
-    return !coloured || slide.isImageExist() || slide.isAudioExist();
+    const MMS_COMP_COLOR color = slide.getPageColor();
+    const bool isColored = color.isUsable() && !isWhite(color.color);
+    return !isColored || slide.isImageExist() || slide.isAudioExist();
 }
 
 // Lets go of the content of a slide that is not to be: it belongs to others.
@@ -114,7 +114,7 @@ MMS_COMP_SMILRegion *MMS_COMP_SMILData::appendRegion(const QString &left, const 
 {
     return unlessOutOfMemory(nullptr, [&] {
         for (const QString &text : {left, top, width, height}) {
-            if (text.contains(QLatin1Char('%')))
+            if (text.contains(u'%'))
                 m_measureUnit = SMIL_UNIT_PERCENT;
         }
         return appendRegion(SmilValues::regionNumber(left, 0), SmilValues::regionNumber(top, 0),
@@ -314,8 +314,7 @@ void MMS_COMP_SMILData::removeEmptyTextBeforeSend()
 
 bool MMS_COMP_SMILData::isEmpty() const
 {
-    return std::all_of(m_slides.begin(), m_slides.end(),
-                       [](const Slide *slide) { return slide->isBlank(); });
+    return std::ranges::all_of(m_slides, [](const Slide *slide) { return slide->isBlank(); });
 }
 
 void MMS_COMP_SMILData::setMultiPart(MMS_COMP_SMILMultipart *multipart)

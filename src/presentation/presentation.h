@@ -64,7 +64,7 @@ public:
                                       const QString &fit, const QString &id);
     /// @}
 
-    /// Sets the size from texts such as "120px"; the colour is ignored. The root layout, which
+    /// Sets the size from texts such as "120px"; the color is ignored. The root layout, which
     /// stays the layout's, or null when there is no memory.
     MMS_COMP_SMILRootLayout *setRootLayout(const QString &width, const QString &height,
                                            const QString &backgroundColor);
@@ -151,16 +151,16 @@ public:
     void deleteObjectByDataLocation(const QString &location);
 
     /**
-     * Puts colours and text size of every slide into the params of its objects. The root layout's
-     * colour becomes every slide's page colour, also when it is none. Kept: the writer relies on
+     * Puts colors and text size of every slide into the params of its objects. The root layout's
+     * color becomes every slide's page color, also when it is none. Kept: the writer relies on
      * it.
      */
     void updateParamToSlide();
     /// The same for the slide at @p index alone; nothing out of range.
     void updateParamToSlideAt(unsigned int index);
-    /// Takes colours and text size of every slide from the params of its objects.
+    /// Takes colors and text size of every slide from the params of its objects.
     void updateParamFromSlide();
-    /// Removes texts without octets, but for one that alone carries a slide's page colour.
+    /// Removes texts without octets, but for one that alone carries a slide's page color.
     void removeEmptyTextBeforeSend();
 
     /// True when every slide is blank, see MMS_COMP_SMILTimingContainer::isBlank().
@@ -170,7 +170,7 @@ public:
     /// Sets the message of the presentation and of every slide; their objects keep their own.
     void setMultiPart(MMS_COMP_SMILMultipart *multipart);
     /**
-     * Copies everything but the root layout's colour, behind what @p target has. Linear in the
+     * Copies everything but the root layout's color, behind what @p target has. Linear in the
      * regions and metas, and in the parts for every object.
      *
      * @param target gets the copy; may be the presentation itself

@@ -18,6 +18,8 @@
 using Object = MMS_COMP_SMILMediaObject;
 using Part = MMS_COMP_SMILMultipartBodypart;
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 constexpr int LongestDuration =
@@ -61,15 +63,15 @@ bool hasCharacters(const Object &object)
     return part && !part->getBodyData().isEmpty() && part->getBodyData().front() != '\0';
 }
 
-// Takes over the colour in the param of @p object; false when there is no usable one.
-bool readColour(const Object *object, const QString &param, MMS_COMP_COLOR *colour)
+// Takes over the color in the param of @p object; false when there is no usable one.
+bool readColor(const Object *object, const QString &param, MMS_COMP_COLOR *color)
 {
     if (!object)
         return false;
     MMS_COMP_COLOR read;
     SmilValues::readColor(object->getParamValueByName(param), read);
     if (read.isUsable())
-        *colour = read;
+        *color = read;
     return read.isUsable();
 }
 
@@ -133,8 +135,8 @@ void MMS_COMP_SMILTimingContainer::release(int index)
 
 int MMS_COMP_SMILTimingContainer::indexOfFirst(Predicate fits) const
 {
-    const auto found = std::find_if(m_objects.begin(), m_objects.end(),
-                                    [fits](const Object *object) { return fits(*object); });
+    const auto found =
+        std::ranges::find_if(m_objects, [fits](const Object *object) { return fits(*object); });
     return found != m_objects.end() ? int(found - m_objects.begin()) : -1;
 }
 
@@ -194,8 +196,8 @@ void MMS_COMP_SMILTimingContainer::removeImgLikeElem()
 
 void MMS_COMP_SMILTimingContainer::removeBySrc(const QString &src)
 {
-    const auto found = std::find_if(m_objects.begin(), m_objects.end(),
-                                    [&](const Object *object) { return object->getSrc() == src; });
+    const auto found = std::ranges::find_if(
+        m_objects, [&](const Object *object) { return object->getSrc() == src; });
     if (found != m_objects.end())
         remove(unsigned(found - m_objects.begin()));
 }
@@ -250,10 +252,9 @@ bool MMS_COMP_SMILTimingContainer::updateData(const QString &regionId, const QSt
             if (textBelowImage && text >= 0)
                 place = text;
         } else {
-            const auto same =
-                std::find_if(m_objects.begin(), m_objects.end(), [type](const Object *object) {
-                    return object->getMediaElementType() == type;
-                });
+            const auto same = std::ranges::find_if(m_objects, [type](const Object *object) {
+                return object->getMediaElementType() == type;
+            });
             if (same != m_objects.end())
                 existing = int(same - m_objects.begin());
         }
@@ -277,9 +278,8 @@ bool MMS_COMP_SMILTimingContainer::updateData(const QString &regionId, const QSt
 
 bool MMS_COMP_SMILTimingContainer::isBlank() const
 {
-    return std::all_of(m_objects.begin(), m_objects.end(), [](const Object *object) {
-        return isText(*object) && !hasCharacters(*object);
-    });
+    return std::ranges::all_of(
+        m_objects, [](const Object *object) { return isText(*object) && !hasCharacters(*object); });
 }
 
 bool MMS_COMP_SMILTimingContainer::isTextBellowImg() const
@@ -306,9 +306,9 @@ void MMS_COMP_SMILTimingContainer::updatePageColorToElem()
 
 void MMS_COMP_SMILTimingContainer::updatePageColorFromElem()
 {
-    const bool found = readColour(first(isText), QvlParamName::pageColor(), &m_pageColor)
-        || readColour(first(isPicture), QvlParamName::pageColor(), &m_pageColor)
-        || readColour(first(isAudio), QvlParamName::pageColor(), &m_pageColor);
+    const bool found = readColor(first(isText), QvlParamName::pageColor(), &m_pageColor)
+        || readColor(first(isPicture), QvlParamName::pageColor(), &m_pageColor)
+        || readColor(first(isAudio), QvlParamName::pageColor(), &m_pageColor);
     if (!found)
         m_pageColor.kind = SMIL_COLOR_INVALID;
 }
@@ -323,7 +323,7 @@ void MMS_COMP_SMILTimingContainer::updateTextColorToElem()
 
 void MMS_COMP_SMILTimingContainer::updateTextColorFromElem()
 {
-    if (!readColour(first(isText), QvlParamName::textColor(), &m_textColor))
+    if (!readColor(first(isText), QvlParamName::textColor(), &m_textColor))
         m_textColor.kind = SMIL_COLOR_INVALID;
 }
 
@@ -336,8 +336,7 @@ int MMS_COMP_SMILTimingContainer::updateTextSizeToElem()
 void MMS_COMP_SMILTimingContainer::updateTextSizeFromElem()
 {
     const Object *text = first(isText);
-    m_textSize =
-        text ? text->getParamValueByName(QvlParamName::textSize()) : QStringLiteral("normal");
+    m_textSize = text ? text->getParamValueByName(QvlParamName::textSize()) : u"normal"_s;
 }
 
 unsigned int MMS_COMP_SMILTimingContainer::getPageSize() const

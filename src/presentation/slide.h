@@ -1,5 +1,5 @@
 /** @file
- * A slide: the media shown together, how long, and its colours. Holds the rules of composing, at
+ * A slide: the media shown together, how long, and its colors. Holds the rules of composing, at
  * most one text, one image or video, and one audio, and derives the duration from what plays.
  */
 #pragma once
@@ -48,14 +48,14 @@ public:
     MMS_COMP_SMILMultipart *getMultiPart() const { return m_multipart.get(); }
     /// @copydoc getMultiPart
     void setMultiPart(MMS_COMP_SMILMultipart *multipart) { m_multipart = multipart; }
-    /// Colour behind the media; unusable until one is set.
+    /// Color behind the media; unusable until one is set.
     MMS_COMP_COLOR getPageColor() const { return m_pageColor; }
     /// @copydoc getPageColor
-    void setPageColor(const MMS_COMP_COLOR &colour) { m_pageColor = colour; }
-    /// Colour of the text; unusable until one is set.
+    void setPageColor(const MMS_COMP_COLOR &color) { m_pageColor = color; }
+    /// Color of the text; unusable until one is set.
     MMS_COMP_COLOR getTextColor() const { return m_textColor; }
     /// @copydoc getTextColor
-    void setTextColor(const MMS_COMP_COLOR &colour) { m_textColor = colour; }
+    void setTextColor(const MMS_COMP_COLOR &color) { m_textColor = color; }
     /// Size of the text: a keyword such as "normal", or empty.
     QString getTextSize() const { return m_textSize; }
     /// @copydoc getTextSize
@@ -125,12 +125,12 @@ public:
     /// False when a picture comes behind a text, else true.
     bool isTextBellowImg() const;
 
-    /// Puts the page colour, which travels as a param, into the first text, picture and sound. An
+    /// Puts the page color, which travels as a param, into the first text, picture and sound. An
     /// unusable one removes the param from all objects.
     void updatePageColorToElem();
     /// Takes it from the first of the three that has a usable one; else it becomes unusable.
     void updatePageColorFromElem();
-    /// Puts the text colour into a param of the first text. An unusable one removes the param from
+    /// Puts the text color into a param of the first text. An unusable one removes the param from
     /// all objects.
     void updateTextColorToElem();
     /// Takes it from the first text; else it becomes unusable.

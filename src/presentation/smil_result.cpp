@@ -4,7 +4,7 @@
 
 namespace {
 
-constexpr CodeMeaning meanings[]{
+constexpr CodeMeaning Meanings[]{
     {SmilResult::Ok, "read"},
     {SmilResult::NotAMedia, "not a media element"},
     {SmilResult::RegionRefused, "a region or meta element could not be added"},
@@ -25,5 +25,5 @@ constexpr CodeMeaning meanings[]{
 
 const char *SmilResult::meaning(int code)
 {
-    return meaningOf(meanings, code);
+    return meaningOf(Meanings, code);
 }

@@ -37,8 +37,8 @@ float toFloat(QStringView number, bool *ok)
 {
     constexpr qsizetype exactDigits = 7;
     const auto isDigit = [](QChar c) { return c >= u'0' && c <= u'9'; };
-    const bool whole = !number.isEmpty() && number.size() <= exactDigits
-        && std::all_of(number.begin(), number.end(), isDigit);
+    const bool whole =
+        !number.isEmpty() && number.size() <= exactDigits && std::ranges::all_of(number, isDigit);
     return whole ? float(number.toInt(ok)) : number.toFloat(ok);
 }
 
@@ -57,23 +57,22 @@ std::optional<int> scaled(QStringView number, std::span<const float> factors)
 
 struct Unit
 {
-    QLatin1String suffix;
+    QLatin1StringView suffix;
     std::span<const float> factors;
 };
 
-constexpr std::array minuteFactors{60.0F, 1000.0F};
-constexpr std::array secondFactors{1000.0F};
-constexpr std::array hourFactors{60.0F, 60.0F, 1000.0F};
-constexpr std::array units{// tried in this order, so "ms" comes before "s"
-                           Unit{QLatin1String("min"), minuteFactors}, Unit{QLatin1String("ms"), {}},
-                           Unit{QLatin1String("s"), secondFactors},
-                           Unit{QLatin1String("h"), hourFactors}};
+constexpr std::array MinuteFactors{60.0F, 1000.0F};
+constexpr std::array SecondFactors{1000.0F};
+constexpr std::array HourFactors{60.0F, 60.0F, 1000.0F};
+constexpr std::array Units{// tried in this order, so "ms" comes before "s"
+                           Unit{"min"_L1, MinuteFactors}, Unit{"ms"_L1, {}},
+                           Unit{"s"_L1, SecondFactors}, Unit{"h"_L1, HourFactors}};
 
 // timecount ::= number ("min" | "ms" | "s" | "h")
 // A number without a unit is unreadable.
 std::optional<int> readTimecount(QStringView text)
 {
-    for (const Unit &unit : units) {
+    for (const Unit &unit : Units) {
         if (text.endsWith(unit.suffix))
             return scaled(text.chopped(unit.suffix.size()), unit.factors);
     }
@@ -84,9 +83,9 @@ std::optional<int> readTimecount(QStringView text)
 // The first three digits of the fraction are milliseconds as they stand: ".5" is 5 ms.
 std::optional<int> readClock(QStringView text)
 {
-    const qsizetype colon = text.indexOf(QLatin1Char(':'));
+    const qsizetype colon = text.indexOf(u':');
     const QStringView rest = text.sliced(colon + 1);
-    const qsizetype point = rest.indexOf(QLatin1Char('.'));
+    const qsizetype point = rest.indexOf(u'.');
     if (point < 0)
         return std::nullopt;
     const auto minutes = strictInt(text.first(colon));
@@ -100,7 +99,7 @@ std::optional<int> readClock(QStringView text)
 // A clock with hours is unreadable: two and more colons are no form of a time. Kept.
 std::optional<int> readMilliseconds(QStringView text)
 {
-    switch (text.count(QLatin1Char(':'))) {
+    switch (text.count(u':')) {
     case 0:
         return readTimecount(text);
     case 1:
@@ -114,19 +113,19 @@ std::optional<int> readMilliseconds(QStringView text)
 std::optional<int> readEvent(const QString &text, QString *id)
 {
     constexpr int idStart = 3;
-    const qsizetype close = text.indexOf(QLatin1Char(')'), idStart);
+    const qsizetype close = text.indexOf(u')', idStart);
     *id = text.mid(idStart, close < 0 ? -1 : close - idStart);
     const QStringView rest = close < 0 ? QStringView() : QStringView(text).sliced(close + 1);
-    if (rest.contains(QLatin1String("begin")))
+    if (rest.contains("begin"_L1))
         return MMS_COMP_SMIL_TIME::AtBegin;
-    if (rest.contains(QLatin1String("end")))
+    if (rest.contains("end"_L1))
         return MMS_COMP_SMIL_TIME::AtEnd;
     return rest.size() < 2 ? std::nullopt : readMilliseconds(rest.sliced(1).chopped(1));
 }
 
 struct NamedColor
 {
-    QLatin1String name;
+    QLatin1StringView name;
     QRgb rgb;
 };
 
@@ -180,12 +179,12 @@ void SmilValues::readTime(const QString &text, MMS_COMP_SMIL_TIME *time)
         return;
     }
     std::optional<int> value;
-    if (text.startsWith(QLatin1String("id("))) {
+    if (text.startsWith("id("_L1)) {
         time->timeType = SMIL_TIME_EVENT;
         value = readEvent(text, &time->eventId);
     } else {
         time->timeType = SMIL_TIME_OFFSET;
-        time->eventId = QLatin1String("");
+        time->eventId = ""_L1;
         value = readMilliseconds(text);
     }
     if (value)
@@ -198,43 +197,42 @@ int SmilValues::readDuration(const QString &text)
 {
     if (text.isEmpty())
         return QvlDuration::None;
-    if (text == QLatin1String("indefinite"))
+    if (text == "indefinite"_L1)
         return QvlDuration::Indefinite;
     return readMilliseconds(text).value_or(QvlDuration::Default);
 }
 
-void SmilValues::readColor(const QString &text, MMS_COMP_COLOR &colour)
+void SmilValues::readColor(const QString &text, MMS_COMP_COLOR &color)
 {
     const QString trimmed = text.trimmed();
     if (trimmed.isEmpty()) {
-        colour.kind = SMIL_COLOR_NONE;
+        color.kind = SMIL_COLOR_NONE;
         return;
     }
     if (const NamedColor *named = rowOf(NamedColors, trimmed, &NamedColor::name)) {
-        colour = {SMIL_COLOR_NAMED, named->name, QColor(named->rgb)};
+        color = {SMIL_COLOR_NAMED, named->name, QColor(named->rgb)};
         return;
     }
-    colour.kind = SMIL_COLOR_INVALID;
+    color.kind = SMIL_COLOR_INVALID;
     const bool hexadecimal =
-        trimmed.startsWith(QLatin1Char('#')) && (trimmed.size() == 4 || trimmed.size() == 7);
-    // The functional form never gives a colour but still takes the name. Kept.
-    const bool functional =
-        trimmed.startsWith(QLatin1String("rgb(")) && !trimmed.contains(QLatin1Char('%'));
+        trimmed.startsWith(u'#') && (trimmed.size() == 4 || trimmed.size() == 7);
+    // The functional form never gives a color but still takes the name. Kept.
+    const bool functional = trimmed.startsWith("rgb("_L1) && !trimmed.contains(u'%');
     if (!hexadecimal && !functional)
         return;
-    colour.name = QLatin1String("");
+    color.name = ""_L1;
     if (!hexadecimal)
         return;
     if (const auto rgb = readHexadecimal(QStringView(trimmed).sliced(1))) {
-        colour.kind = SMIL_COLOR_RGB;
-        colour.color = *rgb;
+        color.kind = SMIL_COLOR_RGB;
+        color.color = *rgb;
     }
 }
 
 QString SmilValues::withoutPixelUnit(const QString &text)
 {
     const QString size = text.trimmed().toLower();
-    return size.contains(QLatin1String("px")) ? size.chopped(2) : size;
+    return size.contains("px"_L1) ? size.chopped(2) : size;
 }
 
 int SmilValues::pixelsOf(const QString &text)

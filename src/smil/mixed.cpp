@@ -13,6 +13,8 @@
 #include <algorithm>
 #include <memory>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 using Object = MMS_COMP_SMILMediaObject;
@@ -32,7 +34,7 @@ const QvlMediaKind *kindOf(Part &part)
     if (kind == qvlMediaKinds.end())
         return nullptr;
     const bool shown = kind->type == SMIL_MEDIA_TEXT
-        ? part.getSubType().compare(QLatin1String("plain"), Qt::CaseInsensitive) == 0
+        ? part.getSubType().compare("plain"_L1, Qt::CaseInsensitive) == 0
         : part.isMediaObjectSupported();
     return shown ? &*kind : nullptr;
 }
@@ -77,8 +79,7 @@ int MMS_COMP_SMILParser::makeSmilForMixed(MMS_COMP_SMILMultipart *multipart,
         }
         if (!writeSmil)
             return Created;
-        SmilPart::store(multipart, convertToSMILLang(data).toUtf8(),
-                        QStringLiteral("qvlsmil.smil"));
+        SmilPart::store(multipart, convertToSMILLang(data).toUtf8(), u"qvlsmil.smil"_s);
         return Created;
     });
 }

@@ -11,6 +11,8 @@
 #include <algorithm>
 #include <optional>
 
+using namespace Qt::StringLiterals;
+
 namespace {
 
 bool hasNullRegion(MMS_COMP_SMILLayout &layout)
@@ -21,7 +23,7 @@ bool hasNullRegion(MMS_COMP_SMILLayout &layout)
 
 void append(MMS_COMP_SMILData *data, const QvlHandsetRegion &own)
 {
-    data->appendRegion(own.left, own.top, own.width, own.height, QStringLiteral("hidden"), own.id);
+    data->appendRegion(own.left, own.top, own.width, own.height, u"hidden"_s, own.id);
 }
 
 // Objects move before the region's own id changes.
@@ -66,8 +68,9 @@ void normalizeTwo(MMS_COMP_SMILData *data)
 }
 
 // The first region other than @p except whose id holds one of two words.
-std::optional<unsigned int> findById(const MMS_COMP_SMILData &data, QLatin1String word,
-                                     QLatin1String otherWord, std::optional<unsigned int> except)
+std::optional<unsigned int> findById(const MMS_COMP_SMILData &data, QLatin1StringView word,
+                                     QLatin1StringView otherWord,
+                                     std::optional<unsigned int> except)
 {
     for (unsigned int i = 0; i < data.getRegionCount(); ++i) {
         const QString id = data.getRegion(i)->getId();
@@ -81,12 +84,10 @@ std::optional<unsigned int> findById(const MMS_COMP_SMILData &data, QLatin1Strin
 
 void nameTwoOfMany(MMS_COMP_SMILData *data)
 {
-    const unsigned int text =
-        findById(*data, QLatin1String("txt"), QLatin1String("text"), std::nullopt).value_or(0);
+    const unsigned int text = findById(*data, "txt"_L1, "text"_L1, std::nullopt).value_or(0);
     rename(data, data->getRegion(text), QvlHandset::textRegion().id);
-    const unsigned int neighbour = text + 1 < data->getRegionCount() ? text + 1 : text - 1;
-    const unsigned int image =
-        findById(*data, QLatin1String("img"), QLatin1String("image"), text).value_or(neighbour);
+    const unsigned int neighbor = text + 1 < data->getRegionCount() ? text + 1 : text - 1;
+    const unsigned int image = findById(*data, "img"_L1, "image"_L1, text).value_or(neighbor);
     rename(data, data->getRegion(image), QvlHandset::imageRegion().id);
 }
 

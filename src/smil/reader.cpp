@@ -79,7 +79,7 @@ constexpr int DeepestTimeContainer = 10;
 
 // What earlier versions of the writer put into a document once too often: the lines of the
 // handset's own two regions.
-constexpr std::array<QByteArrayView, 2> ownRegionLines{
+constexpr std::array<QByteArrayView, 2> OwnRegionLines{
     "<region id=\"text\"  height=\"160\"  width=\"120\" left=\"0\" top=\"0\" fit=\"hidden\" />",
     "<region id=\"image\"  height=\"160\"  width=\"120\" left=\"0\" top=\"160\" fit=\"hidden\" />"};
 
@@ -99,7 +99,7 @@ QByteArray repairedText(const QByteArray &octets)
     QByteArray text = !view.isValidUtf8() ? QString::fromUtf8(view).toUtf8()
         : view.size() == octets.size()    ? octets
                                           : octets.chopped(1);
-    for (const QByteArrayView line : ownRegionLines)
+    for (const QByteArrayView line : OwnRegionLines)
         removeRepeatedLine(&text, line);
     if (const qsizetype start = text.indexOf("<smil"); start > 0)
         text.remove(0, start);

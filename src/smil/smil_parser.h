@@ -28,7 +28,7 @@ class QVL_EXPORT MMS_COMP_SMILParser
 public:
     /**
      * Reads a document into a presentation, binding media to the parts of the message, brings the
-     * layout into the handset's own and takes colours and text sizes from the media's params. Media
+     * layout into the handset's own and takes colors and text sizes from the media's params. Media
      * whose content is not in the message are passed over. Linear in the slides; each element walks
      * the parts.
      *
@@ -100,10 +100,10 @@ public:
     /// Milliseconds; QvlDuration::None for an empty text, Indefinite for "indefinite", Default for
     /// one not understood.
     static int parseDur(const QString &text);
-    /// Reads a colour: one of sixteen names in lower case, or "#rrggbb". In "#rgb" a digit is not
-    /// doubled: "#fff" is nearly black. A text that gives no colour leaves the last colour alone
+    /// Reads a color: one of sixteen names in lower case, or "#rrggbb". In "#rgb" a digit is not
+    /// doubled: "#fff" is nearly black. A text that gives no color leaves the last color alone
     /// but not its kind.
-    static void parseColor(const QString &text, MMS_COMP_COLOR &colour);
+    static void parseColor(const QString &text, MMS_COMP_COLOR &color);
 
     /**
      * Brings the regions into the handset's layout, a text region above an image region, and takes
@@ -122,9 +122,9 @@ public:
                                      const QString &newId);
 
     /**
-     * The SMIL text of @p data, "" for null or when there is no memory. Puts the colours and text
+     * The SMIL text of @p data, "" for null or when there is no memory. Puts the colors and text
      * sizes of the slides into the params of their objects first. Values are written as they are:
-     * one that holds "&", "<" or a quote, and a root layout with a colour, make a text that is not
+     * one that holds "&", "<" or a quote, and a root layout with a color, make a text that is not
      * well-formed. Linear in what is written.
      */
     static QString convertToSMILLang(MMS_COMP_SMILData *data);

@@ -16,7 +16,7 @@ void insert(MMS_COMP_SMILMultipart *multipart, const QByteArray &smil, const QSt
 {
     auto part = std::make_unique<Part>();
     const QString location = multipart->createUniqueLocation(wanted);
-    const QString contentId = QLatin1Char('<') + location + QLatin1Char('>');
+    const QString contentId = u'<' + location + u'>';
     part->setDispFileType(Part::Shown);
     part->setDispFileName(u"smil.txt"_s);
     part->setContentType(EMAIL_Util::Application);

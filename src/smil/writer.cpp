@@ -1,7 +1,7 @@
 /*
  * Writer: one pass over the presentation, every fragment as other handsets know it. Blanks are part
  * of it: the reader finds the lines of the handset's own regions by their exact text. Values are
- * written as they are, and the width of a root layout with a colour is not closed. Kept: receivers
+ * written as they are, and the width of a root layout with a color is not closed. Kept: receivers
  * were tested with these texts.
  */
 #include "smil/smil_parser.h"
@@ -14,6 +14,8 @@
 #include "presentation/presentation.h"
 
 #include <cmath>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
@@ -33,41 +35,42 @@ public:
     QString write(MMS_COMP_SMILData *data);
 
 private:
-    void attribute(QLatin1String opening, QStringView value, QLatin1String closing);
-    void attribute(QLatin1String opening, QLatin1String value, QLatin1String closing);
-    void attribute(QLatin1String opening, int value, QLatin1String closing);
-    void attribute(QLatin1String opening, float value, QLatin1String closing);
-    void attributeUnlessEmpty(QLatin1String opening, const QString &value);
+    void attribute(QLatin1StringView opening, QStringView value, QLatin1StringView closing);
+    void attribute(QLatin1StringView opening, QLatin1StringView value, QLatin1StringView closing);
+    void attribute(QLatin1StringView opening, int value, QLatin1StringView closing);
+    void attribute(QLatin1StringView opening, float value, QLatin1StringView closing);
+    void attributeUnlessEmpty(QLatin1StringView opening, const QString &value);
     void meta(const MMS_COMP_SMILMeta &meta);
     void rootLayout(const MMS_COMP_SMILRootLayout &rootLayout);
-    void region(const MMS_COMP_SMILRegion &region, QLatin1String closing);
+    void region(const MMS_COMP_SMILRegion &region, QLatin1StringView closing);
     void slide(const MMS_COMP_SMILTimingContainer &slide);
     void object(const MMS_COMP_SMILMediaObject &object);
-    void time(QLatin1String name, const MMS_COMP_SMIL_TIME &time);
+    void time(QLatin1StringView name, const MMS_COMP_SMIL_TIME &time);
     void param(const MMS_COMP_SMILMediaObjectParam &param);
 
     QString m_out;
 };
 
-constexpr QLatin1String Quote("\"");
+constexpr QLatin1StringView Quote = "\""_L1;
 
-void Writer::attribute(QLatin1String opening, QStringView value, QLatin1String closing)
+void Writer::attribute(QLatin1StringView opening, QStringView value, QLatin1StringView closing)
 {
     m_out += opening + value + closing;
 }
 
-void Writer::attribute(QLatin1String opening, QLatin1String value, QLatin1String closing)
+void Writer::attribute(QLatin1StringView opening, QLatin1StringView value,
+                       QLatin1StringView closing)
 {
     m_out += opening + value + closing;
 }
 
-void Writer::attribute(QLatin1String opening, int value, QLatin1String closing)
+void Writer::attribute(QLatin1StringView opening, int value, QLatin1StringView closing)
 {
     attribute(opening, QvlDecimal(value).text(), closing);
 }
 
 // Six digits. Fast path: whole numbers need no search for the shortest. Benchmark smil/write/1.
-void Writer::attribute(QLatin1String opening, float value, QLatin1String closing)
+void Writer::attribute(QLatin1StringView opening, float value, QLatin1StringView closing)
 {
     constexpr float firstWithExponent = 1e6F;
     if (std::abs(value) < firstWithExponent && value == std::trunc(value))
@@ -77,7 +80,7 @@ void Writer::attribute(QLatin1String opening, float value, QLatin1String closing
 }
 
 // A view of the value, because each share of a text costs as much as copying it.
-void Writer::attributeUnlessEmpty(QLatin1String opening, const QString &value)
+void Writer::attributeUnlessEmpty(QLatin1StringView opening, const QString &value)
 {
     if (const QStringView trimmed = QStringView(value).trimmed(); !trimmed.isEmpty())
         attribute(opening, trimmed, Quote);
@@ -87,69 +90,69 @@ void Writer::attributeUnlessEmpty(QLatin1String opening, const QString &value)
 QString Writer::write(MMS_COMP_SMILData *data)
 {
     m_out.reserve(CommonLength + SlideLength * qsizetype(data->getTotalSlidesNum()));
-    m_out += QLatin1String("<smil>\n<head>\n");
+    m_out += "<smil>\n<head>\n"_L1;
     for (unsigned int i = 0; i < data->getMetaCount(); ++i)
         meta(*data->getMeta(i));
-    m_out += QLatin1String("<layout> \n");
+    m_out += "<layout> \n"_L1;
     if (const MMS_COMP_SMILRootLayout *layout = data->getRootLayout())
         rootLayout(*layout);
     const bool pixels = data->getLayoutMeasureUnit() == SMIL_UNIT_PIXEL;
     for (unsigned int i = 0; i < data->getRegionCount(); ++i) {
         if (const MMS_COMP_SMILRegion *entry = data->getRegion(i))
-            region(*entry, pixels ? Quote : QLatin1String("%\""));
+            region(*entry, pixels ? Quote : "%\""_L1);
     }
-    m_out += QLatin1String("</layout> \n</head>\n<body>\n");
+    m_out += "</layout> \n</head>\n<body>\n"_L1;
     for (unsigned int i = 0; i < data->getTotalSlidesNum(); ++i) {
         data->updateParamToSlideAt(i);
         slide(*data->getSlide(i));
     }
-    m_out += QLatin1String("</body>\n</smil>\n");
+    m_out += "</body>\n</smil>\n"_L1;
     return m_out;
 }
 
 void Writer::meta(const MMS_COMP_SMILMeta &meta)
 {
-    attribute(QLatin1String("<meta name=\""), meta.getName().trimmed(), Quote);
-    attribute(QLatin1String(" content=\""), meta.getContent().trimmed(), QLatin1String("\" />\n"));
+    attribute("<meta name=\""_L1, meta.getName().trimmed(), Quote);
+    attribute(" content=\""_L1, meta.getContent().trimmed(), "\" />\n"_L1);
 }
 
 void Writer::rootLayout(const MMS_COMP_SMILRootLayout &rootLayout)
 {
-    attribute(QLatin1String("<root-layout height=\""), rootLayout.getHeight(), Quote);
-    attribute(QLatin1String(" width=\""), rootLayout.getWidth(), QLatin1String());
-    const MMS_COMP_COLOR *colour = rootLayout.getBackgroundColor();
-    if (colour->isUsable())
-        m_out += QLatin1String(" background-color=\"") + colour->color.name();
-    m_out += QLatin1String("\" />\n");
+    attribute("<root-layout height=\""_L1, rootLayout.getHeight(), Quote);
+    attribute(" width=\""_L1, rootLayout.getWidth(), ""_L1);
+    const MMS_COMP_COLOR *color = rootLayout.getBackgroundColor();
+    if (color->isUsable())
+        m_out += " background-color=\""_L1 + color->color.name();
+    m_out += "\" />\n"_L1;
 }
 
-void Writer::region(const MMS_COMP_SMILRegion &region, QLatin1String closing)
+void Writer::region(const MMS_COMP_SMILRegion &region, QLatin1StringView closing)
 {
-    m_out += QLatin1String("<region ");
+    m_out += "<region "_L1;
     if (!region.getId().isEmpty())
-        attribute(QLatin1String("id=\""), region.getId().trimmed(), Quote);
+        attribute("id=\""_L1, region.getId().trimmed(), Quote);
     if (!(region.getHeight() < 0))
-        attribute(QLatin1String("  height=\""), region.getHeight(), closing);
+        attribute("  height=\""_L1, region.getHeight(), closing);
     if (!(region.getWidth() < 0))
-        attribute(QLatin1String("  width=\""), region.getWidth(), closing);
-    attribute(QLatin1String(" left=\""), region.getLeft(), closing);
-    attribute(QLatin1String(" top=\""), region.getTop(), closing);
+        attribute("  width=\""_L1, region.getWidth(), closing);
+    attribute(" left=\""_L1, region.getLeft(), closing);
+    attribute(" top=\""_L1, region.getTop(), closing);
     if (const char *keyword = MMS_COMP_SMILRegion::fitKeyword(region.getFit()))
-        attribute(QLatin1String(" fit=\""), QLatin1String(keyword), Quote);
-    m_out += QLatin1String(" />\n");
+        attribute(" fit=\""_L1, QLatin1StringView(keyword), Quote);
+    m_out += " />\n"_L1;
 }
 
 void Writer::slide(const MMS_COMP_SMILTimingContainer &slide)
 {
     if (slide.getDur() == QvlDuration::Indefinite)
-        m_out += QLatin1String("<par dur=\"indefinite\">\n");
+        m_out += "<par dur=\"indefinite\">\n"_L1;
     else if (slide.getDur() < 0)
-        m_out += QLatin1String("<par>\n");
+        m_out += "<par>\n"_L1;
     else
-        attribute(QLatin1String("<par dur=\""), slide.getDur(), QLatin1String("ms\">\n"));
+        attribute("<par dur=\""_L1, slide.getDur(), "ms\">\n"_L1);
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
         object(*slide.getMediaObject(i));
-    m_out += QLatin1String("</par>\n");
+    m_out += "</par>\n"_L1;
 }
 
 void Writer::object(const MMS_COMP_SMILMediaObject &object)
@@ -158,58 +161,57 @@ void Writer::object(const MMS_COMP_SMILMediaObject &object)
     const QvlMediaKind *kind = qvlMediaKind(type);
     if (!kind)
         return;
-    m_out += QLatin1Char('<') + kind->tag;
-    attributeUnlessEmpty(QLatin1String(" src=\""), object.getSrc());
-    attributeUnlessEmpty(QLatin1String(" alt=\""), object.getAlt());
+    m_out += u'<' + kind->tag;
+    attributeUnlessEmpty(" src=\""_L1, object.getSrc());
+    attributeUnlessEmpty(" alt=\""_L1, object.getAlt());
     // The handset places videos itself, and sounds have no place.
     if (type != SMIL_MEDIA_AUDIO && type != SMIL_MEDIA_VIDEO)
-        attributeUnlessEmpty(QLatin1String(" region=\""), object.getRegionId());
+        attributeUnlessEmpty(" region=\""_L1, object.getRegionId());
     if (isWritten(object.getBeginTimeType()))
-        time(QLatin1String("begin"), object.getBegin());
+        time("begin"_L1, object.getBegin());
     if (isWritten(object.getEndTimeType()))
-        time(QLatin1String("end"), object.getEnd());
-    m_out += QLatin1String(" >\n");
+        time("end"_L1, object.getEnd());
+    m_out += " >\n"_L1;
     for (int i = 0; i < object.getParamCount(); ++i)
         param(*object.getParam(i));
-    m_out += QLatin1String("</") + kind->tag + QLatin1String(">\n");
+    m_out += "</"_L1 + kind->tag + ">\n"_L1;
 }
 
-void Writer::time(QLatin1String name, const MMS_COMP_SMIL_TIME &time)
+void Writer::time(QLatin1StringView name, const MMS_COMP_SMIL_TIME &time)
 {
-    m_out += QLatin1Char(' ') + name + QLatin1String("=\"");
+    m_out += u' ' + name + "=\""_L1;
     if (time.timeType == SMIL_TIME_OFFSET) {
-        attribute(QLatin1String(), time.timeValue, QLatin1String("ms\""));
+        attribute(""_L1, time.timeValue, "ms\""_L1);
         return;
     }
-    attribute(QLatin1String("id("), time.eventId.trimmed(), QLatin1String(")("));
+    attribute("id("_L1, time.eventId.trimmed(), ")("_L1);
     if (time.timeValue == MMS_COMP_SMIL_TIME::AtEnd)
-        m_out += QLatin1String("end)\"");
+        m_out += "end)\""_L1;
     else if (time.timeValue > 0)
-        attribute(QLatin1String(), time.timeValue, QLatin1String("ms)\""));
+        attribute(""_L1, time.timeValue, "ms)\""_L1);
     else
-        m_out += QLatin1String("begin)\"");
+        m_out += "begin)\""_L1;
 }
 
 // A param without a value loses its name, and one without anything else is not written.
 void Writer::param(const MMS_COMP_SMILMediaObjectParam &param)
 {
     const qsizetype start = m_out.size();
-    m_out += QLatin1String("<param");
+    m_out += "<param"_L1;
     const qsizetype withoutAttributes = m_out.size();
     if (const QString value = param.getValue(); !value.isEmpty()) {
-        attribute(QLatin1String(" name=\""), param.getName(), Quote);
-        attribute(QLatin1String(" value=\""), value, Quote);
+        attribute(" name=\""_L1, param.getName(), Quote);
+        attribute(" value=\""_L1, value, Quote);
     }
     const auto valueType = param.getValueType();
     if (valueType == SMIL_PARAM_VALUE_REF || valueType == SMIL_PARAM_VALUE_OBJECT)
-        attribute(QLatin1String(" valuetype=\""), qvlParamValueTypes[std::size_t(valueType)],
-                  Quote);
+        attribute(" valuetype=\""_L1, qvlParamValueTypes[std::size_t(valueType)], Quote);
     if (const QString type = param.getRefValueType(); !type.isEmpty())
-        attribute(QLatin1String(" type=\""), type, Quote);
+        attribute(" type=\""_L1, type, Quote);
     if (m_out.size() == withoutAttributes)
         m_out.truncate(start);
     else
-        m_out += QLatin1String(" />\n");
+        m_out += " />\n"_L1;
 }
 
 } // namespace
@@ -218,7 +220,7 @@ QString MMS_COMP_SMILParser::convertToSMILLang(MMS_COMP_SMILData *data)
 {
     return unlessOutOfMemory(QString(), [&]() -> QString {
         if (!data)
-            return QLatin1String("");
+            return ""_L1;
         return Writer().write(data);
     });
 }
