@@ -373,7 +373,7 @@ Work makingSlides(int size)
     };
 }
 
-Work normalising(int size)
+Work normalizing(int size)
 {
     return [message = messageOf<regionsDocument>(size)] {
         MMS_COMP_SMILParser::updateToCorvaneRegion(&message->slides);
@@ -463,7 +463,7 @@ constexpr Subject subjects[] = {
     {"regions, copied", 5000, copying<regionsDocument>},
     {"params of one object, copied", 5000, copying<paramsDocument>},
     {"parts, slides made of them", 127, makingSlides},
-    {"regions, normalised", 5000, normalising},
+    {"regions, normalized", 5000, normalizing},
     {"objects whose region is renamed", 2500, renamingRegionsOfObjects},
     {"slides, a source named for them", 2500, namingSource},
     {"slides, searched for a source", 2500, lookingUpSource},

@@ -12,7 +12,7 @@
 
 #include <limits>
 
-using FakePlayerEngine::behaviour;
+using FakePlayerEngine::behavior;
 using FakePlayerEngine::record;
 
 namespace {
@@ -85,7 +85,7 @@ TEST_F(PlayDuration, RoundsUpToHalfSecondsByTheSignedRemainder)
     };
     for (const auto &[milliseconds, rounded] : rows) {
         SCOPED_TRACE(milliseconds);
-        behaviour.duration = milliseconds;
+        behavior.duration = milliseconds;
         Part part = partWith(clip("audio/amr"));
         EXPECT_EQ(part.getPlayDur(), rounded);
         EXPECT_EQ(knownOf(part), Known::Supported);
@@ -110,7 +110,7 @@ TEST_F(PlayDuration, WhatGoesWrongIsMinusOneAndMayBeRemembered)
     struct Row
     {
         const char *name;
-        FakePlayerEngine::Behaviour engine;
+        FakePlayerEngine::Behavior engine;
         PartFacts part;
         Known known;
         int created, opened, infos, closed, destroyed;
@@ -130,7 +130,7 @@ TEST_F(PlayDuration, WhatGoesWrongIsMinusOneAndMayBeRemembered)
     for (const Row &row : rows) {
         SCOPED_TRACE(row.name);
         FakePlayerEngine::reset();
-        behaviour = row.engine;
+        behavior = row.engine;
         Part part = partWith(row.part);
         EXPECT_EQ(part.getPlayDur(), -1);
         const auto &[created, opened, infos, closed, destroyed, device, data, ext] = record;
@@ -145,12 +145,12 @@ TEST_F(PlayDuration, WhatGoesWrongIsMinusOneAndMayBeRemembered)
 
 TEST_F(PlayDuration, FailureWithoutAVerdictKeepsTheOneBefore)
 {
-    for (const FakePlayerEngine::Behaviour &engine :
-         {FakePlayerEngine::Behaviour{.exists = false}, {.hasInfo = false}, {.duration = 0}}) {
-        behaviour = {};
+    for (const FakePlayerEngine::Behavior &engine :
+         {FakePlayerEngine::Behavior{.exists = false}, {.hasInfo = false}, {.duration = 0}}) {
+        behavior = {};
         Part part = partWith(clip("audio/amr"));
         EXPECT_EQ(part.getPlayDur(), 2500);
-        behaviour = engine;
+        behavior = engine;
         EXPECT_EQ(part.getPlayDur(), -1);
         EXPECT_EQ(knownOf(part), Known::Supported);
     }
@@ -196,9 +196,9 @@ TEST_F(PlayDuration, ProbesAnewEveryTime)
 {
     Part part = partWith(clip("audio/amr"));
     EXPECT_EQ(part.getPlayDur(), 2500);
-    behaviour.opens = false;
+    behavior.opens = false;
     EXPECT_EQ(part.getPlayDur(), -1);
-    behaviour = {.duration = 400};
+    behavior = {.duration = 400};
     EXPECT_EQ(part.getPlayDur(), 500);
     EXPECT_EQ(record.created, 3);
     EXPECT_EQ(record.destroyed, 3);
@@ -208,11 +208,11 @@ TEST_F(PlayDuration, ClassifiesWhateverItIsAskedAbout)
 {
     for (const char *format : {"image/jpeg", "text/plain"}) {
         SCOPED_TRACE(format);
-        behaviour = {};
+        behavior = {};
         Part part = partWith({.format = format, .data = "no picture"});
         EXPECT_EQ(part.getPlayDur(), 2500);
         EXPECT_TRUE(part.isMediaObjectSupported());
-        behaviour = {.opens = false};
+        behavior = {.opens = false};
         EXPECT_EQ(part.getPlayDur(), -1);
         EXPECT_FALSE(part.isMediaObjectSupported());
     }
@@ -222,14 +222,14 @@ TEST_F(MediaSupport, MeasuredClipIsSupportedWithoutAnotherLook)
 {
     Part part = partWith(clip("audio/amr"));
     EXPECT_EQ(part.getPlayDur(), 2500);
-    behaviour.opens = false;
+    behavior.opens = false;
     EXPECT_TRUE(part.isMediaObjectSupported());
     EXPECT_EQ(record.created, 1);
 }
 
 TEST_F(MediaSupport, OtherTypesAreSupportedWithoutALook)
 {
-    behaviour.opens = false;
+    behavior.opens = false;
     for (const char *format : {"text/plain", "application/smil", "/", "Audio/amr", "VIDEO/mpeg",
                                "Image/jpeg", " audio/amr"}) {
         SCOPED_TRACE(format);
@@ -246,7 +246,7 @@ TEST_F(MediaSupport, ClipIsSupportedWhenTheEngineOpensIt)
     for (const char *format : {"audio/amr", "video/mpeg"}) {
         for (const bool opens : {true, false}) {
             FakePlayerEngine::reset();
-            behaviour.opens = opens;
+            behavior.opens = opens;
             Part part = partWith(clip(format));
             EXPECT_EQ(part.isMediaObjectSupported(), opens);
             EXPECT_EQ(record.opened, 1);
@@ -263,7 +263,7 @@ TEST_F(MediaSupport, AnswerForAClipIsNotRemembered)
 {
     Part part = partWith(clip("audio/amr"));
     for (const bool opens : {false, true, false, true}) {
-        behaviour.opens = opens;
+        behavior.opens = opens;
         EXPECT_EQ(part.isMediaObjectSupported(), opens);
     }
     EXPECT_EQ(record.created, 4);
@@ -271,11 +271,11 @@ TEST_F(MediaSupport, AnswerForAClipIsNotRemembered)
 
 TEST_F(MediaSupport, WithoutAnEngineNoClipIsSupported)
 {
-    behaviour.exists = false;
+    behavior.exists = false;
     Part part = partWith(clip("audio/amr"));
     EXPECT_FALSE(part.isMediaObjectSupported());
     EXPECT_EQ(record.created, 1);
-    behaviour.exists = true;
+    behavior.exists = true;
     EXPECT_TRUE(part.isMediaObjectSupported());
 }
 
@@ -388,7 +388,7 @@ TEST_F(MediaCheck, IsForgottenWhenTypeOrOctetsChange)
     for (const bool opens : {true, false}) {
         for (const Row &row : rows) {
             SCOPED_TRACE(row.name);
-            behaviour = {.opens = opens};
+            behavior = {.opens = opens};
             Part part = partWith(clip("audio/amr", "a.wav"));
             part.getPlayDur();
             const Known before = opens ? Known::Supported : Known::Unsupported;

@@ -145,7 +145,7 @@ TEST(Region, CopyHasAllSixValues)
     EXPECT_EQ(copy.getFit(), SMIL_REGION_FIT_SLICE);
 }
 
-TEST(RootLayout, StartsAsTheScreenOfTheHandsetWithoutColour)
+TEST(RootLayout, StartsAsTheScreenOfTheHandsetWithoutColor)
 {
     const MMS_COMP_SMILRootLayout root;
     EXPECT_EQ(root.getWidth(), QvlHandset::ScreenWidth);
@@ -167,7 +167,7 @@ TEST(RootLayout, SettersTakeAnyNumber)
     }
 }
 
-TEST(RootLayout, CopyHasSizeAndColour)
+TEST(RootLayout, CopyHasSizeAndColor)
 {
     MMS_COMP_SMILRootLayout root;
     root.setWidth(1);
@@ -181,7 +181,7 @@ TEST(RootLayout, CopyHasSizeAndColour)
     EXPECT_EQ(copy.getBackgroundColor()->color, QColor(0, 0, 128));
 }
 
-TEST(RootLayout, ColourIsChangedInPlace)
+TEST(RootLayout, ColorIsChangedInPlace)
 {
     MMS_COMP_SMILRootLayout root;
     root.getBackgroundColor()->kind = SMIL_COLOR_RGB;
@@ -389,7 +389,7 @@ TEST(Layout, AbsentSizesAreMinusOne)
     EXPECT_EQ(layout.getRootLayout()->getHeight(), -1);
 }
 
-TEST(Layout, ColourOfARootLayoutElement)
+TEST(Layout, ColorOfARootLayoutElement)
 {
     const std::pair<const char *, int> rows[] = {
         {"", SMIL_COLOR_NONE},
@@ -407,7 +407,7 @@ TEST(Layout, ColourOfARootLayoutElement)
     }
 }
 
-TEST(Layout, ColourIsTakenAsItStands)
+TEST(Layout, ColorIsTakenAsItStands)
 {
     MMS_COMP_SMILLayout layout;
     EXPECT_EQ(setRootLayout(layout, "background-color='#0080ff'"), 0);

@@ -1,5 +1,5 @@
 /*
- * The presentation: layout forms, metas, slides, placing elements of a document, colours and text
+ * The presentation: layout forms, metas, slides, placing elements of a document, colors and text
  * size on their way in and out, what is removed before sending, copying. Names for new content and
  * who deletes what are tested apart.
  */
@@ -103,7 +103,7 @@ TEST_F(PresentationTest, RootLayoutTextsArePixels)
     }
 }
 
-TEST_F(PresentationTest, RootLayoutElementSetsTheColourToo)
+TEST_F(PresentationTest, RootLayoutElementSetsTheColorToo)
 {
     Element element("root-layout",
                     {{"width", "176px"}, {"height", "100%"}, {"background-color", "red"}});
@@ -409,7 +409,7 @@ TEST_F(PresentationTest, DeletingByLocationLooksAtThePartAndNotAtTheSrc)
 
 namespace {
 
-QString colourOf(const Slide &slide)
+QString colorOf(const Slide &slide)
 {
     return QString::number(slide.getPageColor().kind) + slide.getPageColor().name;
 }
@@ -424,15 +424,15 @@ QStringList paramsOf(const Presentation &presentation, unsigned int slide)
 
 } // namespace
 
-TEST_F(PresentationTest, RootColourBecomesEverySlidesPageColourAndAParam)
+TEST_F(PresentationTest, RootColorBecomesEverySlidesPageColorAndAParam)
 {
     appendSlides(data, {"ti", "a"});
     data.getRootLayout()->setBackgroundColor("red");
     data.getSlide(0)->setTextColor({SMIL_COLOR_RGB, "", QColor(0, 128, 255)});
     data.getSlide(0)->setTextSize("large");
     data.updateParamToSlide();
-    EXPECT_EQ(colourOf(*data.getSlide(0)), "1red");
-    EXPECT_EQ(colourOf(*data.getSlide(1)), "1red");
+    EXPECT_EQ(colorOf(*data.getSlide(0)), "1red");
+    EXPECT_EQ(colorOf(*data.getSlide(1)), "1red");
     EXPECT_EQ(paramsOf(data, 0),
               (QStringList{"background-color|#ff0000|0|;"
                            "foreground-color|#0080ff|0|;textsize|large|0|",
@@ -450,17 +450,17 @@ TEST_F(PresentationTest, OneSlideGetsItsParamsAlone)
     EXPECT_EQ(paramsOf(data, 1), QStringList("background-color|#ff0000|0|;textsize||0|"));
 }
 
-TEST_F(PresentationTest, RootLayoutWithoutColourTakesThePageColoursAway)
+TEST_F(PresentationTest, RootLayoutWithoutColorTakesThePageColorsAway)
 {
     appendSlides(data, {"ti"});
     data.getSlide(0)->setPageColor({SMIL_COLOR_NAMED, "blue", Qt::blue});
     data.getSlide(0)->updatePageColorToElem();
     data.updateParamToSlide();
-    EXPECT_EQ(colourOf(*data.getSlide(0)), "0");
+    EXPECT_EQ(colorOf(*data.getSlide(0)), "0");
     EXPECT_EQ(paramsOf(data, 0), (QStringList{"textsize||0|", ""}));
 }
 
-TEST_F(PresentationTest, ParamsBecomeColoursAndTextSizeOfEverySlide)
+TEST_F(PresentationTest, ParamsBecomeColorsAndTextSizeOfEverySlide)
 {
     appendSlides(data, {"t", "i"});
     Object *text = data.getMediaObject(0, 0);
@@ -468,10 +468,10 @@ TEST_F(PresentationTest, ParamsBecomeColoursAndTextSizeOfEverySlide)
     text->updateParamByName("foreground-color", "#0080ff");
     text->updateParamByName("textsize", "large");
     data.updateParamFromSlide();
-    EXPECT_EQ(colourOf(*data.getSlide(0)), "1red");
+    EXPECT_EQ(colorOf(*data.getSlide(0)), "1red");
     EXPECT_EQ(data.getSlide(0)->getTextColor().color, QColor(0, 128, 255));
     EXPECT_EQ(data.getSlide(0)->getTextSize(), "large");
-    EXPECT_EQ(colourOf(*data.getSlide(1)), "3");
+    EXPECT_EQ(colorOf(*data.getSlide(1)), "3");
     EXPECT_EQ(data.getSlide(1)->getTextColor().kind, SMIL_COLOR_INVALID);
     EXPECT_EQ(data.getSlide(1)->getTextSize(), "normal");
 }
@@ -483,15 +483,15 @@ struct EmptyTextRow
     const char *what;
     QString kinds;
     QByteArray content; // of the first object
-    MMS_COMP_COLOR colour;
+    MMS_COMP_COLOR color;
     QString after;
 };
 
-const MMS_COMP_COLOR NoColour{SMIL_COLOR_INVALID, "", QColor()};
+const MMS_COMP_COLOR NoColor{SMIL_COLOR_INVALID, "", QColor()};
 const MMS_COMP_COLOR Red{SMIL_COLOR_RGB, "", Qt::red};
 
 const EmptyTextRow EmptyTextRows[] = {
-    {"no colour", "t", "", NoColour, ""},
+    {"no color", "t", "", NoColor, ""},
     {"kind none", "t", "", {SMIL_COLOR_NONE, "", Qt::red}, ""},
     {"kind invalid", "t", "", {SMIL_COLOR_INVALID, "", Qt::red}, ""},
     {"red", "t", "", Red, "t"},
@@ -505,16 +505,16 @@ const EmptyTextRow EmptyTextRows[] = {
     {"red, audio", "ta", "", Red, "a"},
     {"red, ref", "tr", "", Red, "tr"},
     {"red, second text", "tt", "", Red, "tt"},
-    {"no colour, image", "ti", "", NoColour, "i"},
-    {"no colour, second text", "tt", "", NoColour, "t"},
-    {"content", "ti", "a", NoColour, "ti"},
-    {"zero octet is content", "t", octet(0), NoColour, "t"},
-    {"empty image", "i", "", NoColour, "i"},
+    {"no color, image", "ti", "", NoColor, "i"},
+    {"no color, second text", "tt", "", NoColor, "t"},
+    {"content", "ti", "a", NoColor, "ti"},
+    {"zero octet is content", "t", octet(0), NoColor, "t"},
+    {"empty image", "i", "", NoColor, "i"},
 };
 
 } // namespace
 
-TEST_F(PresentationTest, EmptyTextIsRemovedBeforeSendingUnlessItAloneCarriesAColour)
+TEST_F(PresentationTest, EmptyTextIsRemovedBeforeSendingUnlessItAloneCarriesAColor)
 {
     for (const EmptyTextRow &row : EmptyTextRows) {
         SCOPED_TRACE(row.what);
@@ -524,7 +524,7 @@ TEST_F(PresentationTest, EmptyTextIsRemovedBeforeSendingUnlessItAloneCarriesACol
         appendKinds(*slide, row.kinds);
         slide->getMediaObject(0)->setMultiPart(&parts);
         slide->getMediaObject(0)->setData(addPart(parts, {.location = "a", .data = row.content}));
-        slide->setPageColor(row.colour);
+        slide->setPageColor(row.color);
         fresh.removeEmptyTextBeforeSend();
         EXPECT_EQ(kindsOf(*slide), row.after);
         EXPECT_EQ(parts.getPartCount(), row.after == row.kinds ? 1 : 0);
@@ -595,7 +595,7 @@ void fillForCopy(Presentation &data, Multipart &message)
 
 } // namespace
 
-TEST_F(PresentationTest, CopyHasEverythingButTheRootColour)
+TEST_F(PresentationTest, CopyHasEverythingButTheRootColor)
 {
     fillForCopy(data, message);
     Multipart target;

@@ -51,7 +51,7 @@ TEST(SlideStream, DurationIsAnyNumber)
     }
 }
 
-TEST(SlideStream, FlagColoursAndTextSizeAreNotInTheRecord)
+TEST(SlideStream, FlagColorsAndTextSizeAreNotInTheRecord)
 {
     Slide slide(nullptr);
     slide.setSetDurManually(true);

@@ -1,5 +1,5 @@
 /*
- * Slides: composing them, what each change does to order and duration, colours as params, copying.
+ * Slides: composing them, what each change does to order and duration, colors as params, copying.
  * How long the media play is told to the player engine; lengths that differ are tested apart.
  */
 #include "base/durations.h"
@@ -17,7 +17,7 @@
 
 namespace {
 
-using Colour = MMS_COMP_COLOR;
+using Color = MMS_COMP_COLOR;
 
 class SlideTest : public testing::Test
 {
@@ -28,13 +28,13 @@ protected:
 
 using SlideDuration = SlideTest;
 
-QString colourText(const Colour &colour)
+QString colorText(const Color &color)
 {
-    return QString::number(colour.kind) + '|' + colour.name + '|'
-        + (colour.color.isValid() ? colour.color.name() : "invalid");
+    return QString::number(color.kind) + '|' + color.name + '|'
+        + (color.color.isValid() ? color.color.name() : "invalid");
 }
 
-const Colour Blue{SMIL_COLOR_RGB, "", QColor(0, 128, 255)};
+const Color Blue{SMIL_COLOR_RGB, "", QColor(0, 128, 255)};
 
 } // namespace
 
@@ -46,8 +46,8 @@ TEST_F(SlideTest, NewOneIsEmptyAndLastsFiveSeconds)
     EXPECT_FALSE(slide.getSetDurManually());
     EXPECT_EQ(slide.getMediaObjectCount(), 0U);
     EXPECT_EQ(slide.getMultiPart(), &multipart);
-    EXPECT_EQ(colourText(slide.getPageColor()), "3||invalid");
-    EXPECT_EQ(colourText(slide.getTextColor()), "3||invalid");
+    EXPECT_EQ(colorText(slide.getPageColor()), "3||invalid");
+    EXPECT_EQ(colorText(slide.getTextColor()), "3||invalid");
     EXPECT_EQ(slide.getTextSize(), "");
     EXPECT_EQ(Slide(nullptr).getMultiPart(), nullptr);
 }
@@ -65,8 +65,8 @@ TEST_F(SlideTest, AccessorsKeepWhatTheyAreGiven)
     EXPECT_EQ(slide.getDur(), QvlDuration::Indefinite);
     EXPECT_TRUE(slide.getSetDurManually());
     EXPECT_EQ(slide.getMultiPart(), &multipart);
-    EXPECT_EQ(colourText(slide.getPageColor()), "1|red|#ff0000");
-    EXPECT_EQ(colourText(slide.getTextColor()), "2||#0080ff");
+    EXPECT_EQ(colorText(slide.getPageColor()), "1|red|#ff0000");
+    EXPECT_EQ(colorText(slide.getTextColor()), "2||#0080ff");
     EXPECT_EQ(slide.getTextSize(), "Large");
 }
 
@@ -193,7 +193,7 @@ TEST_F(SlideDuration, IsDerivedAnewWhenWhatPlaysComesOrGoes)
 {
     for (const ChangeRow &row : ChangeRows) {
         SCOPED_TRACE(row.what);
-        FakePlayerEngine::behaviour.exists = false;
+        FakePlayerEngine::behavior.exists = false;
         Slide slide(nullptr);
         appendKinds(slide, row.before);
         slide.setDur(1234);
@@ -438,7 +438,7 @@ Part *addClip(Multipart &multipart, const QString &location)
 TEST_F(SlideDuration, AudioOf3200MillisecondsMakes3500)
 {
     Multipart multipart;
-    FakePlayerEngine::behaviour.duration = 3200;
+    FakePlayerEngine::behavior.duration = 3200;
     Slide slide(nullptr);
     slide.setSetDurManually(true);
     EXPECT_TRUE(
@@ -451,7 +451,7 @@ TEST_F(SlideDuration, AudioOf3200MillisecondsMakes3500)
 TEST_F(SlideDuration, OnlyTheFirstVideoAndTheFirstAudioAreMeasured)
 {
     Multipart multipart;
-    FakePlayerEngine::behaviour.duration = 1000;
+    FakePlayerEngine::behavior.duration = 1000;
     Slide slide(nullptr);
     for (const char kind : QByteArray("aavvti"))
         slide.appendObject(newObject(kindOf(kind), "", nullptr, addClip(multipart, "a.amr")));
@@ -478,7 +478,7 @@ TEST_F(SlideDuration, NothingIsMeasuredForWhatDoesNotPlay)
 TEST_F(SlideDuration, TakenPictureGivesTheDurationOfWhatIsLeft)
 {
     Multipart multipart;
-    FakePlayerEngine::behaviour.duration = 1200;
+    FakePlayerEngine::behavior.duration = 1200;
     Slide slide(nullptr);
     for (const char kind : QByteArray("ia"))
         slide.appendObject(newObject(kindOf(kind), "", nullptr, addClip(multipart, "a.amr")));
@@ -489,16 +489,16 @@ TEST_F(SlideDuration, TakenPictureGivesTheDurationOfWhatIsLeft)
 
 namespace {
 
-struct ColourRow
+struct ColorRow
 {
     const char *what;
     QString kinds;
     QStringList values; // of the params of the objects, "" for none
-    QString colour;
+    QString color;
 };
 
 // Sets the param of every object that has a value in @p row.
-void appendColoured(Slide &slide, const ColourRow &row, const char *param)
+void appendColored(Slide &slide, const ColorRow &row, const char *param)
 {
     appendKinds(slide, row.kinds);
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i) {
@@ -515,24 +515,24 @@ QStringList valuesOf(const Slide &slide, const char *param)
     return values;
 }
 
-const Colour Old{SMIL_COLOR_NAMED, "old", QColor(1, 2, 3)};
+const Color Old{SMIL_COLOR_NAMED, "old", QColor(1, 2, 3)};
 
 } // namespace
 
-TEST_F(SlideTest, ColourIsWrittenAsSixLowerCaseDigits)
+TEST_F(SlideTest, ColorIsWrittenAsSixLowerCaseDigits)
 {
     const std::pair<QColor, const char *> rows[] = {
         {QColor(0, 128, 255), "#0080ff"},       {QColor(15, 0, 1), "#0f0001"},
         {QColor(255, 255, 255), "#ffffff"},     {QColor(), "#000000"},
         {QColor(171, 205, 239, 10), "#abcdef"}, {QColor::fromHsv(120, 255, 255), "#00ff00"},
     };
-    for (const auto &[colour, text] : rows) {
+    for (const auto &[color, text] : rows) {
         for (const int kind : {SMIL_COLOR_NAMED, SMIL_COLOR_RGB}) {
             SCOPED_TRACE(text);
             Slide slide(nullptr);
             appendKinds(slide, "t");
-            slide.setPageColor({kind, "red", colour});
-            slide.setTextColor({kind, "red", colour});
+            slide.setPageColor({kind, "red", color});
+            slide.setTextColor({kind, "red", color});
             slide.updatePageColorToElem();
             slide.updateTextColorToElem();
             EXPECT_EQ(paramsOf(*slide.getMediaObject(0)),
@@ -542,7 +542,7 @@ TEST_F(SlideTest, ColourIsWrittenAsSixLowerCaseDigits)
     }
 }
 
-TEST_F(SlideTest, PageColourGoesToTheFirstTextPictureAndAudio)
+TEST_F(SlideTest, PageColorGoesToTheFirstTextPictureAndAudio)
 {
     const std::pair<QString, QStringList> rows[] = {
         {"", {}},
@@ -560,7 +560,7 @@ TEST_F(SlideTest, PageColourGoesToTheFirstTextPictureAndAudio)
     }
 }
 
-TEST_F(SlideTest, TextColourGoesToTheFirstTextOnly)
+TEST_F(SlideTest, TextColorGoesToTheFirstTextOnly)
 {
     const std::pair<QString, QStringList> rows[] = {
         {"attir", {"", "#0080ff", "", "", ""}},
@@ -575,7 +575,7 @@ TEST_F(SlideTest, TextColourGoesToTheFirstTextOnly)
     }
 }
 
-TEST_F(SlideTest, UsableColourChangesTheValueOfAParamThatIsThere)
+TEST_F(SlideTest, UsableColorChangesTheValueOfAParamThatIsThere)
 {
     Slide slide(nullptr);
     appendKinds(slide, "t");
@@ -586,7 +586,7 @@ TEST_F(SlideTest, UsableColourChangesTheValueOfAParamThatIsThere)
     EXPECT_EQ(paramsOf(*text), QStringList("background-color|#0080ff|1|x"));
 }
 
-TEST_F(SlideTest, UnusableColourIsRemovedFromEveryObjectOnce)
+TEST_F(SlideTest, UnusableColorIsRemovedFromEveryObjectOnce)
 {
     for (const int kind : {int(SMIL_COLOR_NONE), int(SMIL_COLOR_INVALID), -1, 4}) {
         SCOPED_TRACE(kind);
@@ -605,9 +605,9 @@ TEST_F(SlideTest, UnusableColourIsRemovedFromEveryObjectOnce)
     }
 }
 
-TEST_F(SlideTest, PageColourIsTheFirstUsableOneOfTextPictureAndAudio)
+TEST_F(SlideTest, PageColorIsTheFirstUsableOneOfTextPictureAndAudio)
 {
-    const ColourRow rows[] = {
+    const ColorRow rows[] = {
         {"text", "tia", {"red", "#0000ff", "#00ff00"}, "1|red|#ff0000"},
         {"picture", "tia", {"", "#0000ff", "#00ff00"}, "2||#0000ff"},
         {"picture, text unreadable", "tva", {"Red", "#0000ff", ""}, "2||#0000ff"},
@@ -619,19 +619,19 @@ TEST_F(SlideTest, PageColourIsTheFirstUsableOneOfTextPictureAndAudio)
         {"none usable", "tia", {"Red", "", "rgb(1,2,3)"}, "3|old|#010203"},
         {"no object", "", {}, "3|old|#010203"},
     };
-    for (const ColourRow &row : rows) {
+    for (const ColorRow &row : rows) {
         SCOPED_TRACE(row.what);
         Slide slide(nullptr);
-        appendColoured(slide, row, "background-color");
+        appendColored(slide, row, "background-color");
         slide.setPageColor(Old);
         slide.updatePageColorFromElem();
-        EXPECT_EQ(colourText(slide.getPageColor()), row.colour);
+        EXPECT_EQ(colorText(slide.getPageColor()), row.color);
     }
 }
 
-TEST_F(SlideTest, TextColourIsThatOfTheFirstText)
+TEST_F(SlideTest, TextColorIsThatOfTheFirstText)
 {
-    const ColourRow rows[] = {
+    const ColorRow rows[] = {
         {"named", "it", {"blue", "red"}, "1|red|#ff0000"},
         {"digits", "t", {"#0080ff"}, "2||#0080ff"},
         {"short digits are not doubled", "t", {"#fff"}, "2||#0f0f0f"},
@@ -640,13 +640,13 @@ TEST_F(SlideTest, TextColourIsThatOfTheFirstText)
         {"unreadable", "t", {"#gg0000"}, "3|old|#010203"},
         {"no text", "ia", {"red", "red"}, "3|old|#010203"},
     };
-    for (const ColourRow &row : rows) {
+    for (const ColorRow &row : rows) {
         SCOPED_TRACE(row.what);
         Slide slide(nullptr);
-        appendColoured(slide, row, "foreground-color");
+        appendColored(slide, row, "foreground-color");
         slide.setTextColor(Old);
         slide.updateTextColorFromElem();
-        EXPECT_EQ(colourText(slide.getTextColor()), row.colour);
+        EXPECT_EQ(colorText(slide.getTextColor()), row.color);
     }
 }
 
@@ -684,7 +684,7 @@ TEST_F(SlideTest, TextSizeWithoutParamIsEmptyAndWithoutTextNormal)
     EXPECT_EQ(slide.getTextSize(), "");
 }
 
-TEST_F(SlideTest, ClearKeepsFlagColoursAndTextSize)
+TEST_F(SlideTest, ClearKeepsFlagColorsAndTextSize)
 {
     Multipart multipart;
     Part *part = addPart(multipart, {.location = "a"});
@@ -700,8 +700,8 @@ TEST_F(SlideTest, ClearKeepsFlagColoursAndTextSize)
     EXPECT_EQ(multipart.getPartCount(), 0);
     EXPECT_EQ(slide.getDur(), QvlDuration::Default);
     EXPECT_TRUE(slide.getSetDurManually());
-    EXPECT_EQ(colourText(slide.getPageColor()), "1|old|#010203");
-    EXPECT_EQ(colourText(slide.getTextColor()), "2||#0080ff");
+    EXPECT_EQ(colorText(slide.getPageColor()), "1|old|#010203");
+    EXPECT_EQ(colorText(slide.getTextColor()), "2||#0080ff");
     EXPECT_EQ(slide.getTextSize(), "large");
     EXPECT_EQ(slide.getMultiPart(), &multipart);
 }
@@ -738,8 +738,8 @@ TEST_F(SlideTest, CopyHasEverything)
     EXPECT_EQ(target.getMultiPart(), &multipart);
     EXPECT_EQ(target.getDur(), QvlDuration::Indefinite);
     EXPECT_TRUE(target.getSetDurManually());
-    EXPECT_EQ(colourText(target.getPageColor()), "1|old|#010203");
-    EXPECT_EQ(colourText(target.getTextColor()), "2||#0080ff");
+    EXPECT_EQ(colorText(target.getPageColor()), "1|old|#010203");
+    EXPECT_EQ(colorText(target.getTextColor()), "2||#0080ff");
     EXPECT_EQ(target.getTextSize(), "large");
     EXPECT_EQ(FakePlayerEngine::record.created, 0);
 }
@@ -755,8 +755,8 @@ TEST_F(SlideTest, FailedCopyKeepsWhatCameBeforeTheFailure)
     EXPECT_EQ(target.getDur(), QvlDuration::Indefinite);
     EXPECT_EQ(target.getMultiPart(), &multipart);
     EXPECT_FALSE(target.getSetDurManually());
-    EXPECT_EQ(colourText(target.getPageColor()), "3||invalid");
-    EXPECT_EQ(colourText(target.getTextColor()), "3||invalid");
+    EXPECT_EQ(colorText(target.getPageColor()), "3||invalid");
+    EXPECT_EQ(colorText(target.getTextColor()), "3||invalid");
     EXPECT_EQ(target.getTextSize(), "");
 }
 

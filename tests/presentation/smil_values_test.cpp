@@ -1,5 +1,5 @@
 /*
- * Durations, times and colours: every text that a phone may send, the unreadable ones first of all,
+ * Durations, times and colors: every text that a phone may send, the unreadable ones first of all,
  * with what the record holds afterwards.
  */
 #include "base/durations.h"
@@ -372,17 +372,17 @@ const TimeRow eventRows[] = {
     {"10", SMIL_TIME_INVALID, "", Untouched},
 };
 
-struct ColourRow
+struct ColorRow
 {
     QString text;
     int kind;
     QString name; // of a record that had the name "old"
-    QColor color; // of a record that had the colour 1, 2, 3
+    QColor color; // of a record that had the color 1, 2, 3
 };
 
-const QColor OldColour(1, 2, 3);
+const QColor OldColor(1, 2, 3);
 
-const ColourRow colourRows[] = {
+const ColorRow colorRows[] = {
     // the sixteen names
     {"aqua", SMIL_COLOR_NAMED, "aqua", QColor(0, 255, 255)},
     {"black", SMIL_COLOR_NAMED, "black", QColor(0, 0, 0)},
@@ -403,27 +403,27 @@ const ColourRow colourRows[] = {
     {"  red ", SMIL_COLOR_NAMED, "red", QColor(255, 0, 0)},
     {"\tblue\n", SMIL_COLOR_NAMED, "blue", QColor(0, 0, 255)},
     // nothing given: only the kind changes
-    {"", SMIL_COLOR_NONE, "old", OldColour},
-    {QString(), SMIL_COLOR_NONE, "old", OldColour},
-    {"   ", SMIL_COLOR_NONE, "old", OldColour},
-    {"\t\n", SMIL_COLOR_NONE, "old", OldColour},
-    // no colour: name and colour stay
-    {"Red", SMIL_COLOR_INVALID, "old", OldColour},
-    {"RED", SMIL_COLOR_INVALID, "old", OldColour},
-    {"redd", SMIL_COLOR_INVALID, "old", OldColour},
-    {"re", SMIL_COLOR_INVALID, "old", OldColour},
-    {"r ed", SMIL_COLOR_INVALID, "old", OldColour},
-    {"grey", SMIL_COLOR_INVALID, "old", OldColour},
-    {"orange", SMIL_COLOR_INVALID, "old", OldColour},
-    {"cyan", SMIL_COLOR_INVALID, "old", OldColour},
-    {"magenta", SMIL_COLOR_INVALID, "old", OldColour},
-    {"transparent", SMIL_COLOR_INVALID, "old", OldColour},
-    {"ff0000", SMIL_COLOR_INVALID, "old", OldColour},
-    {"0xff0000", SMIL_COLOR_INVALID, "old", OldColour},
-    {"255,0,0", SMIL_COLOR_INVALID, "old", OldColour},
-    {"red;", SMIL_COLOR_INVALID, "old", OldColour},
-    {"red blue", SMIL_COLOR_INVALID, "old", OldColour},
-    {QString::fromLatin1("red\0", 4), SMIL_COLOR_INVALID, "old", OldColour},
+    {"", SMIL_COLOR_NONE, "old", OldColor},
+    {QString(), SMIL_COLOR_NONE, "old", OldColor},
+    {"   ", SMIL_COLOR_NONE, "old", OldColor},
+    {"\t\n", SMIL_COLOR_NONE, "old", OldColor},
+    // no color: name and color stay
+    {"Red", SMIL_COLOR_INVALID, "old", OldColor},
+    {"RED", SMIL_COLOR_INVALID, "old", OldColor},
+    {"redd", SMIL_COLOR_INVALID, "old", OldColor},
+    {"re", SMIL_COLOR_INVALID, "old", OldColor},
+    {"r ed", SMIL_COLOR_INVALID, "old", OldColor},
+    {"grey", SMIL_COLOR_INVALID, "old", OldColor},
+    {"orange", SMIL_COLOR_INVALID, "old", OldColor},
+    {"cyan", SMIL_COLOR_INVALID, "old", OldColor},
+    {"magenta", SMIL_COLOR_INVALID, "old", OldColor},
+    {"transparent", SMIL_COLOR_INVALID, "old", OldColor},
+    {"ff0000", SMIL_COLOR_INVALID, "old", OldColor},
+    {"0xff0000", SMIL_COLOR_INVALID, "old", OldColor},
+    {"255,0,0", SMIL_COLOR_INVALID, "old", OldColor},
+    {"red;", SMIL_COLOR_INVALID, "old", OldColor},
+    {"red blue", SMIL_COLOR_INVALID, "old", OldColor},
+    {QString::fromLatin1("red\0", 4), SMIL_COLOR_INVALID, "old", OldColor},
     // pairs of digits
     {"#ff0000", SMIL_COLOR_RGB, "", QColor(255, 0, 0)},
     {"#FF8000", SMIL_COLOR_RGB, "", QColor(255, 128, 0)},
@@ -432,23 +432,23 @@ const ColourRow colourRows[] = {
     {"#ffffff", SMIL_COLOR_RGB, "", QColor(255, 255, 255)},
     {"#010203", SMIL_COLOR_RGB, "", QColor(1, 2, 3)},
     {" #0080ff\n", SMIL_COLOR_RGB, "", QColor(0, 128, 255)},
-    {"#gg0000", SMIL_COLOR_INVALID, "", OldColour},
-    {"#00gg00", SMIL_COLOR_INVALID, "", OldColour},
-    {"#0000gg", SMIL_COLOR_INVALID, "", OldColour},
+    {"#gg0000", SMIL_COLOR_INVALID, "", OldColor},
+    {"#00gg00", SMIL_COLOR_INVALID, "", OldColor},
+    {"#0000gg", SMIL_COLOR_INVALID, "", OldColor},
     {"#ff00 0", SMIL_COLOR_RGB, "", QColor(255, 0, 0)},
     {"# 1 2 3", SMIL_COLOR_RGB, "", QColor(1, 2, 3)},
     {"#1 2 03", SMIL_COLOR_RGB, "", QColor(1, 2, 3)},
-    {"#    03", SMIL_COLOR_INVALID, "", OldColour},
-    {"#0x0x0x", SMIL_COLOR_INVALID, "", OldColour},
-    {"#0.0.0.", SMIL_COLOR_INVALID, "", OldColour},
-    {"######3", SMIL_COLOR_INVALID, "", OldColour},
-    {QString::fromUtf8("#٠٠٠٠٠٠"), SMIL_COLOR_INVALID, "", OldColour},
+    {"#    03", SMIL_COLOR_INVALID, "", OldColor},
+    {"#0x0x0x", SMIL_COLOR_INVALID, "", OldColor},
+    {"#0.0.0.", SMIL_COLOR_INVALID, "", OldColor},
+    {"######3", SMIL_COLOR_INVALID, "", OldColor},
+    {QString::fromUtf8("#٠٠٠٠٠٠"), SMIL_COLOR_INVALID, "", OldColor},
     // signs are part of a number
     {"#+1+2+f", SMIL_COLOR_RGB, "", QColor(1, 2, 15)},
     {"#-0-0-0", SMIL_COLOR_RGB, "", QColor(0, 0, 0)},
-    {"#-1-2-3", SMIL_COLOR_INVALID, "", OldColour},
-    {"#+1+2-1", SMIL_COLOR_INVALID, "", OldColour},
-    {"#++++++", SMIL_COLOR_INVALID, "", OldColour},
+    {"#-1-2-3", SMIL_COLOR_INVALID, "", OldColor},
+    {"#+1+2-1", SMIL_COLOR_INVALID, "", OldColor},
+    {"#++++++", SMIL_COLOR_INVALID, "", OldColor},
     // single digits are not doubled
     {"#f00", SMIL_COLOR_RGB, "", QColor(15, 0, 0)},
     {"#fff", SMIL_COLOR_RGB, "", QColor(15, 15, 15)},
@@ -456,44 +456,44 @@ const ColourRow colourRows[] = {
     {"#123", SMIL_COLOR_RGB, "", QColor(1, 2, 3)},
     {"#abc", SMIL_COLOR_RGB, "", QColor(10, 11, 12)},
     {"#000", SMIL_COLOR_RGB, "", QColor(0, 0, 0)},
-    {"#g00", SMIL_COLOR_INVALID, "", OldColour},
-    {"#0g0", SMIL_COLOR_INVALID, "", OldColour},
-    {"#00g", SMIL_COLOR_INVALID, "", OldColour},
-    {"#0-1", SMIL_COLOR_INVALID, "", OldColour},
-    {"#1 3", SMIL_COLOR_INVALID, "", OldColour},
-    {"#red", SMIL_COLOR_INVALID, "", OldColour},
+    {"#g00", SMIL_COLOR_INVALID, "", OldColor},
+    {"#0g0", SMIL_COLOR_INVALID, "", OldColor},
+    {"#00g", SMIL_COLOR_INVALID, "", OldColor},
+    {"#0-1", SMIL_COLOR_INVALID, "", OldColor},
+    {"#1 3", SMIL_COLOR_INVALID, "", OldColor},
+    {"#red", SMIL_COLOR_INVALID, "", OldColor},
     // other lengths: the name stays
-    {"#", SMIL_COLOR_INVALID, "old", OldColour},
-    {"#f", SMIL_COLOR_INVALID, "old", OldColour},
-    {"#ff", SMIL_COLOR_INVALID, "old", OldColour},
-    {"#ff00", SMIL_COLOR_INVALID, "old", OldColour},
-    {"#ff000", SMIL_COLOR_INVALID, "old", OldColour},
-    {"#ff00000", SMIL_COLOR_INVALID, "old", OldColour},
-    {"#ffff0000", SMIL_COLOR_INVALID, "old", OldColour},
-    {"#ffffff000000", SMIL_COLOR_INVALID, "old", OldColour},
-    {"# ff", SMIL_COLOR_INVALID, "", OldColour}, // three characters, one of them no digit
-    {"##ff0000", SMIL_COLOR_INVALID, "old", OldColour},
-    // the function never gives a colour, but clears the name
-    {"rgb(255,0,0)", SMIL_COLOR_INVALID, "", OldColour},
-    {"rgb(255,0,0,)", SMIL_COLOR_INVALID, "", OldColour},
-    {"rgb(1,2,3", SMIL_COLOR_INVALID, "", OldColour},
-    {"rgb(1,2,", SMIL_COLOR_INVALID, "", OldColour},
-    {"rgb(1,", SMIL_COLOR_INVALID, "", OldColour},
-    {"rgb(,,,", SMIL_COLOR_INVALID, "", OldColour},
-    {"rgb(1 2 3)", SMIL_COLOR_INVALID, "", OldColour},
-    {"rgb(0,0,0,0)", SMIL_COLOR_INVALID, "", OldColour},
-    {"rgb()", SMIL_COLOR_INVALID, "", OldColour},
-    {"rgb(", SMIL_COLOR_INVALID, "", OldColour},
-    {" rgb(1,2,3) ", SMIL_COLOR_INVALID, "", OldColour},
-    {"rgb(999,0,0)", SMIL_COLOR_INVALID, "", OldColour},
-    {"rgb(-1,0,0)", SMIL_COLOR_INVALID, "", OldColour},
-    {"rgb(100%,0%,0%)", SMIL_COLOR_INVALID, "old", OldColour},
-    {"rgb(1,2,3)%", SMIL_COLOR_INVALID, "old", OldColour},
-    {"rgb(%", SMIL_COLOR_INVALID, "old", OldColour},
-    {"rgb", SMIL_COLOR_INVALID, "old", OldColour},
-    {"rgb (1,2,3)", SMIL_COLOR_INVALID, "old", OldColour},
-    {"RGB(1,2,3)", SMIL_COLOR_INVALID, "old", OldColour},
-    {"rgba(1,2,3,4)", SMIL_COLOR_INVALID, "old", OldColour},
+    {"#", SMIL_COLOR_INVALID, "old", OldColor},
+    {"#f", SMIL_COLOR_INVALID, "old", OldColor},
+    {"#ff", SMIL_COLOR_INVALID, "old", OldColor},
+    {"#ff00", SMIL_COLOR_INVALID, "old", OldColor},
+    {"#ff000", SMIL_COLOR_INVALID, "old", OldColor},
+    {"#ff00000", SMIL_COLOR_INVALID, "old", OldColor},
+    {"#ffff0000", SMIL_COLOR_INVALID, "old", OldColor},
+    {"#ffffff000000", SMIL_COLOR_INVALID, "old", OldColor},
+    {"# ff", SMIL_COLOR_INVALID, "", OldColor}, // three characters, one of them no digit
+    {"##ff0000", SMIL_COLOR_INVALID, "old", OldColor},
+    // the function never gives a color, but clears the name
+    {"rgb(255,0,0)", SMIL_COLOR_INVALID, "", OldColor},
+    {"rgb(255,0,0,)", SMIL_COLOR_INVALID, "", OldColor},
+    {"rgb(1,2,3", SMIL_COLOR_INVALID, "", OldColor},
+    {"rgb(1,2,", SMIL_COLOR_INVALID, "", OldColor},
+    {"rgb(1,", SMIL_COLOR_INVALID, "", OldColor},
+    {"rgb(,,,", SMIL_COLOR_INVALID, "", OldColor},
+    {"rgb(1 2 3)", SMIL_COLOR_INVALID, "", OldColor},
+    {"rgb(0,0,0,0)", SMIL_COLOR_INVALID, "", OldColor},
+    {"rgb()", SMIL_COLOR_INVALID, "", OldColor},
+    {"rgb(", SMIL_COLOR_INVALID, "", OldColor},
+    {" rgb(1,2,3) ", SMIL_COLOR_INVALID, "", OldColor},
+    {"rgb(999,0,0)", SMIL_COLOR_INVALID, "", OldColor},
+    {"rgb(-1,0,0)", SMIL_COLOR_INVALID, "", OldColor},
+    {"rgb(100%,0%,0%)", SMIL_COLOR_INVALID, "old", OldColor},
+    {"rgb(1,2,3)%", SMIL_COLOR_INVALID, "old", OldColor},
+    {"rgb(%", SMIL_COLOR_INVALID, "old", OldColor},
+    {"rgb", SMIL_COLOR_INVALID, "old", OldColor},
+    {"rgb (1,2,3)", SMIL_COLOR_INVALID, "old", OldColor},
+    {"RGB(1,2,3)", SMIL_COLOR_INVALID, "old", OldColor},
+    {"rgba(1,2,3,4)", SMIL_COLOR_INVALID, "old", OldColor},
 };
 
 } // namespace
@@ -579,30 +579,30 @@ TEST(SmilTime, KindsHaveTheirNumbers)
     EXPECT_EQ(SMIL_TIME_INVALID, 3);
 }
 
-TEST(SmilColour, Texts)
+TEST(SmilColor, Texts)
 {
-    for (const ColourRow &row : colourRows) {
+    for (const ColorRow &row : colorRows) {
         SCOPED_TRACE('"' + row.text.toStdString() + '"');
-        MMS_COMP_COLOR colour{SMIL_COLOR_NONE, "old", OldColour};
-        MMS_COMP_SMILParser::parseColor(row.text, colour);
-        EXPECT_EQ(colour.kind, row.kind);
-        EXPECT_EQ(colour.name, row.name);
-        EXPECT_EQ(colour.color.name(), row.color.name());
+        MMS_COMP_COLOR color{SMIL_COLOR_NONE, "old", OldColor};
+        MMS_COMP_SMILParser::parseColor(row.text, color);
+        EXPECT_EQ(color.kind, row.kind);
+        EXPECT_EQ(color.name, row.name);
+        EXPECT_EQ(color.color.name(), row.color.name());
     }
 }
 
-TEST(SmilColour, InvalidTextSetsNoColour)
+TEST(SmilColor, InvalidTextSetsNoColor)
 {
     for (const char *text : {"Red", "#gg0000", "#ff00", "rgb(255,0,0)", ""}) {
         SCOPED_TRACE(text);
-        MMS_COMP_COLOR colour;
-        MMS_COMP_SMILParser::parseColor(text, colour);
-        EXPECT_FALSE(colour.color.isValid());
-        EXPECT_FALSE(colour.isUsable());
+        MMS_COMP_COLOR color;
+        MMS_COMP_SMILParser::parseColor(text, color);
+        EXPECT_FALSE(color.color.isValid());
+        EXPECT_FALSE(color.isUsable());
     }
 }
 
-TEST(SmilColour, KindsHaveTheirNumbersAndTwoAreUsable)
+TEST(SmilColor, KindsHaveTheirNumbersAndTwoAreUsable)
 {
     const std::pair<int, bool> rows[] = {{0, false}, {1, true}, {2, true}, {3, false}};
     for (const auto &[kind, usable] : rows)

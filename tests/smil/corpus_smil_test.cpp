@@ -29,7 +29,7 @@ struct Expectation
 
 constexpr int NoSmilPart = 1000;
 
-// A root layout with a colour is written so that it cannot be read again.
+// A root layout with a color is written so that it cannot be read again.
 constexpr Expectation expectations[] = {
     {88, NoSmilPart, 0, 0, 1, NoSmilPart}, // mixed
     {121, NoSmilPart, 0, 0, 1, NoSmilPart},

@@ -11,7 +11,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-using FakePlayerEngine::behaviour;
+using FakePlayerEngine::behavior;
 using FakePlayerEngine::record;
 
 namespace {
@@ -165,7 +165,7 @@ TEST_F(MixedMessage, OpensAClipOnceToSeeIfItPlaysAndOnceToMeasureIt)
 
 TEST_F(MixedMessage, ClipsThatDoNotOpenStayAttached)
 {
-    behaviour.opens = false;
+    behavior.opens = false;
     append({.format = "audio/amr", .location = "a.amr", .data = "clip"});
     append({.format = "video/3gpp", .location = "b.3gp", .data = "clip"});
     EXPECT_EQ(make(), 1);
@@ -175,7 +175,7 @@ TEST_F(MixedMessage, ClipsThatDoNotOpenStayAttached)
 
 TEST_F(MixedMessage, AClipOfUnknownLengthGetsTheUsualDuration)
 {
-    behaviour.hasInfo = false;
+    behavior.hasInfo = false;
     append({.format = "video/3gpp", .location = "b.3gp", .data = "clip"});
     EXPECT_EQ(make(), 1);
     EXPECT_EQ(slidesOf(data), QStringList{"5000: video b.3gp"});

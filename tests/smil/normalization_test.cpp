@@ -43,7 +43,7 @@ void addObjects(MMS_COMP_SMILData &data, const QStringList &regionIds)
     }
 }
 
-void expectNormalised(const Row &row)
+void expectNormalized(const Row &row)
 {
     SCOPED_TRACE(row.name);
     MMS_COMP_SMILData data(nullptr);
@@ -54,17 +54,17 @@ void expectNormalised(const Row &row)
 
 } // namespace
 
-TEST(Normalisation, NullIsZero)
+TEST(Normalization, NullIsZero)
 {
     EXPECT_EQ(MMS_COMP_SMILParser::updateToCorvaneRegion(nullptr), 0);
 }
 
-TEST(Normalisation, NoRegionGetsBothTextFirst)
+TEST(Normalization, NoRegionGetsBothTextFirst)
 {
-    expectNormalised({"none", {}, {"text 0,0 120x160 0", "image 0,160 120x160 0"}});
+    expectNormalized({"none", {}, {"text 0,0 120x160 0", "image 0,160 120x160 0"}});
 }
 
-TEST(Normalisation, OneRegionKeepsItsPlaceAndFitAndAnImageRegionIsAdded)
+TEST(Normalization, OneRegionKeepsItsPlaceAndFitAndAnImageRegionIsAdded)
 {
     const Row rows[] = {
         {"placed", {{10, 20, 30, 40, "a"}}, {"text 10,20 120x160 0", "image 0,160 120x160 0"}},
@@ -78,10 +78,10 @@ TEST(Normalisation, OneRegionKeepsItsPlaceAndFitAndAnImageRegionIsAdded)
         {"other fit", {{0, 0, 1, 1, "a", "meet"}}, {"text 0,0 120x160 2", "image 0,160 120x160 0"}},
     };
     for (const Row &row : rows)
-        expectNormalised(row);
+        expectNormalized(row);
 }
 
-TEST(Normalisation, OfTwoRegionsGeometrySaysWhichIsTheText)
+TEST(Normalization, OfTwoRegionsGeometrySaysWhichIsTheText)
 {
     // The fit tells the regions apart afterwards: "fill" (1) was the first, "meet" (2) the second.
     const QStringList firstIsText{"text 0,0 120x160 1", "image 0,160 120x160 2"};
@@ -119,11 +119,11 @@ TEST(Normalisation, OfTwoRegionsGeometrySaysWhichIsTheText)
     for (auto row : rows) {
         row.first.fit = "fill";
         row.second.fit = "meet";
-        expectNormalised({row.name, {row.first, row.second}, row.after});
+        expectNormalized({row.name, {row.first, row.second}, row.after});
     }
 }
 
-TEST(Normalisation, OverlapsOfAHundredthStillCountAsBeside)
+TEST(Normalization, OverlapsOfAHundredthStillCountAsBeside)
 {
     const QStringList beside{"image", "text"};
     const QStringList overlapping{"text", "image"};
@@ -139,7 +139,7 @@ TEST(Normalisation, OverlapsOfAHundredthStillCountAsBeside)
     }
 }
 
-TEST(Normalisation, ToleranceHoldsForBesideAndBelowAlike)
+TEST(Normalization, ToleranceHoldsForBesideAndBelowAlike)
 {
     // A first region on the right of the second unless the second counts as beside or below it.
     const std::pair<Rectangle, QString> rows[] = {
@@ -157,7 +157,7 @@ TEST(Normalisation, ToleranceHoldsForBesideAndBelowAlike)
     }
 }
 
-TEST(Normalisation, OfManyRegionsOnlyTwoIdsChange)
+TEST(Normalization, OfManyRegionsOnlyTwoIdsChange)
 {
     const auto named = [](const QStringList &ids) {
         QList<Rectangle> regions;
@@ -183,11 +183,11 @@ TEST(Normalisation, OfManyRegionsOnlyTwoIdsChange)
         SCOPED_TRACE(before.join(' ').toStdString());
         MMS_COMP_SMILData expected(nullptr);
         addRegions(expected, named(after));
-        expectNormalised({"ids", named(before), regionsOf(expected)});
+        expectNormalized({"ids", named(before), regionsOf(expected)});
     }
 }
 
-TEST(Normalisation, ObjectsMoveWithTheirRegions)
+TEST(Normalization, ObjectsMoveWithTheirRegions)
 {
     struct
     {
@@ -230,7 +230,7 @@ TEST(Normalisation, ObjectsMoveWithTheirRegions)
     }
 }
 
-TEST(Normalisation, PercentLayoutStaysOne)
+TEST(Normalization, PercentLayoutStaysOne)
 {
     MMS_COMP_SMILData data(nullptr);
     data.appendRegion(QString("0"), "0", "100%", "50%", "hidden", "a");
@@ -239,7 +239,7 @@ TEST(Normalisation, PercentLayoutStaysOne)
     EXPECT_EQ(regionsOf(data), (QStringList{"text 0,0 120x160 0", "image 0,160 120x160 0"}));
 }
 
-TEST(Normalisation, IsDoneOnceAndForAll)
+TEST(Normalization, IsDoneOnceAndForAll)
 {
     MMS_COMP_SMILData data(nullptr);
     addRegions(data, {{60, 0, 50, 50, "a"}});
@@ -250,7 +250,7 @@ TEST(Normalisation, IsDoneOnceAndForAll)
     EXPECT_EQ(regionsOf(data), once);
 }
 
-TEST(Normalisation, RootLayoutIsResizedAndKeepsItsColour)
+TEST(Normalization, RootLayoutIsResizedAndKeepsItsColor)
 {
     MMS_COMP_SMILData data(nullptr);
     data.setRootLayout(176, 208);
@@ -264,7 +264,7 @@ TEST(Normalisation, RootLayoutIsResizedAndKeepsItsColour)
     MMS_COMP_SMILParser::updateToCorvaneRootLayout(nullptr);
 }
 
-TEST(Normalisation, RegionsLeaveTheRootLayoutAlone)
+TEST(Normalization, RegionsLeaveTheRootLayoutAlone)
 {
     MMS_COMP_SMILData data(nullptr);
     data.setRootLayout(176, 208);
@@ -273,7 +273,7 @@ TEST(Normalisation, RegionsLeaveTheRootLayoutAlone)
     EXPECT_EQ(data.getRootLayout()->getHeight(), 208);
 }
 
-TEST(Normalisation, ObjectsOfOneIdMoveOnEverySlide)
+TEST(Normalization, ObjectsOfOneIdMoveOnEverySlide)
 {
     MMS_COMP_SMILData data(nullptr);
     addObjects(data, {"a", "A", " a"});
@@ -283,7 +283,7 @@ TEST(Normalisation, ObjectsOfOneIdMoveOnEverySlide)
     MMS_COMP_SMILParser::updateObjectRegionId(nullptr, "a", "b");
 }
 
-TEST(Normalisation, LeavesAListThatHoldsNullAsItIs)
+TEST(Normalization, LeavesAListThatHoldsNullAsItIs)
 {
     MMS_COMP_SMILData data(nullptr);
     addRegions(data, {{1, 2, 3, 4, "a"}});

@@ -375,7 +375,7 @@ TEST(SmilReader, LayoutHasRegionsThenTheRootLayoutThenRegions)
     }
 }
 
-TEST(SmilReader, RootLayoutHasSizeAndColour)
+TEST(SmilReader, RootLayoutHasSizeAndColor)
 {
     SmilMessage message;
     EXPECT_EQ(message.read(documentOf(layoutOf(
@@ -583,7 +583,7 @@ TEST(SmilReader, TenLevelsOfParAndSeqAreRead)
     });
 }
 
-TEST(SmilReader, FailureKeepsWhatWasReadAndDoesNotNormalise)
+TEST(SmilReader, FailureKeepsWhatWasReadAndDoesNotNormalize)
 {
     SmilMessage message;
     EXPECT_EQ(message.read("<smil><head><meta name='1'/>" + layoutOf(a) + "</head><body>"
@@ -594,7 +594,7 @@ TEST(SmilReader, FailureKeepsWhatWasReadAndDoesNotNormalise)
     EXPECT_EQ(message.data.getTotalSlidesNum(), 10U);
 }
 
-TEST(SmilReader, FailureLeavesColoursInTheParams)
+TEST(SmilReader, FailureLeavesColorsInTheParams)
 {
     const QByteArray slide = "<par><text src='t1.txt'><param name='background-color' "
                              "value='#ff0000' valuetype='data'/></text></par>";
@@ -607,7 +607,7 @@ TEST(SmilReader, FailureLeavesColoursInTheParams)
     EXPECT_EQ(again.data.getSlide(0)->getPageColor().color, QColor(255, 0, 0));
 }
 
-TEST(SmilReader, TextSizeAndColourComeFromTheParams)
+TEST(SmilReader, TextSizeAndColorComeFromTheParams)
 {
     SmilMessage message;
     EXPECT_EQ(message.read(documentOf("",
@@ -692,7 +692,7 @@ TEST(SmilFragments, RootIsAnElementCalledSmil)
     EXPECT_EQ(parse(&other.element), -9);
     EXPECT_EQ(parse(&smil.element), 0);
     EXPECT_EQ(metasOf(message.data), QStringList{"1="});
-    EXPECT_TRUE(regionsOf(message.data).isEmpty()) << "normalisation is for whole documents";
+    EXPECT_TRUE(regionsOf(message.data).isEmpty()) << "normalization is for whole documents";
 }
 
 TEST(SmilFragments, NeedAnElementAndAPresentation)
@@ -836,7 +836,7 @@ TEST(SmilReader, NewParserHasNoWarning)
     EXPECT_EQ(MMS_COMP_SMILParser().getLastWarning(), 0);
 }
 
-TEST_F(SmilFile, IsReadAndNormalised)
+TEST_F(SmilFile, IsReadAndNormalized)
 {
     EXPECT_EQ(read(documentOf("<meta name='1'/>" + layoutOf(a),
                               "<par dur='1s'><text src='t1.txt'><param name='background-color' "

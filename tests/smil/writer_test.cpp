@@ -121,7 +121,7 @@ TEST(Writer, RootLayout)
     {
         int width;
         int height;
-        const char *colour;
+        const char *color;
         QString line;
     } const rows[] = {
         {120, 160, "", "<root-layout height=\"160\" width=\"120\" />\n"},
@@ -138,7 +138,7 @@ TEST(Writer, RootLayout)
     for (const auto &row : rows) {
         SCOPED_TRACE(row.line.toStdString());
         MMS_COMP_SMILData data(nullptr);
-        data.setRootLayout(row.width, row.height)->setBackgroundColor(row.colour);
+        data.setRootLayout(row.width, row.height)->setBackgroundColor(row.color);
         EXPECT_EQ(MMS_COMP_SMILParser::convertToSMILLang(&data), documentWith("", row.line, ""));
     }
 }
@@ -434,7 +434,7 @@ TEST(Writer, TextGetsAParamForItsSizeThatIsWrittenOnceThereIsOne)
     EXPECT_EQ(one.written(), "<text >\n<param name=\"textsize\" value=\"normal\" />\n</text>\n");
 }
 
-TEST(Writer, ColourOfTheRootLayoutReplacesThatOfEverySlide)
+TEST(Writer, ColorOfTheRootLayoutReplacesThatOfEverySlide)
 {
     OneObject one(SMIL_MEDIA_IMAGE);
     one.data.getSlide(0)->setPageColor({SMIL_COLOR_RGB, "", QColor(1, 2, 3)});
@@ -445,7 +445,7 @@ TEST(Writer, ColourOfTheRootLayoutReplacesThatOfEverySlide)
               "<img >\n<param name=\"background-color\" value=\"#000080\" />\n</img>\n");
 }
 
-TEST(Writer, TextColourIsWrittenWithTheText)
+TEST(Writer, TextColorIsWrittenWithTheText)
 {
     OneObject one(SMIL_MEDIA_TEXT);
     one.data.getSlide(0)->setTextColor({SMIL_COLOR_NAMED, "lime", QColor(0, 255, 0)});
@@ -453,7 +453,7 @@ TEST(Writer, TextColourIsWrittenWithTheText)
               "<text >\n<param name=\"foreground-color\" value=\"#00ff00\" />\n</text>\n");
 }
 
-TEST(Writer, MeasuredPercentLayoutIsWrittenInPercentAfterNormalising)
+TEST(Writer, MeasuredPercentLayoutIsWrittenInPercentAfterNormalizing)
 {
     SmilMessage message;
     EXPECT_EQ(message.read(documentOf("<layout><region id='a' top='50%'/></layout>")), 0);
@@ -501,7 +501,7 @@ TEST(Writer, DocumentWithoutRefIsTheSameAfterReadingIt)
 TEST(Writer, WhatCannotBeReadAgainIsWrittenAsItIs)
 {
     const std::pair<const char *, std::function<void(MMS_COMP_SMILData &)>> rows[] = {
-        {"colour", [](auto &data) { data.getRootLayout()->setBackgroundColor("red"); }},
+        {"color", [](auto &data) { data.getRootLayout()->setBackgroundColor("red"); }},
         {"ampersand", [](auto &data) { data.appendMeta("a&b", ""); }},
         {"less-than", [](auto &data) { data.appendMeta("", "a<b"); }},
         {"quote", [](auto &data) { data.appendMeta("a\"b", ""); }},
@@ -516,7 +516,7 @@ TEST(Writer, WhatCannotBeReadAgainIsWrittenAsItIs)
     }
 }
 
-TEST(Writer, ThousandsOfSlidesAreReadNormalisedAndWritten)
+TEST(Writer, ThousandsOfSlidesAreReadNormalizedAndWritten)
 {
     constexpr int count = 5000;
     const QByteArray slide = "<par dur=\"1000ms\">\n<text src=\"t1.txt\" region=\"a\" >\n</text>\n"

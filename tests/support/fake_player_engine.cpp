@@ -2,7 +2,7 @@
 
 #include "platform/player_engine.h"
 
-FakePlayerEngine::Behaviour FakePlayerEngine::behaviour;
+FakePlayerEngine::Behavior FakePlayerEngine::behavior;
 FakePlayerEngine::Record FakePlayerEngine::record;
 
 using namespace FakePlayerEngine;
@@ -23,7 +23,7 @@ public:
         ++record.opened;
         record.data = QByteArray(data, size);
         record.extension = extension;
-        return behaviour.opens;
+        return behavior.opens;
     }
 
     void close() override { ++record.closed; }
@@ -31,9 +31,9 @@ public:
     bool getStreamInfo(StaticStreamInfo *info) override
     {
         ++record.infos;
-        if (behaviour.fillsInfo)
-            info->playDuration = behaviour.duration;
-        return behaviour.hasInfo;
+        if (behavior.fillsInfo)
+            info->playDuration = behavior.duration;
+        return behavior.hasInfo;
     }
 };
 
@@ -41,7 +41,7 @@ public:
 
 void FakePlayerEngine::reset()
 {
-    behaviour = Behaviour();
+    behavior = Behavior();
     record = Record();
 }
 
@@ -49,5 +49,5 @@ MP_PlayerEngine *MP_CreatePlayerEngine(SOUNDM_AudioDevice_Interface *audio, Qvl_
 {
     ++record.created;
     record.gotDevice = record.gotDevice || audio || video;
-    return behaviour.exists ? new Engine : nullptr;
+    return behavior.exists ? new Engine : nullptr;
 }

@@ -9,7 +9,7 @@
 namespace FakePlayerEngine {
 
 /// What the engine does. Starts as an engine that plays everything.
-struct Behaviour
+struct Behavior
 {
     bool exists = true; ///< false: none can be created
     bool opens = true;
@@ -31,10 +31,10 @@ struct Record
     QByteArray extension; ///< of the last open
 };
 
-extern Behaviour behaviour;
+extern Behavior behavior;
 extern Record record;
 
-/// Takes behaviour and record back to their start.
+/// Takes behavior and record back to their start.
 void reset();
 
 } // namespace FakePlayerEngine
