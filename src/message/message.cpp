@@ -6,6 +6,7 @@
 #include "base/no_memory.h"
 #include "message/multipart_parser.h"
 #include "multipart/multipart_result.h"
+#include "presentation/media_params.h"
 #include "presentation/smil_result.h"
 #include "smil/smil_parser.h"
 #include "smil/smil_part.h"
@@ -43,7 +44,7 @@ void keepPageColor(Slide *slide)
 {
     if (!slide->getPageColor().isUsable())
         return;
-    const QString param = u"background-color"_s;
+    const QString param = QvlParamName::pageColor();
     const QString color = slide->getPageColor().color.name();
     slide->updateTextColorToElem();
     slide->updateTextSizeToElem();
