@@ -2,9 +2,9 @@
  * A composer's session: two messages with a presentation each, and a sequence of operations that
  * the input chooses. After each of them ownership, reference counts and order have to be right.
  */
+#include "support/input.h"
 #include "support/invariant.h"
 
-#include <fuzzer/FuzzedDataProvider.h>
 #include <qvlsmilparser.h>
 
 #include <QDataStream>
@@ -62,7 +62,7 @@ public:
 
     void run()
     {
-        for (int steps = 0; m_input.remaining_bytes() > 0 && steps < 200; ++steps) {
+        for (int steps = 0; !m_input.isAtEnd() && steps < 200; ++steps) {
             step();
             for (const Draft &draft : m_drafts)
                 check(draft);
@@ -72,10 +72,10 @@ public:
 private:
     using Operation = void (Session::*)();
 
-    QString name() { return QString::fromLatin1(m_input.PickValueInArray(names)); }
-    QString kind() { return QString::fromLatin1(m_input.PickValueInArray(kinds)); }
-    QByteArray octets() { return QByteArray::fromStdString(m_input.ConsumeRandomLengthString(16)); }
-    int index() { return m_input.ConsumeIntegralInRange<int>(-1, 13); }
+    QString name() { return QString::fromLatin1(m_input.oneOf(names)); }
+    QString kind() { return QString::fromLatin1(m_input.oneOf(kinds)); }
+    QByteArray octets() { return m_input.text(16); }
+    int index() { return m_input.number(-1, 13); }
     Slide *slide()
     {
         const unsigned int count = m_draft->slides.getTotalSlidesNum();
@@ -105,7 +105,7 @@ private:
     void nameThings();
     void cleanUp();
 
-    FuzzedDataProvider m_input;
+    Input m_input;
     Draft m_drafts[2];
     Draft *m_draft = m_drafts;
 };
@@ -121,8 +121,8 @@ void Session::step()
         &Session::copySlides,      &Session::copyParts,    &Session::makeForMixed,
         &Session::writeAndRead,    &Session::nameThings,   &Session::cleanUp,
     };
-    m_draft = &m_drafts[m_input.ConsumeBool() ? 1 : 0];
-    (this->*m_input.PickValueInArray(operations))();
+    m_draft = &m_drafts[m_input.boolean() ? 1 : 0];
+    (this->*m_input.oneOf(operations))();
 }
 
 std::unique_ptr<Part> newPart(const QString &name, const QByteArray &octets)
@@ -169,8 +169,8 @@ void Session::deletePartBySrc()
 void Session::setStart()
 {
     m_draft->body.setStart(name());
-    m_draft->body.setSubType(m_input.ConsumeBool() ? QStringLiteral("vnd.wap.multipart.mixed")
-                                                   : QStringLiteral("vnd.wap.multipart.related"));
+    m_draft->body.setSubType(m_input.boolean() ? QStringLiteral("vnd.wap.multipart.mixed")
+                                               : QStringLiteral("vnd.wap.multipart.related"));
 }
 
 void Session::findSmilPart()
@@ -182,7 +182,7 @@ void Session::findSmilPart()
 void Session::appendSlide()
 {
     if (m_draft->slides.getTotalSlidesNum() < MostSlides)
-        require(m_draft->slides.appendSlide(m_input.ConsumeIntegral<unsigned int>()) != nullptr,
+        require(m_draft->slides.appendSlide(m_input.number(0U, ~0U)) != nullptr,
                 "a slide is appended");
 }
 
@@ -191,10 +191,9 @@ void Session::placeData()
     Slide *target = slide();
     if (!target || m_draft->body.getPartCount() >= MostParts)
         return;
-    const auto type = MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(m_input.ConsumeIntegralInRange<int>(0, 5));
+    const auto type = MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(m_input.number(0, 5));
     target->updateData(m_draft->slides.getTextRegionId(), m_draft->slides.createUniqueSrc(name()),
-                       type, QStringLiteral("plain"), octets(), m_input.ConsumeBool(),
-                       &m_draft->body);
+                       type, QStringLiteral("plain"), octets(), m_input.boolean(), &m_draft->body);
 }
 
 void Session::takeElement()
@@ -205,7 +204,7 @@ void Session::takeElement()
     Object *(Slide::*const takes[])(bool) = {&Slide::getTextElem, &Slide::getVideoElem,
                                              &Slide::getImgObjectLikeElem, &Slide::getAudioElem};
     const unsigned int before = target->getMediaObjectCount();
-    const auto take = m_input.PickValueInArray(takes);
+    const auto take = m_input.oneOf(takes);
     Object *object = (target->*take)(true);
     require(target->getMediaObjectCount() == before - (object ? 1 : 0), "what is taken is gone");
     if (!object || target->insert(unsigned(index()), object))
@@ -221,7 +220,7 @@ void Session::removeElement()
     Slide *target = slide();
     if (!target)
         return;
-    switch (m_input.ConsumeIntegralInRange<int>(0, 2)) {
+    switch (m_input.number(0, 2)) {
     case 0:
         return target->removeTextElem();
     case 1:
@@ -244,8 +243,7 @@ void Session::insertNewObject()
     const QString element = kind();
     const bool room = target->canBeInserted(element);
     auto object = std::make_unique<Object>(&m_draft->body);
-    object->setMediaElementType(
-        MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(m_input.ConsumeIntegralInRange<int>(0, 5)));
+    object->setMediaElementType(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(m_input.number(0, 5)));
     object->setSrc(name());
     if (Part *part = m_draft->body.getBodypartByIndex(index()))
         object->setData(part);
@@ -292,7 +290,7 @@ void Session::storeAndRead()
     read->readFromStream(in);
     require(read->getMediaObjectCount() == source->getMediaObjectCount(),
             "a stored slide has as many objects");
-    if (m_input.ConsumeBool())
+    if (m_input.boolean())
         m_draft->slides.appendSlide(read.release());
 }
 
@@ -314,7 +312,7 @@ void Session::makeForMixed()
 {
     if (m_draft->slides.getTotalSlidesNum() + unsigned(m_draft->body.getPartCount()) > MostSlides)
         return;
-    MMS_COMP_SMILParser::makeSmilForMixed(&m_draft->body, &m_draft->slides, m_input.ConsumeBool());
+    MMS_COMP_SMILParser::makeSmilForMixed(&m_draft->body, &m_draft->slides, m_input.boolean());
 }
 
 void Session::writeAndRead()
@@ -343,7 +341,7 @@ void Session::nameThings()
 
 void Session::cleanUp()
 {
-    switch (m_input.ConsumeIntegralInRange<int>(0, 3)) {
+    switch (m_input.number(0, 3)) {
     case 0:
         return m_draft->body.clear();
     case 1:

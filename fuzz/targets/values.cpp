@@ -2,9 +2,9 @@
  * The readers of single values: WSP primitives, addresses, content types, times, durations and
  * colours. What was read is written again, in as many octets as announced, and read as the same.
  */
+#include "support/input.h"
 #include "support/invariant.h"
 
-#include <fuzzer/FuzzedDataProvider.h>
 #include <qvlsmilparser.h>
 
 #include <QByteArray>
@@ -74,10 +74,9 @@ void readTexts(const QString &text)
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
-    FuzzedDataProvider input(data, size);
-    const auto choice = input.ConsumeIntegralInRange<std::size_t>(0, std::size(readers) + 1);
-    const std::string rest = input.ConsumeRemainingBytesAsString();
-    const QByteArray octets = QByteArray::fromStdString(rest);
+    Input input(data, size);
+    const auto choice = input.number<std::size_t>(0, std::size(readers) + 1);
+    const QByteArray octets = input.rest();
     if (choice < std::size(readers))
         readers[choice](octets);
     else if (choice == std::size(readers))

@@ -1,0 +1,10 @@
+/*
+ * A clip from outside in the project's own reader of MIDI.
+ */
+#include "support/clip.h"
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
+{
+    probeClip(data, size, "mid");
+    return 0;
+}
