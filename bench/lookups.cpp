@@ -18,8 +18,8 @@ template <typename Operation>
 void addLookup(const char *name, Operation prepare)
 {
     benchmark::RegisterBenchmark(name,
-                                 [prepare](benchmark::State &state) {
-                                     measure(state, prepare(int(state.range())));
+                                 [name, prepare](benchmark::State &state) {
+                                     measure(state, name, prepare(int(state.range())));
                                      state.SetComplexityN(state.range());
                                  })
         ->RangeMultiplier(SmallestCount)

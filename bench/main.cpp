@@ -1,12 +1,11 @@
 /*
  * Measures the library. Takes the options of Google Benchmark; bench/ratios compares what comes out
- * with the limits.
+ * with the limits. Ends with 1 when a benchmark fails, or when none has a name like the filter.
  */
 #include "subjects.h"
+#include "support/benchmarks.h"
 
 #include <qvlsmilparser.h>
-
-#include <benchmark/benchmark.h>
 
 #include <malloc.h>
 
@@ -44,7 +43,7 @@ int main(int argc, char **argv)
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv))
         return 2;
-    benchmark::RunSpecifiedBenchmarks();
+    const bool anyMatched = benchmark::RunSpecifiedBenchmarks() > 0;
     benchmark::Shutdown();
-    return 0;
+    return anyMatched && !anyBenchmarkFailed ? 0 : 1;
 }

@@ -14,6 +14,7 @@
 
 #include <valgrind/callgrind.h>
 
+#include <cstdio>
 #include <string>
 
 /// What a benchmark repeats. The operation gives true when it did its work.
@@ -50,12 +51,23 @@ void countInstructions(const std::string &name, Work<Operation> work)
     }
 }
 
+/// True after a benchmark failed.
+inline bool anyBenchmarkFailed = false;
+
+inline void fail(benchmark::State &state, const std::string &name)
+{
+    constexpr const char *why = "the operation failed";
+    state.SkipWithError(why);
+    std::fprintf(stderr, "%s: %s\n", name.c_str(), why);
+    anyBenchmarkFailed = true;
+}
+
 template <typename Operation>
-void measure(benchmark::State &state, Work<Operation> work)
+void measure(benchmark::State &state, const std::string &name, Work<Operation> work)
 {
     for (auto _ : state) {
         if (!work.once()) {
-            state.SkipWithError("the operation failed");
+            fail(state, name);
             return;
         }
     }
@@ -82,7 +94,7 @@ void addBenchmark(const std::string &name, Prepare prepare)
 {
     benchmark::RegisterBenchmark(name.c_str(), [=](benchmark::State &state) {
         const auto work = prepare();
-        measure(state, work);
+        measure(state, name, work);
         countInstructions(name, work);
     });
 }
