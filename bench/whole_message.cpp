@@ -95,5 +95,6 @@ void addWholeMessageBenchmarks()
         addBenchmark("receive" + suffix, [=] { return receiving(send(messageOf(octets).get())); });
         addBenchmark("send" + suffix, [=] { return sending(octets); });
     }
-    addCorpus(QDir(QStringLiteral(QVL_CORPUS)));
+    if (const QString corpus = QStringLiteral(QVL_CORPUS); !corpus.isEmpty())
+        addCorpus(QDir(corpus));
 }

@@ -51,11 +51,14 @@ void PrintTo(const Expectation &expectation, std::ostream *stream)
     *stream << expectation.octets << " octets";
 }
 
-const QDir folder(QStringLiteral(QVL_CORPUS));
+const QString corpus = QStringLiteral(QVL_CORPUS);
+constexpr const char *NoMessages = "QVL_CORPUS names no folder of real messages: '" QVL_CORPUS "'";
 
 QFileInfoList messages()
 {
-    return folder.entryInfoList({"*.mms", "*.MMS"}, QDir::Files);
+    if (corpus.isEmpty())
+        return {};
+    return QDir(corpus).entryInfoList({"*.mms", "*.MMS"}, QDir::Files);
 }
 
 QByteArray messageOf(qint64 octets)
@@ -113,7 +116,7 @@ class CorpusSmil : public testing::TestWithParam<Expectation>
 TEST_P(CorpusSmil, GivesItsSlides)
 {
     if (messages().isEmpty())
-        GTEST_SKIP() << "there are no real messages at " << QVL_CORPUS;
+        GTEST_SKIP() << NoMessages;
     const QByteArray pdu = messageOf(GetParam().octets);
     ASSERT_FALSE(pdu.isEmpty());
     MMS_COMP_SMILMultipart multipart;
@@ -133,6 +136,6 @@ INSTANTIATE_TEST_SUITE_P(, CorpusSmil, testing::ValuesIn(expectations), testName
 TEST(CorpusSmilFolder, HasAnExpectationForEveryMessage)
 {
     if (messages().isEmpty())
-        GTEST_SKIP() << "there are no real messages at " << QVL_CORPUS;
+        GTEST_SKIP() << NoMessages;
     EXPECT_EQ(messages().size(), qsizetype(std::size(expectations)));
 }
