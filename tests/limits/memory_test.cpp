@@ -10,12 +10,15 @@
 #include "smil/smil_parser.h"
 #include "support/allocations.h"
 #include "wire/header_decoder.h"
+#include "wire/header_fields.h"
 #include "wire/header_record.h"
 #include "wire/wire_result.h"
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <functional>
+#include <iterator>
 #include <memory>
 
 namespace {
@@ -169,17 +172,38 @@ TEST(LargeBody, IsNotCopiedByTheHeaderDecoder)
     EXPECT_LE(cost.steps, 10'000);
 }
 
-// A field may be named by the last octet: what lies behind the end reads as zero.
-TEST(OneOctet, IsAHeaderOfAFieldAtMost)
+namespace {
+
+bool beginsWithALength(int code)
+{
+    constexpr unsigned char codes[] = {HeaderFieldCode::ContentType, HeaderFieldCode::DeliveryTime,
+                                       HeaderFieldCode::Expiry, HeaderFieldCode::From};
+    return std::count(std::begin(codes), std::end(codes), code) > 0;
+}
+
+// What follows the octet reads as zero: a value of zero or an empty text, but no length.
+unsigned char resultOfHeader(int octet)
+{
+    if (octet >= 0x02 && octet <= 0x7F) // the length of a field code
+        return WireResult::OutOfData;
+    if (!headerFieldInfo(octet & 0x7F) || octet < 0x80)
+        return WireResult::UnknownField;
+    return beginsWithALength(octet & 0x7F) ? WireResult::OutOfData : WireResult::Read;
+}
+
+} // namespace
+
+TEST(OneOctet, IsAHeaderWhenItNamesAFieldThatTakesZeros)
 {
     for (int octet = 0; octet < 256; ++octet) {
         QByteArray pdu(1, char(octet));
         Header header;
         const auto result = MMS_UA_Decoder().decodeHeader(pdu, &header);
-        const bool isField = octet >= 0x81 && octet <= 0x98;
-        EXPECT_TRUE(isField || result == WireResult::OutOfData
-                    || result == WireResult::UnknownField)
-            << octet;
+        EXPECT_EQ(result, resultOfHeader(octet)) << octet;
+        for (const HeaderFieldInfo &field : headerFields()) {
+            const bool isThere = result == WireResult::Read && octet == (field.code | 0x80);
+            EXPECT_EQ(header.getFieldPosition(field.code), isThere ? 1 : 0) << octet;
+        }
         EXPECT_EQ(header.getBodyLength(), 0) << octet;
     }
 }

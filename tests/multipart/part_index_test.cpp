@@ -102,7 +102,7 @@ TEST(PartIndexScope, FindsAnAppendedPart)
     EXPECT_EQ(message.getBodyPartBySrc("a", Part::Attachment), message.getBodypartByIndex(0));
 }
 
-TEST(PartIndexScope, OfNoMessageDoesNothing)
+TEST(PartIndexScope, OfNoMessageDoesNotCrash)
 {
     const PartIndexScope index(nullptr);
 }
