@@ -152,7 +152,7 @@ void Session::insertPart()
     const int before = m_draft->body.getPartCount();
     auto *part = newPart(name(), octets()).release();
     const int result = m_draft->body.insertBodypart(part, index());
-    require(result == 0 && m_draft->body.holds(part), "a part is inserted");
+    require(result == MultipartResult::Ok && m_draft->body.holds(part), "a part is inserted");
     require(m_draft->body.getPartCount() == before + 1, "inserting adds one part");
 }
 
@@ -322,7 +322,7 @@ void Session::writeAndRead()
     const QByteArray text = MMS_COMP_SMILParser::convertToSMILLang(&m_draft->slides).toUtf8();
     const QByteArray octets = MMS_COMP_SMILMultipartParser::assembleBody(&m_draft->body, &header);
     Draft received;
-    if (MMS_COMP_SMILMultipartParser::parse(octets, &header, &received.body) == 0)
+    if (MMS_COMP_SMILMultipartParser::parse(octets, &header, &received.body) == MultipartResult::Ok)
         std::ignore = MMS_COMP_SMILParser().parse(text, &received.body, &received.slides);
     check(received);
 }

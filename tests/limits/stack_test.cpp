@@ -27,7 +27,7 @@ void onSmallStack(const std::function<void()> &work)
 
 int resultOf(const QByteArray &document)
 {
-    int result = 0;
+    int result = SmilResult::Ok;
     onSmallStack([&] {
         MMS_COMP_SMILData slides(nullptr);
         result = MMS_COMP_SMILParser().parse(document, nullptr, &slides);

@@ -4,6 +4,7 @@
  */
 #include "multipart/body_part.h"
 
+#include "multipart/multipart_result.h"
 #include "multipart/part_facts.h"
 #include "platform/email_util.h"
 
@@ -107,10 +108,10 @@ TEST(BodyPart, OctetsByPointerAreCopied)
 {
     char octets[] = {'a', '\0', 'c'};
     Part part;
-    EXPECT_EQ(part.setBodyData(octets, 3), 0);
+    EXPECT_EQ(part.setBodyData(octets, 3), MultipartResult::Ok);
     octets[0] = 'x';
     EXPECT_EQ(part.getBodyData(), "61 00 63"_octets);
-    EXPECT_EQ(part.setBodyData(octets, 1), 0);
+    EXPECT_EQ(part.setBodyData(octets, 1), MultipartResult::Ok);
     EXPECT_EQ(part.getBodyData(), "x");
 }
 
@@ -118,9 +119,9 @@ TEST(BodyPart, LengthBelowOneEmptiesTheBody)
 {
     for (const int length : {0, -1, -5, std::numeric_limits<int>::min()}) {
         Part part = partWith({.data = "octets"});
-        EXPECT_EQ(part.setBodyData("abc", length), 0);
+        EXPECT_EQ(part.setBodyData("abc", length), MultipartResult::Ok);
         EXPECT_EQ(part.getBodyDataLen(), 0);
-        EXPECT_EQ(part.setBodyData(nullptr, length), 0);
+        EXPECT_EQ(part.setBodyData(nullptr, length), MultipartResult::Ok);
     }
 }
 

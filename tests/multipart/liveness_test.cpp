@@ -3,6 +3,7 @@
  */
 #include "multipart/liveness.h"
 
+#include "multipart/multipart_result.h"
 #include "multipart/part_facts.h"
 
 #include <gtest/gtest.h>
@@ -134,7 +135,7 @@ TEST(WeakPointer, PartStaysWhenOnlyAUseIsTakenBack)
     Multipart message;
     appendParts(message, {{.location = "a", .refCount = 2}});
     const PartPointer pointer(message.getBodypartByIndex(0));
-    EXPECT_EQ(message.deletePart(0), 0);
+    EXPECT_EQ(message.deletePart(0), MultipartResult::Ok);
     EXPECT_EQ(pointer.get(), message.getBodypartByIndex(0));
 }
 

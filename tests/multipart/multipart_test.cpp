@@ -15,6 +15,9 @@
 #include <memory>
 #include <tuple>
 
+using MultipartResult::Ok;
+using MultipartResult::RemovalRefused;
+
 namespace {
 
 const QString Application = "application";
@@ -301,9 +304,11 @@ struct DeletionRow
 TEST(MultipartDeletion, ByIndexTakesOneUseBack)
 {
     const std::tuple<int, int, QList<Deletable>> rows[] = {
-        {-1, -22, {{"a"}, {"b", 3}, {"c", 0}}}, {0, 0, {{"b", 3}, {"c", 0}}},
-        {1, 0, {{"a"}, {"b", 2}, {"c", 0}}},    {2, 0, {{"a"}, {"b", 3}}},
-        {3, -22, {{"a"}, {"b", 3}, {"c", 0}}},
+        {-1, RemovalRefused, {{"a"}, {"b", 3}, {"c", 0}}},
+        {0, Ok, {{"b", 3}, {"c", 0}}},
+        {1, Ok, {{"a"}, {"b", 2}, {"c", 0}}},
+        {2, Ok, {{"a"}, {"b", 3}}},
+        {3, RemovalRefused, {{"a"}, {"b", 3}, {"c", 0}}},
     };
     for (const auto &[index, result, expected] : rows) {
         SCOPED_TRACE(index);
@@ -319,11 +324,11 @@ TEST(MultipartDeletion, ByIndexGoesDownToTheLastUse)
     const QByteArray octets("octets");
     Multipart multipart;
     appendParts(multipart, {{.data = octets, .refCount = 2}});
-    EXPECT_EQ(multipart.deletePart(0), MultipartResult::Ok);
+    EXPECT_EQ(multipart.deletePart(0), Ok);
     EXPECT_TRUE(isShared(octets));
-    EXPECT_EQ(multipart.deletePart(0), MultipartResult::Ok);
+    EXPECT_EQ(multipart.deletePart(0), Ok);
     EXPECT_FALSE(isShared(octets));
-    EXPECT_EQ(multipart.deletePart(0), MultipartResult::RemovalRefused);
+    EXPECT_EQ(multipart.deletePart(0), RemovalRefused);
 }
 
 // The walk visits every part that is left; the place where it works is the number of visits before.
@@ -331,33 +336,33 @@ TEST(MultipartDeletion, ByIndexGoesDownToTheLastUse)
 TEST(MultipartDeletion, ByReferenceWorksAtThePlaceThatCountsTheVisits)
 {
     const DeletionRow rows[] = {
-        {"no parts", {}, 0, {}},
-        {"no match", {{"v"}, {"w", 2}}, 0, {{"v"}, {"w", 2}}},
-        {"first", {{"a"}, {"v"}}, 0, {{"v"}}},
-        {"last", {{"v"}, {"a"}}, 0, {{"v"}}},
-        {"between", {{"v"}, {"a"}, {"w"}}, 0, {{"v"}, {"w"}}},
-        {"by Content-ID", {{"v"}, {"<A>"}, {"w"}}, 0, {{"v"}, {"w"}}},
-        {"count 0", {{"a", 0}, {"v"}}, 0, {{"v"}}},
-        {"count below 0", {{"a", -3}, {"v"}}, 0, {{"v"}}},
-        {"in use twice", {{"v"}, {"a", 2}}, 0, {{"v"}, {"a", 1}}},
-        {"in use twice, another behind it", {{"a", 2}, {"A"}}, 0, {{"a", 1}, {"A"}}},
-        {"two in a row, another behind", {{"a"}, {"A"}, {"v"}}, 0, {{"A"}}},
-        {"two at the end", {{"a"}, {"A"}}, -22, {{"A"}}},
-        {"two behind another", {{"v"}, {"a"}, {"A"}}, -22, {{"v"}, {"A"}}},
-        {"two apart", {{"a"}, {"v"}, {"A"}}, -22, {{"v"}, {"A"}}},
-        {"two apart, another behind", {{"a"}, {"v"}, {"A"}, {"w"}}, 0, {{"v"}, {"A"}}},
-        {"two, walk goes on", {{"a"}, {"A"}, {"v"}, {"w"}}, 0, {{"A"}, {"w"}}},
-        {"three in a row", {{"a"}, {"A"}, {"<a>"}, {"w"}}, 0, {{"A"}, {"w"}}},
-        {"match removed in the place of another", {{"a"}, {"A"}, {"<a>"}}, 0, {{"A"}}},
-        {"third past the end", {{"a"}, {"A"}, {"v"}, {"<a>"}}, -22, {{"A"}, {"<a>"}}},
-        {"second in use, decreases another", {{"a"}, {"A", 2}, {"v", 5}}, 0, {{"A", 2}, {"v", 4}}},
-        {"second in use, another in use once", {{"a"}, {"A", 2}, {"v"}}, 0, {{"A", 2}, {"v", 0}}},
-        {"second in use at the end", {{"a"}, {"A", 2}}, 0, {{"A", 2}}},
+        {"no parts", {}, Ok, {}},
+        {"no match", {{"v"}, {"w", 2}}, Ok, {{"v"}, {"w", 2}}},
+        {"first", {{"a"}, {"v"}}, Ok, {{"v"}}},
+        {"last", {{"v"}, {"a"}}, Ok, {{"v"}}},
+        {"between", {{"v"}, {"a"}, {"w"}}, Ok, {{"v"}, {"w"}}},
+        {"by Content-ID", {{"v"}, {"<A>"}, {"w"}}, Ok, {{"v"}, {"w"}}},
+        {"count 0", {{"a", 0}, {"v"}}, Ok, {{"v"}}},
+        {"count below 0", {{"a", -3}, {"v"}}, Ok, {{"v"}}},
+        {"in use twice", {{"v"}, {"a", 2}}, Ok, {{"v"}, {"a", 1}}},
+        {"in use twice, another behind it", {{"a", 2}, {"A"}}, Ok, {{"a", 1}, {"A"}}},
+        {"two in a row, another behind", {{"a"}, {"A"}, {"v"}}, Ok, {{"A"}}},
+        {"two at the end", {{"a"}, {"A"}}, RemovalRefused, {{"A"}}},
+        {"two behind another", {{"v"}, {"a"}, {"A"}}, RemovalRefused, {{"v"}, {"A"}}},
+        {"two apart", {{"a"}, {"v"}, {"A"}}, RemovalRefused, {{"v"}, {"A"}}},
+        {"two apart, another behind", {{"a"}, {"v"}, {"A"}, {"w"}}, Ok, {{"v"}, {"A"}}},
+        {"two, walk goes on", {{"a"}, {"A"}, {"v"}, {"w"}}, Ok, {{"A"}, {"w"}}},
+        {"three in a row", {{"a"}, {"A"}, {"<a>"}, {"w"}}, Ok, {{"A"}, {"w"}}},
+        {"match removed in the place of another", {{"a"}, {"A"}, {"<a>"}}, Ok, {{"A"}}},
+        {"third past the end", {{"a"}, {"A"}, {"v"}, {"<a>"}}, RemovalRefused, {{"A"}, {"<a>"}}},
+        {"second in use, decreases another", {{"a"}, {"A", 2}, {"v", 5}}, Ok, {{"A", 2}, {"v", 4}}},
+        {"second in use, another in use once", {{"a"}, {"A", 2}, {"v"}}, Ok, {{"A", 2}, {"v", 0}}},
+        {"second in use at the end", {{"a"}, {"A", 2}}, Ok, {{"A", 2}}},
         {"stops at the one in use",
          {{"a"}, {"v"}, {"A", 2}, {"w", 3}, {"a"}},
-         0,
+         Ok,
          {{"v"}, {"A", 2}, {"w", 2}, {"a"}}},
-        {"removes one in use", {{"a"}, {"A"}, {"v", 9}}, 0, {{"A"}}},
+        {"removes one in use", {{"a"}, {"A"}, {"v", 9}}, Ok, {{"A"}}},
     };
     for (const DeletionRow &row : rows) {
         SCOPED_TRACE(row.name);
@@ -372,8 +377,8 @@ TEST(MultipartDeletion, EmptyReferenceIsRefused)
 {
     Multipart multipart;
     append(multipart, {{""}, {"a"}});
-    EXPECT_EQ(multipart.deletePartBySrc(""), MultipartResult::RemovalRefused);
-    EXPECT_EQ(multipart.deletePartBySrc(QString()), MultipartResult::RemovalRefused);
+    EXPECT_EQ(multipart.deletePartBySrc(""), RemovalRefused);
+    EXPECT_EQ(multipart.deletePartBySrc(QString()), RemovalRefused);
     EXPECT_EQ(multipart.getPartCount(), 2);
 }
 

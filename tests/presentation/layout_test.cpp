@@ -4,6 +4,7 @@
  */
 #include "presentation/layout.h"
 
+#include "presentation/smil_result.h"
 #include "support/octets.h"
 
 #include <QDomDocument>
@@ -372,10 +373,12 @@ TEST(Layout, SizesOfARootLayoutElement)
     for (const auto &[text, size] : rows) {
         SCOPED_TRACE(text);
         MMS_COMP_SMILLayout layout;
-        EXPECT_EQ(setRootLayout(layout, QString("width='%1' height='7'").arg(text)), 0);
+        EXPECT_EQ(setRootLayout(layout, QString("width='%1' height='7'").arg(text)),
+                  SmilResult::Ok);
         EXPECT_EQ(layout.getRootLayout()->getWidth(), size);
         EXPECT_EQ(layout.getRootLayout()->getHeight(), 7);
-        EXPECT_EQ(setRootLayout(layout, QString("width='8' height='%1'").arg(text)), 0);
+        EXPECT_EQ(setRootLayout(layout, QString("width='8' height='%1'").arg(text)),
+                  SmilResult::Ok);
         EXPECT_EQ(layout.getRootLayout()->getWidth(), 8);
         EXPECT_EQ(layout.getRootLayout()->getHeight(), size);
     }
@@ -384,7 +387,7 @@ TEST(Layout, SizesOfARootLayoutElement)
 TEST(Layout, AbsentSizesAreMinusOne)
 {
     MMS_COMP_SMILLayout layout;
-    EXPECT_EQ(setRootLayout(layout, ""), 0);
+    EXPECT_EQ(setRootLayout(layout, ""), SmilResult::Ok);
     EXPECT_EQ(layout.getRootLayout()->getWidth(), -1);
     EXPECT_EQ(layout.getRootLayout()->getHeight(), -1);
 }
@@ -402,7 +405,7 @@ TEST(Layout, ColorOfARootLayoutElement)
     for (const auto &[attribute, kind] : rows) {
         SCOPED_TRACE(attribute);
         MMS_COMP_SMILLayout layout;
-        EXPECT_EQ(setRootLayout(layout, attribute), 0);
+        EXPECT_EQ(setRootLayout(layout, attribute), SmilResult::Ok);
         EXPECT_EQ(layout.getRootLayout()->getBackgroundColor()->kind, kind);
     }
 }
@@ -410,9 +413,9 @@ TEST(Layout, ColorOfARootLayoutElement)
 TEST(Layout, ColorIsTakenAsItStands)
 {
     MMS_COMP_SMILLayout layout;
-    EXPECT_EQ(setRootLayout(layout, "background-color='#0080ff'"), 0);
+    EXPECT_EQ(setRootLayout(layout, "background-color='#0080ff'"), SmilResult::Ok);
     EXPECT_EQ(layout.getRootLayout()->getBackgroundColor()->color, QColor(0, 128, 255));
-    EXPECT_EQ(setRootLayout(layout, "background-color='RED'"), 0);
+    EXPECT_EQ(setRootLayout(layout, "background-color='RED'"), SmilResult::Ok);
     EXPECT_EQ(layout.getRootLayout()->getBackgroundColor()->kind, SMIL_COLOR_INVALID);
 }
 

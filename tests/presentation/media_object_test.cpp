@@ -5,6 +5,7 @@
 #include "presentation/media_object.h"
 
 #include "presentation/model_facts.h"
+#include "presentation/smil_result.h"
 
 #include <gtest/gtest.h>
 
@@ -65,7 +66,7 @@ TEST(MediaParam, ValueTypeKeywordIsComparedExactly)
     for (const auto &[keyword, number] : rows) {
         SCOPED_TRACE(keyword.toStdString());
         Object object(nullptr);
-        EXPECT_EQ(object.appendParamElem("n", "v", keyword, "r"), 0);
+        EXPECT_EQ(object.appendParamElem("n", "v", keyword, "r"), SmilResult::Ok);
         EXPECT_EQ(paramsOf(object), QStringList("n|v|" + number + "|r"));
     }
 }
@@ -187,9 +188,9 @@ TEST(MediaObject, MessageCanBeChanged)
 TEST(MediaObjectParams, StayInOrderAndCanBeDeletedByIndex)
 {
     Object object(nullptr);
-    EXPECT_EQ(object.appendParamElem("a", "1", SMIL_PARAM_VALUE_REF, "t"), 0);
-    EXPECT_EQ(object.appendParamElem("b", "2", "object", ""), 0);
-    EXPECT_EQ(object.appendParamElem("a", "3", SMIL_PARAM_VALUE_DATA, ""), 0);
+    EXPECT_EQ(object.appendParamElem("a", "1", SMIL_PARAM_VALUE_REF, "t"), SmilResult::Ok);
+    EXPECT_EQ(object.appendParamElem("b", "2", "object", ""), SmilResult::Ok);
+    EXPECT_EQ(object.appendParamElem("a", "3", SMIL_PARAM_VALUE_DATA, ""), SmilResult::Ok);
     EXPECT_EQ(paramsOf(object), (QStringList{"a|1|1|t", "b|2|2|", "a|3|0|"}));
     EXPECT_TRUE(object.deleteParamElem(1));
     EXPECT_EQ(paramsOf(object), (QStringList{"a|1|1|t", "a|3|0|"}));
@@ -216,15 +217,15 @@ std::unique_ptr<Object> objectWithTwoParamsOfOneName()
 TEST(MediaObjectParams, UpdateChangesTheValueOfTheFirstOfItsName)
 {
     const auto object = objectWithTwoParamsOfOneName();
-    EXPECT_EQ(object->updateParamByName("n", "new"), 0);
+    EXPECT_EQ(object->updateParamByName("n", "new"), SmilResult::Ok);
     EXPECT_EQ(paramsOf(*object), (QStringList{"other|0|0|", "n|new|1|t", "n|2|0|"}));
 }
 
 TEST(MediaObjectParams, UpdateOfAnUnknownNameAppendsData)
 {
     const auto object = objectWithTwoParamsOfOneName();
-    EXPECT_EQ(object->updateParamByName("N", "new"), 0);
-    EXPECT_EQ(object->updateParamByName("", "nameless"), 0);
+    EXPECT_EQ(object->updateParamByName("N", "new"), SmilResult::Ok);
+    EXPECT_EQ(object->updateParamByName("", "nameless"), SmilResult::Ok);
     EXPECT_EQ(paramsOf(*object),
               (QStringList{"other|0|0|", "n|1|1|t", "n|2|0|", "N|new|0|", "|nameless|0|"}));
 }
@@ -260,7 +261,7 @@ TEST(MediaObjectFromElement, KindComesFromTheTag)
     for (const auto &[tag, type, mediaType] : rows) {
         SCOPED_TRACE(tag.toStdString());
         Object object(nullptr);
-        EXPECT_EQ(object.setObjectElem(Element(tag), nullptr), 3);
+        EXPECT_EQ(object.setObjectElem(Element(tag), nullptr), SmilResult::NotInMessage);
         EXPECT_EQ(factsOf(object), (ObjectFacts{.type = type, .mediaType = mediaType}));
     }
 }
@@ -277,7 +278,7 @@ TEST(MediaObjectFromElement, AttributesAreTrimmedAndAltIsNotTheSrc)
                      {"end", " id(x)(end) "},
                      {"type", "image/jpeg"}});
     Object object(nullptr);
-    EXPECT_EQ(object.setObjectElem(element, &multipart), 0);
+    EXPECT_EQ(object.setObjectElem(element, &multipart), SmilResult::Ok);
     EXPECT_EQ(factsOf(object),
               (ObjectFacts{.type = 3,
                            .src = "a.jpg",
@@ -305,7 +306,7 @@ TEST(MediaObjectFromElement, NullIsNotInTheMessage)
     Multipart multipart;
     addPart(multipart, {});
     Object object(nullptr);
-    EXPECT_EQ(object.setObjectElem(nullptr, &multipart), 3);
+    EXPECT_EQ(object.setObjectElem(nullptr, &multipart), SmilResult::NotInMessage);
     EXPECT_EQ(factsOf(object), ObjectFacts());
     EXPECT_EQ(object.getData(), nullptr);
 }
@@ -317,7 +318,7 @@ TEST(MediaObjectFromElement, ParamsAreNotRead)
     Element element("text", {{"src", "a"}});
     element.appendChild("param", {{"name", "n"}, {"value", "v"}});
     Object object(nullptr);
-    EXPECT_EQ(object.setObjectElem(element, &multipart), 0);
+    EXPECT_EQ(object.setObjectElem(element, &multipart), SmilResult::Ok);
     EXPECT_EQ(object.getParamCount(), 0);
 }
 
@@ -329,7 +330,7 @@ TEST(MediaObjectFromElement, WithoutContentKeepsWhatWasReadButNoTimes)
         Object object(nullptr);
         Element element(
             "text", {{"src", "a"}, {"alt", "b"}, {"region", "c"}, {"begin", "1s"}, {"end", "2s"}});
-        EXPECT_EQ(object.setObjectElem(element, message), 3);
+        EXPECT_EQ(object.setObjectElem(element, message), SmilResult::NotInMessage);
         EXPECT_EQ(
             factsOf(object),
             (ObjectFacts{.type = 2, .mediaType = "txt", .src = "a", .region = "c", .alt = "b"}));
@@ -372,7 +373,7 @@ TEST(MediaObjectFromElement, BindsAnAttachmentElseAShownPart)
         appendParts(multipart, row.parts);
         Object object(nullptr);
         const int result = object.setObjectElem(Element("img", {{"src", row.src}}), &multipart);
-        EXPECT_EQ(result, row.bound < 0 ? 3 : 0);
+        EXPECT_EQ(result, row.bound < 0 ? SmilResult::NotInMessage : SmilResult::Ok);
         EXPECT_EQ(object.getData(), multipart.getBodypartByIndex(row.bound));
     }
 }
@@ -385,10 +386,10 @@ TEST(MediaObjectFromElement, ShownPartGainsAUseAndAttachmentBecomesShown)
         Part *part = addPart(multipart, {.location = "a", .display = display});
         Object first(nullptr);
         Object second(nullptr);
-        EXPECT_EQ(first.setObjectElem(Element("img", {{"src", "a"}}), &multipart), 0);
+        EXPECT_EQ(first.setObjectElem(Element("img", {{"src", "a"}}), &multipart), SmilResult::Ok);
         EXPECT_EQ(part->getRefCount(), display == Part::Shown ? 2 : 1);
         EXPECT_EQ(part->getDispFileType(), 0);
-        EXPECT_EQ(second.setObjectElem(Element("img", {{"src", "a"}}), &multipart), 0);
+        EXPECT_EQ(second.setObjectElem(Element("img", {{"src", "a"}}), &multipart), SmilResult::Ok);
         EXPECT_EQ(part->getRefCount(), display == Part::Shown ? 3 : 2);
         EXPECT_EQ(part->getDispFileType(), 0);
     }
@@ -411,7 +412,7 @@ TEST(MediaObjectFromElement, AbsentOrUnreadableTimeSetsTheKindAndLeavesTheLength
         object.setEndTimeEvent("before");
         object.setEndTimeLength(7);
         Element element("img", {{"src", "a"}, {"begin", text}, {"end", text}});
-        EXPECT_EQ(object.setObjectElem(element, &multipart), 0);
+        EXPECT_EQ(object.setObjectElem(element, &multipart), SmilResult::Ok);
         EXPECT_EQ(factsOf(object.getBegin()), time);
         EXPECT_EQ(factsOf(object.getEnd()), time);
     }

@@ -8,6 +8,8 @@
 
 #include <gtest/gtest.h>
 
+#include "multipart/multipart_result.h"
+#include "presentation/smil_result.h"
 #include "presentation/stream_records.h"
 #include "support/fake_player_engine.h"
 
@@ -25,7 +27,7 @@ using PartPointer = QvlWeakPointer<Part>;
 std::unique_ptr<Object> objectOf(Multipart &multipart, const QString &src)
 {
     auto object = std::make_unique<Object>(nullptr);
-    EXPECT_EQ(object->setObjectElem(Element("img", {{"src", src}}), &multipart), 0);
+    EXPECT_EQ(object->setObjectElem(Element("img", {{"src", src}}), &multipart), SmilResult::Ok);
     EXPECT_TRUE(object->getData());
     return object;
 }
@@ -322,7 +324,8 @@ struct Model
                      {.location = "b", .display = 0}});
         for (const char *src : {"a", "A", "v", "cid:x", "b", "b", "a"}) {
             Element element("ref", {{"src", src}});
-            EXPECT_EQ(data->appendElementObject(element, message.get(), true, 5000, nullptr), 0);
+            EXPECT_EQ(data->appendElementObject(element, message.get(), true, 5000, nullptr),
+                      SmilResult::Ok);
         }
         data->getSlide(0)->appendObject(
             boundTo(message->getBodypartByIndex(1), message.get()).release());
@@ -542,7 +545,8 @@ TEST(FailedElement, ReleasesNothing)
     Presentation data(&message);
     Element missing("img", {{"src", "missing"}});
     for (const bool newSlide : {false, true})
-        EXPECT_EQ(data.appendElementObject(missing, &message, newSlide, 0, nullptr), 3);
+        EXPECT_EQ(data.appendElementObject(missing, &message, newSlide, 0, nullptr),
+                  SmilResult::NotInMessage);
     EXPECT_EQ(locationsOf(message), QStringList("a"));
     EXPECT_EQ(data.getTotalSlidesNum(), 0U);
 }
@@ -634,7 +638,7 @@ TEST(NewContent, AfterThePartWasDeletedByReferenceMakesANewPart)
     Object object(&message);
     ASSERT_TRUE(object.setData("r", "a", SMIL_MEDIA_TEXT, "plain", "1", &message));
     ASSERT_TRUE(object.getData());
-    EXPECT_EQ(message.deletePartBySrc("a"), 0);
+    EXPECT_EQ(message.deletePartBySrc("a"), MultipartResult::Ok);
     EXPECT_FALSE(object.getData());
     ASSERT_TRUE(object.setData("r", "b", SMIL_MEDIA_TEXT, "plain", "2", &message));
     EXPECT_EQ(locationsOf(message), QStringList("b"));
@@ -648,7 +652,7 @@ TEST(NewContent, AfterThePartWasDeletedBehindASlide)
     Slide *slide = data.appendSlide(QvlDuration::Default);
     ASSERT_TRUE(slide->updateData("r", "a", SMIL_MEDIA_IMAGE, "x", "1", true, &message));
     ASSERT_TRUE(slide->getMediaObject(0)->getData());
-    EXPECT_EQ(message.deletePart(0), 0);
+    EXPECT_EQ(message.deletePart(0), MultipartResult::Ok);
     EXPECT_FALSE(slide->getMediaObject(0)->getData());
     EXPECT_EQ(slide->getPageSize(), 0U);
     EXPECT_FALSE(data.isElemNameExist("b"));

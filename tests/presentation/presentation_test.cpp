@@ -7,6 +7,7 @@
 #include "presentation/presentation.h"
 
 #include "presentation/model_facts.h"
+#include "presentation/smil_result.h"
 #include "support/fake_player_engine.h"
 
 #include <gtest/gtest.h>
@@ -107,7 +108,7 @@ TEST_F(PresentationTest, RootLayoutElementSetsTheColorToo)
 {
     Element element("root-layout",
                     {{"width", "176px"}, {"height", "100%"}, {"background-color", "red"}});
-    EXPECT_EQ(data.setRootLayout(element), 0);
+    EXPECT_EQ(data.setRootLayout(element), SmilResult::Ok);
     EXPECT_EQ(rootSize(data), std::pair(176, 0));
     EXPECT_EQ(data.getRootLayout()->getBackgroundColor()->name, "red");
     EXPECT_EQ(data.setRootLayout(1, 2), data.getRootLayout());
@@ -315,7 +316,8 @@ TEST_F(PresentationTest, ElementGoesToTheLastSlideWhenItHasRoom)
         appendSlides(fresh, row.before);
         Object *created = nullptr;
         Element element(row.tag, {{"src", "a"}});
-        EXPECT_EQ(fresh.appendElementObject(element, &message, row.newSlide, 777, &created), 0);
+        EXPECT_EQ(fresh.appendElementObject(element, &message, row.newSlide, 777, &created),
+                  SmilResult::Ok);
         EXPECT_EQ(kindsOf(fresh), row.after);
         const Slide *last = fresh.getSlide(fresh.getTotalSlidesNum() - 1);
         EXPECT_EQ(created, last->getMediaObject(last->getMediaObjectCount() - 1));
@@ -339,11 +341,12 @@ TEST_F(PresentationTest, WhatIsNoMediaElementChangesNothing)
         Object *created = untouched;
         for (const bool newSlide : {false, true}) {
             Element element(tag, {{"src", "a"}});
-            EXPECT_EQ(data.appendElementObject(element, &message, newSlide, 1, &created), 1);
+            EXPECT_EQ(data.appendElementObject(element, &message, newSlide, 1, &created),
+                      SmilResult::NotAMedia);
         }
         EXPECT_EQ(created, untouched);
     }
-    EXPECT_EQ(data.appendElementObject(nullptr, &message, true, 1, nullptr), 1);
+    EXPECT_EQ(data.appendElementObject(nullptr, &message, true, 1, nullptr), SmilResult::NotAMedia);
     EXPECT_EQ(data.getTotalSlidesNum(), 0U);
     EXPECT_EQ(factsOf(message), (QList<PartFacts>{{.location = "a"}}));
 }
@@ -356,13 +359,15 @@ TEST_F(PresentationTest, ElementWithoutContentChangesNothing)
             for (const char *tag : {"img", "text"}) {
                 Object *created = nullptr;
                 Element element(tag, {{"src", "missing"}});
-                EXPECT_EQ(data.appendElementObject(element, multipart, newSlide, 1, &created), 3);
+                EXPECT_EQ(data.appendElementObject(element, multipart, newSlide, 1, &created),
+                          SmilResult::NotInMessage);
                 EXPECT_EQ(created, nullptr);
             }
         }
     }
     EXPECT_EQ(kindsOf(data), QStringList("t"));
-    EXPECT_EQ(data.appendElementObject(Element("img"), nullptr, true, 1, nullptr), 3);
+    EXPECT_EQ(data.appendElementObject(Element("img"), nullptr, true, 1, nullptr),
+              SmilResult::NotInMessage);
 }
 
 namespace {

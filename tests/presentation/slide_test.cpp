@@ -6,6 +6,7 @@
 #include "presentation/slide.h"
 
 #include "presentation/model_facts.h"
+#include "presentation/smil_result.h"
 #include "support/fake_player_engine.h"
 
 #include <gtest/gtest.h>
@@ -655,7 +656,7 @@ TEST_F(SlideTest, TextSizeTravelsWithTheFirstText)
     Slide slide(nullptr);
     appendKinds(slide, "itt");
     slide.setTextSize("large");
-    EXPECT_EQ(slide.updateTextSizeToElem(), 0);
+    EXPECT_EQ(slide.updateTextSizeToElem(), SmilResult::Ok);
     EXPECT_EQ(valuesOf(slide, "textsize"), (QStringList{"", "large", ""}));
     slide.setTextSize("");
     slide.updateTextSizeFromElem();
@@ -666,7 +667,7 @@ TEST_F(SlideTest, EmptyTextSizeIsAParamToo)
 {
     Slide slide(nullptr);
     appendKinds(slide, "t");
-    EXPECT_EQ(slide.updateTextSizeToElem(), 0);
+    EXPECT_EQ(slide.updateTextSizeToElem(), SmilResult::Ok);
     EXPECT_EQ(paramsOf(*slide.getMediaObject(0)), QStringList("textsize||0|"));
 }
 
@@ -675,7 +676,7 @@ TEST_F(SlideTest, TextSizeWithoutParamIsEmptyAndWithoutTextNormal)
     Slide slide(nullptr);
     appendKinds(slide, "i");
     slide.setTextSize("large");
-    EXPECT_EQ(slide.updateTextSizeToElem(), 0);
+    EXPECT_EQ(slide.updateTextSizeToElem(), SmilResult::Ok);
     EXPECT_EQ(slide.getMediaObject(0)->getParamCount(), 0);
     slide.updateTextSizeFromElem();
     EXPECT_EQ(slide.getTextSize(), "normal");

@@ -33,17 +33,17 @@ constexpr int NoSmilPart = 1000;
 constexpr Expectation expectations[] = {
     {88, NoSmilPart, 0, 0, 1, NoSmilPart}, // mixed
     {121, NoSmilPart, 0, 0, 1, NoSmilPart},
-    {542, 0, 1, 1, 0, 0},
-    {758, 0, 1, 2, 0, 0},
-    {2498, 0, 1, 2, 0, 0},
-    {9345, 0, 1, 3, 0, 0},
-    {15326, 0, 2, 4, 0, 0},
-    {19028, 0, 1, 2, 0, 0},
-    {20799, 0, 2, 3, 0, 0},
-    {27807, 0, 7, 8, 0, SmilResult::NotWellFormed},
-    {43553, 0, 5, 7, 0, SmilResult::NotWellFormed},
-    {88762, 0, 1, 1, 0, 0},
-    {214033, 0, 1, 1, 0, 0},
+    {542, SmilResult::Ok, 1, 1, 0, SmilResult::Ok},
+    {758, SmilResult::Ok, 1, 2, 0, SmilResult::Ok},
+    {2498, SmilResult::Ok, 1, 2, 0, SmilResult::Ok},
+    {9345, SmilResult::Ok, 1, 3, 0, SmilResult::Ok},
+    {15326, SmilResult::Ok, 2, 4, 0, SmilResult::Ok},
+    {19028, SmilResult::Ok, 1, 2, 0, SmilResult::Ok},
+    {20799, SmilResult::Ok, 2, 3, 0, SmilResult::Ok},
+    {27807, SmilResult::Ok, 7, 8, 0, SmilResult::NotWellFormed},
+    {43553, SmilResult::Ok, 5, 7, 0, SmilResult::NotWellFormed},
+    {88762, SmilResult::Ok, 1, 1, 0, SmilResult::Ok},
+    {214033, SmilResult::Ok, 1, 1, 0, SmilResult::Ok},
 };
 
 void PrintTo(const Expectation &expectation, std::ostream *stream)

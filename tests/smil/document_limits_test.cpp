@@ -2,6 +2,7 @@
  * Documents that cost more than they should: what is nested too deep or grows too much is refused
  * before a tree is built, whatever tricks hide it, and what only looks so is read.
  */
+#include "presentation/smil_result.h"
 #include "smil/presentation_facts.h"
 
 #include <QTemporaryFile>
@@ -131,7 +132,7 @@ TEST(DocumentLimits, RefusalLeavesThePresentationAlone)
 {
     MMS_COMP_SMILData data(nullptr);
     const QByteArray text = "<smil><head><meta name='a'/></head>" + nested(300) + "</smil>";
-    EXPECT_EQ(MMS_COMP_SMILParser().parse(text, nullptr, &data), -8);
+    EXPECT_EQ(MMS_COMP_SMILParser().parse(text, nullptr, &data), SmilResult::NotWellFormed);
     EXPECT_EQ(data.getMetaCount(), 0U);
     EXPECT_EQ(data.getRegionCount(), 0U);
 }
@@ -146,7 +147,8 @@ TEST(DocumentLimits, RefusesTensOfThousandsOfLevels)
 
 TEST(DocumentLimits, DepthOfUtf16Files)
 {
-    for (const auto &[levels, result] : {std::pair(DeepestNesting - 1, 0), {DeepestNesting, -8}}) {
+    for (const auto &[levels, result] : {std::pair(DeepestNesting - 1, SmilResult::Ok),
+                                         {DeepestNesting, SmilResult::NotWellFormed}}) {
         const QString text = QChar(QChar::ByteOrderMark) + QString(smil(nested(levels)));
         QByteArray little;
         QByteArray big;

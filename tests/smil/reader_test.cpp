@@ -3,6 +3,7 @@
  * element comes to, and every result code.
  */
 #include "base/durations.h"
+#include "presentation/smil_result.h"
 #include "smil/presentation_facts.h"
 
 #include <QDomDocument>
@@ -10,6 +11,8 @@
 #include <QTemporaryDir>
 
 #include <gtest/gtest.h>
+
+using namespace SmilResult;
 
 namespace {
 
@@ -47,7 +50,7 @@ void expectResults(std::initializer_list<ResultRow> rows)
         SCOPED_TRACE(row.name);
         SmilMessage message;
         EXPECT_EQ(message.read(row.text), row.result);
-        EXPECT_EQ(message.parser.getLastWarning(), 0);
+        EXPECT_EQ(message.parser.getLastWarning(), Ok);
     }
 }
 
@@ -115,11 +118,12 @@ protected:
 TEST(SmilReader, MissingInputIsRefusedBeforeAnythingElse)
 {
     SmilMessage message;
-    EXPECT_EQ(message.read(QByteArray()), -6);
-    EXPECT_EQ(message.read(""), -6);
-    EXPECT_EQ(message.parser.parse(QByteArray("<smil/>"), &message.multipart, nullptr), -6);
-    EXPECT_EQ(message.parser.parse(QByteArray("no document"), nullptr, nullptr), -6);
-    EXPECT_EQ(message.parser.parse(QString("/no/such/file"), nullptr, nullptr), -6);
+    EXPECT_EQ(message.read(QByteArray()), NullArgument);
+    EXPECT_EQ(message.read(""), NullArgument);
+    EXPECT_EQ(message.parser.parse(QByteArray("<smil/>"), &message.multipart, nullptr),
+              NullArgument);
+    EXPECT_EQ(message.parser.parse(QByteArray("no document"), nullptr, nullptr), NullArgument);
+    EXPECT_EQ(message.parser.parse(QString("/no/such/file"), nullptr, nullptr), NullArgument);
     EXPECT_TRUE(regionsOf(message.data).isEmpty());
 }
 
@@ -127,98 +131,99 @@ TEST(SmilReader, MessageMayBeMissing)
 {
     SmilMessage message;
     const QByteArray text = documentOf("", "<par><text src='t1.txt'/></par>");
-    EXPECT_EQ(message.parser.parse(text, nullptr, &message.data), 0);
+    EXPECT_EQ(message.parser.parse(text, nullptr, &message.data), Ok);
     EXPECT_EQ(slidesOf(message.data), QStringList{"-1: "});
 }
 
 TEST(SmilReader, ResultsOfTheStructure)
 {
     expectResults({
-        {"empty smil", "<smil/>", 0},
-        {"open and close", "<smil></smil>", 0},
-        {"head only", "<smil><head/></smil>", 0},
-        {"body only", "<smil><body/></smil>", 0},
-        {"head and body", "<smil><head/><body/></smil>", 0},
-        {"unknown children", "<smil><x/>text<!-- c --><?p?><head/><y><head/></y><body/></smil>", 0},
-        {"capital head", "<smil><HEAD/><HEAD/><body/><BODY/></smil>", 0},
-        {"capitals", "<SMIL/>", -9},
-        {"other root", "<html/>", -9},
-        {"own region line twice and nothing else", textLine + textLine, -9},
-        {"longer name", "<smile/>", -9},
-        {"prefix", "<s:smil/>", -9},
-        {"declared prefix", "<s:smil xmlns:s='urn:s'/>", -9},
-        {"namespace", "<smil xmlns='http://www.w3.org/2001/SMIL20/Language'/>", 0},
-        {"undeclared prefixes inside", "<smil x:y='1'><p:head/><p:head/><p:body/></smil>", 0},
-        {"head after body", "<smil><body/><head/></smil>", -10},
-        {"head, body, head", "<smil><head/><body/><head/></smil>", -10},
-        {"second body", "<smil><body/><body/></smil>", -11},
-        {"second head", "<smil><head/><head/></smil>", -12},
-        {"second head before a body", "<smil><head/><head/><body/></smil>", -12},
-        {"body, body, head", "<smil><body/><body/><head/></smil>", -11},
+        {"empty smil", "<smil/>", Ok},
+        {"open and close", "<smil></smil>", Ok},
+        {"head only", "<smil><head/></smil>", Ok},
+        {"body only", "<smil><body/></smil>", Ok},
+        {"head and body", "<smil><head/><body/></smil>", Ok},
+        {"unknown children", "<smil><x/>text<!-- c --><?p?><head/><y><head/></y><body/></smil>",
+         Ok},
+        {"capital head", "<smil><HEAD/><HEAD/><body/><BODY/></smil>", Ok},
+        {"capitals", "<SMIL/>", NotSmil},
+        {"other root", "<html/>", NotSmil},
+        {"own region line twice and nothing else", textLine + textLine, NotSmil},
+        {"longer name", "<smile/>", NotSmil},
+        {"prefix", "<s:smil/>", NotSmil},
+        {"declared prefix", "<s:smil xmlns:s='urn:s'/>", NotSmil},
+        {"namespace", "<smil xmlns='http://www.w3.org/2001/SMIL20/Language'/>", Ok},
+        {"undeclared prefixes inside", "<smil x:y='1'><p:head/><p:head/><p:body/></smil>", Ok},
+        {"head after body", "<smil><body/><head/></smil>", HeadAfterBody},
+        {"head, body, head", "<smil><head/><body/><head/></smil>", HeadAfterBody},
+        {"second body", "<smil><body/><body/></smil>", SecondBody},
+        {"second head", "<smil><head/><head/></smil>", SecondHead},
+        {"second head before a body", "<smil><head/><head/><body/></smil>", SecondHead},
+        {"body, body, head", "<smil><body/><body/><head/></smil>", SecondBody},
     });
 }
 
 TEST(SmilReader, TextThatIsNoDocument)
 {
     expectResults({
-        {"letters", "hello", -8},
-        {"blank", " ", -8},
-        {"single zero octet", octet(0), -8},
-        {"two zero octets", octet(0, 2), -8},
-        {"not closed", "<smil>", -8},
-        {"crossed", "<smil><head><body></head></body></smil>", -8},
-        {"two roots", "<smil/><smil/>", -8},
-        {"text behind", "<smil/>x", -8},
-        {"bare ampersand", documentOf("<meta name='a&b'/>"), -8},
-        {"less-than in a value", documentOf("<meta name='a<b'/>"), -8},
-        {"attribute twice", "<smil a='1' a='2'/>", -8},
-        {"attribute without quotes", "<smil a=1/>", -8},
+        {"letters", "hello", NotWellFormed},
+        {"blank", " ", NotWellFormed},
+        {"single zero octet", octet(0), NotWellFormed},
+        {"two zero octets", octet(0, 2), NotWellFormed},
+        {"not closed", "<smil>", NotWellFormed},
+        {"crossed", "<smil><head><body></head></body></smil>", NotWellFormed},
+        {"two roots", "<smil/><smil/>", NotWellFormed},
+        {"text behind", "<smil/>x", NotWellFormed},
+        {"bare ampersand", documentOf("<meta name='a&b'/>"), NotWellFormed},
+        {"less-than in a value", documentOf("<meta name='a<b'/>"), NotWellFormed},
+        {"attribute twice", "<smil a='1' a='2'/>", NotWellFormed},
+        {"attribute without quotes", "<smil a=1/>", NotWellFormed},
         {"unclosed quote of the writer",
          documentOf(layoutOf("<root-layout height=\"160\" width=\"1"
                              "20 background-color=\"#ff0000\" />")),
-         -8},
-        {"undeclared entity", documentOf("", "&nothing;"), -8},
+         NotWellFormed},
+        {"undeclared entity", documentOf("", "&nothing;"), NotWellFormed},
     });
 }
 
 TEST(SmilReader, OneTrailingZeroOctetIsLeftOut)
 {
     expectResults({
-        {"none", "<smil/>", 0},
-        {"one", "<smil/>" + octet(0), 0},
-        {"two", "<smil/>" + octet(0, 2), -8},
-        {"inside", "<smil>" + octet(0) + "</smil>", -8},
-        {"line feed and one", "<smil/>\n" + octet(0), 0},
+        {"none", "<smil/>", Ok},
+        {"one", "<smil/>" + octet(0), Ok},
+        {"two", "<smil/>" + octet(0, 2), NotWellFormed},
+        {"inside", "<smil>" + octet(0) + "</smil>", NotWellFormed},
+        {"line feed and one", "<smil/>\n" + octet(0), Ok},
     });
 }
 
 TEST(SmilReader, WhatStandsBeforeSmilIsLeftOut)
 {
     expectResults({
-        {"declaration", "<?xml version='1.0' encoding='UTF-8'?>\n<smil/>", 0},
+        {"declaration", "<?xml version='1.0' encoding='UTF-8'?>\n<smil/>", Ok},
         {"document type", "<!DOCTYPE smil PUBLIC '-//W3C//DTD SMIL 2.0//EN' 'SMIL20.dtd'><smil/>",
-         0},
-        {"byte order mark", "\xEF\xBB\xBF<smil/>", 0},
-        {"byte order mark and declaration", "\xEF\xBB\xBF<?xml version='1.0'?><smil/>", 0},
-        {"one letter", "x<smil/>", 0},
-        {"garbage", "garbage <b & </x> \"<smil/>", 0},
-        {"zero octets", octet(0, 3) + "<smil/>", 0},
-        {"octets that are no text", "\xFF\xFE\x80<smil/>", 0},
-        {"wrong encoding in the declaration", "<?xml version='1.0' encoding='x'?><smil/>", 0},
-        {"another case is kept", "garbage <SMIL/>", -8},
-        {"no smil at all", " <html/>", -9},
-        {"comment before another root", "<!-- c --><html/>", -9},
+         Ok},
+        {"byte order mark", "\xEF\xBB\xBF<smil/>", Ok},
+        {"byte order mark and declaration", "\xEF\xBB\xBF<?xml version='1.0'?><smil/>", Ok},
+        {"one letter", "x<smil/>", Ok},
+        {"garbage", "garbage <b & </x> \"<smil/>", Ok},
+        {"zero octets", octet(0, 3) + "<smil/>", Ok},
+        {"octets that are no text", "\xFF\xFE\x80<smil/>", Ok},
+        {"wrong encoding in the declaration", "<?xml version='1.0' encoding='x'?><smil/>", Ok},
+        {"another case is kept", "garbage <SMIL/>", NotWellFormed},
+        {"no smil at all", " <html/>", NotSmil},
+        {"comment before another root", "<!-- c --><html/>", NotSmil},
     });
 }
 
 TEST(SmilReader, FirstSmilWinsEvenInsideAComment)
 {
     expectResults({
-        {"comment", "<!-- <smil> --><smil></smil>", -8},
-        {"closed in the comment", "<!-- <smil/> --><smil/>", -8},
-        {"comment without the tag", "<!-- smil --><smil/>", 0},
-        {"longer name first", "<smilx/><smil/>", -8},
-        {"comment behind the start", "<smil><!-- <smil> --></smil>", 0},
+        {"comment", "<!-- <smil> --><smil></smil>", NotWellFormed},
+        {"closed in the comment", "<!-- <smil/> --><smil/>", NotWellFormed},
+        {"comment without the tag", "<!-- smil --><smil/>", Ok},
+        {"longer name first", "<smilx/><smil/>", NotWellFormed},
+        {"comment behind the start", "<smil><!-- <smil> --></smil>", Ok},
     });
 }
 
@@ -226,21 +231,21 @@ TEST(SmilReader, TextIsUtf8)
 {
     SmilMessage message;
     const QByteArray head = "<meta name=\"caf\xC3\xA9\" content=\"\xE4\xB8\xAD\xF0\x9F\x8C\x8D\"/>";
-    EXPECT_EQ(message.read(documentOf(head)), 0);
+    EXPECT_EQ(message.read(documentOf(head)), Ok);
     EXPECT_EQ(metasOf(message.data), QStringList{QString::fromUtf8("café=中🌍")});
 }
 
 TEST(SmilReader, OctetsThatAreNoUtf8AreReplaced)
 {
     SmilMessage message;
-    EXPECT_EQ(message.read(documentOf("<meta name=\"a\xFF\"/>")), 0);
+    EXPECT_EQ(message.read(documentOf("<meta name=\"a\xFF\"/>")), Ok);
     EXPECT_EQ(metasOf(message.data), QStringList{"a" + QString(QChar(0xFFFD)) + "="});
 }
 
 TEST(SmilReader, EmptySmilGetsTheOwnLayout)
 {
     SmilMessage message;
-    EXPECT_EQ(message.read("<smil/>"), 0);
+    EXPECT_EQ(message.read("<smil/>"), Ok);
     EXPECT_EQ(regionsOf(message.data), ownRegions);
     EXPECT_EQ(message.data.getTotalSlidesNum(), 0U);
     EXPECT_EQ(message.data.getMetaCount(), 0U);
@@ -326,7 +331,7 @@ TEST(SmilReader, HeadHasMetasThenOneOtherElementThenMetas)
     for (const auto &row : rows) {
         SCOPED_TRACE(row.name);
         SmilMessage message;
-        EXPECT_EQ(message.read(documentOf(row.head)), 0);
+        EXPECT_EQ(message.read(documentOf(row.head)), Ok);
         EXPECT_EQ(metasOf(message.data), row.metas);
         EXPECT_EQ(message.data.getRootLayout()->getWidth(), row.width);
     }
@@ -366,7 +371,7 @@ TEST(SmilReader, LayoutHasRegionsThenTheRootLayoutThenRegions)
     for (const auto &row : rows) {
         SCOPED_TRACE(row.name);
         SmilMessage message;
-        EXPECT_EQ(message.read(documentOf(layoutOf(row.layout))), 0);
+        EXPECT_EQ(message.read(documentOf(layoutOf(row.layout))), Ok);
         QStringList ids;
         for (unsigned int i = 0; i < message.data.getRegionCount(); ++i)
             ids += message.data.getRegion(i)->getId();
@@ -380,7 +385,7 @@ TEST(SmilReader, RootLayoutHasSizeAndColor)
     SmilMessage message;
     EXPECT_EQ(message.read(documentOf(layoutOf(
                   R"(<root-layout width="176px" height=" 208PX " background-color="#0080ff"/>)"))),
-              0);
+              Ok);
     const MMS_COMP_SMILRootLayout *root = message.data.getRootLayout();
     EXPECT_EQ(root->getWidth(), 176);
     EXPECT_EQ(root->getHeight(), 208);
@@ -392,7 +397,7 @@ TEST(SmilReader, RegionAttributesAreRead)
     Fragment layout(R"(<layout><region id="A" left="1" top="2px" width="3" height="4" fit="slice"/>
                                <region fit="Meet" id=" b "/></layout>)");
     SmilMessage message;
-    EXPECT_EQ(MMS_COMP_SMILParser::parseSmilLayout(&layout.element, &message.data), 0);
+    EXPECT_EQ(MMS_COMP_SMILParser::parseSmilLayout(&layout.element, &message.data), Ok);
     EXPECT_EQ(regionsOf(message.data), (QStringList{"A 1,2 3x4 4", " b  0,0 -1x-1 5"}));
     EXPECT_EQ(message.data.getLayoutMeasureUnit(), SMIL_UNIT_PIXEL);
 }
@@ -400,7 +405,7 @@ TEST(SmilReader, RegionAttributesAreRead)
 TEST(SmilReader, PercentRegionMakesThePresentationOneOfPercents)
 {
     SmilMessage message;
-    EXPECT_EQ(message.read(documentOf(layoutOf("<region id='a' top='50%'/>" + b))), 0);
+    EXPECT_EQ(message.read(documentOf(layoutOf("<region id='a' top='50%'/>" + b))), Ok);
     EXPECT_EQ(message.data.getLayoutMeasureUnit(), SMIL_UNIT_PERCENT);
     EXPECT_EQ(regionsOf(message.data),
               (QStringList{"text 0,0 120x160 5", "image 0,160 120x160 5"}));
@@ -495,7 +500,7 @@ TEST(SmilReader, DurationOfAPar)
         SmilMessage message;
         EXPECT_EQ(message.read(documentOf(
                       "", QByteArray("<par ") + attribute + "><audio src='a.amr'/></par>")),
-                  0);
+                  Ok);
         EXPECT_EQ(slidesOf(message.data), QStringList{QString("%1: audio a.amr").arg(duration)});
     }
 }
@@ -569,17 +574,18 @@ TEST(SmilReader, TenLevelsOfParAndSeqAreRead)
 {
     const QByteArray mixed = "<par><seq>";
     expectResults({
-        {"10 par", documentOf("", nested("par", 10)), 0},
-        {"11 par", documentOf("", nested("par", 11)), -16},
-        {"10 seq", documentOf("", nested("seq", 10)), 0},
-        {"11 seq", documentOf("", nested("seq", 11)), -16},
-        {"10 mixed", documentOf("", mixed.repeated(5) + QByteArray("</seq></par>").repeated(5)), 0},
+        {"10 par", documentOf("", nested("par", 10)), Ok},
+        {"11 par", documentOf("", nested("par", 11)), NestedTooDeep},
+        {"10 seq", documentOf("", nested("seq", 10)), Ok},
+        {"11 seq", documentOf("", nested("seq", 11)), NestedTooDeep},
+        {"10 mixed", documentOf("", mixed.repeated(5) + QByteArray("</seq></par>").repeated(5)),
+         Ok},
         {"11 mixed",
          documentOf("", mixed.repeated(5) + "<par/>" + QByteArray("</seq></par>").repeated(5)),
-         -16},
-        {"11 times 10 beside each other", documentOf("", nested("par", 10).repeated(11)), 0},
-        {"10 and media", documentOf("", nested("par", 10, "<img src='i1.jpg'/>")), 0},
-        {"11 in what is skipped", documentOf("", "<a>" + nested("par", 11) + "</a>"), 0},
+         NestedTooDeep},
+        {"11 times 10 beside each other", documentOf("", nested("par", 10).repeated(11)), Ok},
+        {"10 and media", documentOf("", nested("par", 10, "<img src='i1.jpg'/>")), Ok},
+        {"11 in what is skipped", documentOf("", "<a>" + nested("par", 11) + "</a>"), Ok},
     });
 }
 
@@ -588,7 +594,7 @@ TEST(SmilReader, FailureKeepsWhatWasReadAndDoesNotNormalize)
     SmilMessage message;
     EXPECT_EQ(message.read("<smil><head><meta name='1'/>" + layoutOf(a) + "</head><body>"
                            + nested("par", 11) + "</body></smil>"),
-              -16);
+              NestedTooDeep);
     EXPECT_EQ(metasOf(message.data), QStringList{"1="});
     EXPECT_EQ(regionsOf(message.data), QStringList{"a 0,0 1x1 5"});
     EXPECT_EQ(message.data.getTotalSlidesNum(), 10U);
@@ -599,10 +605,10 @@ TEST(SmilReader, FailureLeavesColorsInTheParams)
     const QByteArray slide = "<par><text src='t1.txt'><param name='background-color' "
                              "value='#ff0000' valuetype='data'/></text></par>";
     SmilMessage message;
-    EXPECT_EQ(message.read("<smil><body>" + slide + "</body><body/></smil>"), -11);
+    EXPECT_EQ(message.read("<smil><body>" + slide + "</body><body/></smil>"), SecondBody);
     EXPECT_EQ(message.data.getSlide(0)->getPageColor().kind, SMIL_COLOR_INVALID);
     SmilMessage again;
-    EXPECT_EQ(again.read("<smil><body>" + slide + "</body></smil>"), 0);
+    EXPECT_EQ(again.read("<smil><body>" + slide + "</body></smil>"), Ok);
     EXPECT_EQ(again.data.getSlide(0)->getPageColor().kind, SMIL_COLOR_RGB);
     EXPECT_EQ(again.data.getSlide(0)->getPageColor().color, QColor(255, 0, 0));
 }
@@ -615,7 +621,7 @@ TEST(SmilReader, TextSizeAndColorComeFromTheParams)
                                       "<param name='foreground-color' value='navy'/>"
                                       "<param name='textsize' value='large'/></text></par>"
                                       "<par><img src='i1.jpg'/></par>")),
-              0);
+              Ok);
     EXPECT_EQ(message.data.getSlide(0)->getTextColor().name, "navy");
     EXPECT_EQ(message.data.getSlide(0)->getTextSize(), "large");
     EXPECT_EQ(message.data.getSlide(1)->getTextSize(), "normal");
@@ -625,8 +631,8 @@ TEST(SmilReader, SecondReadAddsToThePresentation)
 {
     SmilMessage message;
     const QByteArray text = documentOf("<meta name='1'/>", "<par/>");
-    EXPECT_EQ(message.read(text), 0);
-    EXPECT_EQ(message.read(text), 0);
+    EXPECT_EQ(message.read(text), Ok);
+    EXPECT_EQ(message.read(text), Ok);
     EXPECT_EQ(message.data.getMetaCount(), 2U);
     EXPECT_EQ(message.data.getTotalSlidesNum(), 2U);
     EXPECT_EQ(regionsOf(message.data), ownRegions);
@@ -639,7 +645,7 @@ TEST(SmilReader, MediaElementIsBoundToItsPart)
     EXPECT_EQ(message.read(documentOf("",
                                       "<par><img src=' cid:PIC ' alt=' a ' begin='1s' "
                                       "end='id(x)(end)'/></par>")),
-              0);
+              Ok);
     const MMS_COMP_SMILMediaObject *image = message.data.getMediaObject(0, 0);
     ASSERT_NE(image, nullptr);
     EXPECT_EQ(image->getData(), message.multipart.getBodypartByIndex(2));
@@ -674,7 +680,7 @@ TEST(SmilReader, ParamsOfAnElementThatIsSkippedGoNowhere)
     EXPECT_EQ(message.read(documentOf("",
                                       "<par><img src='i1.jpg'/>"
                                       "<text src='x'><param name='a'/></text></par>")),
-              0);
+              Ok);
     EXPECT_EQ(paramLinesOf(*message.data.getMediaObject(0, 0)), QStringList{});
 }
 
@@ -687,10 +693,10 @@ TEST(SmilFragments, RootIsAnElementCalledSmil)
     const auto parse = [&](QDomElement *root) {
         return message.parser.parseSmil(root, &message.multipart, &message.data);
     };
-    EXPECT_EQ(parse(nullptr), -6);
-    EXPECT_EQ(parse(&none), -6);
-    EXPECT_EQ(parse(&other.element), -9);
-    EXPECT_EQ(parse(&smil.element), 0);
+    EXPECT_EQ(parse(nullptr), NullArgument);
+    EXPECT_EQ(parse(&none), NullArgument);
+    EXPECT_EQ(parse(&other.element), NotSmil);
+    EXPECT_EQ(parse(&smil.element), Ok);
     EXPECT_EQ(metasOf(message.data), QStringList{"1="});
     EXPECT_TRUE(regionsOf(message.data).isEmpty()) << "normalization is for whole documents";
 }
@@ -712,10 +718,10 @@ TEST(SmilFragments, NeedAnElementAndAPresentation)
     };
     SmilMessage message;
     Fragment smil("<smil/>");
-    EXPECT_EQ(results(nullptr, &message.data), QList<int>(9, -6));
-    EXPECT_EQ(results(&smil.element, nullptr), QList<int>(9, -6));
-    EXPECT_EQ(results(nullptr, nullptr), QList<int>(9, -6));
-    EXPECT_EQ(results(&smil.element, &message.data), QList<int>(9, 0));
+    EXPECT_EQ(results(nullptr, &message.data), QList<int>(9, NullArgument));
+    EXPECT_EQ(results(&smil.element, nullptr), QList<int>(9, NullArgument));
+    EXPECT_EQ(results(nullptr, nullptr), QList<int>(9, NullArgument));
+    EXPECT_EQ(results(&smil.element, &message.data), QList<int>(9, Ok));
 }
 
 TEST(SmilFragments, HeadMetaAndRootLayout)
@@ -724,9 +730,9 @@ TEST(SmilFragments, HeadMetaAndRootLayout)
     Fragment head("<head><meta name='1'/><layout><region id='a'/></layout></head>");
     Fragment meta("<meta name='2' content='b'/>");
     Fragment rootLayout("<root-layout width='5'/>");
-    EXPECT_EQ(message.parser.parseSmilHead(&head.element, &message.data), 0);
-    EXPECT_EQ(message.parser.parseSmilMeta(&meta.element, &message.data), 0);
-    EXPECT_EQ(MMS_COMP_SMILParser::parseSmilRootLayout(&rootLayout.element, &message.data), 0);
+    EXPECT_EQ(message.parser.parseSmilHead(&head.element, &message.data), Ok);
+    EXPECT_EQ(message.parser.parseSmilMeta(&meta.element, &message.data), Ok);
+    EXPECT_EQ(MMS_COMP_SMILParser::parseSmilRootLayout(&rootLayout.element, &message.data), Ok);
     EXPECT_EQ(metasOf(message.data), (QStringList{"1=", "2=b"}));
     EXPECT_EQ(regionsOf(message.data), QStringList{"a 0,0 -1x-1 5"});
     EXPECT_EQ(message.data.getRootLayout()->getWidth(), 5);
@@ -736,8 +742,8 @@ TEST(SmilFragments, RegionThatIsThereAlreadyIsNoFailure)
 {
     SmilMessage message;
     Fragment region("<region id='a' left='1' fit='fill'/>");
-    EXPECT_EQ(MMS_COMP_SMILParser::parseSmilRegion(&region.element, &message.data), 0);
-    EXPECT_EQ(MMS_COMP_SMILParser::parseSmilRegion(&region.element, &message.data), 0);
+    EXPECT_EQ(MMS_COMP_SMILParser::parseSmilRegion(&region.element, &message.data), Ok);
+    EXPECT_EQ(MMS_COMP_SMILParser::parseSmilRegion(&region.element, &message.data), Ok);
     EXPECT_EQ(regionsOf(message.data), QStringList{"a 1,0 -1x-1 1"});
 }
 
@@ -746,7 +752,7 @@ TEST(SmilFragments, Body)
     SmilMessage message;
     Fragment body("<body><par dur='1s'/><text src='t1.txt'/></body>");
     EXPECT_EQ(MMS_COMP_SMILParser::parseSmilBody(&body.element, &message.multipart, &message.data),
-              0);
+              Ok);
     EXPECT_EQ(slidesOf(message.data), (QStringList{"1000: ", "5000: text t1.txt"}));
 }
 
@@ -759,7 +765,7 @@ TEST(SmilFragments, ParAndSeqCountTheirNestingFromTheGivenDepth)
             Fragment outer("<par><seq/></par>");
             int depth = start;
             EXPECT_EQ(read(&outer.element, &message.multipart, &message.data, depth),
-                      start > 9 ? -16 : 0);
+                      start > 9 ? NestedTooDeep : Ok);
             EXPECT_EQ(depth, start);
         }
     }
@@ -769,10 +775,10 @@ TEST(SmilFragments, ParamsNeedAnElementAndAnObject)
 {
     Fragment text("<text><param name='a' value='1'/></text>");
     MMS_COMP_SMILMediaObject object(nullptr);
-    EXPECT_EQ(MMS_COMP_SMILParser::parseMediaObjectParam(nullptr, &object), -6);
-    EXPECT_EQ(MMS_COMP_SMILParser::parseMediaObjectParam(&text.element, nullptr), -6);
-    EXPECT_EQ(MMS_COMP_SMILParser::parseMediaObjectParam(nullptr, nullptr), -6);
-    EXPECT_EQ(MMS_COMP_SMILParser::parseMediaObjectParam(&text.element, &object), 0);
+    EXPECT_EQ(MMS_COMP_SMILParser::parseMediaObjectParam(nullptr, &object), NullArgument);
+    EXPECT_EQ(MMS_COMP_SMILParser::parseMediaObjectParam(&text.element, nullptr), NullArgument);
+    EXPECT_EQ(MMS_COMP_SMILParser::parseMediaObjectParam(nullptr, nullptr), NullArgument);
+    EXPECT_EQ(MMS_COMP_SMILParser::parseMediaObjectParam(&text.element, &object), Ok);
     EXPECT_EQ(paramLinesOf(object), QStringList{"a=1 3 "});
 }
 
@@ -833,7 +839,7 @@ TEST(SmilFragments, MediaTypesHaveTheirNumbers)
 
 TEST(SmilReader, NewParserHasNoWarning)
 {
-    EXPECT_EQ(MMS_COMP_SMILParser().getLastWarning(), 0);
+    EXPECT_EQ(MMS_COMP_SMILParser().getLastWarning(), Ok);
 }
 
 TEST_F(SmilFile, IsReadAndNormalized)
@@ -841,7 +847,7 @@ TEST_F(SmilFile, IsReadAndNormalized)
     EXPECT_EQ(read(documentOf("<meta name='1'/>" + layoutOf(a),
                               "<par dur='1s'><text src='t1.txt'><param name='background-color' "
                               "value='red'/></text></par>")),
-              0);
+              Ok);
     EXPECT_EQ(metasOf(message.data), QStringList{"1="});
     EXPECT_EQ(regionsOf(message.data),
               (QStringList{"text 0,0 120x160 5", "image 0,160 120x160 0"}));
@@ -852,21 +858,21 @@ TEST_F(SmilFile, IsReadAndNormalized)
 TEST_F(SmilFile, Results)
 {
     const std::pair<QByteArray, int> rows[] = {
-        {"", -8},
-        {" ", -8},
-        {"hello", -8},
-        {"<smil>", -8},
-        {"<SMIL/>", -9},
-        {"<smil/>", 0},
-        {"<smil><body/><head/></smil>", -10},
-        {"<smil><body/><body/></smil>", -11},
-        {"<smil><head/><head/></smil>", -12},
-        {documentOf("", nested("par", 11)), -16},
-        {"<?xml version='1.0'?>\n<!DOCTYPE smil>\n<!-- <smil> -->\n<smil/>", 0},
+        {"", NotWellFormed},
+        {" ", NotWellFormed},
+        {"hello", NotWellFormed},
+        {"<smil>", NotWellFormed},
+        {"<SMIL/>", NotSmil},
+        {"<smil/>", Ok},
+        {"<smil><body/><head/></smil>", HeadAfterBody},
+        {"<smil><body/><body/></smil>", SecondBody},
+        {"<smil><head/><head/></smil>", SecondHead},
+        {documentOf("", nested("par", 11)), NestedTooDeep},
+        {"<?xml version='1.0'?>\n<!DOCTYPE smil>\n<!-- <smil> -->\n<smil/>", Ok},
     };
     for (const auto &[text, result] : rows) {
         EXPECT_EQ(read(text), result) << text.toStdString();
-        EXPECT_EQ(message.parser.getLastWarning(), 0);
+        EXPECT_EQ(message.parser.getLastWarning(), Ok);
     }
 }
 
@@ -875,17 +881,17 @@ TEST_F(SmilFile, MissingFileAndFolderCannotBeOpened)
     const auto parse = [this](const QString &path) {
         return message.parser.parse(path, &message.multipart, &message.data);
     };
-    EXPECT_EQ(parse(folder.filePath("none.smil")), -1);
-    EXPECT_EQ(parse(folder.path()), -1);
-    EXPECT_EQ(parse(QString()), -1);
+    EXPECT_EQ(parse(folder.filePath("none.smil")), FileUnreadable);
+    EXPECT_EQ(parse(folder.path()), FileUnreadable);
+    EXPECT_EQ(parse(QString()), FileUnreadable);
     EXPECT_TRUE(regionsOf(message.data).isEmpty());
 }
 
 TEST_F(SmilFile, IsNotRepaired)
 {
-    EXPECT_EQ(read("garbage<smil/>"), -8);
-    EXPECT_EQ(read("<smil/>" + octet(0)), -8);
-    EXPECT_EQ(read(documentOf(layoutOf(textLine + a + b + textLine))), 0);
+    EXPECT_EQ(read("garbage<smil/>"), NotWellFormed);
+    EXPECT_EQ(read("<smil/>" + octet(0)), NotWellFormed);
+    EXPECT_EQ(read(documentOf(layoutOf(textLine + a + b + textLine))), Ok);
     EXPECT_EQ(message.data.getRegion(0)->getId(), "text");
     EXPECT_EQ(message.data.getRegion(1)->getId(), "image");
     EXPECT_EQ(message.data.getRegion(2)->getId(), "b");
@@ -911,7 +917,7 @@ TEST_F(SmilFile, EncodingIsFoundInTheFile)
     for (const QByteArray &octets : rows) {
         SCOPED_TRACE(octets.left(60).toStdString());
         message.data.clean();
-        EXPECT_EQ(read(octets), 0);
+        EXPECT_EQ(read(octets), Ok);
         EXPECT_EQ(metasOf(message.data), QStringList{QString::fromUtf8("caf\u00E9=")});
     }
 }

@@ -3,6 +3,7 @@
  * reader know the texts by their blanks, and whole documents there and back again.
  */
 #include "base/durations.h"
+#include "presentation/smil_result.h"
 #include "smil/presentation_facts.h"
 
 #include <gtest/gtest.h>
@@ -456,7 +457,8 @@ TEST(Writer, TextColorIsWrittenWithTheText)
 TEST(Writer, MeasuredPercentLayoutIsWrittenInPercentAfterNormalizing)
 {
     SmilMessage message;
-    EXPECT_EQ(message.read(documentOf("<layout><region id='a' top='50%'/></layout>")), 0);
+    EXPECT_EQ(message.read(documentOf("<layout><region id='a' top='50%'/></layout>")),
+              SmilResult::Ok);
     EXPECT_EQ(regionLines(message.data),
               "<region id=\"text\"  height=\"160%\"  width=\"120%\" left=\"0%\" top=\"50%\" />\n"
               "<region id=\"image\"  height=\"160%\"  width=\"120%\" left=\"0%\" top=\"160%\" "
@@ -472,10 +474,10 @@ TEST(Writer, RefComesBackOnASlideOfItsOwn)
         "<par dur='indefinite'><audio src='a.amr' end='id(x)(250ms)'/></par>"
         "<seq><video src='v.3gp' alt='film'/><ref src='i2.jpg' region='image'/></seq>");
     SmilMessage first;
-    EXPECT_EQ(first.read(source), 0);
+    EXPECT_EQ(first.read(source), SmilResult::Ok);
     const QString once = MMS_COMP_SMILParser::convertToSMILLang(&first.data);
     SmilMessage second;
-    EXPECT_EQ(second.read(once.toUtf8()), 0);
+    EXPECT_EQ(second.read(once.toUtf8()), SmilResult::Ok);
     EXPECT_EQ(slidesOf(second.data),
               (QStringList{"2500: text t1.txt, img i1.jpg", "-2: audio a.amr", "-1: video v.3gp",
                            "-1: ", "-1: ref i2.jpg"}));
@@ -494,7 +496,7 @@ TEST(Writer, DocumentWithoutRefIsTheSameAfterReadingIt)
                      "</video>\n</par>\n<par dur=\"indefinite\">\n</par>\n")
             .toUtf8();
     SmilMessage message;
-    EXPECT_EQ(message.read(text), 0);
+    EXPECT_EQ(message.read(text), SmilResult::Ok);
     EXPECT_EQ(MMS_COMP_SMILParser::convertToSMILLang(&message.data).toUtf8(), text);
 }
 
@@ -512,7 +514,8 @@ TEST(Writer, WhatCannotBeReadAgainIsWrittenAsItIs)
         MMS_COMP_SMILData data(nullptr);
         change(data);
         SmilMessage message;
-        EXPECT_EQ(message.read(MMS_COMP_SMILParser::convertToSMILLang(&data).toUtf8()), -8);
+        EXPECT_EQ(message.read(MMS_COMP_SMILParser::convertToSMILLang(&data).toUtf8()),
+                  SmilResult::NotWellFormed);
     }
 }
 
@@ -524,7 +527,7 @@ TEST(Writer, ThousandsOfSlidesAreReadNormalizedAndWritten)
     SmilMessage message;
     EXPECT_EQ(message.read(documentOf("<layout><region id='a'/><region id='b' top='9'/></layout>",
                                       slide.repeated(count))),
-              0);
+              SmilResult::Ok);
     EXPECT_EQ(message.data.getTotalSlidesNum(), unsigned(count));
     const QString text = MMS_COMP_SMILParser::convertToSMILLang(&message.data);
     EXPECT_EQ(text.count("<par dur=\"1000ms\">\n<text src=\"t1.txt\" region=\"text\" >\n</text>\n"
