@@ -154,11 +154,12 @@ int MMS_COMP_SMILMultipart::deletePartBySrc(const QString &src)
     return MultipartResult::Ok;
 }
 
-void MMS_COMP_SMILMultipart::setStart(const QString &start)
+bool MMS_COMP_SMILMultipart::setStart(const QString &start)
 {
     m_start = start;
     if (Part *part = getBodyPartBySrc(start, Part::Attachment))
         part->setDispFileType(Part::Shown);
+    return true;
 }
 
 QString MMS_COMP_SMILMultipart::parseCid(const QString &reference)

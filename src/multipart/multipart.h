@@ -15,7 +15,8 @@
 class PartIndex;
 
 /**
- * Multipart message body. Owns its parts unless it was made by the copy constructor.
+ * Multipart message body. Owns its parts unless it was made by the copy constructor. Setters return
+ * true.
  *
  * A reference matches a part when it equals the part's Content-ID as isCidEqual() compares them, or
  * the part's Content-Location without regard to case. A message is related when its type is
@@ -87,23 +88,39 @@ public:
     /// Main type of the body, such as "application".
     QString getMimeType() const { return m_mimeType; }
     /// @copydoc getMimeType
-    void setMimeType(const QString &type) { m_mimeType = type; }
+    bool setMimeType(const QString &type)
+    {
+        m_mimeType = type;
+        return true;
+    }
     /// Subtype of the body, such as "vnd.wap.multipart.related".
     QString getSubType() const { return m_subType; }
     /// @copydoc getSubType
-    void setSubType(const QString &subType) { m_subType = subType; }
+    bool setSubType(const QString &subType)
+    {
+        m_subType = subType;
+        return true;
+    }
     /// Content type of the presentation: the "type" parameter of a related body.
     QString getExtType() const { return m_extType; }
     /// @copydoc getExtType
-    void setExtType(const QString &type) { m_extType = type; }
+    bool setExtType(const QString &type)
+    {
+        m_extType = type;
+        return true;
+    }
     /// Reference of the presentation part: the "start" parameter.
     QString getStart() const { return m_start; }
     /// Stores the reference and takes the attachment that it matches, if any, for the presentation.
-    void setStart(const QString &start);
+    bool setStart(const QString &start);
     /// Boundary of a body in text form; such a body is neither parsed nor assembled.
     QString getBoundary() const { return m_boundary; }
     /// @copydoc getBoundary
-    void setBoundary(const QString &boundary) { m_boundary = boundary; }
+    bool setBoundary(const QString &boundary)
+    {
+        m_boundary = boundary;
+        return true;
+    }
 
     /// @p reference without one leading "<", then one trailing ">", then a leading "cid:" in any
     /// case.

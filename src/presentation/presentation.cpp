@@ -317,11 +317,12 @@ bool MMS_COMP_SMILData::isEmpty() const
     return std::ranges::all_of(m_slides, [](const Slide *slide) { return slide->isBlank(); });
 }
 
-void MMS_COMP_SMILData::setMultiPart(MMS_COMP_SMILMultipart *multipart)
+bool MMS_COMP_SMILData::setMultiPart(MMS_COMP_SMILMultipart *multipart)
 {
     m_multipart = multipart;
     for (Slide *slide : m_slides)
         slide->setMultiPart(multipart);
+    return true;
 }
 
 bool MMS_COMP_SMILData::copyTo(MMS_COMP_SMILData *target, MMS_COMP_SMILMultipart *multipart) const

@@ -41,10 +41,14 @@ public:
     /// Deletes all slides and metas; layout and unit stay.
     void clean();
 
-    /// Unit of all regions; starts as pixels. Setting it converts nothing.
+    /// Unit of all regions; starts as pixels. Setting it converts nothing and returns true.
     MMS_COMP_SMIL_UNIT_TYPE_ENUM getLayoutMeasureUnit() const { return m_measureUnit; }
     /// @copydoc getLayoutMeasureUnit
-    void setLayoutMeasureUnit(MMS_COMP_SMIL_UNIT_TYPE_ENUM unit) { m_measureUnit = unit; }
+    bool setLayoutMeasureUnit(MMS_COMP_SMIL_UNIT_TYPE_ENUM unit)
+    {
+        m_measureUnit = unit;
+        return true;
+    }
 
     /// The layout itself, which stays the presentation's.
     MMS_COMP_SMILLayout *getLayout() { return &m_layout; }
@@ -168,7 +172,8 @@ public:
     /// The message, or null; not owned.
     MMS_COMP_SMILMultipart *getMultiPart() const { return m_multipart.get(); }
     /// Sets the message of the presentation and of every slide; their objects keep their own.
-    void setMultiPart(MMS_COMP_SMILMultipart *multipart);
+    /// Returns true.
+    bool setMultiPart(MMS_COMP_SMILMultipart *multipart);
     /**
      * Copies everything but the root layout's color, behind what @p target has. Linear in the
      * regions and metas, and in the parts for every object.

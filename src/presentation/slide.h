@@ -20,7 +20,8 @@ class QDataStream;
  * without owning it; the pointer becomes null when the message is deleted.
  *
  * A picture is an image or a video. The order of the media objects matters: a text behind the
- * picture is shown below it. Lookups walk the objects, of which a slide has few.
+ * picture is shown below it. Lookups walk the objects, of which a slide has few. Setters return
+ * true.
  */
 class QVL_EXPORT MMS_COMP_SMILTimingContainer
 {
@@ -39,27 +40,51 @@ public:
     /// DefaultDuration.
     int getDur() const { return m_dur; }
     /// @copydoc getDur
-    void setDur(int milliseconds) { m_dur = milliseconds; }
+    bool setDur(int milliseconds)
+    {
+        m_dur = milliseconds;
+        return true;
+    }
     /// Whether the user fixed the duration. rectifyDur() takes that back when something plays.
     bool getSetDurManually() const { return m_setDurManually; }
     /// @copydoc getSetDurManually
-    void setSetDurManually(bool manually) { m_setDurManually = manually; }
+    bool setSetDurManually(bool manually)
+    {
+        m_setDurManually = manually;
+        return true;
+    }
     /// The message, or null; not owned. The slide's objects keep their own.
     MMS_COMP_SMILMultipart *getMultiPart() const { return m_multipart.get(); }
     /// @copydoc getMultiPart
-    void setMultiPart(MMS_COMP_SMILMultipart *multipart) { m_multipart = multipart; }
+    bool setMultiPart(MMS_COMP_SMILMultipart *multipart)
+    {
+        m_multipart = multipart;
+        return true;
+    }
     /// Color behind the media; unusable until one is set.
     MMS_COMP_COLOR getPageColor() const { return m_pageColor; }
     /// @copydoc getPageColor
-    void setPageColor(const MMS_COMP_COLOR &color) { m_pageColor = color; }
+    bool setPageColor(const MMS_COMP_COLOR &color)
+    {
+        m_pageColor = color;
+        return true;
+    }
     /// Color of the text; unusable until one is set.
     MMS_COMP_COLOR getTextColor() const { return m_textColor; }
     /// @copydoc getTextColor
-    void setTextColor(const MMS_COMP_COLOR &color) { m_textColor = color; }
+    bool setTextColor(const MMS_COMP_COLOR &color)
+    {
+        m_textColor = color;
+        return true;
+    }
     /// Size of the text: a keyword such as "normal", or empty.
     QString getTextSize() const { return m_textSize; }
     /// @copydoc getTextSize
-    void setTextSize(const QString &size) { m_textSize = size; }
+    bool setTextSize(const QString &size)
+    {
+        m_textSize = size;
+        return true;
+    }
 
     /// Count of media objects.
     unsigned int getMediaObjectCount() const { return unsigned(m_objects.count()); }

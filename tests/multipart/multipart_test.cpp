@@ -65,13 +65,14 @@ TEST(MultipartContainer, NewOneIsRelatedAndEmpty)
     EXPECT_EQ(multipart.getPartCount(), 0);
 }
 
-TEST(MultipartContainer, AttributesAreKeptAsGiven)
+TEST(MultipartContainer, SettersKeepWhatTheyAreGivenAndReturnTrue)
 {
     Multipart multipart;
-    multipart.setExtType(" E ");
-    setType(multipart, " T ", " S ");
-    multipart.setStart(" s ");
-    multipart.setBoundary(" b ");
+    EXPECT_TRUE(multipart.setExtType(" E "));
+    EXPECT_TRUE(multipart.setMimeType(" T "));
+    EXPECT_TRUE(multipart.setSubType(" S "));
+    EXPECT_TRUE(multipart.setStart(" s "));
+    EXPECT_TRUE(multipart.setBoundary(" b "));
     EXPECT_EQ(multipart.getExtType(), " E ");
     EXPECT_EQ(multipart.getMimeType(), " T ");
     EXPECT_EQ(multipart.getSubType(), " S ");

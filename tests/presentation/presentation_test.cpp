@@ -266,11 +266,11 @@ TEST_F(PresentationTest, CleanKeepsLayoutAndUnit)
     EXPECT_EQ(data.getMultiPart(), &message);
 }
 
-TEST_F(PresentationTest, UnitIsWhatItIsSetTo)
+TEST_F(PresentationTest, UnitIsWhatItIsSetToAndTheSetterReturnsTrue)
 {
-    data.setLayoutMeasureUnit(SMIL_UNIT_PERCENT);
+    EXPECT_TRUE(data.setLayoutMeasureUnit(SMIL_UNIT_PERCENT));
     EXPECT_EQ(data.getLayoutMeasureUnit(), SMIL_UNIT_PERCENT);
-    data.setLayoutMeasureUnit(SMIL_UNIT_PIXEL);
+    EXPECT_TRUE(data.setLayoutMeasureUnit(SMIL_UNIT_PIXEL));
     EXPECT_EQ(data.getLayoutMeasureUnit(), SMIL_UNIT_PIXEL);
 }
 
@@ -572,13 +572,13 @@ TEST_F(PresentationTest, MessageIsHandedToEverySlideButNotToObjects)
 {
     appendSlides(data, {"t", "i"});
     Multipart other;
-    data.setMultiPart(&other);
+    EXPECT_TRUE(data.setMultiPart(&other));
     EXPECT_EQ(data.getMultiPart(), &other);
     for (unsigned int i = 0; i < 2; ++i) {
         EXPECT_EQ(data.getSlide(i)->getMultiPart(), &other);
         EXPECT_EQ(data.getMediaObject(i, 0)->getMultiPart(), nullptr);
     }
-    data.setMultiPart(nullptr);
+    EXPECT_TRUE(data.setMultiPart(nullptr));
     EXPECT_EQ(data.getSlide(1)->getMultiPart(), nullptr);
 }
 

@@ -53,16 +53,16 @@ TEST_F(SlideTest, NewOneIsEmptyAndLastsFiveSeconds)
     EXPECT_EQ(Slide(nullptr).getMultiPart(), nullptr);
 }
 
-TEST_F(SlideTest, AccessorsKeepWhatTheyAreGiven)
+TEST_F(SlideTest, SettersKeepWhatTheyAreGivenAndReturnTrue)
 {
     Multipart multipart;
     Slide slide(nullptr);
-    slide.setDur(QvlDuration::Indefinite);
-    slide.setSetDurManually(true);
-    slide.setMultiPart(&multipart);
-    slide.setPageColor({SMIL_COLOR_NAMED, "red", Qt::red});
-    slide.setTextColor(Blue);
-    slide.setTextSize("Large");
+    EXPECT_TRUE(slide.setDur(QvlDuration::Indefinite));
+    EXPECT_TRUE(slide.setSetDurManually(true));
+    EXPECT_TRUE(slide.setMultiPart(&multipart));
+    EXPECT_TRUE(slide.setPageColor({SMIL_COLOR_NAMED, "red", Qt::red}));
+    EXPECT_TRUE(slide.setTextColor(Blue));
+    EXPECT_TRUE(slide.setTextSize("Large"));
     EXPECT_EQ(slide.getDur(), QvlDuration::Indefinite);
     EXPECT_TRUE(slide.getSetDurManually());
     EXPECT_EQ(slide.getMultiPart(), &multipart);
