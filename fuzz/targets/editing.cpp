@@ -106,6 +106,7 @@ private:
     void cleanUp();
 
     Input m_input;
+    Part m_part; // the application's, so that no object may delete it
     Draft m_drafts[2];
     Draft *m_draft = m_drafts;
 };
@@ -245,8 +246,8 @@ void Session::insertNewObject()
     auto object = std::make_unique<Object>(&m_draft->body);
     object->setMediaElementType(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE(m_input.number(0, 5)));
     object->setSrc(name());
-    if (Part *part = m_draft->body.getBodypartByIndex(index()))
-        object->setData(part);
+    Part *part = m_draft->body.getBodypartByIndex(index());
+    object->setData(part ? part : &m_part);
     if (room)
         target->appendObject(object.release());
     else if (target->insert(unsigned(index()), object.get()))

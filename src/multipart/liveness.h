@@ -49,6 +49,9 @@ public:
             m_alive = m_target->liveness().watch();
     }
 
+    /// True unless it was set to null, also when the target is gone.
+    bool isSet() const { return m_target != nullptr; }
+
     /// The target, or null when it is gone.
     T *get() const { return m_alive.expired() ? nullptr : m_target; }
 

@@ -183,8 +183,24 @@ bool MMS_COMP_SMILMediaObject::setEndTimeLength(int milliseconds)
 
 bool MMS_COMP_SMILMediaObject::setData(Part *part)
 {
+    if (part != getData())
+        m_madeData = false;
     m_data = part;
     return true;
+}
+
+void MMS_COMP_SMILMediaObject::bindOwn(Part *part)
+{
+    m_data = part;
+    m_madeData = true;
+}
+
+// A part that an application binds to an object with a message is the application's, even when the
+// message is gone: it need not have been allocated.
+bool MMS_COMP_SMILMediaObject::ownsData() const
+{
+    const Part *part = getData();
+    return part && !part->isHeldByMultipart() && (m_madeData || !m_multipart.isSet());
 }
 
 bool MMS_COMP_SMILMediaObject::setMultiPart(MMS_COMP_SMILMultipart *multipart)
@@ -218,7 +234,10 @@ bool MMS_COMP_SMILMediaObject::setData(const QString &regionId, const QString &s
         part->setContentSubType(subType);
         part->setDispFileType(Part::Shown);
         part->setBodyData(bytes);
-        setData(part);
+        if (added)
+            bindOwn(part);
+        else
+            setData(part);
         std::ignore = added.release(); // the object's own from here on
         return true;
     });
@@ -340,14 +359,13 @@ void MMS_COMP_SMILMediaObject::removeParamByName(const QString &name)
 void MMS_COMP_SMILMediaObject::clear()
 {
     Part *part = getData();
-    m_data = nullptr;
-    if (!part)
-        return;
+    const bool isOwn = ownsData();
+    setData(nullptr);
     MMS_COMP_SMILMultipart *multipart = getMultiPart();
-    if (multipart && multipart->holds(part))
-        multipart->deletePartBySrc(part->getContentLocation());
-    else if (!part->isHeldByMultipart())
+    if (isOwn)
         delete part;
+    else if (part && multipart && multipart->holds(part))
+        multipart->deletePartBySrc(part->getContentLocation());
 }
 
 bool MMS_COMP_SMILMediaObject::writeToStream(QDataStream &stream) const
@@ -376,14 +394,13 @@ bool MMS_COMP_SMILMediaObject::readFromStream(QDataStream &stream)
         qint32 hasPart = 0;
         stream >> m_alt >> hasPart;
 
-        Part *before = getData();
-        m_data = nullptr;
-        if (before && !before->isHeldByMultipart())
-            delete before;
+        if (ownsData())
+            delete getData();
+        setData(nullptr);
         if (hasPart == 1) {
             auto part = std::make_unique<Part>();
             part->readFromStream(stream);
-            setData(part.get());
+            bindOwn(part.get());
             std::ignore = part.release();
         }
         qint32 count = 0;

@@ -134,7 +134,8 @@ public:
 
     /// The bound body part, or null; not owned.
     MMS_COMP_SMILMultipartBodypart *getData() const { return m_data.get(); }
-    /// Binds @p part, or nothing for null, without touching its reference count.
+    /// Binds @p part, or nothing for null, without touching its reference count. While the object
+    /// has a message, @p part stays the caller's unless a message holds it.
     bool setData(MMS_COMP_SMILMultipartBodypart *part);
     /**
      * Fills the object, and the bound body part or else a new one, with new content.
@@ -203,9 +204,10 @@ public:
     void removeParamByName(const QString &name);
 
     /**
-     * Releases the content: gives one use of the part back to the message when the part stands in
-     * it, deletes a part that no message ever took, and binds nothing any more. Linear in the
-     * parts.
+     * Releases the content and binds nothing any more. When the object's message holds the part,
+     * gives one use of it back to the message. Deletes a part that no message ever took if the
+     * object made it, in setData() or readFromStream(), or if the object was given no message. Any
+     * other part stays as it is. Linear in the parts.
      */
     void clear();
 
@@ -214,8 +216,9 @@ public:
     bool writeToStream(QDataStream &stream) const;
     /**
      * Reads what writeToStream() wrote, as far as the stream goes. A part that was read is the
-     * object's until clear() deletes it or a message takes it; params that were there stay in
-     * front. False when there is no memory, else true.
+     * object's until clear() deletes it or a message takes it; the part bound before is deleted
+     * if clear() would delete it and no message holds it. Params that were there stay in front.
+     * False when there is no memory, else true.
      */
     bool readFromStream(QDataStream &stream);
 
@@ -223,6 +226,8 @@ private:
     friend class MMS_COMP_SMILData;
 
     QVL_INTERNAL int readElement(const SmilElement &element, MMS_COMP_SMILMultipart *multipart);
+    QVL_INTERNAL void bindOwn(MMS_COMP_SMILMultipartBodypart *part);
+    QVL_INTERNAL bool ownsData() const;
     int indexOfParam(const QString &name) const;
 
     MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE m_mediaElementType = SMIL_MEDIA_UNKNOWN;
@@ -234,6 +239,7 @@ private:
     MMS_COMP_SMIL_TIME m_end;
     QString m_alt = QStringLiteral("");
     QvlWeakPointer<MMS_COMP_SMILMultipartBodypart> m_data;
+    bool m_madeData = false; ///< the object itself made the part that it is bound to
     QPtrList<MMS_COMP_SMILMediaObjectParam> m_params;
     QvlWeakPointer<MMS_COMP_SMILMultipart> m_multipart;
 };

@@ -32,6 +32,18 @@ TEST(WeakPointer, IsNullOnceTheTargetIsGone)
     EXPECT_EQ(copy.get(), nullptr);
 }
 
+TEST(WeakPointer, StaysSetWhenTheTargetIsGone)
+{
+    auto part = std::make_unique<Part>();
+    PartPointer pointer(part.get());
+    EXPECT_TRUE(pointer.isSet());
+    part.reset();
+    EXPECT_TRUE(pointer.isSet());
+    pointer = nullptr;
+    EXPECT_FALSE(pointer.isSet());
+    EXPECT_FALSE(PartPointer().isSet());
+}
+
 TEST(WeakPointer, DoesNotComeBackWhenTheMemoryIsUsedAgain)
 {
     alignas(Part) unsigned char memory[sizeof(Part)];

@@ -140,6 +140,84 @@ TEST(ClearObject, DeletesAPartThatNoMessageOwns)
     }
 }
 
+TEST(ClearObject, OnlyUnbindsAPartOfTheApplicationThatNoMessageHolds)
+{
+    Multipart multipart;
+    appendParts(multipart, {{.location = "a"}});
+    for (const char *location : {"a", "b", ""}) {
+        SCOPED_TRACE(location);
+        Part part = partWith({.location = location});
+        const auto object = boundTo(&part, &multipart);
+        object->clear();
+        EXPECT_FALSE(object->getData());
+        EXPECT_EQ(part.getContentLocation(), location);
+        EXPECT_EQ(locationsOf(multipart), QStringList("a"));
+    }
+}
+
+TEST(ClearObject, OnlyUnbindsAPartOfTheApplicationWhenItsMessageIsGone)
+{
+    auto multipart = std::make_unique<Multipart>();
+    Part part = partWith({.location = "a"});
+    const auto object = boundTo(&part, multipart.get());
+    multipart.reset();
+    object->clear();
+    EXPECT_FALSE(object->getData());
+    EXPECT_EQ(part.getContentLocation(), "a");
+}
+
+TEST(ClearObject, OnlyUnbindsAPartOfTheApplicationThatTookThePlaceOfItsOwn)
+{
+    Multipart multipart;
+    const auto object = objectFromStream(&multipart);
+    const std::unique_ptr<Part> first(object->getData());
+    Part part = partWith({.location = "a"});
+    object->setData(&part);
+    object->clear();
+    EXPECT_FALSE(object->getData());
+    EXPECT_EQ(first->getContentLocation(), "l");
+    EXPECT_EQ(part.getContentLocation(), "a");
+}
+
+TEST(ClearObject, DeletesAnApplicationsPartWithoutMessage)
+{
+    const auto object = boundTo(new Part(partWith({.location = "a"})), nullptr);
+    const PartPointer part(object->getData());
+    object->clear();
+    EXPECT_FALSE(part.get());
+    EXPECT_FALSE(object->getData());
+}
+
+TEST(ClearObject, DeletesItsOwnPartAlsoWhenAMessageIsSetLater)
+{
+    Multipart multipart;
+    const auto read = objectFromStream();
+    Object filled(nullptr);
+    EXPECT_TRUE(filled.setData("r", "s", SMIL_MEDIA_TEXT, "plain", "octets", nullptr));
+    for (Object *object : {read.get(), &filled}) {
+        const PartPointer part(object->getData());
+        ASSERT_TRUE(part.get());
+        object->setData(part.get()); // binding it again changes nothing
+        object->setMultiPart(&multipart);
+        object->clear();
+        EXPECT_FALSE(part.get());
+    }
+}
+
+TEST(ClearObject, LeavesItsOwnPartToTheMessageThatTookIt)
+{
+    Multipart own;
+    Multipart other;
+    Object object(nullptr);
+    EXPECT_TRUE(object.setData("r", "s", SMIL_MEDIA_TEXT, "plain", "octets", nullptr));
+    Part *part = object.getData();
+    other.appendBodypart(part);
+    object.setMultiPart(&own);
+    object.clear();
+    EXPECT_FALSE(object.getData());
+    EXPECT_EQ(other.getBodypartByIndex(0), part);
+}
+
 TEST(ClearObject, DeletesThePartOfContentWithoutMessage)
 {
     Object object(nullptr);
@@ -221,6 +299,16 @@ TEST(ReadingAgain, OnlyUnbindsAPartOfAMessage)
         EXPECT_EQ(multipart.getPartCount(), 1);
         EXPECT_EQ(multipart.getBodypartByIndex(0)->getRefCount(), 2);
     }
+}
+
+TEST(ReadingAgain, OnlyUnbindsAPartOfTheApplication)
+{
+    Multipart multipart;
+    Part part = partWith({.location = "a"});
+    const auto object = boundTo(&part, &multipart);
+    readFrom(newObjectRecord(), object.get());
+    EXPECT_FALSE(object->getData());
+    EXPECT_EQ(part.getContentLocation(), "a");
 }
 
 TEST(ReadingAgain, CutStreamDeletesThePartToo)
@@ -466,6 +554,17 @@ TEST(DestroyedSlide, ReleasesItsContentUnlessTheObjectWasTaken)
     }
     EXPECT_EQ(locationsOf(message), QStringList("b"));
     EXPECT_EQ(taken->getData(), message.getBodypartByIndex(0));
+}
+
+TEST(DestroyedSlide, OnlyUnbindsAPartOfTheApplication)
+{
+    Multipart message;
+    Part part = partWith({.location = "a"});
+    {
+        Slide slide(&message);
+        slide.appendObject(boundTo(&part, &message).release());
+    }
+    EXPECT_EQ(part.getContentLocation(), "a");
 }
 
 TEST(CopyInOneMessage, SharesThePartsAndEitherMayGoFirst)
