@@ -17,6 +17,17 @@ QString emptyText()
     return u""_s;
 }
 
+// The same for octets. Takes no memory.
+QByteArray emptyBody()
+{
+    return QByteArray("");
+}
+
+QByteArray emptyUnlessGiven(const QByteArray &octets)
+{
+    return octets.isNull() ? emptyBody() : octets;
+}
+
 using EnumToText = bool (*)(int, QCString &);
 
 bool assignText(QString &field, int code, EnumToText lookUp)
@@ -33,7 +44,7 @@ bool assignText(QString &field, int code, EnumToText lookUp)
 MMS_COMP_SMILMultipartBodypart::MMS_COMP_SMILMultipartBodypart()
     : m_dispFileName(emptyText()), m_contentType(emptyText()), m_subType(emptyText()),
       m_charset(emptyText()), m_description(emptyText()), m_contentLocation(emptyText()),
-      m_contentID(emptyText()), m_contentXferEncoding(emptyText())
+      m_contentID(emptyText()), m_contentXferEncoding(emptyText()), m_bodyData(emptyBody())
 {
 }
 
@@ -128,7 +139,7 @@ int MMS_COMP_SMILMultipartBodypart::getContentXferEncodingByCode() const
 
 void MMS_COMP_SMILMultipartBodypart::setBodyData(const QArray<char> &data)
 {
-    m_bodyData = data;
+    m_bodyData = emptyUnlessGiven(data);
     m_mediaCheck = MediaCheck::NotChecked;
 }
 
@@ -136,7 +147,7 @@ int MMS_COMP_SMILMultipartBodypart::setBodyData(const char *data, int len)
 {
     m_mediaCheck = MediaCheck::NotChecked;
     try {
-        m_bodyData = len < 1 ? QByteArray() : QByteArray(data, len);
+        m_bodyData = len < 1 ? emptyBody() : QByteArray(data, len);
     } catch (const std::bad_alloc &) {
         return MultipartResult::OutOfMemory;
     }
@@ -174,5 +185,6 @@ int MMS_COMP_SMILMultipartBodypart::readFromStream(QDataStream &stream)
     stream >> m_contentType >> m_subType >> m_charset >> m_dispFileName >> m_description
         >> m_contentLocation >> m_contentID >> m_contentXferEncoding >> dispFileType >> m_bodyData;
     m_dispFileType = dispFileType;
+    m_bodyData = emptyUnlessGiven(m_bodyData);
     return 1;
 }

@@ -103,11 +103,13 @@ public:
     /// EMAIL_Util code of the transfer encoding, or -1.
     int getContentXferEncodingByCode() const;
 
-    /// The octets themselves; valid as long as the part and its octets are not changed.
+    /// The octets themselves, an empty array and never a null one; valid as long as the part and
+    /// its octets are not changed.
     const QArray<char> &getBodyData() const { return m_bodyData; }
     /// Count of octets.
     int getBodyDataLen() const { return int(m_bodyData.size()); }
-    /// Shares the octets of @p data. Makes the next media probe run anew.
+    /// Shares the octets of @p data; a null array counts as an empty one. Makes the next media
+    /// probe run anew.
     void setBodyData(const QArray<char> &data);
     /**
      * Copies octets into the part. Makes the next media probe run anew. Linear in their count.

@@ -382,8 +382,50 @@ TEST(BodyPartStream, NewPartComesBackAsItWas)
     for (const int version : StreamVersions) {
         SCOPED_TRACE(version);
         const QByteArray octets = written(Part(), version, QDataStream::BigEndian);
-        EXPECT_EQ(octets.first(36), octet(0, 35) + octet(1)); // eight texts and the number
+        EXPECT_EQ(octets, octet(0, 35) + octet(1) + octet(0, 4)); // texts, the number, no octets
         EXPECT_EQ(factsOf(partReadFrom(octets, version)), (PartFacts{.refCount = 4}));
+    }
+}
+
+namespace {
+
+struct EmptyBodyRow
+{
+    const char *what;
+    void (*make)(Part &);
+};
+
+const EmptyBodyRow EmptyBodyRows[] = {
+    {"new", [](Part &) {}},
+    {"length 0", [](Part &p) { p.setBodyData("abc", 0); }},
+    {"negative length", [](Part &p) { p.setBodyData("abc", -1); }},
+    {"no octets at all", [](Part &p) { p.setBodyData(nullptr, 0); }},
+    {"null array", [](Part &p) { p.setBodyData(QByteArray()); }},
+    {"emptied by a null array",
+     [](Part &p) {
+         p.setBodyData("abc", 3);
+         p.setBodyData(QByteArray());
+     }},
+    {"empty array", [](Part &p) { p.setBodyData(QByteArray("")); }},
+    {"copy", [](Part &p) { p = Part(Part()); }},
+    {"record with a null array",
+     [](Part &p) { p = partReadFrom(octet(0, 36) + "FF FF FF FF"_octets, QDataStream::Qt_6_0); }},
+    {"record that is cut off",
+     [](Part &p) { p = partReadFrom(octet(0, 36), QDataStream::Qt_6_0); }},
+};
+
+} // namespace
+
+TEST(BodyPartStream, EmptyBodyIsALengthOfZeroAndNeverANullArray)
+{
+    for (const EmptyBodyRow &row : EmptyBodyRows) {
+        SCOPED_TRACE(row.what);
+        Part part;
+        row.make(part);
+        EXPECT_FALSE(part.getBodyData().isNull());
+        EXPECT_EQ(part.getBodyDataLen(), 0);
+        for (const int version : StreamVersions)
+            EXPECT_EQ(written(part, version, QDataStream::BigEndian).last(4), octet(0, 4));
     }
 }
 
