@@ -146,6 +146,10 @@ void MMS_COMP_SMILMultipartBodypart::setBodyData(const QArray<char> &data)
 int MMS_COMP_SMILMultipartBodypart::setBodyData(const char *data, int len)
 {
     m_mediaCheck = MediaCheck::NotChecked;
+    if (len >= 1 && !data)
+        return MultipartResult::OutOfMemory;
+    // unlessOutOfMemory() lets the exception pass within another operation. Decoders need the
+    // result: a part without memory for its octets is WireResult::OutOfData there.
     try {
         m_bodyData = len < 1 ? emptyBody() : QByteArray(data, len);
     } catch (const std::bad_alloc &) {

@@ -116,7 +116,8 @@ public:
      *
      * @param data the octets; not looked at when @p len is below 1
      * @param len count of octets; one below 1 empties the body
-     * @return 0, or MultipartResult::OutOfMemory, which leaves the octets that were there
+     * @return 0, or MultipartResult::OutOfMemory, also for null @p data, which leaves the octets
+     * that were there
      */
     int setBodyData(const char *data, int len);
 

@@ -125,6 +125,15 @@ TEST(BodyPart, LengthBelowOneEmptiesTheBody)
     }
 }
 
+TEST(BodyPart, OctetsAtNullAreRefusedAndLeaveTheBody)
+{
+    for (const int length : {1, 5, std::numeric_limits<int>::max()}) {
+        Part part = partWith({.data = "octets"});
+        EXPECT_EQ(part.setBodyData(nullptr, length), MultipartResult::OutOfMemory);
+        EXPECT_EQ(part.getBodyData(), "octets");
+    }
+}
+
 TEST(BodyPart, CopyHasEverythingAndSharesTheOctets)
 {
     Part source = partWith({.format = "image/jpeg",

@@ -373,6 +373,7 @@ TEST_F(MediaCheck, IsForgottenWhenTypeOrOctetsChange)
         {"unknown subtype code", [](Part &p) { p.setSubTypeCode(9999); }, false},
         {"octets", [](Part &p) { p.setBodyData("clip", 4); }, true},
         {"no octets", [](Part &p) { p.setBodyData("clip", 0); }, true},
+        {"octets at null", [](Part &p) { p.setBodyData(nullptr, 4); }, true},
         {"array", [](Part &p) { p.setBodyData(QByteArray("clip")); }, true},
         {"charset", [](Part &p) { p.setCharset("c"); }, false},
         {"charset code", [](Part &p) { p.setCharsetByCode(2); }, false},
