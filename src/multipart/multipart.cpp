@@ -10,6 +10,7 @@
 #include "platform/email_util.h"
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 
 using Part = MMS_COMP_SMILMultipartBodypart;
@@ -28,6 +29,13 @@ QString textOf(int code, bool (*lookUp)(int, QCString &))
 bool matches(const Reference::Matcher &reference, const Part *part)
 {
     return part && reference.matches(*part);
+}
+
+// The smallest count stays: applications set any.
+void removeUse(Part *part)
+{
+    if (const int count = part->getRefCount(); count > std::numeric_limits<int>::min())
+        part->setRefCount(count - 1);
 }
 
 bool isAttachment(const Part *part)
@@ -119,7 +127,7 @@ int MMS_COMP_SMILMultipart::deletePart(int index)
 {
     Part *part = m_parts.at(index);
     if (part && part->getRefCount() > 1) {
-        part->setRefCount(part->getRefCount() - 1);
+        removeUse(part);
         return MultipartResult::Ok;
     }
     m_index = nullptr;
@@ -143,7 +151,7 @@ int MMS_COMP_SMILMultipart::deletePartBySrc(const QString &src)
         }
         if (visited->getRefCount() > 1) {
             if (Part *part = m_parts.at(place))
-                part->setRefCount(part->getRefCount() - 1);
+                removeUse(part);
             return MultipartResult::Ok;
         }
         if (!m_parts.remove(place))

@@ -12,6 +12,7 @@
 #include <QDomElement>
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 #include <tuple>
 
@@ -21,6 +22,13 @@ using Param = MMS_COMP_SMILMediaObjectParam;
 using namespace Qt::StringLiterals;
 
 namespace {
+
+// The largest count stays: applications set any.
+void addUse(Part *part)
+{
+    if (const int count = part->getRefCount(); count < std::numeric_limits<int>::max())
+        part->setRefCount(count + 1);
+}
 
 void write(QDataStream &stream, const MMS_COMP_SMIL_TIME &time)
 {
@@ -271,7 +279,7 @@ int MMS_COMP_SMILMediaObject::readElement(const SmilElement &element,
     setData(part);
     // A part that is shown already gains a use; the first use is the one it was born with.
     if (part->getDispFileType() == Part::Shown)
-        part->setRefCount(part->getRefCount() + 1);
+        addUse(part);
     part->setDispFileType(Part::Shown);
     SmilValues::readTime(element.attribute(u"begin").trimmed(), &m_begin);
     SmilValues::readTime(element.attribute(u"end").trimmed(), &m_end);

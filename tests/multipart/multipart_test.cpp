@@ -374,6 +374,19 @@ TEST(MultipartDeletion, ByReferenceWorksAtThePlaceThatCountsTheVisits)
     }
 }
 
+TEST(MultipartDeletion, ReferenceCountStopsAtItsSmallestValue)
+{
+    constexpr int smallest = std::numeric_limits<int>::min();
+    Multipart multipart;
+    appendParts(multipart,
+                {{.location = "a"},
+                 {.location = "A", .refCount = 2},
+                 {.location = "x", .refCount = smallest}});
+    EXPECT_EQ(multipart.deletePartBySrc("a"), MultipartResult::Ok); // works on x in the place of A
+    EXPECT_EQ(multipart.getBodypartByIndex(0)->getRefCount(), 2);
+    EXPECT_EQ(multipart.getBodypartByIndex(1)->getRefCount(), smallest);
+}
+
 TEST(MultipartDeletion, EmptyReferenceIsRefused)
 {
     Multipart multipart;

@@ -9,6 +9,7 @@
 
 #include <gtest/gtest.h>
 
+#include <limits>
 #include <memory>
 #include <tuple>
 
@@ -392,6 +393,24 @@ TEST(MediaObjectFromElement, ShownPartGainsAUseAndAttachmentBecomesShown)
         EXPECT_EQ(second.setObjectElem(Element("img", {{"src", "a"}}), &multipart), SmilResult::Ok);
         EXPECT_EQ(part->getRefCount(), display == Part::Shown ? 3 : 2);
         EXPECT_EQ(part->getDispFileType(), 0);
+    }
+}
+
+TEST(MediaObjectFromElement, ReferenceCountStopsAtItsLargestValue)
+{
+    constexpr int largest = std::numeric_limits<int>::max();
+    const std::pair<int, int> rows[] = {{largest, largest},
+                                        {largest - 1, largest},
+                                        {std::numeric_limits<int>::min(), -largest},
+                                        {-1, 0},
+                                        {0, 1}};
+    for (const auto &[before, after] : rows) {
+        SCOPED_TRACE(before);
+        Multipart multipart;
+        Part *part = addPart(multipart, {.location = "a", .display = 0, .refCount = before});
+        Object object(nullptr);
+        EXPECT_EQ(object.setObjectElem(Element("img", {{"src", "a"}}), &multipart), 0);
+        EXPECT_EQ(part->getRefCount(), after);
     }
 }
 
