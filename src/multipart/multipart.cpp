@@ -26,11 +26,6 @@ QString textOf(int code, bool (*lookUp)(int, QCString &))
     return lookUp(code, text) ? QString::fromLatin1(text) : QString();
 }
 
-bool matches(const Reference::Matcher &reference, const Part *part)
-{
-    return part && reference.matches(*part);
-}
-
 // The smallest count stays: applications set any.
 void removeUse(Part *part)
 {
@@ -40,7 +35,7 @@ void removeUse(Part *part)
 
 bool isAttachment(const Part *part)
 {
-    return part && part->getDispFileType() == Part::Attachment;
+    return part->getDispFileType() == Part::Attachment;
 }
 
 } // namespace
@@ -80,10 +75,8 @@ void MMS_COMP_SMILMultipart::copyFrom(const MMS_COMP_SMILMultipart &source)
         m_subType = source.m_subType;
         m_start = source.m_start;
         const int count = source.getPartCount(); // a source that is this message grows meanwhile
-        for (int i = 0; i < count; ++i) {
-            if (const Part *part = source.m_parts.at(i))
-                appendBodypart(new Part(*part));
-        }
+        for (int i = 0; i < count; ++i)
+            appendBodypart(new Part(*source.m_parts.at(i)));
     });
 }
 
@@ -145,7 +138,7 @@ int MMS_COMP_SMILMultipart::deletePartBySrc(const QString &src)
     int place = 0;
     for (int walk = 0; walk < m_parts.count(); ++place) {
         const Part *visited = m_parts.at(walk);
-        if (!matches(reference, visited)) {
+        if (!reference.matches(*visited)) {
             ++walk;
             continue;
         }
@@ -189,7 +182,7 @@ Part *MMS_COMP_SMILMultipart::getBodyPartBySrc(const QString &src, int type) con
         return m_index->find(src, type);
     const Reference::Matcher reference(src);
     const auto found = std::ranges::find_if(m_parts, [&](const Part *part) {
-        return part && part->getDispFileType() == type && matches(reference, part);
+        return part->getDispFileType() == type && reference.matches(*part);
     });
     return found != m_parts.end() ? *found : nullptr;
 }
@@ -210,7 +203,7 @@ bool MMS_COMP_SMILMultipart::isPartExist(const QString &name) const
     if (!PartNames::isUsable(name))
         return true;
     const Reference::Matcher reference(name);
-    return std::ranges::any_of(m_parts, [&](const Part *part) { return matches(reference, part); });
+    return std::ranges::any_of(m_parts, [&](const Part *part) { return reference.matches(*part); });
 }
 
 QString MMS_COMP_SMILMultipart::createUniqueAttchmentLocation(const QString &ext) const

@@ -181,7 +181,7 @@ private:
     QString m_subType;
     QString m_start;
     QString m_boundary;
-    QPtrList<MMS_COMP_SMILMultipartBodypart> m_parts;
+    QPtrList<MMS_COMP_SMILMultipartBodypart> m_parts; // never null: such parts are not taken
     std::unique_ptr<PartIndex> m_index; // while a PartIndexScope lives
     QvlLiveness m_liveness;
 };

@@ -9,8 +9,6 @@ PartIndex::PartIndex(const QPtrList<Part> &parts)
     m_locations.reserve(size_t(parts.count()));
     for (int place = 0; place < parts.count(); ++place) {
         Part *part = parts.at(place);
-        if (!part)
-            continue;
         const Reference::PartKeys keys(*part);
         if (!keys.location.isEmpty())
             m_locations.insert({keys.location, {place, part}});
