@@ -13,19 +13,19 @@ LinearBuffer::LinearBuffer(unsigned char *data, int size) : m_data(data), m_size
 LinearBuffer LinearBuffer::forReading(const unsigned char *data, int size)
 {
     LinearBuffer buffer(const_cast<unsigned char *>(data), size);
-    buffer.m_zeroBehindEnd = true;
+    buffer.m_readOnly = true;
     return buffer;
 }
 
 void LinearBuffer::zerolize()
 {
-    if (m_size > 0)
+    if (!m_readOnly && m_size > 0)
         std::memset(m_data, 0, size_t(m_size));
 }
 
 bool LinearBuffer::appendData(const unsigned char *octets, int count)
 {
-    if (count < 0 || count > m_size - m_position)
+    if (m_readOnly || count < 0 || count > m_size - m_position)
         return false;
     if (count > 0)
         std::memcpy(m_data + m_position, octets, size_t(count));
@@ -53,9 +53,8 @@ std::optional<QByteArrayView> LinearBuffer::readView(int count)
 QByteArrayView LinearBuffer::readUntilZero()
 {
     const auto *start = reinterpret_cast<const char *>(m_data + m_position);
-    const size_t length = m_zeroBehindEnd
-        ? qstrnlen(start, size_t(std::max(m_size - m_position, 0)))
-        : std::strlen(start);
+    const size_t length =
+        m_readOnly ? qstrnlen(start, size_t(std::max(m_size - m_position, 0))) : std::strlen(start);
     m_position += int(length) + 1;
     return QByteArrayView(start, qsizetype(length));
 }

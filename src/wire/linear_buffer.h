@@ -25,23 +25,26 @@ public:
 
     /**
      * A cursor for reading only, which no read takes out of bounds: every octet behind the end of
-     * the array is zero and is not taken from memory.
+     * the array is zero and is not taken from memory. It refuses every write, so the array may be
+     * constant.
      */
     static LinearBuffer forReading(const unsigned char *data, int size);
 
     /// True while the cursor stands before the end.
     bool hasMore() const { return m_position < m_size; }
 
-    /// Sets all octets of the array to 0; the cursor stays.
+    /// Sets all octets of the array to 0 unless it is for reading only; the cursor stays.
     void zerolize();
 
-    /// Copies @p count octets to the cursor; false, and nothing written, when they do not fit.
+    /// Copies @p count octets to the cursor; false, and nothing written, when they do not fit or
+    /// the array is for reading only.
     bool appendData(const unsigned char *octets, int count);
 
-    /// Stores @p octet at the cursor; false, and nothing written, when it does not fit.
+    /// Stores @p octet at the cursor; false, and nothing written, when it does not fit or the array
+    /// is for reading only.
     bool appendByte(unsigned char octet)
     {
-        if (!hasMore())
+        if (m_readOnly || !hasMore())
             return false;
         m_data[m_position++] = octet;
         return true;
@@ -52,7 +55,7 @@ public:
     unsigned char readByte()
     {
         const int at = m_position++;
-        return m_zeroBehindEnd && at >= m_size ? 0 : m_data[at];
+        return m_readOnly && at >= m_size ? 0 : m_data[at];
     }
 
     /**
@@ -91,12 +94,13 @@ public:
     int getPosition() const { return m_position; }
     /// Count of octets of the array.
     int getSize() const { return m_size; }
-    /// The array itself, which stays the caller's.
+    /// The array itself, which stays the caller's; not to be written to when it is for reading
+    /// only.
     unsigned char *getData() const { return m_data; }
 
 private:
     unsigned char *m_data;
     int m_position = 0;
     int m_size;
-    bool m_zeroBehindEnd = false;
+    bool m_readOnly = false; ///< made with forReading()
 };

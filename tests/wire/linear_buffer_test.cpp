@@ -1,10 +1,14 @@
 /*
  * The cursor: what fits and what does not at the end of the array, the one octet of slack behind
- * it, and that a buffer made for reading never looks there.
+ * it, and that a buffer made for reading never looks there and writes nothing.
  */
 #include "wire/linear_buffer.h"
 
+#include "multipart/body_part.h"
 #include "support/octets.h"
+#include "wire/multipart_entry.h"
+#include "wire/primitive_values.h"
+#include "wire/wire_result.h"
 
 #include <gtest/gtest.h>
 
@@ -268,6 +272,33 @@ TEST(LinearBufferForReading, EndsATextWithoutTerminatorAtTheEnd)
     LinearBuffer buffer = LinearBuffer::forReading(block.data(), block.size());
     EXPECT_EQ(buffer.readUntilZero().toByteArray(), "61 62"_octets);
     EXPECT_EQ(buffer.getPosition(), 3);
+}
+
+TEST(LinearBufferForReading, RefusesEveryWriteAndReadsOn)
+{
+    static constexpr unsigned char octets[] = {0x01, 0x02, 0x03}; // a write would end the program
+    const unsigned char other[] = {0xAA, 0xBB};
+    LinearBuffer buffer = LinearBuffer::forReading(octets, 3);
+    EXPECT_EQ(buffer.readByte(), 0x01);
+    EXPECT_FALSE(buffer.appendByte(0xAA));
+    EXPECT_FALSE(buffer.appendData(other, 2));
+    EXPECT_FALSE(buffer.appendData(other, 0));
+    buffer.zerolize();
+    EXPECT_EQ(buffer.getPosition(), 1);
+    EXPECT_EQ(buffer.readByte(), 0x02);
+    EXPECT_EQ(buffer.readByte(), 0x03);
+}
+
+TEST(LinearBufferForReading, LetsWritersWriteNothing)
+{
+    static constexpr unsigned char octets[] = {0x01, 0x02, 0x03};
+    LinearBuffer buffer = LinearBuffer::forReading(octets, 3);
+    EXPECT_EQ(IntegerBinary::writeTo(&buffer, 300), WireResult::Written);
+    EXPECT_EQ(PlainTextBinary::writeTo(&buffer, "a"), WireResult::Written);
+    EXPECT_EQ(Multipart_Entry::writeTo(&buffer, MMS_COMP_SMILMultipartBodypart()),
+              WireResult::CannotWrite);
+    EXPECT_EQ(buffer.getPosition(), 0);
+    EXPECT_EQ(buffer.readByte(), 0x01);
 }
 
 TEST(LinearBufferForReading, HoldsNothingWithoutOctets)
