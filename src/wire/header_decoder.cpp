@@ -47,7 +47,6 @@ unsigned char MMS_UA_Decoder::decodeHeader(unsigned char *pdu, unsigned int &len
                                            MMS_UA_UAMsg *msg)
 {
     return unlessOutOfMemory(WireResult::BadArgument, [&]() -> unsigned char {
-        m_headerEnded = false;
         if (!pdu || !msg)
             return WireResult::BadArgument;
         if (length > unsigned(std::numeric_limits<int>::max()))
@@ -77,13 +76,12 @@ unsigned char MMS_UA_Decoder::decodeHeader(const QByteArray &pdu, MMS_UA_UAMsg *
 unsigned char MMS_UA_Decoder::readFields(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
     const std::span<const HeaderFieldInfo> fields = headerFields();
+    int code = 0;
     int previous = 0;
     int position = 0;
-    while (buffer->hasMore() && !m_headerEnded) {
-        int code = 0;
+    while (buffer->hasMore() && code != HeaderFieldCode::ContentType) {
         if (const auto result = readCode(buffer, &code))
             return result;
-        m_headerEnded = code == HeaderFieldCode::ContentType;
         if (code < 1 || code > int(fields.size()))
             return WireResult::UnknownField;
         if (const auto result = fields[size_t(code - 1)].codec->readField(buffer, msg))
@@ -98,8 +96,6 @@ unsigned char MMS_UA_Decoder::readFields(LinearBuffer *buffer, MMS_UA_UAMsg *msg
 
 FieldBase *MMS_UA_Decoder::selectReader(int code)
 {
-    if (code == HeaderFieldCode::ContentType)
-        m_headerEnded = true;
     const HeaderFieldInfo *field = headerFieldInfo(code);
     return field ? field->createCodec() : nullptr;
 }

@@ -11,11 +11,12 @@ class FieldBase;
 class LinearBuffer;
 class MMS_UA_UAMsg;
 
-/// Turns the binary header of a PDU into a header record. One object can decode any number of PDUs.
+/// Turns the binary header of a PDU into a header record. One object can decode any number of PDUs
+/// and keeps nothing of them.
 class QVL_EXPORT MMS_UA_Decoder
 {
 public:
-    /// A decoder that has read nothing yet.
+    /// A decoder for any header.
     MMS_UA_Decoder();
     MMS_UA_Decoder(const MMS_UA_Decoder &) = delete;
     MMS_UA_Decoder &operator=(const MMS_UA_Decoder &) = delete;
@@ -48,13 +49,10 @@ public:
 
     /**
      * A new codec for the header field @p code, owned by the caller, or null for a code outside
-     * 1..24. Asking for Content-Type tells the decoder that the header ends with it. Only for
-     * reading single fields: decodeHeader() needs none.
+     * 1..24. Only for reading single fields: decodeHeader() needs none.
      */
     FieldBase *selectReader(int code);
 
 private:
     unsigned char readFields(LinearBuffer *buffer, MMS_UA_UAMsg *msg);
-
-    bool m_headerEnded = false;
 };

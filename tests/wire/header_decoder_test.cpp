@@ -340,6 +340,29 @@ TEST(HeaderDecoder, DecodesOneHeaderAfterTheOther)
     }
 }
 
+TEST(HeaderDecoder, ReadsOnBehindAContentTypeThatWasSelectedOrFailed)
+{
+    MMS_UA_Decoder decoder;
+    const HeapBlock failing("84 01 A3"_octets);
+    auto failingLength = static_cast<unsigned int>(failing.size());
+    const HeapBlock block("8C 80 84 A3"_octets);
+    for (const bool select : {true, false}) {
+        SCOPED_TRACE(select);
+        MMS_UA_UAMsg refused;
+        MMS_UA_UAMsg msg;
+        if (select) {
+            const std::unique_ptr<FieldBase> contentType(decoder.selectReader(4));
+        } else {
+            EXPECT_EQ(decoder.decodeHeader(failing.data(), failingLength, &refused),
+                      WireResult::UnsupportedContentType);
+        }
+        auto length = static_cast<unsigned int>(block.size());
+        EXPECT_EQ(decoder.decodeHeader(block.data(), length, &msg), WireResult::Read);
+        EXPECT_EQ(msg.getMessageType(), 128);
+        EXPECT_EQ(msg.getBody(), block.data() + 4);
+    }
+}
+
 TEST(HeaderDecoder, LeavesTheCallersArrayAsItWas)
 {
     const QByteArray pdu = HeaderPdus::validPdus().front().octets;
