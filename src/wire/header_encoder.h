@@ -32,10 +32,8 @@ public:
      * @param msg the record; a message type outside 128..134 gives an empty array
      * @param out gets a new array, which the caller frees with array-delete
      * @param outLength gets the count of its octets
-     * @retval WireResult::Written the last field was written; an earlier recipient of an unknown
-     * kind may be missing all the same
-     * @retval WireResult::CannotWrite the last field is an address of an unknown kind; there is an
-     * array as well
+     * @retval WireResult::Written there is an array. The result is that of the last field, and no
+     * message type ends with a field that can fail: check the kinds of address before
      * @retval WireResult::BadArgument an argument is null, or there is no memory; nothing changed
      */
     [[nodiscard]] unsigned char encodeHeader(MMS_UA_UAMsg *msg, unsigned char **out,

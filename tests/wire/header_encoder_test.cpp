@@ -181,6 +181,37 @@ TEST_F(HeaderEncoder, GoesOnAfterAFieldThatCannotBeWritten)
     EXPECT_EQ(writing.octets, "8D 80 98 54 31 00 97 95 80"_octets);
 }
 
+TEST_F(HeaderEncoder, GivesWrittenForEveryTypeWhateverCannotBeWritten)
+{
+    constexpr unsigned int alone[] = {0, 1u << 0, 1u << 1, 1u << 8, 1u << 22, everyField};
+    for (const TypeRow &row : typeRows()) {
+        for (const unsigned int present : alone) {
+            SCOPED_TRACE(testing::Message() << row.type << " with " << present);
+            MMS_UA_UAMsg msg;
+            fill(msg, row.type);
+            msg.setFieldsPresent(present);
+            const MMS_UTIL_Entry unknownKind("", 2, "a");
+            msg.setFrom(unknownKind);
+            msg.addToRecipient(unknownKind);
+            msg.addCcRecipient(unknownKind);
+            msg.addBccRecipient(unknownKind);
+            EXPECT_EQ(encode(msg).result, WireResult::Written);
+        }
+    }
+}
+
+TEST_F(HeaderEncoder, LosesItsLastOctetToAVersionWithTheHighBit)
+{
+    MMS_UA_UAMsg msg;
+    msg.setMessageType(133);
+    msg.setMMSVersion(0x90);
+    msg.setReportAllowed(true);
+    msg.setFieldsPresent((1u << 11) | (1u << 16)); // Message-Type and Report-Allowed
+    const Writing writing = encode(msg);
+    EXPECT_EQ(writing.result, WireResult::Written);
+    EXPECT_EQ(writing.octets, "8C 85 8D 01 90 91"_octets); // and no 80
+}
+
 TEST_F(HeaderEncoder, WritesOneFieldOfEachRecipientAndNoneWithoutAny)
 {
     MMS_UA_UAMsg msg;

@@ -493,6 +493,8 @@ TEST(MultipartEntryRead, Ucs2IsStoredAsUtf8UnderItsName)
                    {"41"_octets, ""},
                    {""_octets, ""},
                    {"41 00 00 00"_octets, "41 00"_octets}, // final zeros stay
+                   {"41 00 00 00 42 00"_octets, "41 00 42"_octets}, // and others, too
+                   {"00 00 41 00"_octets, "00 41"_octets},
                });
 }
 
