@@ -1,6 +1,7 @@
 #include "wire/content_type.h"
 
 #include "platform/mime_codes.h"
+#include "wire/append.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
 #include "wire/linear_buffer.h"
@@ -38,13 +39,13 @@ void setMediaType(MMS_CONTENT_TYPE_T *contentType, unsigned char code)
 }
 
 // The octet at the cursor, or the one behind it when a stray UTF-8 lead octet stands there.
-bool readMediaOctet(LinearBuffer *buffer, unsigned char *octet)
+[[nodiscard]] bool readMediaOctet(LinearBuffer *buffer, unsigned char *octet)
 {
     return buffer->readByte(octet) && (*octet != Utf8Lead || buffer->readByte(octet));
 }
 
 // Passes over the octet at the cursor when it is the unwanted one; false when the data ran out.
-bool skipOctet(LinearBuffer *buffer, unsigned char unwanted, int *skipped)
+[[nodiscard]] bool skipOctet(LinearBuffer *buffer, unsigned char unwanted, int *skipped)
 {
     unsigned char octet = 0;
     if (!buffer->readByte(&octet))
@@ -57,7 +58,7 @@ bool skipOctet(LinearBuffer *buffer, unsigned char unwanted, int *skipped)
 
 // Type and Start from the @p remaining octets of a related content type. Texts are counted in
 // characters without their quote, so a quoted one makes the reader look for one octet more. Kept.
-unsigned char readParameters(LinearBuffer *buffer, int remaining, QString *parameters)
+[[nodiscard]] unsigned char readParameters(LinearBuffer *buffer, int remaining, QString *parameters)
 {
     QByteArrayView type;
     QByteArrayView start;
@@ -129,8 +130,8 @@ unsigned char ContentTypeField::readFrom(LinearBuffer *buffer, MMS_CONTENT_TYPE_
     }
     buffer->rewind(1);
     int length = 0;
-    const unsigned char result = ValueLengthBinary::readFrom(buffer, &length);
-    if (length < 0 || !readMediaOctet(buffer, &octet))
+    if (ValueLengthBinary::readFrom(buffer, &length) != WireResult::Read || length < 0
+        || !readMediaOctet(buffer, &octet))
         return WireResult::OutOfData;
     if ((octet & LowSevenBits) != MultipartRelated)
         return WireResult::UnsupportedContentType;
@@ -139,9 +140,7 @@ unsigned char ContentTypeField::readFrom(LinearBuffer *buffer, MMS_CONTENT_TYPE_
     int stray = 0;
     if (!skipOctet(buffer, Utf8Lead, &stray))
         return WireResult::OutOfData;
-    const unsigned char parametersResult =
-        readParameters(buffer, length - 1, &contentType->parameters);
-    return parametersResult == WireResult::Read ? result : parametersResult;
+    return readParameters(buffer, length - 1, &contentType->parameters);
 }
 
 unsigned char ContentTypeField::writeTo(LinearBuffer *buffer, const MMS_CONTENT_TYPE_T &contentType)
@@ -150,16 +149,16 @@ unsigned char ContentTypeField::writeTo(LinearBuffer *buffer, const MMS_CONTENT_
     const unsigned char code =
         MMS_UTIL_Common::mimeTypeGetValue(contentType.type, contentType.subtype);
     if (code != MultipartRelated) {
-        buffer->appendByte(static_cast<unsigned char>(code + HighBit));
+        WireAppend::octet(buffer, static_cast<unsigned char>(code + HighBit));
         return result;
     }
     const RelatedParameters parameters(contentType.parameters);
-    ValueLengthBinary::writeTo(buffer, parameters.valueLength());
-    buffer->appendByte(MultipartRelated | HighBit);
-    buffer->appendByte(StartParameter | HighBit);
-    PlainTextBinary::writeTo(buffer, parameters.start);
-    buffer->appendByte(TypeParameter | HighBit);
-    PlainTextBinary::writeTo(buffer, parameters.type);
+    WireAppend::value<ValueLengthBinary>(buffer, parameters.valueLength());
+    WireAppend::octet(buffer, MultipartRelated | HighBit);
+    WireAppend::octet(buffer, StartParameter | HighBit);
+    WireAppend::value<PlainTextBinary>(buffer, parameters.start);
+    WireAppend::octet(buffer, TypeParameter | HighBit);
+    WireAppend::value<PlainTextBinary>(buffer, parameters.type);
     return result;
 }
 

@@ -144,7 +144,7 @@ unsigned char FromField::writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     const MMS_UTIL_Entry from = msg->getFrom();
     const bool known = !from.getAddress().isEmpty();
     writeCode(buffer, HeaderFieldCode::From);
-    ValueLengthBinary::writeTo(buffer, fromLength(from));
+    WireAppend::value<ValueLengthBinary>(buffer, fromLength(from));
     if (!buffer->appendByte(known ? AddressPresent : InsertAddress))
         return WireResult::OutOfData;
     return known ? AddressBinary::writeTo(buffer, from) : WireResult::Written;
@@ -189,8 +189,8 @@ unsigned char ExpiryField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 unsigned char ExpiryField::writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
     writeCode(buffer, HeaderFieldCode::Expiry);
-    ValueLengthBinary::writeTo(buffer, expiryLength(msg));
-    buffer->appendByte(RelativeTime);
+    WireAppend::value<ValueLengthBinary>(buffer, expiryLength(msg));
+    WireAppend::octet(buffer, RelativeTime);
     return IntegerBinary::writeTo(buffer, msg->getExpiry());
 }
 

@@ -7,14 +7,15 @@
 #pragma once
 
 #include "wire/address.h"
+#include "wire/append.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
 #include "wire/linear_buffer.h"
 #include "wire/primitive_values.h"
 #include "wire/wire_result.h"
 
-/// Shapes of header fields. read(), write() and size() return what FieldBase documents for readField(),
-/// writeField() and fieldSize().
+/// Shapes of header fields. read(), write() and size() return what FieldBase documents for
+/// readField(), writeField() and fieldSize().
 namespace FieldShapes {
 
 inline constexpr unsigned char Yes = 128; ///< token of a yes-or-no value
@@ -26,14 +27,14 @@ inline constexpr int OctetFieldSize = 2;
 /// Appends a field's code, which stands on the wire as a short integer.
 inline void writeCode(LinearBuffer *buffer, unsigned char code)
 {
-    IntegerBinary::writeTo(buffer, code);
+    WireAppend::value<IntegerBinary>(buffer, code);
 }
 
 /// Appends a field that is its code and one octet. Returns WireResult::Written.
 inline unsigned char writeOctet(LinearBuffer *buffer, unsigned char code, unsigned char octet)
 {
     writeCode(buffer, code);
-    buffer->appendByte(octet);
+    WireAppend::octet(buffer, octet);
     return WireResult::Written;
 }
 

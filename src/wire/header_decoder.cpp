@@ -25,7 +25,7 @@ void storePosition(MMS_UA_UAMsg *msg, int code, int position)
 }
 
 // Nearly every code is a short integer.
-unsigned char readCode(LinearBuffer *buffer, int *code)
+[[nodiscard]] unsigned char readCode(LinearBuffer *buffer, int *code)
 {
     unsigned char octet = 0;
     if (!buffer->readByte(&octet))

@@ -54,5 +54,5 @@ public:
     FieldBase *selectReader(int code);
 
 private:
-    unsigned char readFields(LinearBuffer *buffer, MMS_UA_UAMsg *msg);
+    [[nodiscard]] unsigned char readFields(LinearBuffer *buffer, MMS_UA_UAMsg *msg);
 };

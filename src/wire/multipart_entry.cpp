@@ -9,6 +9,7 @@
 #include "multipart/multipart_result.h"
 #include "platform/debug_log.h"
 #include "platform/mime_codes.h"
+#include "wire/append.h"
 #include "wire/linear_buffer.h"
 #include "wire/multipart_writer.h"
 #include "wire/octets.h"
@@ -56,21 +57,21 @@ public:
     EntryReader(LinearBuffer *buffer, Part *part) : m_buffer(buffer), m_part(part) { }
 
     // Each returns false when the data ran out or a length cannot be right.
-    bool readEntry();
+    [[nodiscard]] bool readEntry();
 
 private:
-    bool readLength(int *length);
-    bool readContentType();
+    [[nodiscard]] bool readLength(int *length);
+    [[nodiscard]] bool readContentType();
     void readMediaText();
-    bool readParameters(int count);
-    bool readNameParameter();
+    [[nodiscard]] bool readParameters(int count);
+    [[nodiscard]] bool readNameParameter();
     void readCharsetParameter();
-    bool readHeadersUpTo(qint64 end);
-    bool readContentLocation();
+    [[nodiscard]] bool readHeadersUpTo(qint64 end);
+    [[nodiscard]] bool readContentLocation();
     void setLocation(QByteArrayView utf8);
-    bool readContentId();
-    bool readData(int length);
-    bool storeUcs2AsUtf8(QByteArrayView data);
+    [[nodiscard]] bool readContentId();
+    [[nodiscard]] bool readData(int length);
+    [[nodiscard]] bool storeUcs2AsUtf8(QByteArrayView data);
 
     void setMediaCode(unsigned char octet);
     void setMediaText(const QString &text);
@@ -280,7 +281,7 @@ void writeMediaText(LinearBuffer *buffer, const QString &format)
 {
     // Phones know the melody format by its older name only.
     const bool melody = format.toLower() == QLatin1String("audio/imelody");
-    PlainTextBinary::writeTo(buffer, melody ? QStringLiteral("text/x-iMelody") : format);
+    WireAppend::value<PlainTextBinary>(buffer, melody ? QStringLiteral("text/x-iMelody") : format);
 }
 
 void writeContentType(LinearBuffer *buffer, const Part &part)
@@ -288,34 +289,34 @@ void writeContentType(LinearBuffer *buffer, const Part &part)
     const unsigned char code =
         MMS_UTIL_Common::mimeTypeGetValue(part.getContentType(), part.getSubType());
     if (code < FirstCodeWrittenAsText)
-        IntegerBinary::writeTo(buffer, code);
+        WireAppend::value<IntegerBinary>(buffer, code);
     else
         writeMediaText(buffer, part.getMimeFormat());
 
     if (const QString location = part.getContentLocation(); !location.isEmpty()) {
-        buffer->appendByte(EntryOctet::Name);
-        PlainTextBinary::writeTo(buffer, location);
+        WireAppend::octet(buffer, EntryOctet::Name);
+        WireAppend::value<PlainTextBinary>(buffer, location);
     }
     if (code == EntryOctet::TextPlain || code == EntryOctet::XhtmlXml) {
         // A named charset is declared as US-ASCII whatever it is. Kept: the texts that the
         // composer names a charset for are ASCII.
-        buffer->appendByte(EntryOctet::Charset);
-        CharsetBinary::writeTo(buffer,
-                               part.getCharset().isEmpty() ? Charset::Utf8 : Charset::UsAscii);
+        WireAppend::octet(buffer, EntryOctet::Charset);
+        WireAppend::value<CharsetBinary>(
+            buffer, part.getCharset().isEmpty() ? Charset::Utf8 : Charset::UsAscii);
     }
 }
 
 void writeHeaders(LinearBuffer *buffer, const Part &part)
 {
     if (const QString id = part.getContentID(); !id.isEmpty()) {
-        buffer->appendByte(EntryOctet::ContentId);
+        WireAppend::octet(buffer, EntryOctet::ContentId);
         if (id.startsWith(QLatin1Char('<')))
-            buffer->appendByte('"');
-        PlainTextBinary::writeTo(buffer, id);
+            WireAppend::octet(buffer, '"');
+        WireAppend::value<PlainTextBinary>(buffer, id);
     }
     if (const QString location = part.getContentLocation(); !location.isEmpty()) {
-        buffer->appendByte(EntryOctet::ContentLocation);
-        PlainTextBinary::writeTo(buffer, location);
+        WireAppend::octet(buffer, EntryOctet::ContentLocation);
+        WireAppend::value<PlainTextBinary>(buffer, location);
     }
 }
 
@@ -336,10 +337,10 @@ unsigned char Multipart_Entry::writeTo(LinearBuffer *buffer, const Part &part)
 
     const QByteArray &data = part.getBodyData();
     const int headersLength = ValueLengthBinary::sizeOf(contentTypeLength) + scratch.getPosition();
-    UIntBinary::writeTo(buffer, headersLength);
-    UIntBinary::writeTo(buffer, int(data.size()));
+    WireAppend::value<UIntBinary>(buffer, headersLength);
+    WireAppend::value<UIntBinary>(buffer, int(data.size()));
     const unsigned char result = ValueLengthBinary::writeTo(buffer, contentTypeLength);
-    buffer->appendData(octets.data(), scratch.getPosition());
+    WireAppend::octets(buffer, QByteArrayView(octets.data(), scratch.getPosition()));
     const auto *body = reinterpret_cast<const unsigned char *>(data.constData());
     return buffer->appendData(body, int(data.size())) ? result : WireResult::CannotWrite;
 }

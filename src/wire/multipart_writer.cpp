@@ -2,7 +2,7 @@
 
 #include "multipart/multipart.h"
 #include "platform/setting.h"
-#include "wire/linear_buffer.h"
+#include "wire/append.h"
 #include "wire/multipart_entry.h"
 #include "wire/wire_result.h"
 
@@ -33,7 +33,7 @@ int MultipartWriter::capacityFor(const MMS_COMP_SMILMultipart &multipart)
 
 unsigned char MultipartWriter::write(LinearBuffer *buffer, const MMS_COMP_SMILMultipart &multipart)
 {
-    buffer->appendByte(static_cast<unsigned char>(multipart.getPartCount()));
+    WireAppend::octet(buffer, static_cast<unsigned char>(multipart.getPartCount()));
     for (int i = 0; i < multipart.getPartCount(); ++i) {
         const auto result = Multipart_Entry::writeTo(buffer, *multipart.getBodypartByIndex(i));
         if (result != WireResult::Written)

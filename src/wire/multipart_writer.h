@@ -13,13 +13,13 @@ namespace MultipartWriter {
 inline constexpr int LongestEntryHeaders = 1024;
 
 /// Size in octets of the array that a body of @p multipart is written to; 0 when that is no int.
-int capacityFor(const MMS_COMP_SMILMultipart &multipart);
+[[nodiscard]] int capacityFor(const MMS_COMP_SMILMultipart &multipart);
 
 /**
  * Appends the body of @p multipart to a buffer of capacityFor() octets. WireResult::Written, or
  * WireResult::CannotWrite when the data of a part does not fit. A buffer that is full to its end
  * then may have dropped something.
  */
-unsigned char write(LinearBuffer *buffer, const MMS_COMP_SMILMultipart &multipart);
+[[nodiscard]] unsigned char write(LinearBuffer *buffer, const MMS_COMP_SMILMultipart &multipart);
 
 } // namespace MultipartWriter

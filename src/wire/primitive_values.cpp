@@ -1,5 +1,6 @@
 #include "wire/primitive_values.h"
 
+#include "wire/append.h"
 #include "wire/date_time.h"
 #include "wire/linear_buffer.h"
 #include "wire/octets.h"
@@ -70,13 +71,13 @@ unsigned char IntegerBinary::readFrom(LinearBuffer *buffer, int *value)
 unsigned char IntegerBinary::writeTo(LinearBuffer *buffer, int value)
 {
     if (value <= LowSevenBits) {
-        buffer->appendByte(static_cast<unsigned char>((value & LowSevenBits) | HighBit));
+        WireAppend::octet(buffer, static_cast<unsigned char>((value & LowSevenBits) | HighBit));
         return WireResult::Written;
     }
     const int count = sizeOf(value) - 1;
-    buffer->appendByte(static_cast<unsigned char>(count));
+    WireAppend::octet(buffer, static_cast<unsigned char>(count));
     for (int i = count - 1; i >= 0; --i)
-        buffer->appendByte(static_cast<unsigned char>(value >> (8 * i)));
+        WireAppend::octet(buffer, static_cast<unsigned char>(value >> (8 * i)));
     return WireResult::Written;
 }
 
@@ -109,8 +110,9 @@ unsigned char UIntBinary::writeTo(LinearBuffer *buffer, int value)
     while (shift > 0 && ((value >> shift) & LowSevenBits) == 0)
         shift -= 7;
     for (; shift > 0; shift -= 7)
-        buffer->appendByte(static_cast<unsigned char>(((value >> shift) & LowSevenBits) | HighBit));
-    buffer->appendByte(static_cast<unsigned char>(value & LowSevenBits));
+        WireAppend::octet(buffer,
+                          static_cast<unsigned char>(((value >> shift) & LowSevenBits) | HighBit));
+    WireAppend::octet(buffer, static_cast<unsigned char>(value & LowSevenBits));
     return WireResult::Written;
 }
 
@@ -138,10 +140,10 @@ unsigned char ValueLengthBinary::readFrom(LinearBuffer *buffer, int *value)
 unsigned char ValueLengthBinary::writeTo(LinearBuffer *buffer, int value)
 {
     if (value > LongestShortLength) {
-        buffer->appendByte(LengthFollows);
+        WireAppend::octet(buffer, LengthFollows);
         return UIntBinary::writeTo(buffer, value);
     }
-    buffer->appendByte(static_cast<unsigned char>(value));
+    WireAppend::octet(buffer, static_cast<unsigned char>(value));
     return WireResult::Written;
 }
 
@@ -174,8 +176,8 @@ unsigned char TimeBinary::readSeconds(LinearBuffer *buffer, int *seconds)
 unsigned char TimeBinary::writeTo(LinearBuffer *buffer, const QDateTime &value)
 {
     const int seconds = DateTime::toSeconds(value);
-    ValueLengthBinary::writeTo(buffer, IntegerBinary::sizeOf(seconds) + 1);
-    buffer->appendByte(AbsoluteTime);
+    WireAppend::value<ValueLengthBinary>(buffer, IntegerBinary::sizeOf(seconds) + 1);
+    WireAppend::octet(buffer, AbsoluteTime);
     return IntegerBinary::writeTo(buffer, seconds);
 }
 
@@ -233,8 +235,8 @@ unsigned char EncodedStringBinary::readFrom(LinearBuffer *buffer, QString *text)
 unsigned char EncodedStringBinary::writeTo(LinearBuffer *buffer, const QString &text)
 {
     const WireText::Octets octets = WireText::utf8(text);
-    ValueLengthBinary::writeTo(buffer, encodedStringLength(octets));
-    CharsetBinary::writeTo(buffer, Charset::Utf8);
+    WireAppend::value<ValueLengthBinary>(buffer, encodedStringLength(octets));
+    WireAppend::value<CharsetBinary>(buffer, Charset::Utf8);
     WireText::append(buffer, octets);
     return WireResult::Written;
 }

@@ -1,5 +1,6 @@
 #include "wire/wire_text.h"
 
+#include "wire/append.h"
 #include "wire/linear_buffer.h"
 #include "wire/octets.h"
 
@@ -59,9 +60,9 @@ WireText::Octets WireText::utf8(const QString &text)
 void WireText::append(LinearBuffer *buffer, QByteArrayView octets)
 {
     if (needsQuote(octets))
-        buffer->appendByte(Quote);
-    buffer->appendData(reinterpret_cast<const unsigned char *>(octets.data()), int(octets.size()));
-    buffer->appendByte(0);
+        WireAppend::octet(buffer, Quote);
+    WireAppend::octets(buffer, octets);
+    WireAppend::octet(buffer, 0);
 }
 
 int WireText::sizeOf(QByteArrayView octets)

@@ -18,7 +18,7 @@ namespace WireText {
 inline constexpr unsigned char Quote = 127;
 
 /// The next plain text in place, without its Quote; nothing when the data ran out.
-std::optional<QByteArrayView> read(LinearBuffer *buffer);
+[[nodiscard]] std::optional<QByteArrayView> read(LinearBuffer *buffer);
 /// The same for a caller that has read the first octet.
 QByteArrayView readRest(LinearBuffer *buffer, unsigned char firstOctet);
 
