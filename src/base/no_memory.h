@@ -33,8 +33,8 @@ private:
  * the exception passes instead.
  */
 template <typename Operation>
-std::invoke_result_t<Operation> unlessOutOfMemory(std::invoke_result_t<Operation> failure,
-                                                  Operation operation)
+[[nodiscard]] std::invoke_result_t<Operation> unlessOutOfMemory(
+    std::invoke_result_t<Operation> failure, Operation operation)
 {
     if (QvlOperationScope::isActive())
         return operation();

@@ -14,6 +14,6 @@ namespace DocumentEncoding {
  * or else the declared one if Qt can convert it, or else UTF-8. Nothing when the octets are not in
  * that encoding.
  */
-std::optional<QByteArray> toUtf8(const QByteArray &file);
+[[nodiscard]] std::optional<QByteArray> toUtf8(const QByteArray &file);
 
 } // namespace DocumentEncoding

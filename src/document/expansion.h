@@ -54,7 +54,7 @@ public:
 
     /// Notes the entity @p name and the entities that its text refers to, after the character @p
     /// mark. False when a row of entities is longer than Deepest, as it is when they form a circle.
-    bool declare(char mark, std::string_view name, std::string_view text);
+    [[nodiscard]] bool declare(char mark, std::string_view name, std::string_view text);
 
 private:
     struct Entity
@@ -63,7 +63,7 @@ private:
         std::vector<Entity *> users;
     };
 
-    bool raise(Entity *entity, int level);
+    [[nodiscard]] bool raise(Entity *entity, int level);
 
     std::map<std::string, Entity, std::less<>> m_entities; // names with their mark
 };

@@ -18,6 +18,6 @@ inline constexpr std::size_t DeepestNesting = 256;
 /// The document of a text in UTF-8, whatever encoding it declares, or nothing when the text is not
 /// well-formed or beyond the limits: DeepestNesting, and those of expansion.h. Throws
 /// std::bad_alloc.
-std::optional<SmilDocument> parse(QByteArrayView utf8);
+[[nodiscard]] std::optional<SmilDocument> parse(QByteArrayView utf8);
 
 } // namespace DocumentParser

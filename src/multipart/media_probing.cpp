@@ -15,6 +15,7 @@
 
 #include <limits>
 #include <memory>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -33,7 +34,8 @@ EnginePointer createEngine()
     return EnginePointer(MP_CreatePlayerEngine(nullptr, nullptr));
 }
 
-bool open(MP_PlayerEngine &engine, const QByteArray &data, const QByteArray &extension)
+[[nodiscard]] bool open(MP_PlayerEngine &engine, const QByteArray &data,
+                        const QByteArray &extension)
 {
     return engine.open(data.constData(), int(data.size()), extension.constData());
 }
@@ -59,7 +61,7 @@ bool isDecodableImage(const QByteArray &data)
 {
     if (qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
         QPixmap pixmap;
-        pixmap.loadFromData(data);
+        std::ignore = pixmap.loadFromData(data); // stays null when that fails
         return !pixmap.isNull();
     }
     return !QImage::fromData(data).isNull();

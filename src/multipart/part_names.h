@@ -47,7 +47,7 @@ public:
 
 private:
     bool isTakenByUnindexedPart(const QString &name);
-    bool take(const QString &name);
+    [[nodiscard]] bool take(const QString &name);
     QString takeFirstFree(const QString &prefix, const QString &ext);
     QString takeItselfOrNumbered(const QString &candidate, const QString &base, const QString &ext);
 

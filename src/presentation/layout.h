@@ -185,7 +185,7 @@ private:
     friend class RegionIndexScope;
     friend class SmilReader;
 
-    QVL_INTERNAL int readRootLayout(const SmilElement &element);
+    [[nodiscard]] QVL_INTERNAL int readRootLayout(const SmilElement &element);
     void append(std::unique_ptr<MMS_COMP_SMILRegion> region);
     MMS_COMP_SMILRegion *findEqual(const MMS_COMP_SMILRegion &region) const;
 

@@ -361,7 +361,7 @@ QString MMS_COMP_SMILMediaObject::getParamValueByName(const QString &name) const
 
 void MMS_COMP_SMILMediaObject::removeParamByName(const QString &name)
 {
-    m_params.remove(indexOfParam(name));
+    std::ignore = m_params.remove(indexOfParam(name)); // there may be none
 }
 
 void MMS_COMP_SMILMediaObject::clear()
@@ -372,8 +372,8 @@ void MMS_COMP_SMILMediaObject::clear()
     MMS_COMP_SMILMultipart *multipart = getMultiPart();
     if (isOwn)
         delete part;
-    else if (part && multipart && multipart->holds(part))
-        multipart->deletePartBySrc(part->getContentLocation());
+    else if (part && multipart && multipart->holds(part)) // which keeps a part without location
+        std::ignore = multipart->deletePartBySrc(part->getContentLocation());
 }
 
 bool MMS_COMP_SMILMediaObject::writeToStream(QDataStream &stream) const

@@ -225,7 +225,8 @@ public:
 private:
     friend class MMS_COMP_SMILData;
 
-    QVL_INTERNAL int readElement(const SmilElement &element, MMS_COMP_SMILMultipart *multipart);
+    [[nodiscard]] QVL_INTERNAL int readElement(const SmilElement &element,
+                                               MMS_COMP_SMILMultipart *multipart);
     QVL_INTERNAL void bindOwn(MMS_COMP_SMILMultipartBodypart *part);
     QVL_INTERNAL bool ownsData() const;
     int indexOfParam(const QString &name) const;

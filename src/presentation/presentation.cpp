@@ -14,6 +14,7 @@
 
 #include <algorithm>
 #include <memory>
+#include <tuple>
 
 using Object = MMS_COMP_SMILMediaObject;
 using Part = MMS_COMP_SMILMultipartBodypart;
@@ -64,7 +65,7 @@ MMS_COMP_SMILData::MMS_COMP_SMILData(const MMS_COMP_SMILData &source,
                                      MMS_COMP_SMILMultipart *multipart)
     : MMS_COMP_SMILData(multipart)
 {
-    source.copyTo(this, multipart);
+    std::ignore = source.copyTo(this, multipart); // what was copied until a failure stays
 }
 
 MMS_COMP_SMILData::~MMS_COMP_SMILData()
@@ -285,7 +286,7 @@ void MMS_COMP_SMILData::updateParamToSlideAt(unsigned int index)
             slide->setPageColor(*rootLayout->getBackgroundColor());
         slide->updatePageColorToElem();
         slide->updateTextColorToElem();
-        slide->updateTextSizeToElem();
+        std::ignore = slide->updateTextSizeToElem(); // fails only by an exception
     });
 }
 
@@ -332,11 +333,12 @@ bool MMS_COMP_SMILData::copyTo(MMS_COMP_SMILData *target, MMS_COMP_SMILMultipart
             return false;
         target->setMultiPart(multipart);
         target->setLayoutMeasureUnit(m_measureUnit);
+        // Without memory the operations below throw, so this one returns false.
         if (const MMS_COMP_SMILRootLayout *rootLayout = getRootLayout())
-            target->setRootLayout(rootLayout->getWidth(), rootLayout->getHeight());
+            std::ignore = target->setRootLayout(rootLayout->getWidth(), rootLayout->getHeight());
         target->m_layout.addRegionsOf(m_layout);
         for (int i = 0, count = m_metas.count(); i < count; ++i)
-            target->appendMeta(m_metas.at(i)->getName(), m_metas.at(i)->getContent());
+            std::ignore = target->appendMeta(m_metas.at(i)->getName(), m_metas.at(i)->getContent());
         const PartIndexScope index(multipart);
         // A copy onto itself would otherwise walk what it adds.
         for (int i = 0, count = m_slides.count(); i < count; ++i) {

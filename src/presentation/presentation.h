@@ -189,8 +189,9 @@ public:
 private:
     friend class SmilReader;
 
-    QVL_INTERNAL int appendElement(const SmilElement &element, MMS_COMP_SMILMultipart *multipart,
-                                   bool newSlide, int dur, MMS_COMP_SMILMediaObject **created);
+    [[nodiscard]] QVL_INTERNAL int appendElement(const SmilElement &element,
+                                                 MMS_COMP_SMILMultipart *multipart, bool newSlide,
+                                                 int dur, MMS_COMP_SMILMediaObject **created);
 
     MMS_COMP_SMIL_UNIT_TYPE_ENUM m_measureUnit = SMIL_UNIT_PIXEL;
     MMS_COMP_SMILLayout m_layout;

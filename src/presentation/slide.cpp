@@ -14,6 +14,7 @@
 #include <algorithm>
 #include <limits>
 #include <memory>
+#include <tuple>
 
 using Object = MMS_COMP_SMILMediaObject;
 using Part = MMS_COMP_SMILMultipartBodypart;
@@ -130,7 +131,7 @@ bool MMS_COMP_SMILTimingContainer::remove(unsigned int index)
 void MMS_COMP_SMILTimingContainer::release(int index)
 {
     m_objects.at(index)->clear();
-    m_objects.remove(index);
+    std::ignore = m_objects.remove(index); // the callers have found it there
 }
 
 int MMS_COMP_SMILTimingContainer::indexOfFirst(Predicate fits) const
@@ -268,7 +269,7 @@ bool MMS_COMP_SMILTimingContainer::updateData(const QString &regionId, const QSt
         if (!object->setData(regionId, src, type, subType, bytes, multipart))
             return false;
         if (added)
-            m_objects.insert(place, added.release());
+            std::ignore = m_objects.insert(place, added.release()); // never beyond the end
         // A video that an image takes the place of leaves its duration behind. Kept.
         if (plays(*object))
             rectifyDur();
@@ -294,13 +295,15 @@ void MMS_COMP_SMILTimingContainer::removeParamFromAll(const QString &name)
         object->removeParamByName(name);
 }
 
+// An object without memory for its param stays without the color, and so does the text below.
 void MMS_COMP_SMILTimingContainer::updatePageColorToElem()
 {
     if (!m_pageColor.isUsable())
         return removeParamFromAll(QvlParamName::pageColor());
     for (Object *object : {first(isText), first(isPicture), first(isAudio)}) {
         if (object)
-            object->updateParamByName(QvlParamName::pageColor(), m_pageColor.color.name());
+            std::ignore =
+                object->updateParamByName(QvlParamName::pageColor(), m_pageColor.color.name());
     }
 }
 
@@ -318,7 +321,7 @@ void MMS_COMP_SMILTimingContainer::updateTextColorToElem()
     if (!m_textColor.isUsable())
         return removeParamFromAll(QvlParamName::textColor());
     if (Object *text = first(isText))
-        text->updateParamByName(QvlParamName::textColor(), m_textColor.color.name());
+        std::ignore = text->updateParamByName(QvlParamName::textColor(), m_textColor.color.name());
 }
 
 void MMS_COMP_SMILTimingContainer::updateTextColorFromElem()

@@ -10,6 +10,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -23,7 +24,8 @@ bool hasNullRegion(MMS_COMP_SMILLayout &layout)
 
 void append(MMS_COMP_SMILData *data, const QvlHandsetRegion &own)
 {
-    data->appendRegion(own.left, own.top, own.width, own.height, u"hidden"_s, own.id);
+    // Fails only by an exception.
+    std::ignore = data->appendRegion(own.left, own.top, own.width, own.height, u"hidden"_s, own.id);
 }
 
 // Objects move before the region's own id changes.
@@ -122,7 +124,8 @@ int MMS_COMP_SMILParser::updateToCorvaneRegion(MMS_COMP_SMILData *data)
 void MMS_COMP_SMILParser::updateToCorvaneRootLayout(MMS_COMP_SMILData *data)
 {
     if (data)
-        data->setRootLayout(QvlHandset::ScreenWidth, QvlHandset::ScreenHeight);
+        // Null only when there is no memory.
+        std::ignore = data->setRootLayout(QvlHandset::ScreenWidth, QvlHandset::ScreenHeight);
 }
 
 void MMS_COMP_SMILParser::updateObjectRegionId(MMS_COMP_SMILData *data, const QString &oldId,

@@ -21,6 +21,7 @@
 #include <QFile>
 
 #include <array>
+#include <tuple>
 
 using namespace Qt::StringLiterals;
 
@@ -34,16 +35,17 @@ public:
     {
     }
 
-    int readSmil(const SmilElement &root);
-    int readHead(const SmilElement &head);
-    int readMeta(const SmilElement &meta);
-    int readLayout(const SmilElement &layout);
-    int readRootLayout(const SmilElement &rootLayout);
-    int readRegion(const SmilElement &region);
-    int readBody(const SmilElement &body);
-    int readPar(const SmilElement &par, int &depth);
-    int readSeq(const SmilElement &seq, int &depth);
-    static int readParams(const SmilElement &element, MMS_COMP_SMILMediaObject *object);
+    [[nodiscard]] int readSmil(const SmilElement &root);
+    [[nodiscard]] int readHead(const SmilElement &head);
+    [[nodiscard]] int readMeta(const SmilElement &meta);
+    [[nodiscard]] int readLayout(const SmilElement &layout);
+    [[nodiscard]] int readRootLayout(const SmilElement &rootLayout);
+    [[nodiscard]] int readRegion(const SmilElement &region);
+    [[nodiscard]] int readBody(const SmilElement &body);
+    [[nodiscard]] int readPar(const SmilElement &par, int &depth);
+    [[nodiscard]] int readSeq(const SmilElement &seq, int &depth);
+    [[nodiscard]] static int readParams(const SmilElement &element,
+                                        MMS_COMP_SMILMediaObject *object);
     static bool isBodyTag(const QString &tag);
 
     /// SmilResult::MetaRefused when a meta was not kept, else 0.
@@ -62,11 +64,12 @@ private:
     };
 
     int readLeading(const Child &row, SmilElement *element);
-    int readAround(const SmilElement &parent, const Child &row, const Child &middle);
+    [[nodiscard]] int readAround(const SmilElement &parent, const Child &row, const Child &middle);
     static ContainerReader containerReader(const QString &tag);
-    int readNested(ContainerReader read, const SmilElement &element, int &depth);
-    int readMedia(const SmilElement &element, bool newSlide, int dur);
-    int readTimedChildren(const SmilElement &parent, NewSlide newSlide, int dur, int &depth);
+    [[nodiscard]] int readNested(ContainerReader read, const SmilElement &element, int &depth);
+    [[nodiscard]] int readMedia(const SmilElement &element, bool newSlide, int dur);
+    [[nodiscard]] int readTimedChildren(const SmilElement &parent, NewSlide newSlide, int dur,
+                                        int &depth);
 
     MMS_COMP_SMILMultipart *m_multipart;
     MMS_COMP_SMILData *m_data;
@@ -167,7 +170,7 @@ int MMS_COMP_SMILParser::readDocument(const QByteArray &utf8, MMS_COMP_SMILMulti
     m_lastWarning = reader.warning();
     if (result != SmilResult::Ok)
         return result;
-    updateToCorvaneRegion(data);
+    std::ignore = updateToCorvaneRegion(data); // a list of regions with a null one stays as it is
     data->updateParamFromSlide();
     return SmilResult::Ok;
 }

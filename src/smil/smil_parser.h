@@ -148,11 +148,13 @@ public:
                                 bool writeSmil);
 
 private:
-    QVL_INTERNAL int readFragment(const QDomElement *element, MMS_COMP_SMILMultipart *multipart,
-                                  MMS_COMP_SMILData *data,
-                                  int (SmilReader::*read)(const SmilElement &));
-    QVL_INTERNAL int readDocument(const QByteArray &utf8, MMS_COMP_SMILMultipart *multipart,
-                                  MMS_COMP_SMILData *data);
+    [[nodiscard]] QVL_INTERNAL int readFragment(const QDomElement *element,
+                                                MMS_COMP_SMILMultipart *multipart,
+                                                MMS_COMP_SMILData *data,
+                                                int (SmilReader::*read)(const SmilElement &));
+    [[nodiscard]] QVL_INTERNAL int readDocument(const QByteArray &utf8,
+                                                MMS_COMP_SMILMultipart *multipart,
+                                                MMS_COMP_SMILData *data);
 
     int m_lastWarning = 0;
 };

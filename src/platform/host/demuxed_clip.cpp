@@ -86,12 +86,12 @@ public:
     explicit DemuxedClip(Octets clip) : m_input(clip) { }
 
     /// True when there is something to play: the clip's first packet.
-    bool open(const char *demuxer);
+    [[nodiscard]] bool open(const char *demuxer);
     /// Milliseconds of the longest stream; 0 when they cannot be known.
     int duration();
 
 private:
-    bool openFormat(const char *demuxer);
+    [[nodiscard]] bool openFormat(const char *demuxer);
     bool countPacket();
     int64_t inMilliseconds(int stream, int64_t time) const;
 
@@ -104,7 +104,7 @@ private:
 };
 
 // Everything that the clip could make the demuxer open is forbidden.
-bool isolate(AVFormatContext *context, const AVInputFormat &format)
+[[nodiscard]] bool isolate(AVFormatContext *context, const AVInputFormat &format)
 {
     context->io_open = refuseToOpen;
     context->format_whitelist = av_strdup(format.name);
