@@ -238,7 +238,7 @@ bool MMS_COMP_SMILMediaObject::setData(const QString &regionId, const QString &s
         part->setContentLocation(src);
         part->setDispFileName(MMS_COMP_Util::stripePath(src));
         const QvlMediaKind *kind = qvlMediaKind(type);
-        part->setContentType(kind ? kind->mainTypeCode : int(EMAIL_Util::Application));
+        std::ignore = part->setContentType(kind ? kind->mainTypeCode : int(EMAIL_Util::Application));
         part->setContentSubType(subType);
         part->setDispFileType(Part::Shown);
         part->setBodyData(bytes);
