@@ -40,6 +40,8 @@ qsizetype findPlmnSuffix(QStringView text)
 
 } // namespace
 
+// address ::= encoded-string
+// its text ::= number "/TYPE=PLMN" any | name "<" address [">" any] | address
 unsigned char AddressBinary::readFrom(LinearBuffer *buffer, MMS_UTIL_Entry *entry)
 {
     QString text;

@@ -119,6 +119,8 @@ QString ContentTypeField::startOf(const QString &parameters)
     return parameterOf(parameters, StartKey);
 }
 
+// content-type ::= octet > 80 | value-length [C2] B3 [C2] parameter *
+// parameter ::= 89 text | 8A ["] text | octet
 unsigned char ContentTypeField::readFrom(LinearBuffer *buffer, MMS_CONTENT_TYPE_T *contentType)
 {
     unsigned char octet = 0;

@@ -101,12 +101,8 @@ QVL_DEFINE_FIELD(SenderVisibilityField,
 
 unsigned char VersionField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
-    unsigned char octet = 0;
-    if (!buffer->readByte(&octet))
-        return WireResult::OutOfData;
-    msg->setMMSVersion(octet & WireOctet::LowSevenBits);
-    msg->addFieldsPresent(headerFieldMask(HeaderFieldCode::MmsVersion));
-    return WireResult::Read;
+    return readOctet<HeaderFieldCode::MmsVersion, &Msg::setMMSVersion, WireOctet::withoutHighBit>(
+        buffer, msg);
 }
 
 unsigned char VersionField::writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
@@ -120,6 +116,8 @@ int VersionField::fieldSize(MMS_UA_UAMsg *)
     return OctetFieldSize;
 }
 
+// from ::= value-length (80 address | octet)
+// A sender who is not named becomes an entry of type Absent.
 unsigned char FromField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
     int length = 0;
@@ -176,6 +174,8 @@ int MsgDateField::fieldSize(MMS_UA_UAMsg *msg)
     return 1 + IntegerBinary::sizeOf(dateSeconds(msg));
 }
 
+// expiry ::= time
+// One that cannot be read leaves the value alone and counts as present all the same.
 unsigned char ExpiryField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
     int seconds = 0;

@@ -38,18 +38,35 @@ inline unsigned char writeOctet(LinearBuffer *buffer, unsigned char code, unsign
     return WireResult::Written;
 }
 
+/// Reads one octet and sets what @p ValueOf makes of it.
+template <unsigned char Code, auto Set, auto ValueOf>
+unsigned char readOctet(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
+{
+    unsigned char octet = 0;
+    if (!buffer->readByte(&octet))
+        return WireResult::OutOfData;
+    (msg->*Set)(ValueOf(octet));
+    msg->addFieldsPresent(headerFieldMask(Code));
+    return WireResult::Read;
+}
+
+constexpr unsigned char asItIs(unsigned char octet)
+{
+    return octet;
+}
+
+constexpr bool isYes(unsigned char octet)
+{
+    return octet == Yes;
+}
+
 /// One octet, stored and written as it is.
 template <unsigned char Code, auto Get, auto Set>
 struct Octet
 {
     static unsigned char read(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     {
-        unsigned char octet = 0;
-        if (!buffer->readByte(&octet))
-            return WireResult::OutOfData;
-        (msg->*Set)(octet);
-        msg->addFieldsPresent(headerFieldMask(Code));
-        return WireResult::Read;
+        return readOctet<Code, Set, asItIs>(buffer, msg);
     }
 
     static unsigned char write(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
@@ -67,12 +84,7 @@ struct Flag
 {
     static unsigned char read(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     {
-        unsigned char octet = 0;
-        if (!buffer->readByte(&octet))
-            return WireResult::OutOfData;
-        (msg->*Set)(octet == Yes);
-        msg->addFieldsPresent(headerFieldMask(Code));
-        return WireResult::Read;
+        return readOctet<Code, Set, isYes>(buffer, msg);
     }
 
     static unsigned char write(LinearBuffer *buffer, MMS_UA_UAMsg *msg)

@@ -24,6 +24,7 @@ void storePosition(MMS_UA_UAMsg *msg, int code, int position)
     }
 }
 
+// code ::= integer
 // Nearly every code is a short integer.
 [[nodiscard]] unsigned char readCode(LinearBuffer *buffer, int *code)
 {

@@ -82,6 +82,8 @@ private:
     unsigned char m_mediaCode = 0;
 };
 
+// entry ::= uintvar uintvar content-type header * octet *
+// The first uintvar counts the octets of content type and headers, the second those of the data.
 bool EntryReader::readEntry()
 {
     int headersLength = 0;
@@ -99,6 +101,7 @@ bool EntryReader::readLength(int *length)
     return UIntBinary::readFrom(m_buffer, length) == WireResult::Read && *length >= 0;
 }
 
+// content-type ::= octet >= 80 | text | value-length (octet >= 80 | text) parameter *
 bool EntryReader::readContentType()
 {
     unsigned char first = 0;
@@ -160,6 +163,7 @@ void EntryReader::setMediaText(const QString &text)
     m_part->setContentSubType(Part::getSubTypePartFromFormat(format));
 }
 
+// parameter ::= 81 integer, the charset | 85 text, the name | octet
 bool EntryReader::readParameters(int count)
 {
     const int start = m_buffer->getPosition();
@@ -191,6 +195,7 @@ bool EntryReader::readNameParameter()
     return true;
 }
 
+// header ::= 8E [7F] octet * 00, the location | C0 ["] text, the Content-ID | octet
 bool EntryReader::readHeadersUpTo(qint64 end)
 {
     while (m_buffer->getPosition() < end) {

@@ -14,6 +14,11 @@ constexpr bool hasHighBit(unsigned char octet)
     return (octet & HighBit) != 0;
 }
 
+constexpr unsigned char withoutHighBit(unsigned char octet)
+{
+    return octet & LowSevenBits;
+}
+
 } // namespace WireOctet
 
 /// MIBenum numbers of charsets, as IANA assigns them.

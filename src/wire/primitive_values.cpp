@@ -48,6 +48,8 @@ QString decodeEncodedText(QByteArrayView octets, int charset)
 
 } // namespace
 
+// integer ::= octet >= 80, which holds seven bits | count octet * count
+// Of more than four octets the last four count. A truncated one leaves the value alone.
 unsigned char IntegerBinary::readFrom(LinearBuffer *buffer, int *value)
 {
     unsigned char first = 0;
@@ -91,6 +93,8 @@ int IntegerBinary::sizeOf(int value)
     return size;
 }
 
+// uintvar ::= (octet >= 80) * octet < 80
+// Bits beyond the 32nd are lost. A truncated one leaves the value alone.
 unsigned char UIntBinary::readFrom(LinearBuffer *buffer, int *value)
 {
     quint32 sum = 0;
@@ -126,6 +130,7 @@ int UIntBinary::sizeOf(int value)
     return size;
 }
 
+// value-length ::= 1F uintvar | octet
 unsigned char ValueLengthBinary::readFrom(LinearBuffer *buffer, int *value)
 {
     unsigned char first = 0;
@@ -161,6 +166,8 @@ unsigned char TimeBinary::readFrom(LinearBuffer *buffer, QDateTime *value)
     return result;
 }
 
+// time ::= value-length octet integer
+// The octet says whether the time is absolute, and makes no difference.
 unsigned char TimeBinary::readSeconds(LinearBuffer *buffer, int *seconds)
 {
     int length = 0;
@@ -186,6 +193,7 @@ int TimeBinary::sizeOf(const QDateTime &value)
     return IntegerBinary::sizeOf(DateTime::toSeconds(value)) + 2;
 }
 
+// text ::= [7F] octet * 00
 unsigned char PlainTextBinary::readFrom(LinearBuffer *buffer, QString *text)
 {
     const auto octets = WireText::read(buffer);
@@ -206,6 +214,8 @@ int PlainTextBinary::sizeOf(const QString &text)
     return WireText::sizeOf(text);
 }
 
+// encoded-string ::= text | value-length charset octet *
+// A text begins with 00 or with 20 to 7F. A length beyond the data leaves the text alone.
 unsigned char EncodedStringBinary::readFrom(LinearBuffer *buffer, QString *text)
 {
     unsigned char first = 0;
