@@ -13,6 +13,7 @@
 #include "base/ptr_list.h"
 #include "base/qt_names.h"
 #include "base/version.h"
+#include "document/limits.h"
 #include "message/message.h"
 #include "message/multipart_parser.h"
 #include "multipart/body_part.h"

@@ -1,5 +1,7 @@
 #include "document/expansion.h"
 
+#include "document/limits.h"
+
 #include <algorithm>
 
 namespace {
@@ -50,7 +52,8 @@ std::string_view viewOf(QByteArrayView octets)
 } // namespace
 
 ExpansionMeter::ExpansionMeter(QByteArrayView document)
-    : m_document(document), m_limit(Factor * lengthOf(viewOf(document)) + Allowance),
+    : m_document(document), m_limit(QvlDocumentLimits::ExpansionFactor * lengthOf(viewOf(document))
+                                    + QvlDocumentLimits::ExpansionAllowance),
       m_length(lengthOf(viewOf(document)))
 {
 }
@@ -139,7 +142,7 @@ bool EntityLevels::raise(Entity *entity, int level)
         pending.pop_back();
         if (to <= raised->level)
             continue;
-        if (to > Deepest)
+        if (to > QvlDocumentLimits::DeepestEntities)
             return false;
         raised->level = to;
         for (Entity *user : raised->users)

@@ -15,10 +15,6 @@
 class ExpansionMeter
 {
 public:
-    /// A document may grow to this many times its own size and the allowance beyond.
-    static constexpr qint64 Factor = 16;
-    static constexpr qint64 Allowance = 65536; ///< characters
-
     explicit ExpansionMeter(QByteArrayView document);
 
     bool isWithinLimit() const { return m_length <= m_limit; }
@@ -45,15 +41,13 @@ private:
     std::map<std::string, qint64, std::less<>> m_declaredAttributes; // by element
 };
 
-/// Counts how many entities refer to one another in a row.
+/// Counts how many entities refer to one another in a row. The parser takes stack for each.
 class EntityLevels
 {
 public:
-    /// The parser takes stack for each level.
-    static constexpr int Deepest = 64;
-
     /// Notes the entity @p name and the entities that its text refers to, after the character @p
-    /// mark. False when a row of entities is longer than Deepest, as it is when they form a circle.
+    /// mark. False when a row of entities is longer than
+    /// QvlDocumentLimits::DeepestEntities, as it is when they form a circle.
     [[nodiscard]] bool declare(char mark, std::string_view name, std::string_view text);
 
 private:

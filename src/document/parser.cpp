@@ -1,6 +1,7 @@
 #include "document/parser.h"
 
 #include "document/expansion.h"
+#include "document/limits.h"
 #include "document/names.h"
 
 #define XML_DTD // makes the header declare the limits on expansion
@@ -203,7 +204,8 @@ void Parser::limitExpansion()
     const bool takesOneOctet = isAscii && !m_document.contains("&#");
     const qint64 octetsOfACharacter = takesOneOctet ? 1 : 3;
     const qint64 most = octetsOfACharacter
-            * (ExpansionMeter::Factor * m_document.size() + ExpansionMeter::Allowance)
+            * (QvlDocumentLimits::ExpansionFactor * m_document.size()
+               + QvlDocumentLimits::ExpansionAllowance)
         + m_document.size();
     XML_SetBillionLaughsAttackProtectionActivationThreshold(m_parser.get(),
                                                             static_cast<unsigned long long>(most));
@@ -227,7 +229,7 @@ void Parser::declareAttribute(const char *element, const char *value)
 void Parser::beginElement(const char *name, const char **attributes)
 {
     const std::string_view tag(name);
-    refuseUnless(m_elements.depth() < DocumentParser::DeepestNesting && isElementName(tag));
+    refuseUnless(m_elements.depth() < QvlDocumentLimits::DeepestNesting && isElementName(tag));
     if (m_meter) {
         m_meter->addStartTag(position(), name, attributes,
                              XML_GetSpecifiedAttributeCount(m_parser.get()));
@@ -291,7 +293,7 @@ std::optional<SmilDocument> parseWithOddNames(QByteArrayView utf8)
     while (!reader.atEnd()) {
         switch (reader.readNext()) {
         case QXmlStreamReader::StartElement:
-            if (elements.depth() == DocumentParser::DeepestNesting)
+            if (elements.depth() == QvlDocumentLimits::DeepestNesting)
                 return std::nullopt;
             elements.beginElement(reader.qualifiedName().toString());
             for (const QXmlStreamAttribute &attribute : reader.attributes())

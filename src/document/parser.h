@@ -12,12 +12,8 @@
 
 namespace DocumentParser {
 
-/// Levels of elements that a document may have, its root being the first.
-inline constexpr std::size_t DeepestNesting = 256;
-
 /// The document of a text in UTF-8, whatever encoding it declares, or nothing when the text is not
-/// well-formed or beyond the limits: DeepestNesting, and those of expansion.h. Throws
-/// std::bad_alloc.
+/// well-formed or beyond the limits (limits.h). Throws std::bad_alloc.
 [[nodiscard]] std::optional<SmilDocument> parse(QByteArrayView utf8);
 
 } // namespace DocumentParser

@@ -10,7 +10,7 @@
 /// A value of a header field.
 struct QvlFieldValue
 {
-    unsigned char value;
+    unsigned char value; ///< as on the wire
     const char *name; ///< as the standard spells it
 };
 

@@ -6,6 +6,8 @@
  */
 #include "document/parser.h"
 
+#include "document/limits.h"
+
 #include <QDir>
 #include <QDomDocument>
 #include <QFile>
@@ -203,7 +205,8 @@ void expectSame(const QString &text)
     const QString ours = parsed(text);
     if (tree == ours || (tree == Refused && isRefusedByTheTreeAlone(text)))
         return;
-    if (ours == Refused && tree.count(QLatin1Char('(')) > qsizetype(DocumentParser::DeepestNesting))
+    if (ours == Refused
+        && tree.count(QLatin1Char('(')) > qsizetype(QvlDocumentLimits::DeepestNesting))
         return; // nested deeper than a document may be
     ADD_FAILURE() << text.toStdString() << "\ntree: " << tree.toStdString()
                   << "\nours: " << ours.toStdString();

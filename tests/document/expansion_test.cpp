@@ -4,6 +4,8 @@
  */
 #include "document/expansion.h"
 
+#include "document/limits.h"
+
 #include <QByteArray>
 
 #include <gtest/gtest.h>
@@ -12,7 +14,8 @@ namespace {
 
 constexpr qint64 Limit(qint64 documentSize)
 {
-    return ExpansionMeter::Factor * documentSize + ExpansionMeter::Allowance;
+    return QvlDocumentLimits::ExpansionFactor * documentSize
+        + QvlDocumentLimits::ExpansionAllowance;
 }
 
 // Text that fills what a document of @p document may still grow by, less @p left.
@@ -131,12 +134,12 @@ TEST(EntityLevels, AllowsSixtyFourInWhateverOrderTheyAreDeclared)
     const auto reference = [&](int i) { return "a &" + name(i) + "; b"; };
     EntityLevels backwards;
     EXPECT_TRUE(backwards.declare('&', name(1), "text"));
-    for (int i = 2; i <= EntityLevels::Deepest; ++i)
+    for (int i = 2; i <= QvlDocumentLimits::DeepestEntities; ++i)
         EXPECT_TRUE(backwards.declare('&', name(i), reference(i - 1))) << i;
     EXPECT_FALSE(backwards.declare('&', name(65), reference(64)));
 
     EntityLevels forwards;
-    for (int i = 1; i < EntityLevels::Deepest; ++i)
+    for (int i = 1; i < QvlDocumentLimits::DeepestEntities; ++i)
         EXPECT_TRUE(forwards.declare('&', name(i), reference(i + 1))) << i;
     EXPECT_TRUE(forwards.declare('&', name(64), reference(65)));
     EXPECT_FALSE(forwards.declare('&', name(65), "text"));

@@ -5,6 +5,7 @@
  * memory counts, which grows with the text that entities put in.
  */
 #include "document/expansion.h"
+#include "document/limits.h"
 #include "document/parser.h"
 #include "limits/cost.h"
 #include "presentation/presentation.h"
@@ -195,7 +196,7 @@ TEST_P(HostileDocument, TakesNoMoreStepsThanAnOrdinaryOneOfTwiceItsSize)
     const Cost ordinary = costOfReading(ordinaryDocument(2 * HostileSize));
     const Cost cost = costOfReading(document);
     EXPECT_LE(cost.steps, ordinary.steps);
-    EXPECT_LE(cost.octets, 4 * ExpansionMeter::Factor * document.size());
+    EXPECT_LE(cost.octets, 4 * QvlDocumentLimits::ExpansionFactor * document.size());
 }
 
 INSTANTIATE_TEST_SUITE_P(Document, HostileDocument, testing::ValuesIn(hostile));

@@ -18,20 +18,19 @@ using Object = MMS_COMP_SMILMediaObject;
 using Part = MMS_COMP_SMILMultipartBodypart;
 using Slide = MMS_COMP_SMILTimingContainer;
 
+// How the command takes media of a kind.
 struct MediaKind
 {
     MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE element;
-    const char *tag;
-    const char *type;
     const char *place; ///< what a slide already has when it takes no more
     const char *option; ///< option of the command that takes such a file
 };
 
 constexpr std::array mediaKinds{
-    MediaKind{SMIL_MEDIA_TEXT, "text", "text", "a text", "--text-file"},
-    MediaKind{SMIL_MEDIA_IMAGE, "img", "image", "an image or a video", "--image"},
-    MediaKind{SMIL_MEDIA_VIDEO, "video", "video", "an image or a video", "--video"},
-    MediaKind{SMIL_MEDIA_AUDIO, "audio", "audio", "an audio", "--audio"},
+    MediaKind{SMIL_MEDIA_TEXT, "a text", "--text-file"},
+    MediaKind{SMIL_MEDIA_IMAGE, "an image or a video", "--image"},
+    MediaKind{SMIL_MEDIA_VIDEO, "an image or a video", "--video"},
+    MediaKind{SMIL_MEDIA_AUDIO, "an audio", "--audio"},
 };
 
 const MediaKind &mediaKindOf(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE element)
@@ -43,7 +42,7 @@ const MediaKind &mediaKindOf(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE element)
 QLatin1String optionTaking(const QString &type)
 {
     const auto kind = std::ranges::find_if(mediaKinds, [&](const MediaKind &candidate) {
-        return type == QLatin1String(candidate.type);
+        return type == qvlMediaKind(candidate.element)->mainType;
     });
     return QLatin1String(kind != mediaKinds.end() ? kind->option : "--attach");
 }
@@ -157,7 +156,7 @@ Outcome Composer::addMedia(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString 
             QLatin1String("the type of ") + fileName
             + QLatin1String(" is not known; it is told by the name's end, such as .jpg"));
     const auto part = newPart(type, subtype, fileName, octets);
-    const QLatin1String expected(mediaKindOf(kind).type);
+    const QLatin1String expected = qvlMediaKind(kind)->mainType;
     if (type != expected)
         return refused(fileName + QLatin1String(" is ") + part->getMimeFormat()
                        + QLatin1String(" by its name, not ") + expected + QLatin1String("; use ")
@@ -186,7 +185,7 @@ Outcome Composer::read(const QString &fileName, QByteArray *octets)
 
 Outcome Composer::admit(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind)
 {
-    if (slide().canBeInserted(QLatin1String(mediaKindOf(kind).tag)))
+    if (slide().canBeInserted(qvlMediaKind(kind)->tag))
         return {};
     return refused(QStringLiteral("slide %1 already has ").arg(slideCount())
                    + QLatin1String(mediaKindOf(kind).place)

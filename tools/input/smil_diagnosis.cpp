@@ -1,13 +1,12 @@
 #include "input/smil_diagnosis.h"
 
+#include <qvlsmilparser.h>
+
 #include <QXmlStreamReader>
 
 #include <algorithm>
 
 namespace {
-
-// The library refuses deeper documents. Its own constant is not public.
-constexpr int DeepestNesting = 256;
 
 // The place of @p reader in a document that has the text @p before in front of what it reads.
 QString placeOf(const QXmlStreamReader &reader, QStringView before)
@@ -31,12 +30,14 @@ QString whyNotWellFormed(const QByteArray &smil)
         return QString();
     QXmlStreamReader reader(text);
     reader.setNamespaceProcessing(false);
-    for (int depth = 0; !reader.atEnd() && depth <= DeepestNesting;) {
+    for (int depth = 0; !reader.atEnd() && depth <= int(QvlDocumentLimits::DeepestNesting);) {
         reader.readNext();
         depth += reader.isStartElement() ? 1 : reader.isEndElement() ? -1 : 0;
     }
     const QString place = placeOf(reader, QStringView(all).first(start));
     if (!reader.atEnd())
-        return place + QStringLiteral("nested more than %1 levels deep").arg(DeepestNesting);
+        return place
+            + QStringLiteral("nested more than %1 levels deep")
+                  .arg(QvlDocumentLimits::DeepestNesting);
     return reader.hasError() ? place + reader.errorString() : QString();
 }

@@ -10,7 +10,7 @@ namespace {
 using Object = MMS_COMP_SMILMediaObject;
 using Region = MMS_COMP_SMILRegion;
 
-constexpr QSize HandsetPage(120, 160);
+constexpr QSize HandsetPage(QvlHandset::ScreenWidth, QvlHandset::ScreenHeight);
 constexpr int LongestPageSide = 2048;
 
 int side(int given, int usual)

@@ -32,7 +32,7 @@ QString audioNames(const Slide &slide)
 QString durationText(int milliseconds)
 {
     if (milliseconds < 0)
-        return milliseconds == -2 ? QStringLiteral("indefinite") : QString();
+        return milliseconds == QvlDuration::Indefinite ? QStringLiteral("indefinite") : QString();
     return QLocale::c().toString(milliseconds / 1000.0, 'f', QLocale::FloatingPointShortest)
         + QLatin1String(" s");
 }

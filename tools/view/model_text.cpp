@@ -11,14 +11,12 @@ namespace {
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
-// Each name stands at its number.
-constexpr std::array mediaNames{"audio", "video", "text", "image", "ref"};
-constexpr std::array valueTypeNames{"data", "ref", "object"};
+constexpr QLatin1String Unknown("unknown");
 
-QString nameAt(std::span<const char *const> names, int number)
+QLatin1String nameOfValueType(int number)
 {
-    const bool isNamed = number >= 0 && size_t(number) < names.size();
-    return QString::fromLatin1(isNamed ? names[size_t(number)] : "unknown");
+    const bool isNamed = number >= 0 && size_t(number) < qvlParamValueTypes.size();
+    return isNamed ? qvlParamValueTypes[size_t(number)] : Unknown;
 }
 
 QString quoted(const QString &text)
@@ -68,9 +66,8 @@ QString objectLines(const MMS_COMP_SMILMediaObject &object)
     for (int i = 0; i < object.getParamCount(); ++i) {
         const MMS_COMP_SMILMediaObjectParam &param = *object.getParam(i);
         lines += QLatin1String("    param ") + quoted(param.getName()) + QLatin1String(" value ")
-            + quoted(param.getValue()) + QLatin1Char(' ')
-            + nameAt(valueTypeNames, param.getValueType()) + QLatin1String(" type ")
-            + quoted(param.getRefValueType()) + QLatin1Char('\n');
+            + quoted(param.getValue()) + QLatin1Char(' ') + nameOfValueType(param.getValueType())
+            + QLatin1String(" type ") + quoted(param.getRefValueType()) + QLatin1Char('\n');
     }
     return lines;
 }
@@ -79,7 +76,10 @@ QString objectLines(const MMS_COMP_SMILMediaObject &object)
 
 QString ModelText::mediaName(const MMS_COMP_SMILMediaObject &object)
 {
-    return nameAt(mediaNames, object.getMediaElementType());
+    const QvlMediaKind *kind = qvlMediaKind(object.getMediaElementType());
+    if (!kind)
+        return Unknown;
+    return kind->mainType.isEmpty() ? kind->tag : kind->mainType;
 }
 
 QString ModelText::color(const MMS_COMP_COLOR &color)
@@ -94,9 +94,9 @@ QString ModelText::color(const MMS_COMP_COLOR &color)
 
 QString ModelText::duration(int milliseconds)
 {
-    if (milliseconds == -1)
+    if (milliseconds == QvlDuration::None)
         return QStringLiteral("none");
-    if (milliseconds == -2)
+    if (milliseconds == QvlDuration::Indefinite)
         return QStringLiteral("indefinite");
     return QString::number(milliseconds) + QLatin1String(" ms");
 }
