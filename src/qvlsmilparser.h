@@ -1,10 +1,11 @@
 /** @file
  * Umbrella header: everything that the library publishes.
  *
- * A received message goes through MMS_UA_Decoder into a MMS_UA_UAMsg, through
- * MMS_COMP_SMILMultipartParser::parse() into a MMS_COMP_SMILMultipart, and through
- * MMS_COMP_SMILParser::parse() into a MMS_COMP_SMILData. A message to be sent goes the other way,
- * through convertToSMILLang(), assembleBody() and MMS_UA_Encoder.
+ * QvlMessage holds a whole message: it receives, presents and encodes one. The operations that it
+ * uses are public, too. MMS_UA_Decoder decodes the header into a MMS_UA_UAMsg,
+ * MMS_COMP_SMILMultipartParser::parse() the body into a MMS_COMP_SMILMultipart, and
+ * MMS_COMP_SMILParser::parse() the presentation into a MMS_COMP_SMILData. convertToSMILLang(),
+ * assembleBody() and MMS_UA_Encoder encode them.
  */
 #pragma once
 

@@ -16,6 +16,7 @@
 #include "wire/wire_result.h"
 
 #include <array>
+#include <vector>
 
 using namespace Qt::StringLiterals;
 
@@ -37,8 +38,8 @@ constexpr std::array layers{
 };
 static_assert(layers.size() == Layer::Presentation + 1, "a row stands at its layer");
 
-// Writing slides gives them the root layout's color, and as it is none, every object loses its
-// first param with a page color. So there is a second one, after the other params, as it is when
+// Writing slides gives them the root layout's color. As that is none, every object loses its first
+// param with a page color. So there is a second one, after the other params, where it also is when
 // the text is read again.
 void keepPageColor(Slide *slide)
 {
@@ -139,9 +140,15 @@ QByteArray QvlMessage::smilText()
 {
     return unlessOutOfMemory(QByteArray(), [&] {
         moveRootColorToSlides(&slides());
-        for (unsigned int i = 0; i < slides().getTotalSlidesNum(); ++i)
+        std::vector<MMS_COMP_COLOR> pageColors;
+        for (unsigned int i = 0; i < slides().getTotalSlidesNum(); ++i) {
+            pageColors.push_back(slides().getSlide(i)->getPageColor());
             keepPageColor(slides().getSlide(i));
-        return MMS_COMP_SMILParser::convertToSMILLang(&slides()).toUtf8();
+        }
+        const QByteArray smil = MMS_COMP_SMILParser::convertToSMILLang(&slides()).toUtf8();
+        for (unsigned int i = 0; i < slides().getTotalSlidesNum(); ++i)
+            slides().getSlide(i)->setPageColor(pageColors[i]);
+        return smil;
     });
 }
 

@@ -208,6 +208,20 @@ TEST(Message, KeepsPageColorsThatTheWriterWouldLose)
     EXPECT_EQ(again.slides().getSlide(0)->getPageColor().color, QColor(0, 0, 128));
 }
 
+TEST(Message, KeepsPageColorsHoweverOftenItsSlidesAreStored)
+{
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(relatedPdu(Smil)).isOk());
+    ASSERT_TRUE(message.present().isOk());
+    MMS_COMP_COLOR color;
+    MMS_COMP_SMILParser::parseColor("navy", color);
+    message.slides().getSlide(0)->setPageColor(color);
+    const QByteArray first = message.smilText();
+    EXPECT_EQ(first.count("<param name=\"background-color\" value=\"#000080\""), 1);
+    EXPECT_EQ(message.smilText(), first);
+    EXPECT_EQ(message.slides().getSlide(0)->getPageColor().name, "navy");
+}
+
 TEST(Message, MovesTheColorOfTheRootLayoutToTheSlides)
 {
     QvlMessage message;
