@@ -79,6 +79,8 @@ const char *QvlMessage::Result::meaning() const
     return layers[layer].meaning(code);
 }
 
+QvlMessage::Content::Content() = default;
+
 QvlMessage::QvlMessage() : m_content(std::in_place) { }
 
 QvlMessage::~QvlMessage() = default;

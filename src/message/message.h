@@ -104,6 +104,8 @@ public:
 private:
     struct Content
     {
+        QVL_INTERNAL Content();
+
         MMS_UA_UAMsg header;
         MMS_COMP_SMILMultipart parts;
         MMS_COMP_SMILData slides{&parts};
