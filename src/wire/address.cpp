@@ -11,7 +11,7 @@ namespace {
 
 constexpr QLatin1String PlmnSuffix("/TYPE=PLMN");
 
-// U+0000 ends the whole text.
+// U+0000 ends a text on the wire, so a suffix after it would be lost.
 int plmnSuffixSize(const QString &address)
 {
     return address.contains(QChar::Null) ? 0 : int(PlmnSuffix.size());
@@ -29,7 +29,7 @@ bool isAscii(const QString &address)
     return WireText::isPlain(address) || WireText::isAscii(WireText::utf8(address));
 }
 
-// Where the first PlmnSuffix stands, or -1.
+// Index of the first PlmnSuffix, or -1.
 qsizetype findPlmnSuffix(QStringView text)
 {
     const auto isSame = [](QChar character, char ascii) { return character == QLatin1Char(ascii); };
@@ -45,7 +45,7 @@ qsizetype findPlmnSuffix(QStringView text)
 unsigned char AddressBinary::readFrom(LinearBuffer *buffer, MMS_UTIL_Entry *entry)
 {
     QString text;
-    std::ignore = EncodedStringBinary::readFrom(buffer, &text); // cut off: as far as it goes
+    std::ignore = EncodedStringBinary::readFrom(buffer, &text); // truncated: keeps what was read
     if (const qsizetype suffix = findPlmnSuffix(text); suffix >= 0) {
         entry->setType(MMS_UTIL_Entry::Plmn);
         text.truncate(suffix);

@@ -1,7 +1,7 @@
 /*
- * Appending for writers, which drop what does not fit and go on. The array was sized before, and a
- * caller that limits its size checks afterwards whether it is full. So the result of a single
- * append says nothing, and this is the one place that drops it.
+ * Appends for writers that drop what does not fit and continue. The array was sized beforehand, and
+ * callers that limit its size check afterwards whether it is full. The result of a single append
+ * therefore says nothing, and only this file ignores it.
  */
 #pragma once
 
@@ -16,14 +16,14 @@ inline void octet(LinearBuffer *buffer, unsigned char octet)
     std::ignore = buffer->appendByte(octet);
 }
 
-/// Appends all of @p octets or nothing.
+/// Appends all of @p octets, or nothing when they do not fit.
 inline void octets(LinearBuffer *buffer, QByteArrayView octets)
 {
     const auto *data = reinterpret_cast<const unsigned char *>(octets.data());
     std::ignore = buffer->appendData(data, int(octets.size()));
 }
 
-/// Appends @p value as @p Codec, one of the primitive values, writes it: always with
+/// Appends @p value with @p Codec, one of the primitive values. They always return
 /// WireResult::Written.
 template <typename Codec, typename Value>
 void value(LinearBuffer *buffer, const Value &value)

@@ -38,13 +38,13 @@ void setMediaType(MMS_CONTENT_TYPE_T *contentType, unsigned char code)
     contentType->parameters.clear();
 }
 
-// The octet at the cursor, or the one behind it when a stray UTF-8 lead octet stands there.
+// Reads the media octet, skipping a stray UTF-8 lead octet before it.
 [[nodiscard]] bool readMediaOctet(LinearBuffer *buffer, unsigned char *octet)
 {
     return buffer->readByte(octet) && (*octet != Utf8Lead || buffer->readByte(octet));
 }
 
-// Passes over the octet at the cursor when it is the unwanted one; false when the data ran out.
+// Skips the octet at the cursor if it is @p unwanted; false when the data ran out.
 [[nodiscard]] bool skipOctet(LinearBuffer *buffer, unsigned char unwanted, int *skipped)
 {
     unsigned char octet = 0;
@@ -56,8 +56,8 @@ void setMediaType(MMS_CONTENT_TYPE_T *contentType, unsigned char code)
     return true;
 }
 
-// Type and Start from the @p remaining octets of a related content type. Texts are counted in
-// characters without their quote, so a quoted one makes the reader look for one octet more. Kept.
+// Reads Type and Start from the @p remaining octets of a related content type. A text counts in
+// characters without its quote, so after a quoted one the reader looks for one octet more. Kept.
 [[nodiscard]] unsigned char readParameters(LinearBuffer *buffer, int remaining, QString *parameters)
 {
     QByteArrayView type;
@@ -92,7 +92,7 @@ struct RelatedParameters
     }
 
     // Media octet, two parameter octets, two texts with their terminators. Quotes are not counted.
-    // Kept: receivers of this handset's messages have always seen it so.
+    // Kept: receivers have always got this length from the handset.
     int valueLength() const
     {
         return int(WireText::utf8(start).size()) + int(WireText::utf8(type).size()) + 5;

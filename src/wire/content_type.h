@@ -27,11 +27,12 @@ public:
     /**
      * Reads a content type value.
      *
-     * @param buffer stands at the value
-     * @param contentType gets the value; empty texts for a media code that is not assigned
+     * @param buffer positioned at the value
+     * @param contentType gets the value; empty texts for an unassigned media code
      * @retval WireResult::Read the value was read
-     * @retval WireResult::OutOfData data ran out; inside the parameters type and subtype are set
-     * @retval WireResult::UnsupportedContentType general form of any other media type
+     * @retval WireResult::OutOfData data ran out; if it did so within the parameters, type and
+     * subtype are set
+     * @retval WireResult::UnsupportedContentType the general form of any other media type
      */
     static unsigned char readFrom(LinearBuffer *buffer, MMS_CONTENT_TYPE_T *contentType);
 
@@ -39,13 +40,15 @@ public:
     /// well-known code is written as the octet 0x7F.
     static unsigned char writeTo(LinearBuffer *buffer, const MMS_CONTENT_TYPE_T &contentType);
 
-    /// Octets of the value alone, without the field code that writeTo() appends too.
+    /// Octets of the value alone; writeTo() also appends the field code.
     static int sizeOf(const MMS_CONTENT_TYPE_T &contentType);
 
-    /// The text behind the first "type=" in @p parameters, up to the next ";"; "" without one.
+    /// The text after the first "type=" in @p parameters, up to the next ";"; "" when there is
+    /// none.
     static QString mprtOf(const QString &parameters);
 
-    /// The text behind the first "start=" in @p parameters, up to the next ";"; "" without one.
+    /// The text after the first "start=" in @p parameters, up to the next ";"; "" when there is
+    /// none.
     static QString startOf(const QString &parameters);
 
     unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) override;

@@ -9,11 +9,11 @@ namespace {
 
 constexpr quint32 Never = 0;
 
-// The second in which tzset() was last called without TZ in the environment, and what it set.
+// The second of the last tzset() without TZ in the environment, and the zone that it set.
 std::atomic<quint32> secondOfLastCall = Never;
 std::atomic<quint32> zoneOfLastCall = 0;
 
-// The C library's zone as a number. It differs after another caller's tzset() with TZ set.
+// The C library's zone as a number. It changes when another caller runs tzset() with TZ set.
 quint32 currentZone()
 {
     quint32 zone = quint32(timezone) * 2 + quint32(daylight);
@@ -36,15 +36,16 @@ bool isZoneInEnvironment()
     return std::getenv("TZ") != nullptr;
 }
 
-// Qt calls tzset() for every date. A change of TZ takes effect with the next field, so a call in
-// another zone ends the second. Searching the environment takes as long as making a text.
+// Qt calls tzset() for every date. With TZ set that changes the C library's zone, so the cached
+// second is no longer valid. getenv() costs as much as creating a text, so it is called only if
+// there is a cached second.
 void prepareForOthers()
 {
     if (secondOfLastCall != Never && isZoneInEnvironment())
         secondOfLastCall = Never;
 }
 
-// Calls tzset(), because a handset travels. Without TZ that looks at a file, which takes longer
+// Calls tzset(), because a handset travels. Without TZ, tzset() checks a file, which takes longer
 // than decoding most headers, so it is called once a second.
 void updateTimeZone()
 {
@@ -63,7 +64,7 @@ void updateTimeZone()
 
 qint64 offsetFromUtc(quint32 seconds)
 {
-    if (!std::in_range<std::time_t>(seconds)) // 32 bits, from 2038 on
+    if (!std::in_range<std::time_t>(seconds)) // 32-bit time_t, from 2038 on
         return QDateTime::fromSecsSinceEpoch(seconds).offsetFromUtc();
     updateTimeZone();
     const auto time = static_cast<std::time_t>(seconds);
@@ -103,7 +104,7 @@ int DateTime::toSeconds(const QDateTime &value)
     parts.tm_isdst = -1;
     const std::time_t seconds = std::mktime(&parts);
     if constexpr (sizeof seconds <= sizeof(int)) {
-        if (seconds == -1) // from 2038 on, where Qt still counts
+        if (seconds == -1) // 32-bit time_t, from 2038 on; Qt counts further
             return static_cast<int>(QDateTime(date, time).toSecsSinceEpoch());
     }
     return static_cast<int>(seconds);

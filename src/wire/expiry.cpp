@@ -10,7 +10,7 @@ quint32 QvlExpiry::toSeconds(int stored)
     constexpr qint64 range = qint64(1) << 32;
     constexpr qint64 day = 24 * 60 * 60;
     qint64 localSeconds = quint32(stored) - storedAt1970;
-    // West of Greenwich the first hours of 1970 are local times of 1969.
+    // West of Greenwich the first hours of 1970 are in 1969 by local time.
     if (localSeconds >= range - day)
         localSeconds -= range;
     const QDateTime wall = QDateTime::fromSecsSinceEpoch(localSeconds, QTimeZone::utc());

@@ -1,5 +1,5 @@
 /** @file
- * What the Expiry of a decoded header means.
+ * The meaning of the Expiry in a decoded header.
  */
 #pragma once
 
@@ -8,21 +8,24 @@
 #include <QtGlobal>
 
 /**
- * A decoded header does not hold the seconds of its Expiry, but the local date that they give when
- * they are counted from 1970, in seconds from a day long before and modulo 2^32. Kept: stored
- * messages have such numbers. An application that sets an Expiry sets the seconds themselves.
+ * Conversions between the Expiry of a decoded header and the seconds on the wire.
  *
- * Both operations use the time zone of the process. In the hour that a change of the clocks
- * repeats, the way back is an hour off for one of the two.
+ * The decoder takes the seconds on the wire as seconds since 1970, converts them to a local date
+ * and stores the seconds to that date from day 0 of the Julian day count, modulo 2^32. Kept: stored
+ * messages contain such numbers. An application that sets an Expiry sets the seconds themselves.
+ *
+ * Both operations use the time zone of the process. When clocks are set back, an hour repeats; for
+ * one of the two, toSeconds() is an hour off.
  */
 namespace QvlExpiry {
 
-/// The seconds on the wire, of a header that was decoded to the Expiry @p stored: since 1970, or
-/// since the message was sent.
+/// The seconds on the wire that decode to the Expiry @p stored: since 1970, or since the message
+/// was sent.
 QVL_EXPORT quint32 toSeconds(int stored);
-/// The Expiry that a header with @p seconds on the wire is decoded to.
+/// The Expiry that decoding a header with @p seconds on the wire gives.
 QVL_EXPORT int fromSeconds(quint32 seconds);
-/// True for @p seconds since the message was sent: a date within ten years of 1970 is meant so.
+/// True when @p seconds count from the sending of the message: less than ten years are taken as
+/// relative.
 QVL_EXPORT bool isRelative(quint32 seconds);
 
 } // namespace QvlExpiry

@@ -9,25 +9,26 @@ class LinearBuffer;
 class MMS_UA_UAMsg;
 
 /**
- * Codec of one header field: turns its value on the wire into members of the header record and
- * back.
+ * Codec of one header field: converts between its value on the wire and members of the header
+ * record.
  *
- * Codecs carry no data and can be used any number of times.
+ * Codecs have no data and can be used any number of times.
  */
 class QVL_EXPORT FieldBase
 {
 public:
-    /// For codecs from MMS_UA_Decoder::selectReader() and MMS_UA_Encoder::selectWriter().
+    /// Callers delete the codecs of MMS_UA_Decoder::selectReader() and of
+    /// MMS_UA_Encoder::selectWriter().
     virtual ~FieldBase();
 
     /**
      * Reads the field's value into the record and sets the field's presence bit. An empty text, a
-     * size of 0 and a null time count as absent: nothing is stored and no bit is set. A failed read
-     * changes nothing, except as said at a class.
+     * size of 0 and a null time count as absent: they store nothing and set no bit. A failed read
+     * changes nothing unless the class says otherwise.
      *
-     * @param buffer stands behind the field's code
+     * @param buffer positioned after the field's code
      * @param msg gets the value
-     * @return WireResult::Read or WireResult::OutOfData; ContentTypeField also
+     * @return WireResult::Read or WireResult::OutOfData; ContentTypeField also returns
      * WireResult::UnsupportedContentType
      */
     virtual unsigned char readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) = 0;
@@ -35,13 +36,14 @@ public:
     /**
      * Appends code and value from the record, whether the field is present or not.
      *
-     * @param buffer gets the octets; what does not fit is dropped, so size it with fieldSize()
+     * @param buffer gets the octets; octets that do not fit are dropped, so size it with
+     * fieldSize()
      * @param msg has the value
      * @return WireResult::Written, or WireResult::CannotWrite for a value that has no form on the
-     * wire; FromField gives WireResult::OutOfData for a buffer that is full before the address
+     * wire; FromField returns WireResult::OutOfData for a buffer that is full before the address
      */
     virtual unsigned char writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) = 0;
 
-    /// Octets that writeField() appends for @p msg, code included.
+    /// Octets that writeField() appends for @p msg, including the code.
     virtual int fieldSize(MMS_UA_UAMsg *msg) = 0;
 };

@@ -6,8 +6,8 @@
 
 using namespace FieldShapes;
 
-// Defines the operations of a field class by a shape. A macro, because a template would be a base
-// class whose name leaves the library.
+// Defines the operations of a field class with a shape. A macro, because a template would be an
+// exported base class.
 #define QVL_DEFINE_FIELD(Field, ...) \
     unsigned char Field::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg) \
     { \
@@ -30,7 +30,7 @@ constexpr unsigned char AddressPresent = 128;
 constexpr unsigned char InsertAddress = 129;
 constexpr unsigned char RelativeTime = 129;
 
-// Octets of From's value behind its value-length: the token and the address, if any.
+// Octets of From's value after its value-length: the token and the address, if any.
 int fromLength(const MMS_UTIL_Entry &from)
 {
     return from.getAddress().isEmpty() ? 1 : 1 + AddressBinary::sizeOf(from);
@@ -41,7 +41,7 @@ int dateSeconds(MMS_UA_UAMsg *msg)
     return DateTime::toSeconds(msg->getDate());
 }
 
-// Octets of Expiry's value behind its value-length: the token and the seconds.
+// Octets of Expiry's value after its value-length: the token and the seconds.
 int expiryLength(MMS_UA_UAMsg *msg)
 {
     return 1 + IntegerBinary::sizeOf(msg->getExpiry());
@@ -117,7 +117,7 @@ int VersionField::fieldSize(MMS_UA_UAMsg *)
 }
 
 // from ::= value-length (80 address | octet)
-// A sender who is not named becomes an entry of type Absent.
+// A sender without a name and an address becomes an entry of type Absent.
 unsigned char FromField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
     int length = 0;
@@ -175,7 +175,7 @@ int MsgDateField::fieldSize(MMS_UA_UAMsg *msg)
 }
 
 // expiry ::= time
-// One that cannot be read leaves the value alone and counts as present all the same.
+// An unreadable value leaves the record's value unchanged but counts as present.
 unsigned char ExpiryField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
     int seconds = 0;

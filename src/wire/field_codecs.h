@@ -1,15 +1,15 @@
 /** @file
- * The codecs of 23 header fields; Content-Type, the 24th, has a file of its own. Codes stand in
- * header_fields.h.
+ * The codecs of 23 header fields. Content-Type, the 24th, has a file of its own. header_fields.h
+ * lists the codes.
  */
 #pragma once
 
 #include "../base/export.h"
 #include "field_base.h"
 
-/// Bcc: one field per recipient. readField() adds a recipient, and one with a truncated address,
-/// too, because the address reader never fails. writeField() goes on after an entry that cannot be
-/// written, and the last entry's result counts.
+/// Bcc: one field per recipient. readField() adds a recipient even if its address is truncated,
+/// because the address reader never fails. writeField() continues after an entry that cannot be
+/// written and returns the result of the last entry.
 class QVL_EXPORT BccField : public FieldBase
 {
 public:
@@ -18,7 +18,7 @@ public:
     int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
-/// Cc: one field per recipient, as BccField.
+/// Cc: one field per recipient, like BccField.
 class QVL_EXPORT CcField : public FieldBase
 {
 public:
@@ -27,7 +27,7 @@ public:
     int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
-/// To: one field per recipient, as BccField.
+/// To: one field per recipient, like BccField.
 class QVL_EXPORT ToField : public FieldBase
 {
 public:
@@ -108,7 +108,7 @@ public:
     int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
-/// Message-Class. Classes given as text are not understood.
+/// Message-Class. Classes given as text are not supported.
 class QVL_EXPORT MsgClassField : public FieldBase
 {
 public:
@@ -171,8 +171,8 @@ public:
     int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
-/// Sender-Visibility: Yes sets the flag, and a set flag is written as No. Kept: the composer holds
-/// the flag in the sense of the writer.
+/// Sender-Visibility. Reading Yes (hide) sets the flag; writing a set flag emits No (show). Kept:
+/// the composer stores the flag with the writer's meaning.
 class QVL_EXPORT SenderVisibilityField : public FieldBase
 {
 public:
@@ -181,7 +181,7 @@ public:
     int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
-/// MMS-Version: a short integer, kept without its high bit.
+/// MMS-Version: a short integer, stored without its high bit.
 class QVL_EXPORT VersionField : public FieldBase
 {
 public:
@@ -190,8 +190,8 @@ public:
     int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
-/// From: an address, or the token that asks the relay to insert one. While no address was read the
-/// record holds a placeholder named "NoBody" of type MMS_UTIL_Entry::Absent.
+/// From: an address, or the token that asks the relay to insert one. If no address was read, the
+/// record holds a placeholder of type MMS_UTIL_Entry::Absent with the name "NoBody".
 class QVL_EXPORT FromField : public FieldBase
 {
 public:
@@ -200,8 +200,8 @@ public:
     int fieldSize(MMS_UA_UAMsg *msg) override;
 };
 
-/// Date: seconds since 1970. Reading stores the moment of decoding instead, even when the seconds
-/// could not be read. Kept: the message lists sort by arrival.
+/// Date: seconds since 1970. Reading ignores them, even unreadable ones, and stores the moment of
+/// decoding. Kept: the message lists sort by arrival.
 class QVL_EXPORT MsgDateField : public FieldBase
 {
 public:
@@ -211,9 +211,9 @@ public:
 };
 
 /// Expiry. Reading stores the local seconds since 1970 plus 413405696, wrapped to 32 bits: they
-/// count from a reference date that does not exist. Writing emits the stored number as a relative
-/// time. The presence bit is set, and the old value kept, when the value could not be read. Kept:
-/// stored messages depend on it.
+/// count from a reference date that does not exist. If the value cannot be read, reading keeps the
+/// old value but sets the presence bit. Writing emits the stored number as a relative time. Kept:
+/// stored messages depend on it. See QvlExpiry.
 class QVL_EXPORT ExpiryField : public FieldBase
 {
 public:

@@ -1,8 +1,8 @@
 /*
- * The few shapes that header field values have, each written once over a getter and a setter of the
- * header record: shapes know octets, the field classes in field_codecs.cpp know names. Fields that
- * fit no shape are written out there. Shapes are no base classes: their names would leave the
- * library, and each compiler spells the names of such templates in its own way.
+ * The few shapes of header field values, each written once over a getter and a setter of the header
+ * record: shapes know octets, the field classes in field_codecs.cpp know names. Fields that fit no
+ * shape are written by hand there. Shapes are not base classes, because base classes would be
+ * exported and compilers mangle the names of such templates differently.
  */
 #pragma once
 
@@ -21,16 +21,16 @@ namespace FieldShapes {
 inline constexpr unsigned char Yes = 128; ///< token of a yes-or-no value
 inline constexpr unsigned char No = 129; ///< token of a yes-or-no value
 
-/// Octets of a field that is its code and one octet.
+/// Octets of a field that consists of its code and one octet.
 inline constexpr int OctetFieldSize = 2;
 
-/// Appends a field's code, which stands on the wire as a short integer.
+/// Appends a field's code, a short integer on the wire.
 inline void writeCode(LinearBuffer *buffer, unsigned char code)
 {
     WireAppend::value<IntegerBinary>(buffer, code);
 }
 
-/// Appends a field that is its code and one octet. Returns WireResult::Written.
+/// Appends a field that consists of its code and one octet. Returns WireResult::Written.
 inline unsigned char writeOctet(LinearBuffer *buffer, unsigned char code, unsigned char octet)
 {
     writeCode(buffer, code);
@@ -38,7 +38,7 @@ inline unsigned char writeOctet(LinearBuffer *buffer, unsigned char code, unsign
     return WireResult::Written;
 }
 
-/// Reads one octet and sets what @p ValueOf makes of it.
+/// Reads one octet, converts it with @p ValueOf and stores the result.
 template <unsigned char Code, auto Set, auto ValueOf>
 unsigned char readOctet(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
@@ -95,7 +95,7 @@ struct Flag
     static int size(MMS_UA_UAMsg *) { return OctetFieldSize; }
 };
 
-/// True for a value that says nothing: an empty text, 0, or a null time.
+/// True for an empty text, 0, or a null time.
 inline bool countsAsAbsent(const QString &text)
 {
     return text.isEmpty();
@@ -109,11 +109,11 @@ inline bool countsAsAbsent(const QDateTime &value)
     return value.isNull();
 }
 
-/// A value with a codec of its own, stored and present only when it says something.
+/// A value with its own codec, stored and marked as present unless countsAsAbsent().
 template <unsigned char Code, typename Codec, typename Value, auto Get, auto Set>
 struct Optional
 {
-    /// A failed read, and a value that says nothing, change nothing.
+    /// A failed read or an absent value changes nothing.
     static unsigned char read(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     {
         Value value{};
@@ -134,14 +134,14 @@ struct Optional
     static int size(MMS_UA_UAMsg *msg) { return 1 + Codec::sizeOf((msg->*Get)()); }
 };
 
-/// The recipients of one kind, as the header record has them.
+/// The recipients of one kind, as stored in the header record.
 using RecipientList = QPtrList<MMS_UTIL_Entry>;
 
 /// A list of addresses, one field each.
 template <unsigned char Code, RecipientList &(MMS_UTIL_MsgHeaderBase::*List)(), auto Add>
 struct Recipients
 {
-    /// Adds one recipient. The address reader never fails, so a truncated address counts, too.
+    /// Adds one recipient, also with a truncated address, because the address reader never fails.
     static unsigned char read(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     {
         MMS_UTIL_Entry entry;
@@ -151,8 +151,8 @@ struct Recipients
         return result;
     }
 
-    /// Writes a field per recipient. Goes on after an entry that cannot be written; the last
-    /// entry's result counts.
+    /// Writes a field per recipient. Continues after an entry that cannot be written and returns
+    /// the last entry's result.
     static unsigned char write(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     {
         unsigned char result = WireResult::Written;

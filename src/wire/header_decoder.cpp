@@ -15,7 +15,7 @@
 
 namespace {
 
-// A header may repeat fields any number of times, while a record knows only positions up to 24.
+// A header may repeat fields any number of times; a record has positions up to 24 only.
 void storePosition(MMS_UA_UAMsg *msg, int code, int position)
 {
     if (position <= std::numeric_limits<unsigned char>::max()) {
@@ -25,7 +25,7 @@ void storePosition(MMS_UA_UAMsg *msg, int code, int position)
 }
 
 // code ::= integer
-// Nearly every code is a short integer.
+// Fast path: nearly every code is a short integer.
 [[nodiscard]] unsigned char readCode(LinearBuffer *buffer, int *code)
 {
     unsigned char octet = 0;
@@ -57,7 +57,7 @@ unsigned char MMS_UA_Decoder::decodeHeader(unsigned char *pdu, unsigned int &len
         const unsigned char result = readFields(&buffer, msg);
         if (result != WireResult::Read)
             return result;
-        // A last text without its terminator leaves the cursor one past the end.
+        // A last text without its terminator leaves the cursor one octet past the end.
         const int bodyStart = std::min(buffer.getPosition(), size);
         msg->setBody(pdu + bodyStart);
         msg->setBodyLength(size - bodyStart);
@@ -87,7 +87,7 @@ unsigned char MMS_UA_Decoder::readFields(LinearBuffer *buffer, MMS_UA_UAMsg *msg
             return WireResult::UnknownField;
         if (const auto result = fields[size_t(code - 1)].codec->readField(buffer, msg))
             return result;
-        // Repeated fields, such as one To after the other, share a position.
+        // Repeated fields, such as several To in a row, share a position.
         if (code != previous)
             storePosition(msg, code, ++position);
         previous = code;

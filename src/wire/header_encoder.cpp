@@ -33,7 +33,7 @@ unsigned char MMS_UA_Encoder::encodeHeader(MMS_UA_UAMsg *msg, unsigned char **ou
         auto octets = std::make_unique<unsigned char[]>(size_t(size));
         const unsigned char result = encodeInto(octets.get(), size, msg->getMessageType());
         *outLength = size;
-        *out = octets.release(); // the array is the caller's from here on
+        *out = octets.release(); // now the caller owns the array
         return result;
     });
 }

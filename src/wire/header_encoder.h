@@ -13,7 +13,7 @@
 class FieldBase;
 class MMS_UA_UAMsg;
 
-/// Turns a header record into the binary header of its message type. One object can encode any
+/// Converts a header record into the binary header of its message type. One object can encode any
 /// number of records.
 class QVL_EXPORT MMS_UA_Encoder
 {
@@ -22,49 +22,49 @@ public:
     MMS_UA_Encoder();
     MMS_UA_Encoder(const MMS_UA_Encoder &) = delete;
     MMS_UA_Encoder &operator=(const MMS_UA_Encoder &) = delete;
-    /// Frees no array that encodeHeader() made.
+    /// Frees no array that encodeHeader() returned.
     virtual ~MMS_UA_Encoder();
 
     /**
-     * Encodes a header record. Which fields are written, and in which order, goes by the message
-     * type: those that are present, and always MMS-Version and From. Linear in the octets.
+     * Encodes a header record. The message type determines which fields are written and in which
+     * order: those that are present, and always MMS-Version and From. Linear in the octets.
      *
      * @param msg the record; a message type outside 128..134 gives an empty array
      * @param out gets a new array, which the caller frees with array-delete
      * @param outLength gets the count of its octets
-     * @retval WireResult::Written there is an array. The result is that of the last field, and no
-     * message type ends with a field that can fail: check the kinds of address before
+     * @retval WireResult::Written the header was encoded. The result is that of the last field, and
+     * no message type ends with a field that can fail: check the types of the addresses beforehand
      * @retval WireResult::BadArgument an argument is null, or there is no memory; nothing changed
      */
     [[nodiscard]] unsigned char encodeHeader(MMS_UA_UAMsg *msg, unsigned char **out,
                                              int *outLength);
 
-    /// The same into @p out, which is replaced.
+    /// Replaces the contents of @p out with the encoded header; otherwise the same.
     [[nodiscard]] unsigned char encodeHeader(MMS_UA_UAMsg *msg, QByteArray *out);
 
     /// Octets that encodeHeader() writes for @p msg; 0 for null and for unknown message types.
     int sizeOfEncodedHeader(MMS_UA_UAMsg *msg);
 
     /**
-     * Writes the fields of message type @p type, all of them even after a failure; the result is
-     * that of the last one, WireResult::Written when there is none. For use from within
-     * encodeHeader(): without an output array every field that is to be written gives
-     * WireResult::BadArgument.
+     * Writes all fields of message type @p type, even after a failure, and returns the result of
+     * the last one; WireResult::Written if there is none. For calls from within encodeHeader():
+     * without an output array, every field to be written gives WireResult::BadArgument.
      */
     unsigned char encodeByType(unsigned char type);
 
     /**
-     * Writes the field @p code, from within encodeHeader() as encodeByType(). WireResult::Written
-     * for a field that is absent, WireResult::CannotWrite for a code outside 1..24, else what
-     * FieldBase::writeField() gives.
+     * Writes the field @p code; like encodeByType(), for calls from within encodeHeader(). Returns
+     * WireResult::Written for an absent field, WireResult::CannotWrite for a code outside 1..24,
+     * else the result of FieldBase::writeField().
      */
     unsigned char encodeField(int code);
 
-    /// Octets that encodeField() writes for @p code in the record of the last
-    /// sizeOfEncodedHeader(), which must still be there; 0 before one and for a code outside 1..24.
+    /// Octets that encodeField() writes for @p code. Uses the record of the last
+    /// sizeOfEncodedHeader(), which must still exist; 0 before the first one and for a code outside
+    /// 1..24.
     int sizeOfField(int code);
 
-    /// A new codec for the header field @p code, owned by the caller, or null outside 1..24.
+    /// Creates a codec for the header field @p code; null outside 1..24. The caller owns it.
     FieldBase *selectWriter(int code);
 
 private:
@@ -73,5 +73,5 @@ private:
 
     unsigned int m_fieldsPresent = 0;
     MMS_UA_UAMsg *m_message = nullptr;
-    std::optional<LinearBuffer> m_buffer; ///< while a header is encoded
+    std::optional<LinearBuffer> m_buffer; ///< set while a header is encoded
 };

@@ -1,6 +1,6 @@
 /** @file
- * The header fields of an MMS PDU (OMA-MMS-ENC, 7.3): one table for decoder, encoder and whoever
- * shows a header.
+ * The header fields of an MMS PDU (OMA-MMS-ENC, 7.3): one table for decoder, encoder and programs
+ * that show a header.
  */
 #pragma once
 
@@ -14,30 +14,30 @@ class FieldBase;
 namespace HeaderFieldCode {
 /// The codes, without gaps.
 enum : unsigned char {
-    Bcc = 1, ///< recipient that the others do not see
+    Bcc = 1, ///< recipient hidden from the others
     Cc = 2, ///< recipient of a copy
-    ContentLocation = 3, ///< where the message of a notification can be fetched
+    ContentLocation = 3, ///< where to fetch the message of a notification
     ContentType = 4, ///< content type of the body; ends the header
     Date = 5, ///< when the message was sent or delivered
     DeliveryReport = 6, ///< whether a delivery report is wanted
     DeliveryTime = 7, ///< when the message may be delivered
-    Expiry = 8, ///< when the message is given up
+    Expiry = 8, ///< when the message expires
     From = 9, ///< sender
     MessageClass = 10, ///< personal, advertisement, informational or auto
-    MessageId = 11, ///< id that the relay gave to the message
+    MessageId = 11, ///< id assigned by the relay
     MessageType = 12, ///< kind of PDU, see message_types.h
     MmsVersion = 13, ///< version of the PDU's encoding
     MessageSize = 14, ///< octets of the message of a notification
     Priority = 15, ///< low, normal or high
     ReadReply = 16, ///< whether a read report is wanted
     ReportAllowed = 17, ///< whether the recipient allows a delivery report
-    ResponseStatus = 18, ///< what the relay says of a message that was sent
-    ResponseText = 19, ///< the same in words
+    ResponseStatus = 18, ///< the relay's verdict on a sent message
+    ResponseText = 19, ///< the verdict in words
     SenderVisibility = 20, ///< whether recipients see the sender
-    Status = 21, ///< what became of a message, in a delivery report or a notification's answer
+    Status = 21, ///< fate of a message, in a delivery report or the answer to a notification
     Subject = 22, ///< subject
     To = 23, ///< recipient
-    TransactionId = 24, ///< what ties an answer to its request
+    TransactionId = 24, ///< id shared by a request and its answer
 };
 } // namespace HeaderFieldCode
 
@@ -52,12 +52,12 @@ struct HeaderFieldInfo
 {
     unsigned char code; ///< 1..24
     const char *name; ///< as the standard spells it, such as "Message-Class"
-    FieldBase *codec; ///< of the field's class, shared by all who use it
-    FieldBase *(*createCodec)(); ///< makes a new codec of the field's class, owned by the caller
+    FieldBase *codec; ///< codec of the field's class, shared by all users
+    FieldBase *(*createCodec)(); ///< creates a codec of the field's class; the caller owns it
 };
 
 /// All 24 header fields in the order of their codes.
 QVL_EXPORT std::span<const HeaderFieldInfo> headerFields();
 
-/// The header field with @p code, a row of the table, or null when there is none.
+/// The row of the header field with @p code, or null when there is none.
 QVL_EXPORT const HeaderFieldInfo *headerFieldInfo(int code);

@@ -45,7 +45,7 @@ bool MMS_UA_UAMsg::pduOrderCheck() const
     }
     if (!fieldsPresent(headerFieldMask(HeaderFieldCode::ContentType)))
         return true;
-    // Codes 0 and 25 have a slot of their own but are no header fields.
+    // Codes 0 and 25 have a slot but are not header fields.
     const auto fieldsMet = std::count_if(m_fieldPositions.begin() + 1, m_fieldPositions.end() - 1,
                                          [](unsigned char position) { return position != 0; });
     return m_fieldPositions[HeaderFieldCode::ContentType] == fieldsMet;

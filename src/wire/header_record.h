@@ -1,5 +1,5 @@
 /** @file
- * The header of one MMS PDU in memory, with the checks that a received header has to pass.
+ * The header of one MMS PDU in memory, with the checks for received headers.
  */
 #pragma once
 
@@ -14,9 +14,9 @@
 /**
  * Header record of one PDU: filled by MMS_UA_Decoder or by the application, read by MMS_UA_Encoder.
  *
- * Presence of the header field with code c (see header_fields.h) is bit c - 1 of the fields
- * present. The decoder sets it for every field that it reads; an application that fills a record by
- * hand sets it for every field that is to be written.
+ * Bit c - 1 of the fields present says whether the header field with code c (see header_fields.h)
+ * is present. The decoder sets the bit of every field that it reads; an application that fills a
+ * record sets the bit of every field to be written.
  */
 class QVL_EXPORT MMS_UA_UAMsg : public MMS_UTIL_MsgHeaderBase
 {
@@ -30,7 +30,7 @@ public:
     unsigned int getFieldsPresent() const { return m_fieldsPresent; }
     /// @copydoc getFieldsPresent
     void setFieldsPresent(unsigned int mask) { m_fieldsPresent = mask; }
-    /// Sets the bits of @p mask and leaves the others as they are.
+    /// Sets the bits of @p mask and keeps the others.
     void addFieldsPresent(unsigned int mask) { m_fieldsPresent |= mask; }
     /// True when every field of @p mask is present; always true for a mask of 0.
     bool fieldsPresent(unsigned int mask) const { return (m_fieldsPresent & mask) == mask; }
@@ -40,7 +40,7 @@ public:
     /// @copydoc getMessageType
     void setMessageType(unsigned char type) { m_messageType = type; }
 
-    /// What ties an answer to its request. A text on the wire that is not ASCII reads as Latin-1.
+    /// Id shared by a request and its answer. A non-ASCII text on the wire reads as Latin-1.
     QString getTransactionId() const { return m_transactionId; }
     /// @copydoc getTransactionId
     void setTransactionId(const QString &id) { m_transactionId = id; }
@@ -60,16 +60,16 @@ public:
     /// @copydoc getStatus
     void setStatus(unsigned char status) { m_status = status; }
 
-    /// Whether the recipient allows that the sender gets a delivery report; starts as false.
+    /// Whether the recipient allows a delivery report to the sender; starts as false.
     bool getReportAllowed() const { return m_reportAllowed; }
     /// @copydoc getReportAllowed
     void setReportAllowed(bool allowed) { m_reportAllowed = allowed; }
 
-    /// Where the message of a notification can be fetched: a URI.
+    /// URI from which to fetch the message of a notification.
     QString getContentLocation() const { return m_contentLocation; }
     /// @copydoc getContentLocation
     void setContentLocation(const QString &location) { m_contentLocation = location; }
-    /// Id that the relay gave to the message.
+    /// Id assigned by the relay.
     QString getMessageId() const { return m_messageId; }
     /// @copydoc getMessageId
     void setMessageId(const QString &id) { m_messageId = id; }
@@ -78,13 +78,13 @@ public:
     unsigned char getResponseStatus() const { return m_responseStatus; }
     /// @copydoc getResponseStatus
     void setResponseStatus(unsigned char status) { m_responseStatus = status; }
-    /// What the relay says in words of a message that was sent; empty when it says nothing.
+    /// The relay's verdict on a sent message in words; empty if it gives none.
     QString getResponseText() const { return m_responseText; }
     /// @copydoc getResponseText
     void setResponseText(const QString &text) { m_responseText = text; }
 
-    /// First octet behind the decoded header; points into the decoder's input and is not owned.
-    /// Null until a header was decoded.
+    /// First octet after the decoded header. Points into the decoder's input and is not owned; null
+    /// until a header was decoded.
     unsigned char *getBody() const { return m_body; }
     /// @copydoc getBody
     void setBody(unsigned char *body) { m_body = body; }
@@ -93,30 +93,29 @@ public:
     /// @copydoc getBodyLength
     void setBodyLength(int octets) { m_bodyLength = octets; }
 
-    /// The octets of the body, which are not copied: the array must not be used any longer than
-    /// those at getBody().
+    /// The octets of the body without copying them: use the array only as long as the octets at
+    /// getBody() exist.
     QByteArray getBodyOctets() const
     {
         return QByteArray::fromRawData(reinterpret_cast<const char *>(m_body), m_bodyLength);
     }
 
-    /// Order number, from 1, at which the field was first met while decoding; 0 when it was not
-    /// met.
+    /// Position of the field among the fields of the decoded header, counted from 1; 0 when the
+    /// header does not have it. Repetitions in a row share a position.
     unsigned char getFieldPosition(unsigned char code) const;
-    /// Stores the position for a code up to 25; positions outside 1..24 and other codes are
-    /// ignored.
+    /// Stores the position for a code up to 25; ignores positions outside 1..24 and other codes.
     void setFieldPosition(unsigned char code, unsigned char position);
 
     /// True when the major version is 1.
     bool isMMSVersionCorrect() const { return (m_mmsVersion & 0x70) == 0x10; }
     /// True when the minor version is 0.
     bool isMMSMinorVersionCorrect() const { return (m_mmsVersion & 0x0F) == 0; }
-    /// True when every field that the message type demands is present, see MessageTypeInfo; also
-    /// for a type that is not among the seven.
+    /// True when every field that the message type requires is present, see MessageTypeInfo; also
+    /// true for an unknown type.
     bool mandatoryFldsPresentInPDU() const;
     /**
-     * True when Message-Type, Transaction-Id and MMS-Version, as far as present, came first and in
-     * this order, and Content-Type, when present, came last.
+     * True when Message-Type, Transaction-Id and MMS-Version, if present, came first and in this
+     * order, and Content-Type, if present, came last.
      */
     bool pduOrderCheck() const;
 

@@ -1,5 +1,5 @@
 /** @file
- * Values of header fields that are one octet, and their names in the standard (OMA-MMS-ENC, 7.3).
+ * One-octet values of header fields, and their names in the standard (OMA-MMS-ENC, 7.3).
  */
 #pragma once
 
@@ -18,12 +18,12 @@ struct QvlFieldValue
 namespace QvlMessageType {
 /// The values, without gaps.
 enum : unsigned char {
-    SendReq = 128, ///< a message to be sent
-    SendConf = 129, ///< the relay's answer to it
+    SendReq = 128, ///< a message to send
+    SendConf = 129, ///< the relay's answer to a send request
     NotificationInd = 130, ///< a message waits at the relay
-    NotifyRespInd = 131, ///< the handset's answer to that
-    RetrieveConf = 132, ///< a message that was fetched
-    AcknowledgeInd = 133, ///< the handset's answer to that
+    NotifyRespInd = 131, ///< the handset's answer to a notification
+    RetrieveConf = 132, ///< a fetched message
+    AcknowledgeInd = 133, ///< the handset's answer to a fetched message
     DeliveryInd = 134, ///< a delivery report
 };
 } // namespace QvlMessageType
@@ -48,7 +48,7 @@ namespace QvlPriority {
 /// The values, without gaps.
 enum : unsigned char {
     Low = 128, ///< can wait
-    Normal = 129, ///< neither
+    Normal = 129, ///< the default
     High = 130, ///< urgent
 };
 /// The values in their order.
@@ -64,10 +64,10 @@ enum : unsigned char {
     Expired = 128, ///< was not fetched in time
     Retrieved = 129, ///< was fetched
     Rejected = 130, ///< the recipient does not want it
-    Deferred = 131, ///< is fetched later
+    Deferred = 131, ///< fetched later
     Unrecognised = 132, ///< the handset did not understand it
-    Indeterminate = 133, ///< nothing is known
-    Forwarded = 134, ///< went on to another recipient
+    Indeterminate = 133, ///< the outcome is not known
+    Forwarded = 134, ///< sent on to another recipient
     Unreachable = 135, ///< the recipient cannot be reached
 };
 /// The values in their order.
@@ -76,18 +76,18 @@ QVL_EXPORT std::span<const QvlFieldValue> values();
 QVL_EXPORT const char *nameOf(unsigned char value);
 } // namespace QvlStatus
 
-/// Values of Response-Status: what the relay did with a message that was sent.
+/// Values of Response-Status: the relay's verdict on a sent message.
 namespace QvlResponseStatus {
-/// The values. Those from 192 on may pass, those from 224 on stay.
+/// The values. Those from 192 on are temporary failures, those from 224 on permanent ones.
 enum : unsigned char {
     Ok = 128, ///< accepted
     ErrorUnspecified = 129, ///< refused without a reason
     ErrorServiceDenied = 130, ///< the sender may not send, or has to pay first
     ErrorMessageFormatCorrupt = 131, ///< the PDU cannot be read
     ErrorSendingAddressUnresolved = 132, ///< a recipient's address cannot be used
-    ErrorMessageNotFound = 133, ///< what the PDU refers to is not there
+    ErrorMessageNotFound = 133, ///< the PDU refers to a message that does not exist
     ErrorNetworkProblem = 134, ///< the relay is busy
-    ErrorContentNotAccepted = 135, ///< size or types of the content
+    ErrorContentNotAccepted = 135, ///< size or media types of the content
     ErrorUnsupportedMessage = 136, ///< the relay does not know this message type
     ErrorTransientFailure = 192, ///< any other cause
     ErrorTransientSendingAddressUnresolved = 193, ///< as 132
@@ -106,7 +106,7 @@ QVL_EXPORT std::span<const QvlFieldValue> values();
 QVL_EXPORT const char *nameOf(unsigned char value);
 } // namespace QvlResponseStatus
 
-/// Values of MMS-Version, without the high bit that they have on the wire.
+/// Values of MMS-Version, without their high bit on the wire.
 namespace QvlMmsVersion {
-inline constexpr unsigned char Version10 = 0x10; ///< MMS 1.0, which this library writes
+inline constexpr unsigned char Version10 = 0x10; ///< MMS 1.0, the version that this library writes
 } // namespace QvlMmsVersion

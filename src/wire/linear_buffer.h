@@ -1,8 +1,8 @@
 /** @file
- * The cursor through which every wire codec reads and writes: the one place that indexes octets.
+ * The cursor that every wire codec reads and writes through: the only place that indexes octets.
  *
- * A buffer over octets that came from outside is made with forReading(): what stands behind its end
- * then reads as zero, so that a text without its terminator ends there.
+ * Use forReading() for input: octets after its end read as zero, so a text without its terminator
+ * ends there.
  */
 #pragma once
 
@@ -13,9 +13,9 @@
 #include <optional>
 
 /**
- * Cursor over an array of fixed size that belongs to the caller, who also frees it.
+ * Cursor over an array of fixed size. The caller owns the array.
  *
- * Reading and writing share the one cursor. Positions and sizes are in octets.
+ * Reading and writing share one cursor. Positions and sizes are in octets.
  */
 class QVL_EXPORT LinearBuffer
 {
@@ -24,24 +24,23 @@ public:
     LinearBuffer(unsigned char *data, int size);
 
     /**
-     * A cursor for reading only, which no read takes out of bounds: every octet behind the end of
-     * the array is zero and is not taken from memory. It refuses every write, so the array may be
-     * constant.
+     * A read-only cursor that never reads out of bounds: octets after the end of the array read as
+     * zero without touching memory. Refuses every write, so the array may be constant.
      */
     static LinearBuffer forReading(const unsigned char *data, int size);
 
-    /// True while the cursor stands before the end.
+    /// True while the cursor is before the end.
     bool hasMore() const { return m_position < m_size; }
 
-    /// Sets all octets of the array to 0 unless it is for reading only; the cursor stays.
+    /// Sets all octets of the array to 0 unless it is read-only; the cursor stays.
     void zerolize();
 
-    /// Copies @p count octets to the cursor; false, and nothing written, when they do not fit or
-    /// the array is for reading only.
+    /// Copies @p count octets to the cursor and moves it. False, and nothing written, when they do
+    /// not fit or the array is read-only.
     bool appendData(const unsigned char *octets, int count);
 
-    /// Stores @p octet at the cursor; false, and nothing written, when it does not fit or the array
-    /// is for reading only.
+    /// Stores @p octet at the cursor and moves it. False, and nothing written, when it does not fit
+    /// or the array is read-only.
     bool appendByte(unsigned char octet)
     {
         if (m_readOnly || !hasMore())
@@ -50,8 +49,7 @@ public:
         return true;
     }
 
-    /// The octet at the cursor, which moves on. Nothing is checked: the caller knows that it is
-    /// there.
+    /// Reads the octet at the cursor and moves on. Unchecked: the caller knows that there is one.
     unsigned char readByte()
     {
         const int at = m_position++;
@@ -60,8 +58,8 @@ public:
 
     /**
      * Reads the octet at the cursor into @p octet. False only when the cursor is already past the
-     * end: reading at the end succeeds once and yields the octet just behind the array. Kept: the
-     * codecs rely on it for texts whose terminator was cut off.
+     * end: reading at the end succeeds once and yields the octet just after the array. Kept: the
+     * codecs rely on it for texts whose terminator is missing.
      */
     bool readByte(unsigned char *octet)
     {
@@ -74,28 +72,27 @@ public:
     /// Copies the next @p count octets to @p octets; false, and nothing read, when there are fewer.
     bool readData(unsigned char *octets, int count);
 
-    /// The next @p count octets in place, passed over; nothing, and nothing read, when there are
-    /// fewer.
+    /// Returns the next @p count octets in place and moves past them; nothing, without moving, when
+    /// there are fewer.
     std::optional<QByteArrayView> readView(int count);
 
     /**
-     * The octets up to the next zero, in place; the zero is passed over and is not part of them.
-     * Nothing is checked, as with readByte().
+     * Returns the octets up to the next zero in place and moves past the zero. Unchecked, like
+     * readByte().
      */
     QByteArrayView readUntilZero();
 
-    /// Moves the cursor back by @p count octets, not before the start.
+    /// Moves the cursor back by @p count octets, at most to the start.
     void rewind(int count);
 
-    /// Moves the cursor on by @p count octets; where that reaches the end, to the last octet.
+    /// Moves the cursor forward by @p count octets, at most to the last octet.
     void forward(int count);
 
-    /// Octets from the start of the array to the cursor. Reads can take it past the end.
+    /// Octets from the start of the array to the cursor. Reads can move it past the end.
     int getPosition() const { return m_position; }
     /// Count of octets of the array.
     int getSize() const { return m_size; }
-    /// The array itself, which stays the caller's; not to be written to when it is for reading
-    /// only.
+    /// The array itself, owned by the caller; do not write to a read-only one.
     unsigned char *getData() const { return m_data; }
 
 private:

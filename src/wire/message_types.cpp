@@ -32,7 +32,7 @@ constexpr auto retrieveConfOrder = std::to_array<unsigned char>(
      MessageClass, Priority, DeliveryReport, ReadReply, ContentType});
 constexpr auto acknowledgeIndOrder =
     std::to_array<unsigned char>({MessageType, TransactionId, MmsVersion, ReportAllowed});
-// Transaction-Id where a Message-ID is mandatory for the reader. Kept: relays that take delivery
+// Has Transaction-Id, while received reports must have Message-ID. Kept: relays that get delivery
 // reports from this handset match them by transaction.
 constexpr auto deliveryIndOrder =
     std::to_array<unsigned char>({MessageType, MmsVersion, TransactionId, To, Date, Status});

@@ -1,7 +1,7 @@
 /*
- * Reading and writing of one multipart entry. The cursor counts every octet that is read, so a
- * wrong length misplaces the data that follows but never leads outside the buffer. Content type and
- * headers are written to an array of fixed size first, because their lengths come before them.
+ * Reads and writes one multipart entry. The cursor counts every octet read, so a wrong length
+ * misplaces the data that follows but never causes a read out of bounds. Content type and headers
+ * are written to an array of fixed size first, because their lengths precede them.
  */
 #include "wire/multipart_entry.h"
 
@@ -42,13 +42,13 @@ constexpr unsigned char XhtmlXml = 0x45;
 
 } // namespace EntryOctet
 
-constexpr unsigned char FirstTextOctet = 0x20; // a value-length stands below it
+constexpr unsigned char FirstTextOctet = 0x20; // smaller octets begin a value-length
 constexpr int LongestLocation = 1024; // octets without quote and terminator
 
 constexpr QByteArrayView SmilType("application/smil");
 
-// A name that begins so loses its first and last character. Kept: presentations of stored messages
-// refer to such parts by what is left.
+// A name that begins like this loses its first and last character. Kept: presentations of stored
+// messages refer to such parts by the shortened name.
 constexpr QLatin1String StrayPrefix(")&&locStr.endsWith(");
 
 class EntryReader
@@ -56,7 +56,7 @@ class EntryReader
 public:
     EntryReader(LinearBuffer *buffer, Part *part) : m_buffer(buffer), m_part(part) { }
 
-    // Each returns false when the data ran out or a length cannot be right.
+    // Each returns false when the data ran out or a length is impossible.
     [[nodiscard]] bool readEntry();
 
 private:
@@ -132,11 +132,11 @@ bool EntryReader::readContentType()
     return readParameters(length - (m_buffer->getPosition() - textStart));
 }
 
-// Its first octet is known to be there.
+// The caller has checked that there is a first octet.
 void EntryReader::readMediaText()
 {
     const auto octets = WireText::read(m_buffer);
-    if (octets == SmilType) { // which nearly every message has
+    if (octets == SmilType) { // the fast path: nearly every message has one
         m_part->setContentType(QStringLiteral("application"));
         m_part->setContentSubType(QStringLiteral("smil"));
         return;
@@ -230,7 +230,7 @@ bool EntryReader::readContentLocation()
     return true;
 }
 
-// Most senders give a part the same name twice.
+// Fast path: most senders give a part the same name twice.
 void EntryReader::setLocation(QByteArrayView utf8)
 {
     const bool isKnown = !utf8.isEmpty() && WireText::isAscii(utf8)
@@ -261,14 +261,14 @@ bool EntryReader::readData(int length)
     QByteArrayView data = *view;
     if (m_charset == Charset::Ucs2)
         return storeUcs2AsUtf8(data);
-    // Phones end a text with a zero that is none of its characters.
+    // Phones append a zero that does not belong to the text.
     if (m_mediaCode == EntryOctet::TextPlain && data.size() > 1 && data.back() == '\0')
         data.chop(1);
     return m_part->setBodyData(data.data(), int(data.size())) == MultipartResult::Ok;
 }
 
-// The charset's name stays "UCS2" although the octets are UTF-8 from here on. Kept: the viewer goes
-// by the octets, and the name tells it what the sender wrote.
+// The charset's name stays "UCS2" although the octets become UTF-8. Kept: the viewer decodes the
+// octets as UTF-8 and shows the charset that the sender declared.
 bool EntryReader::storeUcs2AsUtf8(QByteArrayView data)
 {
     MMS_UTIL_Tool::logOut(data.data(), int(data.size()));
@@ -284,7 +284,7 @@ bool EntryReader::storeUcs2AsUtf8(QByteArrayView data)
 constexpr unsigned char FirstCodeWrittenAsText = 0x3F;
 void writeMediaText(LinearBuffer *buffer, const QString &format)
 {
-    // Phones know the melody format by its older name only.
+    // Phones know the melody format only by its older name.
     const bool melody = format.toLower() == QLatin1String("audio/imelody");
     WireAppend::value<PlainTextBinary>(buffer, melody ? QStringLiteral("text/x-iMelody") : format);
 }
@@ -303,8 +303,8 @@ void writeContentType(LinearBuffer *buffer, const Part &part)
         WireAppend::value<PlainTextBinary>(buffer, location);
     }
     if (code == EntryOctet::TextPlain || code == EntryOctet::XhtmlXml) {
-        // A named charset is declared as US-ASCII whatever it is. Kept: the texts that the
-        // composer names a charset for are ASCII.
+        // Any named charset is declared as US-ASCII. Kept: the composer names a charset only for
+        // ASCII texts.
         WireAppend::octet(buffer, EntryOctet::Charset);
         WireAppend::value<CharsetBinary>(
             buffer, part.getCharset().isEmpty() ? Charset::Utf8 : Charset::UsAscii);

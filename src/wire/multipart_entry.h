@@ -11,30 +11,29 @@ class MMS_COMP_SMILMultipartBodypart;
 /**
  * Codec of one entry: lengths, content type, headers and data of a body part.
  *
- * Of the headers only those that carry the part's names are known: the Name parameter and
- * Content-Location, both of which are its location, and Content-ID. Other headers are passed over
- * octet by octet, not as units.
+ * It knows only the headers with names of the part: the Name parameter and Content-Location, which
+ * both set its location, and Content-ID. It skips other headers octet by octet, not as units.
  */
 class QVL_EXPORT Multipart_Entry
 {
 public:
     /**
-     * Appends an entry. Content type and headers are written through an array of 1,024 octets, and
-     * what does not fit it is dropped.
+     * Appends an entry. Content type and headers go through an array of 1,024 octets; octets that
+     * do not fit are dropped.
      *
      * @param buffer gets the octets
-     * @param part that the entry is of
+     * @param part the body part to write
      * @return WireResult::Written, or WireResult::CannotWrite when the data does not fit the buffer
      */
     static unsigned char writeTo(LinearBuffer *buffer, const MMS_COMP_SMILMultipartBodypart &part);
 
     /**
-     * Reads an entry into a part, whose data is copied.
+     * Reads an entry into a part and copies its data.
      *
-     * @param buffer stands at the entry
+     * @param buffer positioned at the entry
      * @param part gets content type, names and data
-     * @return WireResult::Read, or WireResult::OutOfData when data runs out, a length cannot be
-     * right, or there is no memory for the data; what was read until then stays in the part
+     * @return WireResult::Read, or WireResult::OutOfData when data runs out, a length is
+     * impossible, or there is no memory for the data; the part keeps what was read before
      */
     static unsigned char readFrom(LinearBuffer *buffer, MMS_COMP_SMILMultipartBodypart *part);
 

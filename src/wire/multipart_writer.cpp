@@ -13,7 +13,7 @@ namespace {
 
 constexpr qint64 LargestCapacity = std::numeric_limits<int>::max();
 constexpr qint64 RoomForHeaders = 4096;
-// Two lengths of up to five octets and a value-length of up to six come with an entry's headers.
+// The head of an entry also has two lengths of up to five octets and a value-length of up to six.
 constexpr qint64 LongestEntryHead = MultipartWriter::LongestEntryHeaders + 16;
 
 } // namespace
@@ -25,7 +25,8 @@ int MultipartWriter::capacityFor(const MMS_COMP_SMILMultipart &multipart)
         data += multipart.getBodypartByIndex(i)->getBodyDataLen();
     const qint64 sizeLimit = quint32(MMS_UTIL_Setting::getMaxiumMOMMSSize()) * 1024u;
     const qint64 allowed = std::max(sizeLimit, data + RoomForHeaders);
-    // The count and one octet that stays unused; no body needs more, whatever is allowed.
+    // The count, plus one octet that stays unused. A body never needs more, even if more is
+    // allowed.
     const qint64 needed = data + multipart.getPartCount() * LongestEntryHead + 2;
     const qint64 capacity = std::min(allowed, needed);
     return capacity <= LargestCapacity ? int(capacity) : 0;

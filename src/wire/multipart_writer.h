@@ -1,6 +1,5 @@
 /*
- * Encoding of a body into an array of the caller's choice, for those who want its octets elsewhere
- * than in an array of their own.
+ * Encodes a body into the caller's array, so that assembling a message needs no copy of it.
  */
 #pragma once
 
@@ -9,16 +8,16 @@ class MMS_COMP_SMILMultipart;
 
 namespace MultipartWriter {
 
-/// Octets that the content type and the headers of one entry may take together.
+/// Largest size of content type and headers of one entry, in octets.
 inline constexpr int LongestEntryHeaders = 1024;
 
-/// Size in octets of the array that a body of @p multipart is written to; 0 when that is no int.
+/// Size in octets of the array that write() needs for @p multipart; 0 when it exceeds an int.
 [[nodiscard]] int capacityFor(const MMS_COMP_SMILMultipart &multipart);
 
 /**
- * Appends the body of @p multipart to a buffer of capacityFor() octets. WireResult::Written, or
- * WireResult::CannotWrite when the data of a part does not fit. A buffer that is full to its end
- * then may have dropped something.
+ * Appends the body of @p multipart to a buffer of capacityFor() octets. Returns
+ * WireResult::Written, or WireResult::CannotWrite when the data of a part does not fit. If the
+ * buffer is full afterwards, it may have dropped octets.
  */
 [[nodiscard]] unsigned char write(LinearBuffer *buffer, const MMS_COMP_SMILMultipart &multipart);
 

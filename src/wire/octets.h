@@ -1,5 +1,5 @@
 /*
- * Octets and charset numbers that several codecs share.
+ * Bits of octets and numbers of charsets that several codecs share.
  */
 #pragma once
 

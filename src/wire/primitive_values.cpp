@@ -13,7 +13,7 @@ using namespace WireOctet;
 
 namespace {
 
-constexpr unsigned char LengthFollows = 31; // a uintvar follows that holds the length
+constexpr unsigned char LengthFollows = 31; // a uintvar with the length follows
 constexpr int LongestShortLength = 30;
 constexpr unsigned char AbsoluteTime = 128;
 constexpr int CharsetReadAsUtf8 = 0xEA; // only as a Long-integer: as a short one it reads as 106
@@ -37,11 +37,11 @@ QString decodeEncodedText(QByteArrayView octets, int charset)
         !text.isEmpty() && static_cast<unsigned char>(text.front()) == WireText::Quote;
     if (quoted)
         text = text.sliced(1);
-    // The terminator is looked for as many octets from the unquoted start as text remains, so it
-    // stays in a quoted text. Kept: the composer relies on what it has stored.
+    // A quote shifts the check by one octet, so a quoted text keeps its terminator. Kept: the
+    // composer relies on stored texts of this form.
     if (!text.isEmpty() && octets[text.size() - 1] == 0)
         text.chop(1);
-    if (WireText::isAscii(text)) // which needs no decoder, whatever the charset
+    if (WireText::isAscii(text)) // needs no decoder, whatever the charset
         return QString::fromLatin1(text);
     return charset == CharsetReadAsUtf8 ? QString::fromUtf8(text) : QString::fromLocal8Bit(text);
 }
@@ -49,7 +49,7 @@ QString decodeEncodedText(QByteArrayView octets, int charset)
 } // namespace
 
 // integer ::= octet >= 80, which holds seven bits | count octet * count
-// Of more than four octets the last four count. A truncated one leaves the value alone.
+// Only the last four octets count. A truncated integer leaves the value unchanged.
 unsigned char IntegerBinary::readFrom(LinearBuffer *buffer, int *value)
 {
     unsigned char first = 0;
@@ -94,7 +94,7 @@ int IntegerBinary::sizeOf(int value)
 }
 
 // uintvar ::= (octet >= 80) * octet < 80
-// Bits beyond the 32nd are lost. A truncated one leaves the value alone.
+// Bits beyond the 32nd are lost. A truncated uintvar leaves the value unchanged.
 unsigned char UIntBinary::readFrom(LinearBuffer *buffer, int *value)
 {
     quint32 sum = 0;
@@ -167,11 +167,11 @@ unsigned char TimeBinary::readFrom(LinearBuffer *buffer, QDateTime *value)
 }
 
 // time ::= value-length octet integer
-// The octet says whether the time is absolute, and makes no difference.
+// The octet marks absolute and relative times, which are read alike.
 unsigned char TimeBinary::readSeconds(LinearBuffer *buffer, int *seconds)
 {
     int length = 0;
-    std::ignore = ValueLengthBinary::readFrom(buffer, &length); // phones get it wrong; not needed
+    std::ignore = ValueLengthBinary::readFrom(buffer, &length); // not needed, and often wrong
     unsigned char token = 0;
     if (!buffer->readByte(&token))
         return WireResult::OutOfData;
@@ -215,7 +215,7 @@ int PlainTextBinary::sizeOf(const QString &text)
 }
 
 // encoded-string ::= text | value-length charset octet *
-// A text begins with 00 or with 20 to 7F. A length beyond the data leaves the text alone.
+// A text begins with 00 or with 20 to 7F. A length beyond the data leaves the text unchanged.
 unsigned char EncodedStringBinary::readFrom(LinearBuffer *buffer, QString *text)
 {
     unsigned char first = 0;
@@ -228,7 +228,7 @@ unsigned char EncodedStringBinary::readFrom(LinearBuffer *buffer, QString *text)
     buffer->rewind(1);
 
     int length = 0;
-    std::ignore = ValueLengthBinary::readFrom(buffer, &length); // what is missing shows below
+    std::ignore = ValueLengthBinary::readFrom(buffer, &length); // checked below
     const int start = buffer->getPosition();
     int charset = 0;
     std::ignore = CharsetBinary::readFrom(buffer, &charset);

@@ -18,8 +18,8 @@ bool needsQuote(QByteArrayView octets)
 
 bool WireText::isPlain(QStringView text)
 {
-    // U+0000 becomes the largest of all. A plain loop, which compilers turn into vector
-    // instructions.
+    // Subtracting 1 turns U+0000 into the largest code unit. No early exit, so that compilers can
+    // vectorize the loop.
     const auto larger = [](char16_t most, char16_t unit) {
         return std::max(most, char16_t(unit - 1));
     };

@@ -1,5 +1,5 @@
 /*
- * Texts as they go onto the wire.
+ * Texts as octets on the wire.
  */
 #pragma once
 
@@ -14,20 +14,20 @@ class LinearBuffer;
 
 namespace WireText {
 
-/// First octet of a text whose first character would otherwise be taken for something else.
+/// Precedes a text whose first octet would otherwise mean something else.
 inline constexpr unsigned char Quote = 127;
 
 /// The next plain text in place, without its Quote; nothing when the data ran out.
 [[nodiscard]] std::optional<QByteArrayView> read(LinearBuffer *buffer);
-/// The same for a caller that has read the first octet.
+/// The same for a caller that has already read the first octet.
 QByteArrayView readRest(LinearBuffer *buffer, unsigned char firstOctet);
 
-/// Octets of a text; those of most texts stand on the stack.
+/// Octets of a text. Most texts fit on the stack.
 using Octets = QVarLengthArray<char, 256>;
 
 /**
- * @p text in UTF-8, up to its first U+0000: a text ends at its first zero when it is written, so
- * everything that is sized or counted goes by this.
+ * @p text in UTF-8, up to its first U+0000. A written text ends at its first zero, so use this for
+ * everything that sizes or counts texts.
  */
 Octets utf8(const QString &text);
 
@@ -37,14 +37,14 @@ inline bool isAscii(QByteArrayView octets)
                        [](char octet) { return static_cast<unsigned char>(octet) < 0x80; });
 }
 
-/// True for a text without U+0000 that takes one octet a character in UTF-8.
+/// True for a text of ASCII characters without U+0000.
 bool isPlain(QStringView text);
 
-/// Appends a plain text of these octets: a Quote where one is needed, the octets, a zero.
+/// Appends a plain text: a Quote if needed, @p octets, a zero.
 void append(LinearBuffer *buffer, QByteArrayView octets);
-/// Octets that append() appends.
+/// Octets that append() appends for @p octets.
 int sizeOf(QByteArrayView octets);
-/// Octets that append() appends of utf8(@p text).
+/// Octets that append() appends for utf8(@p text).
 int sizeOf(const QString &text);
 
 } // namespace WireText
