@@ -1,5 +1,5 @@
 /*
- * Tables that say what a result code means.
+ * Tables with the meanings of result codes in words.
  */
 #pragma once
 

@@ -1,5 +1,5 @@
 /*
- * Whole numbers as text, without taking memory for them: benchmarks smil/write/1 and
+ * Formats whole numbers without allocating memory, for the benchmarks smil/write/1 and
  * message/decode/nameless.
  */
 #pragma once
@@ -20,7 +20,7 @@ public:
     {
     }
 
-    /// Lives as long as this object.
+    /// The text is valid as long as this object.
     QLatin1StringView text() const { return QLatin1StringView(m_digits.data(), m_length); }
 
 private:

@@ -1,5 +1,5 @@
 /** @file
- * What leaves the shared libraries: everything else is built with hidden visibility.
+ * Exports of the shared libraries; everything else has hidden visibility.
  */
 #pragma once
 
@@ -8,5 +8,5 @@
 /// Marks a class or function as part of the library's binary interface.
 #define QVL_EXPORT Q_DECL_EXPORT
 
-/// Marks an operation of such a class that only the library itself calls.
+/// Marks an operation of an exported class as not exported.
 #define QVL_INTERNAL Q_DECL_HIDDEN

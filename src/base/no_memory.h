@@ -1,9 +1,11 @@
 /** @file
- * What happens when memory runs out within the library: a result code. Applications of handsets are
- * built without exceptions, so none leaves the library.
+ * Turns running out of memory into a result code. Applications of handsets are built without
+ * exceptions, so no exception leaves a library.
  *
- * Operations use one another. Only the one that the application called turns the exception into a
- * result; those below let it pass, so that none goes on with what it did not get.
+ * Operations call one another. Only the outermost one, which the application called, turns the
+ * exception into its result; inner ones let it pass, so that none continues with incomplete data.
+ * Each shared library counts its own depth: the player engine catches for itself even when the
+ * other library calls it.
  */
 #pragma once
 
@@ -11,17 +13,17 @@
 #include <tuple>
 #include <type_traits>
 
-/// Marks that an operation of the library runs on this thread.
+/// Marks that an operation of this shared library runs on this thread.
 class QvlOperationScope
 {
 public:
-    /// The operation runs as long as the object lives.
+    /// The operation runs as long as this object exists.
     QvlOperationScope() { ++depth; }
     QvlOperationScope(const QvlOperationScope &) = delete;
     QvlOperationScope &operator=(const QvlOperationScope &) = delete;
     ~QvlOperationScope() { --depth; }
 
-    /// True while an operation of the library runs on this thread.
+    /// True while an operation of this shared library runs on this thread.
     static bool isActive() { return depth > 0; }
 
 private:
@@ -29,8 +31,8 @@ private:
 };
 
 /**
- * What @p operation gives, or @p failure when there is no memory for it. Within another operation
- * the exception passes instead.
+ * Returns the result of @p operation, or @p failure when memory runs out. Within another operation
+ * it does not catch the exception.
  */
 template <typename Operation>
 [[nodiscard]] std::invoke_result_t<Operation> unlessOutOfMemory(
@@ -46,7 +48,7 @@ template <typename Operation>
     }
 }
 
-/// Carries @p operation out, as far as there is memory for it.
+/// Carries @p operation out; ignores that memory ran out unless within another operation.
 template <typename Operation>
 void asFarAsMemoryGoes(Operation operation)
 {

@@ -1,5 +1,5 @@
 /** @file
- * The pointer list of the published interfaces: an ordered list that deletes what it holds when
+ * The pointer list of the published interfaces: an ordered list that deletes its items when
  * auto-delete is on. Message, slide and layout own their children through it.
  */
 #pragma once
@@ -12,11 +12,11 @@
 #include <utility>
 
 /**
- * Ordered list of pointers to T, owning when autoDelete() is on (it starts off).
+ * Ordered list of pointers to T. Owns them when autoDelete() is on; it starts off.
  *
- * Not copyable, so that two lists never believe that they own the same object. Null pointers can
- * be stored; whoever walks a list guards against them. All index arguments count from 0. Changes
- * are linear in the items behind the place of the change.
+ * Not copyable, so that two lists never own the same object. It stores null pointers, so code that
+ * walks a list has to check for them. Indexes count from 0. Insertions and removals are linear in
+ * the items after their place.
  */
 template <typename T>
 class QPtrList
@@ -29,7 +29,7 @@ public:
     /// Empties the list as clear() does.
     ~QPtrList() { clear(); }
 
-    /// Whether remove(), clear() and the destructor delete what they take off the list.
+    /// Whether remove(), clear() and the destructor delete the items that they remove.
     void setAutoDelete(bool on) { m_autoDelete = on; }
     /// @copydoc setAutoDelete
     bool autoDelete() const { return m_autoDelete; }
@@ -42,15 +42,15 @@ public:
     /// The pointer at @p index, or null when the index is out of range.
     T *at(int index) const { return holds(index) ? m_items[index] : nullptr; }
 
-    /// Adds @p item at the end; the list owns it from here on when auto-delete is on, and deletes
-    /// it when there is no memory for one more.
+    /// Adds @p item at the end. With auto-delete the list owns it from then on, and deletes it when
+    /// there is no memory to add it.
     void append(T *item) { put(count(), item); }
 
     /// Adds @p item at the front, owned as by append().
     void prepend(T *item) { put(0, item); }
 
-    /// Puts @p item, owned as by append(), before the one at @p index; false, and nothing taken,
-    /// unless 0 <= index <= count().
+    /// Inserts @p item, owned as by append(), before the item at @p index. False, and nothing taken
+    /// over, unless 0 <= index <= count().
     bool insert(int index, T *item)
     {
         if (index < 0 || index > count())
@@ -59,7 +59,7 @@ public:
         return true;
     }
 
-    /// Takes the item at @p index off and deletes it when auto-delete is on; false out of range.
+    /// Removes the item at @p index, and deletes it with auto-delete; false out of range.
     bool remove(int index)
     {
         if (!holds(index))
@@ -68,7 +68,7 @@ public:
         return true;
     }
 
-    /// Takes the item at @p index off and leaves it to the caller; null out of range.
+    /// Removes the item at @p index without deleting it and returns it; null out of range.
     T *take(int index)
     {
         if (!holds(index))
@@ -78,7 +78,7 @@ public:
         return item;
     }
 
-    /// Empties the list, deleting the items when auto-delete is on.
+    /// Removes all items, and deletes them with auto-delete.
     void clear()
     {
         if (m_items.isEmpty())
@@ -87,13 +87,13 @@ public:
             dispose(item);
     }
 
-    /// The first item, for walking the list; invalid once it changes.
+    /// The first item; invalid once the list changes.
     auto begin() const { return m_items.begin(); }
-    /// Behind the last item; invalid once the list changes.
+    /// The end of the list; invalid once the list changes.
     auto end() const { return m_items.end(); }
 
 private:
-    // A list that gets a second item mostly gets some more.
+    // A list with two items usually gets more.
     void makeRoom()
     {
         constexpr qsizetype firstBlock = 8;
@@ -117,6 +117,6 @@ private:
             delete item;
     }
 
-    QVarLengthArray<T *, 1> m_items; // most recipients stand alone
+    QVarLengthArray<T *, 1> m_items; // most messages have one recipient
     bool m_autoDelete = false;
 };

@@ -1,5 +1,5 @@
 /** @file
- * Published type names that today's Qt no longer has, under which callers' source still compiles.
+ * Published type names that today's Qt no longer has, so that callers' source still compiles.
  */
 #pragma once
 
@@ -7,20 +7,20 @@
 
 #include <QByteArray>
 
-/// What the published names stand for.
+/// Details of the names.
 namespace QvlQtNames {
-/// The array of T. Only char has one.
+/// The array of T, defined for char only.
 template <typename T>
 struct ArrayOf;
 /// The array of octets.
 template <>
 struct ArrayOf<char>
 {
-    using Type = QByteArray; ///< today's name of the array
+    using Type = QByteArray; ///< today's name of the type
 };
 } // namespace QvlQtNames
 
-/// Array of octets: `QArray<char>` is QByteArray. No other element type is used.
+/// Array of octets: `QArray<char>` is QByteArray. Other element types do not compile.
 template <typename T>
 using QArray = typename QvlQtNames::ArrayOf<T>::Type;
 

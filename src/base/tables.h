@@ -1,5 +1,5 @@
 /*
- * Lookups in tables. The tables of the library are short, so a lookup walks them.
+ * Lookups in tables by linear search, because the library's tables are short.
  */
 #pragma once
 
@@ -7,7 +7,7 @@
 #include <functional>
 #include <ranges>
 
-/// The place of the first row of @p table whose @p key equals @p wanted, or the count of rows.
+/// The index of the first row of @p table whose @p key equals @p wanted, or the count of rows.
 template <typename Table, typename Wanted, typename Key = std::identity>
 constexpr int placeOf(const Table &table, const Wanted &wanted, Key key = {})
 {

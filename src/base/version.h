@@ -1,5 +1,5 @@
 /** @file
- * The version of the library.
+ * The version of the library at compile time and at run time.
  */
 #pragma once
 
@@ -10,9 +10,9 @@
 #define QVL_VERSION_MAJOR 1
 #define QVL_VERSION_MINOR 1
 #define QVL_VERSION_PATCH 0
-/// As a number, 0x010203 for 1.2.3.
+/// The version as a number: 0x010203 for 1.2.3.
 #define QVL_VERSION (QVL_VERSION_MAJOR << 16 | QVL_VERSION_MINOR << 8 | QVL_VERSION_PATCH)
 /// @}
 
-/// The version that the program runs with, such as "1.2.3".
+/// The version of the library that the program runs with, such as "1.2.3".
 QVL_EXPORT const char *qvlVersion();
