@@ -11,32 +11,32 @@
 class QVL_EXPORT MMS_COMP_Util
 {
 public:
-    /// @p path without its directories: what stands behind the last "/".
+    /// @p path without its directories: the text after the last "/".
     static QString stripePath(const QString &path);
 
     /**
-     * The extension of @p name without its dot: what stands behind the last dot of the file name.
-     * Empty when there is none, as in "a" and "a.". ".x" has the extension "x". A dot in the name
-     * of a directory does not count.
+     * The extension of @p name without its dot: the text after the last dot of the file name. Empty
+     * when there is none, as in "a" and "a.". ".x" has the extension "x". A dot in the name of a
+     * directory does not count.
      */
     static QString getExtName(const QString &name);
 
-    /// @p name, directories included, without dot and extension; all of it when it has none.
+    /// @p name, including directories, without dot and extension; all of @p name when it has none.
     static QString getNoExtName(const QString &name);
 
     /**
      * The first file extension, without dot and in lower case, that the platform supports for the
-     * MIME type, or "" when it knows none. The comparison ignores case.
+     * MIME type, or "" for an unknown type. The comparison ignores case.
      *
-     * The host knows no extension for application/smil: a presentation is not a file that the
-     * platform opens by itself, and a SMIL part without a name is called "file0".
+     * The host has no extension for application/smil, because a presentation is not a file that the
+     * platform opens by itself. A SMIL part without a name is therefore called "file0".
      */
     static QString getFirstSupportExtNameByMIMEType(const QString &type, const QString &subtype);
 
     /**
-     * The way back: puts the MIME type that files with the extension @p ext (without dot, in any
-     * case) have into @p type and @p subtype. False, and nothing changed, when the platform knows
-     * none. Only the host platform has this operation.
+     * Looks up the MIME type of files with the extension @p ext (without dot, in any case) and
+     * stores it in @p type and @p subtype. False, and nothing changed, for an unknown extension.
+     * Only the host platform has this operation.
      */
     static bool getMIMETypeByExtName(const QString &ext, QString &type, QString &subtype);
 };

@@ -1,6 +1,5 @@
 /** @file
- * Numbers for MIME types, subtypes, charsets and transfer encodings, as the e-mail system uses
- * them.
+ * The e-mail system's numbers for MIME types, subtypes, charsets and transfer encodings.
  */
 #pragma once
 
@@ -10,9 +9,9 @@
 /**
  * Code and text tables of the e-mail system.
  *
- * Looking a text up ignores its case and gives -1 for a text that is not in the table. Looking a
- * code up gives false, or an empty text, for a code that is not in the table, and then leaves the
- * output alone. The rest of the system relies on the codes named below.
+ * Lookups by text ignore case and return -1 for an unknown text. Lookups by code return false, or
+ * an empty text, for an unknown code, and then leave the output unchanged. The rest of the system
+ * relies on the codes named below.
  */
 class QVL_EXPORT EMAIL_Util
 {
@@ -30,7 +29,7 @@ public:
     static int subTypeStrToEnum(const QCString &text);
     /// Subtype of a code.
     static bool subTypeEnumToStr(int code, QCString &text);
-    /// Charset of a code, such as "utf-8". Charsets have no lookup by text.
+    /// Charset of a code, such as "utf-8". There is no lookup of charsets by text.
     static bool charsetEnumToStr(int code, QCString &text);
     /// Code of a transfer encoding, such as "base64".
     static int cteStrToEnum(const QCString &text);

@@ -1,5 +1,5 @@
 /** @file
- * Well-known media codes: the one-octet numbers that WSP gives to content types.
+ * Well-known media codes: one-octet numbers of content types in WSP.
  */
 #pragma once
 
@@ -11,16 +11,16 @@
 class QVL_EXPORT MMS_UTIL_Common
 {
 public:
-    /// Code that mimeTypeGetValue() gives for a media type without a well-known code.
+    /// Code that mimeTypeGetValue() returns for a media type without a well-known code.
     static constexpr unsigned char UnknownMimeType = 0xFF;
 
     /**
-     * Puts main type and subtype of @p code, a content-type octet without its high bit, into
-     * @p type and @p subtype. Both become empty, not null, when the code is not assigned, which no
-     * octet with the high bit is.
+     * Stores main type and subtype of @p code, a content-type octet without its high bit, in
+     * @p type and @p subtype. Both become empty, not null, for an unassigned code. An octet with
+     * the high bit is never assigned.
      */
     static void mimeTypeGetName(unsigned char code, QString &type, QString &subtype);
 
-    /// The code of type/subtype without regard to case, or UnknownMimeType.
+    /// The code of type/subtype, ignoring case, or UnknownMimeType.
     static unsigned char mimeTypeGetValue(const QString &type, const QString &subtype);
 };

@@ -1,6 +1,6 @@
 /** @file
- * The header values that the whole messaging system shares, whatever the transport: base of the
- * header record of the wire codec.
+ * The header values that do not depend on the transport: base class of the wire codec's header
+ * record.
  */
 #pragma once
 
@@ -25,23 +25,23 @@ public:
     /// Deletes the recipient entries.
     virtual ~MMS_UTIL_MsgHeaderBase();
 
-    /// Sender. One without an address asks the relay to insert it when the header is encoded; a
-    /// header that names none is decoded to an entry of kind MMS_UTIL_Entry::Absent.
+    /// Sender. When a header is encoded, a sender without an address asks the relay to insert it. A
+    /// decoded header without a sender has an entry of type MMS_UTIL_Entry::Absent.
     MMS_UTIL_Entry getFrom() const { return m_from; }
     /// @copydoc getFrom
     void setFrom(const MMS_UTIL_Entry &from) { m_from = from; }
 
-    /// Adds a copy of @p entry to the list of To.
+    /// Adds a copy of @p entry to the To recipients.
     void addToRecipient(const MMS_UTIL_Entry &entry);
-    /// Adds a copy of @p entry to the list of Cc.
+    /// Adds a copy of @p entry to the Cc recipients.
     void addCcRecipient(const MMS_UTIL_Entry &entry);
-    /// Adds a copy of @p entry to the list of Bcc, whom the others do not see.
+    /// Adds a copy of @p entry to the Bcc recipients, hidden from the others.
     void addBccRecipient(const MMS_UTIL_Entry &entry);
 
     /// @name Lists of recipients
     /// @{
 
-    /// The list of recipients itself, which deletes its entries: change it in place.
+    /// The list of recipients itself, which owns its entries: change it in place.
     QPtrList<MMS_UTIL_Entry> &getToRecipients() { return m_to; }
     const QPtrList<MMS_UTIL_Entry> &getToRecipients() const { return m_to; }
     QPtrList<MMS_UTIL_Entry> &getCcRecipients() { return m_cc; }
@@ -55,19 +55,19 @@ public:
     /// @copydoc getSubject
     void setSubject(const QString &subject) { m_subject = subject; }
 
-    /// Date of the message, in local time. A decoded header carries the moment of its decoding.
+    /// Date of the message, in local time. A decoded header has the moment of its decoding.
     QDateTime getDate() const { return m_date; }
     /// @copydoc getDate
     void setDate(const QDateTime &date) { m_date = date; }
 
-    /// Seconds after which the message is given up. An application sets those from now; decoded
-    /// ones count from elsewhere, see ExpiryField.
+    /// Seconds until the message expires. An application sets the seconds from now; a decoded value
+    /// counts from another date, see QvlExpiry.
     int getExpiry() const { return m_expiry; }
     /// @copydoc getExpiry
     void setExpiry(int seconds) { m_expiry = seconds; }
 
-    /// When the message may be delivered, in local time; null for at once. A decoded relative time
-    /// lies in the first years after 1970.
+    /// When to deliver the message, in local time; null for at once. A relative time is decoded to
+    /// a date in the first years after 1970.
     QDateTime getDeliveryTime() const { return m_deliveryTime; }
     /// @copydoc getDeliveryTime
     void setDeliveryTime(const QDateTime &time) { m_deliveryTime = time; }
@@ -77,20 +77,20 @@ public:
     /// @copydoc getPriority
     void setPriority(unsigned char priority) { m_priority = priority; }
 
-    /// Size in octets that a notification announces; 0 when it announces none.
+    /// Size in octets that a notification announces; 0 if it announces none.
     int getMessageSize() const { return m_messageSize; }
     /// @copydoc getMessageSize
     void setMessageSize(int octets) { m_messageSize = octets; }
 
-    /// Whether the sender asks to be told that the message was read.
+    /// Whether the sender asks for a read report.
     bool getReadReply() const { return m_readReply; }
     /// @copydoc getReadReply
     void setReadReply(bool wanted) { m_readReply = wanted; }
-    /// Whether the sender asks to be told that the message was delivered.
+    /// Whether the sender asks for a delivery report.
     bool getDeliveryReport() const { return m_deliveryReport; }
     /// @copydoc getDeliveryReport
     void setDeliveryReport(bool wanted) { m_deliveryReport = wanted; }
-    /// True shows the sender when the header is encoded. A decoded header has the reverse, see
+    /// When encoding, true shows the sender. A decoded header has the opposite value, see
     /// SenderVisibilityField.
     bool getSenderVisibility() const { return m_senderVisibility; }
     /// @copydoc getSenderVisibility

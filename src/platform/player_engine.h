@@ -1,6 +1,6 @@
 /** @file
- * The media player engine, as far as the library needs it: to learn whether a clip can be played
- * and how long it plays.
+ * The part of the media player engine that the library needs: whether a clip can be played and how
+ * long it plays.
  */
 #pragma once
 
@@ -8,9 +8,9 @@
 
 #include <QString>
 
-/// Audio output of the handset. The library never has one: it only probes.
+/// Audio output of the handset. The library only probes clips, so it passes null.
 class SOUNDM_AudioDevice_Interface;
-/// Video output of the handset. The library never has one: it only probes.
+/// Video output of the handset. The library only probes clips, so it passes null.
 class Qvl_VideoDevice;
 
 /// Properties of an opened stream.
@@ -19,7 +19,7 @@ struct StaticStreamInfo
     QString title; ///< null unless the engine fills it
     QString author; ///< null unless the engine fills it
     QString copyright; ///< null unless the engine fills it
-    int playDuration = 0; ///< milliseconds; 0 or -1 when not known
+    int playDuration = 0; ///< milliseconds; 0 or -1 when unknown
 };
 
 /// One probing or playing session of one clip.
@@ -32,17 +32,17 @@ public:
     /**
      * Opens a clip.
      *
-     * @param data the octets of the clip; not owned, and must stay alive until close()
+     * @param data the octets of the clip; not owned, and must stay valid until close()
      * @param size count of octets
-     * @param extension of the file that the clip would be, zero-terminated and without dot
+     * @param extension file extension for the clip's format, zero-terminated and without dot
      * @return true when the engine can play it
      */
     virtual bool open(const char *data, int size, const char *extension) = 0;
 
-    /// Closes what open() opened.
+    /// Closes the opened clip.
     virtual void close() = 0;
 
-    /// Fills @p info with the properties of the opened stream; true when it did.
+    /// Fills @p info with the properties of the opened stream; false when it could not.
     virtual bool getStreamInfo(StaticStreamInfo *info) = 0;
 
 protected:
@@ -50,9 +50,9 @@ protected:
 };
 
 /**
- * Makes an engine, or gives null when there is none. Both devices may be null.
+ * Creates an engine, or returns null when there is none. Both devices may be null.
  *
- * A program that defines this function itself replaces the platform's engine.
+ * A program can replace the platform's engine by defining this function itself.
  */
 QVL_EXPORT MP_PlayerEngine *MP_CreatePlayerEngine(SOUNDM_AudioDevice_Interface *audio,
                                                   Qvl_VideoDevice *video);

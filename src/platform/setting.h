@@ -1,5 +1,5 @@
 /** @file
- * The one setting that the library looks at.
+ * The one setting that the library reads.
  */
 #pragma once
 

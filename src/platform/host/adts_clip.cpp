@@ -1,6 +1,6 @@
 /*
- * Raw AAC in ADTS frames. FFmpeg leaves the length of a frame to the decoder and unpacks the tags
- * between frames, so the frames are walked here; their headers are read by FFmpeg.
+ * Length of raw AAC in ADTS frames. Walks the frames here, because FFmpeg leaves their length to
+ * the decoder and unpacks the tags between them; FFmpeg reads the headers of the frames.
  */
 #include "platform/host/clip_guard.h"
 #include "platform/host/clip_module.h"
@@ -24,7 +24,7 @@ constexpr int rates[] = {96000, 88200, 64000, 48000, 44100, 32000, 24000,
 
 struct Frame
 {
-    std::size_t size; // octets, header included
+    std::size_t size; // octets, including the header
     double milliseconds;
 };
 

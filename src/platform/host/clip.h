@@ -1,5 +1,5 @@
 /*
- * Clips as the host's player engine opens them: one opener for each family of formats.
+ * How the host's player engine opens clips: one function for each family of formats.
  */
 #pragma once
 
@@ -10,13 +10,13 @@ namespace HostPlatform {
 
 using Octets = std::span<const unsigned char>;
 
-/// Tells how long an opened clip plays, in milliseconds; 0 when that cannot be known. The octets
-/// must still be there.
+/// Returns how long an opened clip plays, in milliseconds; 0 when unknown. The octets must still
+/// exist.
 using Measure = std::function<int()>;
 
-/// Each opens a clip of its kind, and gives nothing when @p clip is none.
+/// Each opens a clip of its format, or returns null when @p clip is not one.
 Measure openMidi(Octets clip); ///< standard MIDI file of any format
 Measure openImelody(Octets clip);
-Measure openInModule(Octets clip, const char *reader); ///< what a reader of clip_module.h reads
+Measure openInModule(Octets clip, const char *reader); ///< a clip for a reader of clip_module.h
 
 } // namespace HostPlatform

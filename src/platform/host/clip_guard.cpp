@@ -15,8 +15,8 @@ namespace {
 constexpr std::size_t TagHeaderSize = 10;
 constexpr uint64_t MostSamples = 500'000; // of all tracks together
 constexpr uint64_t MostUnframedSamples = 1 << 22; // such as those of PCM, each a few octets
-constexpr uint64_t MostEdits = MostSamples; // edits of a track times samples
-constexpr uint32_t LargestTagChunk = 4096; // octets, of a tag within a WAV file
+constexpr uint64_t MostEdits = MostSamples; // edits of a track times all samples
+constexpr uint32_t LargestTagChunk = 4096; // octets of a tag within a WAV file
 
 QByteArrayView view(Octets octets)
 {
@@ -28,7 +28,7 @@ bool startsWith(Octets octets, const char *text)
     return view(octets).startsWith(text);
 }
 
-// The number at @p offset, or 0 behind the end.
+// The number at @p offset, or 0 after the end.
 template <typename Integer>
 uint64_t bigEndianAt(Octets octets, std::size_t offset)
 {
@@ -37,8 +37,8 @@ uint64_t bigEndianAt(Octets octets, std::size_t offset)
         : 0;
 }
 
-/// What the boxes of an MP4 file announce. Which of them a demuxer finds in a damaged file is hard
-/// to tell, so every place that looks like one counts.
+/// Numbers that the boxes of an MP4 file announce. A demuxer may find any of them in a damaged
+/// file, so every place that looks like a box counts.
 class BoxCounts
 {
 public:
@@ -49,14 +49,14 @@ private:
     void addChunkSizes(Octets box);
 
     uint64_t m_samples = 0;
-    uint64_t m_chunks = 0; // of the track with most
-    uint64_t m_samplesPerChunk = 0; // of the largest
+    uint64_t m_chunks = 0; // in the track with the most
+    uint64_t m_samplesPerChunk = 0; // in the largest chunk
     uint64_t m_chunkSizes = 0; // entries of all tracks together
-    uint64_t m_edits = 0; // of the track with most
+    uint64_t m_edits = 0; // in the track with the most
     bool m_isCompressed = false;
 };
 
-// Boxes begin with their type here; version and flags follow.
+// @p box begins at its type; version and flags follow.
 void BoxCounts::add(Octets box)
 {
     if (startsWith(box, "stsz") || startsWith(box, "stz2"))
@@ -81,7 +81,7 @@ void BoxCounts::addChunkSizes(Octets box)
     const auto count = std::size_t(std::min<uint64_t>(bigEndianAt<uint32_t>(box, 8), room));
     m_chunkSizes += count;
     if (m_chunkSizes > MostSamples)
-        return; // refused; tables that lie in one another are not walked again and again
+        return; // refused; overlapping tables are not walked again and again
     for (std::size_t i = 0; i < count; ++i) {
         m_samplesPerChunk =
             std::max(m_samplesPerChunk, bigEndianAt<uint32_t>(box, header + i * entry + 4));
@@ -90,7 +90,7 @@ void BoxCounts::addChunkSizes(Octets box)
 
 bool BoxCounts::isWithinLimits(std::size_t size) const
 {
-    // A sample takes a bit at least.
+    // A sample takes at least one bit.
     const uint64_t mostUnframed = std::min<uint64_t>(MostUnframedSamples, 8 * uint64_t(size));
     return !m_isCompressed && m_samples <= MostSamples && m_chunkSizes <= MostSamples
         && (m_chunks == 0 || m_samplesPerChunk <= mostUnframed / m_chunks)
@@ -99,7 +99,7 @@ bool BoxCounts::isWithinLimits(std::size_t size) const
 
 void scan(Octets boxes, BoxCounts *counts)
 {
-    // What the types begin with; the rest of a type is looked at only there.
+    // First letters of the types that add() knows.
     constexpr std::string_view firstLetters = "stce";
     for (std::size_t i = 0; i < boxes.size(); ++i) {
         if (firstLetters.find(static_cast<char>(boxes[i])) != std::string_view::npos)
@@ -107,7 +107,7 @@ void scan(Octets boxes, BoxCounts *counts)
     }
 }
 
-// Octets of the box at the front, all that is left when it is damaged.
+// Octets of the first box, or all octets when it is damaged.
 std::size_t sizeOfBox(Octets boxes)
 {
     constexpr std::size_t shortHeader = 8;
@@ -119,7 +119,7 @@ std::size_t sizeOfBox(Octets boxes)
 bool isMovWithinLimits(Octets clip)
 {
     BoxCounts counts;
-    // An index can lead a demuxer to any place; without one it does not look into the media.
+    // An index can send a demuxer to any place. Without one, it does not look into the media.
     if (view(clip).contains("sidx") || view(clip).contains("tfra")) {
         scan(clip, &counts);
         return counts.isWithinLimits(clip.size());

@@ -1,8 +1,8 @@
 /*
- * Limits of a clip, checked before a demuxer sees it.
+ * Checks the limits of a clip before a demuxer sees it.
  *
- * Demuxers believe what a clip says of itself: a few octets can announce a hundred million samples,
- * for which they make room, or unpack to a thousand times their size.
+ * Demuxers trust a clip: a few octets can announce a hundred million samples, for which they
+ * allocate memory, or decompress to a thousand times their size.
  */
 #pragma once
 
@@ -10,10 +10,11 @@
 
 namespace HostPlatform {
 
-/// @p clip without the ID3v2 tags before it, whose frames may be compressed.
+/// @p clip without the ID3v2 tags before it, which may contain compressed frames.
 Octets withoutTags(Octets clip);
 
-/// False when what @p clip announces to FFmpeg's @p demuxer is out of proportion to its size.
+/// False when the numbers that @p clip announces to FFmpeg's @p demuxer are out of proportion to
+/// its size.
 bool isWithinLimits(Octets clip, const char *demuxer);
 
 } // namespace HostPlatform

@@ -1,3 +1,7 @@
+/*
+ * Loads the module with the FFmpeg readers when the first clip needs it, from the folder next to
+ * this library.
+ */
 #include "platform/host/clip_module.h"
 
 #include <QLoggingCategory>
@@ -16,15 +20,15 @@ Q_LOGGING_CATEGORY(mediaLog, "qvl.platform.media", QtWarningMsg)
 
 using Opener = decltype(qvlOpenClip);
 
-// The whole path of this library. It is taken when the library is loaded, because the name by which
-// the library was found may be relative to the working directory of that moment.
+// The full path of this library. Determined when the library is loaded, because the path used then
+// may be relative to the working directory of that moment.
 char *const ownFile = [] {
     static const char inThisLibrary = 0;
     Dl_info info;
     return dladdr(&inThisLibrary, &info) ? realpath(info.dli_fname, nullptr) : nullptr;
 }();
 
-// Null when the module is not there. It is never unloaded: its readers may be in use.
+// Null when the module is missing. Never unloaded: its readers may be in use.
 Opener *loadOpener()
 {
     if (!ownFile)

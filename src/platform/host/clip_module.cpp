@@ -1,3 +1,6 @@
+/*
+ * Entry point of the module with the FFmpeg readers.
+ */
 #include "platform/host/clip_module.h"
 
 #include <string_view>

@@ -1,7 +1,7 @@
 /*
- * Clips that are read with FFmpeg. Its readers are in a module, a shared library of their own, that
- * is loaded with the first such clip: linking FFmpeg and the hundred libraries that it depends on
- * takes longer than decoding dozens of messages.
+ * Clips that FFmpeg reads. The readers are in a module, a shared library that the platform library
+ * loads for the first such clip: linking FFmpeg and the hundred libraries that it depends on takes
+ * longer than decoding dozens of messages.
  */
 #pragma once
 
@@ -9,15 +9,15 @@
 
 namespace HostPlatform {
 
-constexpr char AdtsReader[] = "adts"; ///< the reader that is no demuxer
+constexpr char AdtsReader[] = "adts"; ///< the one reader that is not a demuxer
 
-/// Each opens a clip of its kind, and gives nothing when @p clip is none.
+/// Each opens a clip of its format, or returns null when @p clip is not one.
 Measure openAdts(Octets clip); ///< raw AAC
-Measure openDemuxed(Octets clip, const char *demuxer); ///< what FFmpeg's @p demuxer reads
+Measure openDemuxed(Octets clip, const char *demuxer); ///< a format of FFmpeg's @p demuxer
 
 } // namespace HostPlatform
 
-/// What the module exports. @p reader is AdtsReader or one of FFmpeg's demuxers; @p measure becomes
-/// what openAdts() or openDemuxed() gives.
+/// The module's only export. @p reader is AdtsReader or one of FFmpeg's demuxers; @p measure gets
+/// the result of openAdts() or openDemuxed().
 extern "C" void qvlOpenClip(HostPlatform::Octets clip, const char *reader,
                             HostPlatform::Measure *measure);

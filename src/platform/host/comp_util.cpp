@@ -15,8 +15,8 @@ namespace {
 constexpr QLatin1Char Separator('/');
 constexpr qsizetype NoExtension = -1;
 
-// Where the dot before the extension stands. A dot at the end begins none, and neither does one in
-// a directory's name.
+// Index of the dot before the extension. Neither a dot at the end nor one in a directory's name
+// begins an extension.
 qsizetype extensionDot(const QString &name)
 {
     const qsizetype dot = name.lastIndexOf(QLatin1Char('.'));
@@ -24,7 +24,7 @@ qsizetype extensionDot(const QString &name)
     return hasExtension ? dot : NoExtension;
 }
 
-// Made once, so that the names of many parts share them.
+// Built once and shared by the names of all parts.
 const QString &preferredExtension(const MimeExtensionRow &row)
 {
     static const std::vector<QString> texts = [] {

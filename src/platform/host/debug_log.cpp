@@ -1,5 +1,5 @@
 /*
- * Octets as a dump in the debug log: offset, sixteen octets in hexadecimal, the same as text.
+ * Hexadecimal dump of octets in the debug log: offset, sixteen octets, the same octets as text.
  */
 #include "platform/debug_log.h"
 

@@ -1,10 +1,10 @@
 /*
- * Clips that FFmpeg's demuxers take apart. No decoder is opened: packets carry their own times, and
- * walking them gives the length exactly, where the estimates from headers and bit rates are off for
- * raw streams.
+ * Length of clips that FFmpeg's demuxers read. Opens no decoder: packets have times of their own,
+ * and adding them up gives the exact length, while estimates from headers and bit rates are wrong
+ * for raw streams.
  *
- * The octets come from a stranger. One demuxer runs, which may open no other one, no codec, no file
- * and no address; what it may read, and how many packets it may find, is bounded.
+ * The octets are not trusted. Only one demuxer runs; it cannot open another demuxer, a codec, a
+ * file or an address, and the octets that it reads and the packets that it finds are limited.
  */
 #include "platform/host/clip_guard.h"
 #include "platform/host/clip_module.h"
@@ -36,7 +36,7 @@ Q_LOGGING_CATEGORY(mediaLog, "qvl.platform.media", QtWarningMsg)
 constexpr int MostPackets = 500'000; // nearly three hours of AMR
 constexpr AVRational Milliseconds{1, 1000};
 
-// FFmpeg's log level belongs to the process, so it is put back when the last clip is closed.
+// FFmpeg's log level belongs to the process, so closing the last clip restores it.
 class QuietLog
 {
 public:
@@ -79,15 +79,15 @@ struct PacketCloser
     void operator()(AVPacket *packet) const { av_packet_free(&packet); }
 };
 
-/// A clip that a demuxer has taken, and what its packets add up to so far.
+/// An opened clip, and the sums over its packets so far.
 class DemuxedClip
 {
 public:
     explicit DemuxedClip(Octets clip) : m_input(clip) { }
 
-    /// True when there is something to play: the clip's first packet.
+    /// True when there is something to play: the clip has a packet.
     [[nodiscard]] bool open(const char *demuxer);
-    /// Milliseconds of the longest stream; 0 when they cannot be known.
+    /// Milliseconds from the earliest begin to the latest end of a stream; 0 when unknown.
     int duration();
 
 private:
@@ -103,7 +103,7 @@ private:
     int m_packets = 0;
 };
 
-// Everything that the clip could make the demuxer open is forbidden.
+// Forbids everything else that a clip could make the demuxer open.
 [[nodiscard]] bool isolate(AVFormatContext *context, const AVInputFormat &format)
 {
     context->io_open = refuseToOpen;
@@ -118,7 +118,7 @@ bool isPlayed(const AVStream &stream)
     const AVCodecParameters &codec = *stream.codecpar;
     return (codec.codec_type == AVMEDIA_TYPE_AUDIO || codec.codec_type == AVMEDIA_TYPE_VIDEO)
         && codec.codec_id != AV_CODEC_ID_NONE
-        && !(stream.disposition & AV_DISPOSITION_ATTACHED_PIC); // the cover of a record
+        && !(stream.disposition & AV_DISPOSITION_ATTACHED_PIC); // the cover of an album
 }
 
 bool DemuxedClip::openFormat(const char *demuxer)
@@ -130,11 +130,11 @@ bool DemuxedClip::openFormat(const char *demuxer)
     if (!m_format || !isolate(m_format.get(), *format))
         return false;
     m_format->pb = m_input.file();
-    AVFormatContext *context = m_format.release(); // which opening frees when it fails
+    AVFormatContext *context = m_format.release(); // opening frees it when it fails
     if (avformat_open_input(&context, "", format, nullptr) != 0)
         return false;
     m_format.reset(context);
-    // FFmpeg would look into the subtitles of an AVI file, and lose memory on the way.
+    // FFmpeg would look into the subtitles of an AVI file and leak memory.
     for (unsigned int i = 0; i < m_format->nb_streams; ++i) {
         AVStream &stream = *m_format->streams[i];
         stream.discard = isPlayed(stream) ? AVDISCARD_DEFAULT : AVDISCARD_ALL;
@@ -142,7 +142,7 @@ bool DemuxedClip::openFormat(const char *demuxer)
     return true;
 }
 
-// Adds the next packet that is played; false at the end, after an error and at the limit.
+// Adds the next played packet; false at the end, after an error and at the limit.
 bool DemuxedClip::countPacket()
 {
     while (m_packets <= MostPackets && av_read_frame(m_format.get(), m_packet.get()) == 0) {
@@ -169,7 +169,6 @@ int64_t DemuxedClip::inMilliseconds(int stream, int64_t time) const
     return av_rescale_q(time, m_format->streams[stream]->time_base, Milliseconds);
 }
 
-// From the begin of the stream that begins first to the end of the one that ends last.
 int DemuxedClip::duration()
 {
     while (countPacket()) { }

@@ -1,8 +1,8 @@
 /*
- * The numbers that the e-mail system gives to main types, subtypes, charsets and transfer
- * encodings. Stored messages may hold them: a new row takes a free number, no row changes its own.
+ * The e-mail system's numbers for main types, subtypes, charsets and transfer encodings. Stored
+ * messages may contain them: give a new row a free number, and never change the number of a row.
  *
- * Subtypes have one numbering for all main types, so a text stands once whatever it belongs to.
+ * All main types share one numbering of subtypes, so every subtype has one row.
  */
 #pragma once
 
@@ -148,7 +148,7 @@ inline constexpr auto emailTransferEncodingTable = std::to_array<EmailCodeRow>({
     {5, "quoted-printable"},
 });
 
-// Both ways lead to one row only: neither a code nor a text stands twice.
+// Every code and every text has one row only.
 consteval bool isOneToOne(const auto &table)
 {
     for (auto row = table.begin(); row != table.end(); ++row) {

@@ -1,5 +1,5 @@
 /*
- * The e-mail system's numbers and texts, looked up in one table per family both ways.
+ * Numbers and texts of the e-mail system: lookups in both directions in one table per family.
  */
 #include "platform/email_util.h"
 

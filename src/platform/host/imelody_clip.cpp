@@ -1,8 +1,8 @@
 /*
- * iMelody: how long the notes and rests of a ring tone play.
+ * Length of iMelody ring tones: the sum of notes and rests.
  *
- * Whatever is no note, rest or repeat takes no time, be it a command or a mistake, and is passed
- * over.
+ * Everything except notes, rests and repeats takes no time and is skipped, whether command or
+ * mistake.
  */
 #include "platform/host/clip.h"
 
@@ -22,11 +22,11 @@ namespace HostPlatform {
 
 namespace {
 
-constexpr int SlowestBeat = 25; // quarters a minute
+constexpr int SlowestBeat = 25; // quarter notes per minute
 constexpr int FastestBeat = 900;
 constexpr int DefaultBeat = 120;
 
-// A full note has so many parts that every duration with every specifier is a whole number of them.
+// Parts of a full note: every duration with every specifier is a whole number of them.
 constexpr int64_t FullNote = 384;
 constexpr int64_t FullNoteAtOneBeat = 240'000; // milliseconds
 constexpr int64_t PartAtOneBeat = FullNoteAtOneBeat / FullNote;
@@ -45,7 +45,7 @@ struct Specifier
 constexpr Specifier specifiers[] = {
     {'.', 3, 2}, // dotted
     {':', 7, 4}, // double dotted
-    {';', 2, 3}, // one of three in the time of two
+    {';', 2, 3}, // three in the time of two
 };
 
 constexpr QLatin1StringView notesAndRest("abcdefgrABCDEFGR");
@@ -55,17 +55,17 @@ bool isDigit(char character)
     return character >= '0' && character <= '9';
 }
 
-/// A melody, whose characters are taken off its front one by one.
+/// A melody, consumed character by character from its front.
 class Melody
 {
 public:
     explicit Melody(QLatin1StringView text) : m_rest(text) { }
 
-    /// In parts of a full note; not reckoned further once it is MostParts.
+    /// Length in parts of a full note. Stops counting at MostParts.
     int64_t length();
 
 private:
-    /// What stands between parentheses.
+    /// The notes between parentheses.
     struct Repeat
     {
         bool isOpen = false;
@@ -96,7 +96,7 @@ int64_t Melody::takeNumber()
     return number;
 }
 
-// A letter that no duration follows belongs to the name of a command.
+// A letter without a duration belongs to the name of a command.
 int64_t Melody::takeDuration()
 {
     const int halvings = peek() - '0';
@@ -111,8 +111,7 @@ int64_t Melody::takeDuration()
     return duration * specifier->numerator / specifier->denominator;
 }
 
-// Repeats do not nest: one that begins within another takes its place, and what came before it
-// plays once.
+// Repeats do not nest: a repeat within another replaces it, and the notes before it play once.
 int64_t Melody::length()
 {
     int64_t length = 0;
@@ -126,7 +125,7 @@ int64_t Melody::length()
         } else if (character == '@' && repeat.isOpen && isDigit(peek())) {
             repeat.times = takeNumber();
         } else if (character == ')' && repeat.isOpen) {
-            // A slide needs an end, so a melody without one ends after its first pass.
+            // Slides need an end, so an endless repeat ends after its first pass.
             if (repeat.times == 0)
                 break;
             const int64_t pass = length - repeat.start;
@@ -139,7 +138,7 @@ int64_t Melody::length()
     return length;
 }
 
-/// A line that begins with a blank continues the one before.
+/// A line that begins with a blank continues the previous one.
 QByteArray unfolded(Octets clip)
 {
     QByteArray text(reinterpret_cast<const char *>(clip.data()), qsizetype(clip.size()));

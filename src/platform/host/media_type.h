@@ -1,5 +1,5 @@
 /*
- * Media type as the host's tables spell it: "type/subtype", split once by the compiler.
+ * Media types as the host's tables spell them: "type/subtype", split at compile time.
  */
 #pragma once
 
@@ -16,8 +16,8 @@ constexpr char16_t toAsciiLower(char16_t c)
     return c >= u'A' && c <= u'Z' ? char16_t(c - u'A' + u'a') : c;
 }
 
-/// True when @p text is @p token without regard to the case of ASCII letters. Qt's own comparison
-/// folds all of Unicode and would take a long s or a Kelvin sign for a letter of the token.
+/// True when @p text equals @p token, ignoring the case of ASCII letters. Qt's own comparison folds
+/// all of Unicode: it would take a long s or a Kelvin sign for an ASCII letter.
 constexpr bool isSameToken(QStringView text, std::string_view token)
 {
     return std::equal(text.utf16(), text.utf16() + text.size(), token.begin(), token.end(),
@@ -31,13 +31,13 @@ constexpr QLatin1StringView latin1(std::string_view token)
     return QLatin1StringView(token.data(), qsizetype(token.size()));
 }
 
-/// Both halves of a media type. A text without "/" does not compile in a constant table.
+/// Both halves of a media type. In a constant table, a text without "/" does not compile.
 struct MediaType
 {
     std::string_view type;
     std::string_view subtype;
 
-    // Implicit, so that a row of a table is written as the text that it stands for.
+    // Implicit, so that rows of tables are written as plain texts.
     constexpr MediaType(const char *text) : MediaType(std::string_view(text)) { }
 
     constexpr MediaType(std::string_view text)

@@ -15,10 +15,10 @@ namespace HostPlatform {
 
 namespace {
 
-constexpr int WindowSize = 4096; // octets that a demuxer gets at a time, also after every jump
+constexpr int WindowSize = 4096; // octets per read, also after every seek
 constexpr int64_t PacketAllowance = 4 * WindowSize;
-constexpr int64_t MostPasses = 8; // how often a demuxer may come back to the same octets
-constexpr int64_t SmallFileAllowance = 1 << 20; // small files are searched to and fro
+constexpr int64_t MostPasses = 8; // how often a demuxer may reread the same octets
+constexpr int64_t SmallFileAllowance = 1 << 20; // demuxers seek back and forth in small files
 
 } // namespace
 

@@ -1,5 +1,5 @@
 /*
- * Octets in memory as FFmpeg reads a file, up to a budget.
+ * Memory as FFmpeg reads a file, up to a limit on the octets read.
  */
 #pragma once
 
@@ -12,7 +12,7 @@ struct AVIOContext;
 
 namespace HostPlatform {
 
-/// A file that is the octets of a clip, which have to outlive it.
+/// A file with the octets of a clip, which must outlive it.
 class MemoryInput
 {
 public:
@@ -21,12 +21,12 @@ public:
     MemoryInput &operator=(const MemoryInput &) = delete;
     ~MemoryInput();
 
-    /// The file for FFmpeg; stays this object's. Null when there is no memory.
+    /// The file for FFmpeg, owned by this object. Null when there is no memory.
     AVIOContext *file() const { return m_file.get(); }
 
-    /// Lets one more packet be read, wherever it stands.
+    /// Raises the limit by one packet, wherever it is.
     void allowPacket();
-    /// True once more was to be read than was allowed, which a demuxer takes for an error.
+    /// True once FFmpeg tried to read more than allowed; demuxers take it for an error.
     bool isExhausted() const { return m_budget < 0; }
 
 private:

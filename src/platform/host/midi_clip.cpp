@@ -1,8 +1,8 @@
 /*
- * Standard MIDI files: how long they play, from the times of their events.
+ * Length of standard MIDI files, from the times of their events.
  *
- * A damaged or cut track ends before the first event that is not whole; the events until there
- * count. How many tracks the header announces does not matter: those that are there play.
+ * A damaged or truncated track ends before its first incomplete event; the events before it count.
+ * The number of tracks that the header announces is ignored: all tracks in the file play.
  */
 #include "platform/host/clip.h"
 
@@ -34,7 +34,7 @@ enum EventType {
     SetTempo = 0xFF51,
 };
 
-constexpr int64_t DefaultTempo = 500'000; // microseconds a quarter
+constexpr int64_t DefaultTempo = 500'000; // microseconds per quarter note
 constexpr std::size_t RiffHeaderSize = 20;
 
 bool isText(Octets octets, std::string_view text)
@@ -42,7 +42,7 @@ bool isText(Octets octets, std::string_view text)
     return std::ranges::equal(octets, text);
 }
 
-/// Takes octets off the front of what is left; gives nothing when there are too few.
+/// Takes octets from the front of the rest; returns nothing when there are too few.
 class Reader
 {
 public:
@@ -71,7 +71,7 @@ public:
         return qFromBigEndian<Integer>(octets->data());
     }
 
-    /// Seven bits an octet, in four octets at most.
+    /// Seven bits per octet, in at most four octets.
     std::optional<uint32_t> takeVariableLength()
     {
         uint32_t value = 0;
@@ -95,7 +95,7 @@ private:
 struct Chunk
 {
     Octets type;
-    Octets data; ///< as much as there is
+    Octets data; ///< as many as there are
 };
 
 std::optional<Chunk> takeChunk(Reader *file)
@@ -116,7 +116,7 @@ std::optional<Octets> takeTrack(Reader *file)
     return std::nullopt;
 }
 
-/// How fast time passes: @c ticks ticks last @c microseconds microseconds.
+/// Speed of time: @c ticks ticks last @c microseconds microseconds.
 struct Clock
 {
     int64_t ticks;
@@ -128,13 +128,13 @@ struct FrameRate
 {
     int code;
     int frames;
-    int microseconds; ///< that the frames last
+    int microseconds; ///< length of the frames
 };
 
 constexpr FrameRate frameRates[] = {
     {24, 24, 1'000'000},
     {25, 25, 1'000'000},
-    {29, 30, 1'001'000}, // the drop frames of television: 29.97 a second
+    {29, 30, 1'001'000}, // the drop frames of television: 29.97 per second
     {30, 30, 1'000'000},
 };
 
@@ -172,7 +172,7 @@ std::optional<Header> takeHeader(Reader *file)
 struct Event
 {
     int64_t tick;
-    uint16_t type; ///< its status; of a meta event both octets
+    uint16_t type; ///< its status; both octets of a meta event
     Octets data;
 };
 
@@ -182,7 +182,7 @@ class EventReader
 public:
     explicit EventReader(Octets track) : m_track(track) { }
 
-    /// The next event; nothing at the end and where the track is damaged.
+    /// The next event; nothing at the end and at damaged data.
     std::optional<Event> next()
     {
         const auto delta = m_track.takeVariableLength();
@@ -195,8 +195,8 @@ public:
     }
 
 private:
-    // Running status ought to end with a meta or system exclusive event; files of phones rely on
-    // its going on.
+    // By the standard, meta and system exclusive events end the running status. Files from phones
+    // rely on keeping it.
     std::optional<uint16_t> takeType()
     {
         const auto first = m_track.peek();
@@ -216,7 +216,7 @@ private:
         if (type < SystemExclusive)
             return takeChannelData(type >= ProgramChange && type < PitchBend ? 1 : 2);
         if (type != SystemExclusive && type != Continuation && type <= Meta)
-            return std::nullopt; // travels over wires, never in files
+            return std::nullopt; // only exists on wires, never in files
         const auto length = m_track.takeVariableLength();
         return length ? m_track.take(*length) : std::nullopt;
     }
@@ -236,10 +236,10 @@ private:
 struct TempoChange
 {
     int64_t tick;
-    int64_t microseconds; ///< a quarter
+    int64_t microseconds; ///< per quarter note
 };
 
-/// What plays on one time line.
+/// Events that play on one time line.
 struct Score
 {
     int64_t end = 0; ///< tick of the last event
@@ -261,8 +261,8 @@ void addTrack(Octets track, Score *score)
     }
 }
 
-/// A sum of times, which stays at the largest int of milliseconds once it is there. It counts in
-/// microseconds divided by the clock's ticks, so that nothing is rounded before the end.
+/// A sum of times, limited to the largest int of milliseconds. Counts in microseconds divided by
+/// the clock's ticks, so that nothing is rounded before the end.
 class PlayTime
 {
 public:
@@ -318,7 +318,7 @@ Measure openMidi(Octets clip)
 {
     Reader file(clip);
     if (isText(Reader(clip).takeUpTo(4), "RIFF"sv))
-        std::ignore = file.take(RiffHeaderSize); // a MIDI file is all that follows
+        std::ignore = file.take(RiffHeaderSize); // the rest is a MIDI file
     const auto header = takeHeader(&file);
     Reader tracks = file;
     if (!header || !takeTrack(&tracks))

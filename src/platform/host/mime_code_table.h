@@ -1,6 +1,6 @@
 /*
- * The content-type codes that the WAP Forum assigned and its successor went on with, in the
- * registry's own spelling. A code is the index of its row.
+ * The content-type codes of the WAP Forum and its successor, in the registry's own spelling. A code
+ * is the index of its row.
  */
 #pragma once
 
@@ -33,7 +33,7 @@ inline constexpr auto mimeCodeTable = std::to_array<MimeCodeRow>({
     {0x0B, "multipart/*"},
     {0x0C, "multipart/mixed"},
     {0x0D, "multipart/form-data"},
-    {0x0E, "multipart/byterantes"}, // sic: the registry spells it so, and so do its readers
+    {0x0E, "multipart/byterantes"}, // sic: the registry and its users spell it like this
     {0x0F, "multipart/alternative"},
     {0x10, "application/*"},
     {0x11, "application/java-vm"},

@@ -1,5 +1,5 @@
 /*
- * Well-known media codes, looked up in one table both ways.
+ * Well-known media codes: lookups in both directions in one table.
  */
 #include "platform/mime_codes.h"
 
@@ -18,14 +18,14 @@ struct Names
     QString subtype;
 };
 
-// Made once, so that the parts of all messages share them.
+// Built once and shared by the parts of all messages.
 const Names &namesOf(unsigned char code)
 {
     static const std::vector<Names> names = [] {
         std::vector<Names> made;
         for (const MimeCodeRow &row : mimeCodeTable)
             made.push_back({latin1(row.mediaType.type), latin1(row.mediaType.subtype)});
-        made.push_back({latin1(""), latin1("")}); // of every code that is not assigned
+        made.push_back({latin1(""), latin1("")}); // for all unassigned codes
         return made;
     }();
     return names[std::min<size_t>(code, mimeCodeTable.size())];

@@ -1,8 +1,8 @@
 /*
- * Media types that travel in messages and the extensions of their files.
+ * Media types in messages and the extensions of their files.
  *
- * Forward, a media type's first extension counts. On the way back, the first row that lists an
- * extension counts, so the registered or commonest type of each group stands before its variants.
+ * From type to extension, the first extension of the type counts. From extension to type, the first
+ * row with the extension counts, so each group begins with the registered or most common type.
  */
 #pragma once
 
@@ -14,15 +14,15 @@
 
 namespace HostPlatform {
 
-/// Whether the platform gives files of a media type their extension by itself.
+/// Whether the platform adds the extension to file names of a media type by itself.
 enum class Naming {
     ByExtension,
-    // A presentation is no file that the platform opens by itself. Kept: SMIL parts that came
-    // without a name are called "file0" in stored messages, without extension.
+    // A presentation is not a file that the platform opens by itself. Kept: in stored messages,
+    // SMIL parts without a name are called "file0", without extension.
     Nameless,
 };
 
-/// Extensions by preference, empty behind the last.
+/// Extensions by preference; unused entries at the end are empty.
 struct ExtensionList
 {
     constexpr ExtensionList(std::string_view preferred, std::string_view second = {},

@@ -1,5 +1,5 @@
 /*
- * Shared header values of a message: who owns the recipient entries.
+ * Ownership of the recipient entries.
  */
 #include "platform/msg_header_base.h"
 

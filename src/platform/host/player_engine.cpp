@@ -2,9 +2,8 @@
  * Player engine of the desktop. It plays nothing; it finds out whether a clip can be read and how
  * long it plays.
  *
- * The file extension alone decides which reader sees the octets, so that a sender cannot choose
- * one. A program that has an engine of its own defines MP_CreatePlayerEngine() itself, and the
- * dynamic linker prefers it.
+ * The file extension alone selects the reader, so that a sender cannot choose one by the octets. A
+ * program with its own engine defines MP_CreatePlayerEngine(), and the dynamic linker prefers it.
  */
 #include "platform/player_engine.h"
 
@@ -22,7 +21,7 @@ namespace {
 struct FormatRow
 {
     const char *extension;
-    const char *reader; ///< for openInModule(); null for the formats read here
+    const char *reader; ///< for openInModule(); null for formats with a reader in this library
     Measure (*open)(Octets clip);
 };
 

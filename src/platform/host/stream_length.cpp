@@ -1,3 +1,6 @@
+/*
+ * Adds up packets. A packet lasts as long as it says, or until the next one if that starts later.
+ */
 #include "platform/host/stream_length.h"
 
 #include <algorithm>
@@ -11,10 +14,10 @@ namespace HostPlatform {
 
 namespace {
 
-// The length of a packet by itself; 0 when it is not known.
+// The length that the packet gives; 0 when unknown.
 int64_t durationOf(const AVPacket &packet, const AVStream &stream)
 {
-    // Where a stream ends within its last packet, FFmpeg takes that from it and loses the sign.
+    // For a stream that ends within its last packet, FFmpeg subtracts the rest and loses the sign.
     if (stream.codecpar->codec_id == AV_CODEC_ID_VORBIS)
         return static_cast<int32_t>(packet.duration);
     return std::max<int64_t>(packet.duration, 0);
@@ -30,7 +33,7 @@ int64_t StreamLength::played() const
 void StreamLength::fillGap(int64_t start)
 {
     if (start == AV_NOPTS_VALUE)
-        return; // raw streams have no clock, and no gaps
+        return; // raw streams have neither timestamps nor gaps
     const int64_t step = m_lastStart ? av_sat_sub64(start, *m_lastStart) : 0;
     m_lastStart = start;
     if (step > m_lastTime)
@@ -40,7 +43,7 @@ void StreamLength::fillGap(int64_t start)
 
 void StreamLength::add(const AVPacket &packet, const AVStream &stream)
 {
-    // What an encoder needs before the first sample is read and not played.
+    // Encoder priming: decoded, but not played.
     const bool played = !(packet.flags & AV_PKT_FLAG_DISCARD);
     if (!m_begin && played && packet.pts != AV_NOPTS_VALUE)
         m_begin = packet.pts;
