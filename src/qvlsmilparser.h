@@ -1,5 +1,5 @@
 /** @file
- * Umbrella header: everything that the library publishes.
+ * Umbrella header: includes everything that the library publishes.
  *
  * QvlMessage holds a whole message: it receives, presents and encodes one. The operations that it
  * uses are public, too. MMS_UA_Decoder decodes the header into a MMS_UA_UAMsg,

@@ -1,5 +1,5 @@
 /*
- * The way of a message through the library: header, parts, slides, and back.
+ * A message on its way through the library: header, parts, slides, and back.
  */
 #include "message/message.h"
 
@@ -55,8 +55,8 @@ void keepPageColor(Slide *slide)
     }
 }
 
-// A root layout with a color is written as text that does not read back. Slides show the same in
-// their own colors, and its color would replace theirs anyway.
+// The text of a root layout with a color cannot be read back. As page colors the slides look the
+// same, and the root layout's color would replace their own anyway.
 void moveRootColorToSlides(MMS_COMP_SMILData *slides)
 {
     MMS_COMP_SMILRootLayout *root = slides->getRootLayout();
@@ -90,7 +90,7 @@ bool QvlMessage::isMultipart() const
     return header().getContentSubType().startsWith("vnd.wap.multipart."_L1, Qt::CaseInsensitive);
 }
 
-// False when there was no memory for all of it. Any content is there then, too.
+// False when memory ran out. The content then exists, too, but is empty.
 bool QvlMessage::renewContent()
 {
     const bool isWhole = unlessOutOfMemory(false, [this]() -> bool {
@@ -169,7 +169,7 @@ QvlMessage::Result QvlMessage::encode(QByteArray *pdu)
             return {Layer::Header, WireResult::BadArgument};
         QByteArray body;
         if (parts().getPartCount() > 0) {
-            // Settles the content type, so it comes before the header.
+            // Determines the content type, so it comes before the header.
             body = MMS_COMP_SMILMultipartParser::assembleBody(&parts(), &header());
             if (body.isEmpty())
                 return {Layer::Body, MultipartResult::CannotEncode};

@@ -29,7 +29,7 @@ QString locationFor(const Part &part, PartNames &names)
         MMS_COMP_Util::getFirstSupportExtNameByMIMEType(part.getContentType(), part.getSubType()));
 }
 
-// A message that says that it is related or mixed stays so whatever its parts are.
+// A message with the content type related or mixed keeps it, whatever its parts are.
 void settleContentType(MMS_COMP_SMILMultipart *multipart)
 {
     const bool hasSmil = multipart->getSmilPart() != nullptr;
@@ -47,7 +47,7 @@ void settleContentType(MMS_COMP_SMILMultipart *multipart)
     multipart->setExtType(isRelated ? MediaTypes::smil() : QStringLiteral(""));
 }
 
-// Only a related message has an ext type once its content type is settled.
+// Call after settleContentType(): only a related message has an ext type.
 QString contentTypeParameters(const MMS_COMP_SMILMultipart &multipart)
 {
     QStringList parameters;
@@ -112,7 +112,7 @@ void MMS_COMP_SMILMultipartParser::checkLocation(MMS_COMP_SMILMultipart *multipa
     asFarAsMemoryGoes([&] {
         if (!multipart)
             return;
-        std::optional<PartNames> names; // most messages bring all of theirs
+        std::optional<PartNames> names; // most messages have a name for every part
         for (int i = 0; i < multipart->getPartCount(); ++i) {
             Part *part = multipart->getBodypartByIndex(i);
             if (part->getContentLocation().isEmpty()) {

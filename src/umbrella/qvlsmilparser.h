@@ -1,5 +1,5 @@
 /// @file
-/// What an application includes: everything that the library publishes.
+/// The header for applications: includes everything that the library publishes.
 #pragma once
 
 #include "qvlsmilparser/qvlsmilparser.h"
