@@ -1,7 +1,7 @@
 /*
- * What the reader of SMIL needs of a document: elements with their attributes and children, in the
- * order of the text. Text, comments and instructions are not kept. A document is filled in one
- * pass, by the parser or from a tree of Qt's.
+ * The parts of a document that the SMIL reader needs: elements with their attributes and children,
+ * in the order of the text. Text, comments and instructions are not kept. The parser, or a copy of
+ * a QDomElement tree, fills a document in one pass.
  */
 #pragma once
 
@@ -13,7 +13,7 @@
 class QDomElement;
 class SmilDocument;
 
-/// An element, or none. Refers to its document, which has to outlive it and must not change.
+/// An element, or none. Refers to its document, which must outlive it and not change.
 class SmilElement
 {
 public:
@@ -21,11 +21,10 @@ public:
 
     bool isNull() const { return !m_document; }
 
-    /// The name with its prefix, empty for no element.
+    /// The name including its prefix; empty for no element.
     QString tag() const;
 
-    /// The value of the attribute @p name, null without such an attribute. Linear in the
-    /// attributes.
+    /// The value of the attribute @p name; null when there is none. Linear in the attributes.
     QString attribute(QStringView name) const;
 
     SmilElement firstChild() const;
@@ -50,21 +49,20 @@ public:
     };
 
     SmilDocument() = default;
-    /// A copy of @p root and the elements in it, with those attributes that the reader of SMIL asks
-    /// for.
+    /// Copies @p root and the elements within, with the attributes that the SMIL reader knows.
     explicit SmilDocument(const QDomElement &root);
 
-    /// The document element, none for an empty document.
+    /// The document element; none for an empty document.
     SmilElement root() const;
 
-    /// Begins an element in the one that was begun last and not ended.
+    /// Begins an element within the innermost open element.
     void beginElement(const QString &tag);
     /// Adds an attribute to the element that was begun last.
     void addAttribute(const QString &name, const QString &value);
-    /// Ends the element that was begun last and not ended.
+    /// Ends the innermost open element.
     void endElement();
 
-    /// Count of the elements that were begun and not ended.
+    /// Count of open elements.
     std::size_t depth() const { return m_open.size(); }
 
     /// All attributes of @p element, in the order of the text.
@@ -72,7 +70,7 @@ public:
 
 private:
     friend class SmilElement;
-    using Index = std::uint32_t; // 0, which is the document element's, for no child or sibling
+    using Index = std::uint32_t; // 0 is the document element: no child and no sibling
 
     struct Node
     {

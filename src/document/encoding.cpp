@@ -19,7 +19,7 @@ QByteArray declaredEncoding(const QByteArray &file)
         .toLatin1();
 }
 
-// The locale's encoding is no document's.
+// A declared encoding of the locale counts as UTF-8: it depends on the machine.
 bool isPlainUtf8(const QByteArray &encoding)
 {
     const auto known = QStringConverter::encodingForName(encoding.constData());
@@ -44,8 +44,7 @@ std::optional<QByteArray> DocumentEncoding::toUtf8(const QByteArray &file)
     if (!isPlainUtf8(name)) {
         if (QStringDecoder decoder(name.constData()); decoder.isValid()) {
             auto text = decoded(std::move(decoder), file);
-            // Qt's converters of other encodings do not always report octets that they cannot
-            // convert.
+            // Some of Qt's converters replace octets that they cannot convert without reporting it.
             return text && !text->contains("\xEF\xBF\xBD") ? text : std::nullopt;
         }
     }

@@ -1,5 +1,5 @@
 /*
- * The text of a document in a file: which encoding its octets are in.
+ * Finds the encoding of a document's file and converts its text to UTF-8.
  */
 #pragma once
 
@@ -10,9 +10,9 @@
 namespace DocumentEncoding {
 
 /**
- * The text of @p file in UTF-8. The encoding is that of its byte order mark or of its zero octets,
- * or else the declared one if Qt can convert it, or else UTF-8. Nothing when the octets are not in
- * that encoding.
+ * The text of @p file in UTF-8; nothing when the octets are invalid in their encoding. A byte order
+ * mark or zero octets determine the encoding. Otherwise it is the declared one if Qt can convert
+ * it, else UTF-8.
  */
 [[nodiscard]] std::optional<QByteArray> toUtf8(const QByteArray &file);
 

@@ -7,11 +7,11 @@
 namespace {
 
 constexpr int MarkupOfTag = 3; // "<", "/" and ">"
-constexpr int LengthOfDeclaration = 24; // of an attribute: the octets that the parser takes for it
+constexpr int LengthOfDeclaration = 24; // octets that the parser allocates per declared attribute
 constexpr int MarkupOfAttribute = 4; // a blank, "=" and two quotes
 
-// UTF-16 units of what stands in UTF-8: one for each octet that begins a character, and one more
-// for those of four octets.
+// UTF-16 units of a UTF-8 text: one for each octet that begins a character, and another for
+// characters of four octets.
 qint64 lengthOf(std::string_view utf8)
 {
     qint64 length = 0;
@@ -23,7 +23,7 @@ qint64 lengthOf(std::string_view utf8)
     return length;
 }
 
-// The start tag that @p text begins with.
+// The start tag at the beginning of @p text.
 struct Tag
 {
     explicit Tag(std::string_view text);
@@ -63,7 +63,7 @@ bool ExpansionMeter::isReference(qint64 at) const
     return at >= 0 && at < m_document.size() && m_document[qsizetype(at)] == '&';
 }
 
-// What an entity holds is reported where the document refers to it, piece by piece.
+// The parser reports the contents of an entity in pieces, all at the position of the reference.
 void ExpansionMeter::addReplacement(qint64 at, qint64 length)
 {
     m_length += length;
@@ -118,7 +118,7 @@ void ExpansionMeter::declareAttribute(const char *element, bool hasDefault)
 bool EntityLevels::declare(char mark, std::string_view name, std::string_view text)
 {
     Entity &entity = m_entities[mark + std::string(name)];
-    const std::string ends = std::string(" \t\r\n;") + mark; // of a name
+    const std::string ends = std::string(" \t\r\n;") + mark; // characters that end a name
     int level = 1;
     for (std::size_t at = text.find(mark); at != text.npos; at = text.find(mark, at)) {
         const std::size_t end = text.find_first_of(ends, at + 1);

@@ -1,6 +1,6 @@
 /*
- * How far a document grows when its entities and default attributes are put in. Only documents that
- * declare something grow, so only these are measured.
+ * Measures how far entities and default attributes expand a document. Only documents with
+ * declarations expand, so only these are measured.
  */
 #pragma once
 
@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-/// Adds up the characters (UTF-16 units) of a document as its parser reports what it reads.
+/// Adds up the characters (UTF-16 units) of a document while its parser reports them.
 class ExpansionMeter
 {
 public:
@@ -22,12 +22,12 @@ public:
     /// Text, or a comment, at octet @p at of the document.
     void addText(qint64 at, std::string_view text);
 
-    /// A start tag at octet @p at, with @p specified names and values, one after the other, and
-    /// then those of default attributes up to null.
+    /// A start tag at octet @p at. @p attributes are names and values in turn up to a null: first
+    /// the @p specified ones, then those of default attributes.
     void addStartTag(qint64 at, const char *name, const char **attributes, int specified);
 
     /// A declared attribute of @p element. The parser compares one that @p hasDefault with those
-    /// before it, and walks all of them for each start tag and for each attribute there.
+    /// declared before it, and walks all of them for each start tag and each of its attributes.
     void declareAttribute(const char *element, bool hasDefault);
 
 private:
@@ -59,5 +59,5 @@ private:
 
     [[nodiscard]] bool raise(Entity *entity, int level);
 
-    std::map<std::string, Entity, std::less<>> m_entities; // names with their mark
+    std::map<std::string, Entity, std::less<>> m_entities; // by name, including the mark
 };

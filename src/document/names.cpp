@@ -1,3 +1,6 @@
+/*
+ * Table of the names, with a binary search.
+ */
 #include "document/names.h"
 
 #include <algorithm>
@@ -7,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// By length first, so that most comparisons are of two lengths.
+// Compares lengths first, because most comparisons end there.
 bool isBefore(std::string_view a, std::string_view b)
 {
     return a.size() != b.size() ? a.size() < b.size() : a < b;

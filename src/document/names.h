@@ -1,5 +1,5 @@
 /*
- * The names that the reader of SMIL asks for. Documents repeat them, so each is one shared text.
+ * The names that the SMIL reader knows. Documents repeat names, so each name shares one text.
  */
 #pragma once
 
@@ -16,8 +16,8 @@ struct SmilName
     bool isAttribute = false;
 };
 
-/// The names that the reader asks for, sorted by length and then by octets.
+/// The names that the SMIL reader knows, sorted by length and then by octets.
 std::span<const SmilName> smilNames();
 
-/// @p name as a text, which is shared when the reader asks for this name.
+/// @p name as a text; a name that the SMIL reader knows shares its text.
 QString smilNameText(std::string_view name);

@@ -17,8 +17,8 @@
 
 namespace {
 
-// Qt's tree reads names with one colon at the most, and not at an end. expat takes a colon for a
-// letter.
+// Qt's XML classes accept at most one colon in a name, and none at its ends. expat treats a colon
+// as a letter.
 bool hasMisplacedColon(std::string_view name)
 {
     const std::size_t colon = name.find(':');
@@ -40,7 +40,7 @@ bool mayBeginName(char32_t first)
     }
 }
 
-// What stands after the colon of an element's name has to be a name by itself.
+// The part after the colon of an element's name must itself be a name.
 bool isElementName(std::string_view name)
 {
     const std::size_t colon = name.find(':');
@@ -52,7 +52,7 @@ bool isElementName(std::string_view name)
     return mayBeginName(QString::fromUtf8(local.data(), qsizetype(local.size())).toUcs4().first());
 }
 
-// Qt takes a byte order mark off the beginning, which in a value is a character as any other.
+// Qt removes a leading byte order mark, but in a value it is a character.
 QString textOf(const char *utf8)
 {
     const QString text = QString::fromUtf8(utf8);
@@ -65,7 +65,7 @@ public:
     explicit Parser(QByteArrayView document);
 
     bool parse();
-    /// True if the error may be a name that only Qt reads, in a document without a document type.
+    /// True if the error may be a name that only Qt accepts, in a document without a document type.
     bool hasOddName() const;
     SmilDocument takeElements() { return std::move(m_elements); }
 
@@ -89,7 +89,7 @@ private:
     std::unique_ptr<XML_ParserStruct, decltype(&XML_ParserFree)> m_parser;
     QByteArrayView m_document;
     SmilDocument m_elements;
-    std::optional<ExpansionMeter> m_meter; // of documents that declare something
+    std::optional<ExpansionMeter> m_meter; // set for documents with declarations
     EntityLevels m_levels;
     bool m_isRefused = false;
     bool m_lacksMemory = false;
@@ -121,7 +121,8 @@ Parser::Parser(QByteArrayView document)
                                         });
 }
 
-// Exceptions cannot pass the parser, which is C. It may report a little more after it was stopped.
+// Exceptions must not pass through the parser, which is written in C. It may report some more data
+// after it was stopped.
 template <auto Handler, typename... Arguments>
 void Parser::call(void *self, Arguments... arguments)
 {
@@ -194,9 +195,9 @@ void Parser::beginDoctype()
     });
 }
 
-// expat expands values of attributes and declarations before it calls a handler, so its own limit
-// bounds these. It counts octets, and counts nested entities at every level. Entities that refer to
-// no others stay below it as long as ExpansionMeter accepts them.
+// expat expands values of attributes and declarations before it calls a handler, so expat's own
+// limit bounds these. It counts octets, and counts nested entities at every level. Entities without
+// references stay below the limit if ExpansionMeter accepts them.
 void Parser::limitExpansion()
 {
     const bool isAscii =
@@ -266,7 +267,7 @@ qint64 Parser::position() const
 #endif
 }
 
-// True when more than @p most "=" follow a "<", as they do in a tag with more attributes.
+// True when more than @p most "=" follow a "<", as in a tag with more attributes.
 bool mayHaveMoreAttributes(QByteArrayView utf8, int most)
 {
     int signs = 0;
@@ -278,8 +279,9 @@ bool mayHaveMoreAttributes(QByteArrayView utf8, int most)
     return false;
 }
 
-// Composers wrote attributes whose names XML does not allow, such as "@src", and Qt reads them. Its
-// reader compares the attributes of an element in pairs and has no bound on what declarations cost.
+// Some composers wrote attribute names that XML does not allow, such as "@src", and Qt accepts
+// them. Qt's reader compares all pairs of attributes of an element and has no bound on the cost of
+// declarations, hence the limits.
 std::optional<SmilDocument> parseWithOddNames(QByteArrayView utf8)
 {
     constexpr qsizetype longest = 65536;
@@ -314,7 +316,7 @@ std::optional<SmilDocument> parseWithOddNames(QByteArrayView utf8)
 
 } // namespace
 
-// A zero octet at the beginning makes expat read UTF-16, whatever it was told.
+// A leading zero octet makes expat read UTF-16, even if it was told UTF-8.
 std::optional<SmilDocument> DocumentParser::parse(QByteArrayView utf8)
 {
     if (utf8.contains('\0'))

@@ -1,6 +1,6 @@
 /*
- * The parser of SMIL documents: reads a text with expat in one pass. Namespaces are not processed,
- * and nothing outside the text is ever loaded. Counts while it reads what the document costs.
+ * The parser of SMIL documents: reads a text with expat in one pass and limits its cost. It does
+ * not process namespaces and never loads anything outside the text.
  */
 #pragma once
 
