@@ -1,6 +1,6 @@
 /*
- * Slides for a mixed message, which brings no presentation: every attachment that can be shown gets
- * a slide of its own, and the message may get the presentation as a SMIL part.
+ * Slides for a mixed message, which has no presentation: every attachment that can be shown becomes
+ * a slide. On request, the presentation is stored in the message as a SMIL part.
  */
 #include "smil/smil_parser.h"
 
@@ -25,7 +25,7 @@ using Slide = MMS_COMP_SMILTimingContainer;
 constexpr int Created = 1;
 constexpr int NotCreated = 0;
 
-// The kind of a part that a slide can show, or null.
+// The kind of a part that a slide can show, or null for any other part.
 const QvlMediaKind *kindOf(Part &part)
 {
     const QString mainType = part.getContentType();
@@ -40,7 +40,7 @@ const QvlMediaKind *kindOf(Part &part)
     return shown ? &*kind : nullptr;
 }
 
-// Sound stands in the text region. Kept: the viewer shows its name there.
+// Sounds go to the text region. Kept: the viewer shows their names there.
 QString regionOf(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type, const MMS_COMP_SMILData &data)
 {
     return type == SMIL_MEDIA_IMAGE || type == SMIL_MEDIA_VIDEO ? data.getImgRegionId()

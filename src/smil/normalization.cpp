@@ -1,6 +1,7 @@
 /*
  * Normalization: the handset shows every message in one layout, a text region above an image
- * region, and foreign layouts are brought into it. The objects of a region move with its new id.
+ * region, and converts other layouts to it. When the id of a region changes, its objects get the
+ * new id.
  */
 #include "smil/smil_parser.h"
 
@@ -24,11 +25,11 @@ bool hasNullRegion(MMS_COMP_SMILLayout &layout)
 
 void append(MMS_COMP_SMILData *data, const QvlHandsetRegion &own)
 {
-    // Fails only by an exception.
+    // Fails only with an exception.
     std::ignore = data->appendRegion(own.left, own.top, own.width, own.height, u"hidden"_s, own.id);
 }
 
-// Objects move before the region's own id changes.
+// Updates the objects first, because they are found by the region's old id.
 void rename(MMS_COMP_SMILData *data, MMS_COMP_SMILRegion *region, const QString &id)
 {
     MMS_COMP_SMILParser::updateObjectRegionId(data, region->getId(), id);
@@ -50,9 +51,9 @@ bool isAtOrBehind(float start, float end)
     return double(start) - double(end) >= -tolerance;
 }
 
-// Of two regions the left one is the text region, or the upper one, or else the first. Only two
-// regions side by side the wrong way round swap: a second region above the first changes nothing.
-// Kept: stored messages were laid out so.
+// The left one of two regions should be the text region, else the upper one, else the first one.
+// But only two regions side by side in the wrong order swap; a second region above the first
+// changes nothing. Kept: stored messages have this layout.
 bool isSecondTheText(const MMS_COMP_SMILRegion &first, const MMS_COMP_SMILRegion &second)
 {
     return !isAtOrBehind(second.getLeft(), first.getRight())
@@ -69,7 +70,7 @@ void normalizeTwo(MMS_COMP_SMILData *data)
     turnInto(data, swapped ? first : second, QvlHandset::imageRegion());
 }
 
-// The first region other than @p except whose id holds one of two words.
+// The first region, except @p except, whose id contains one of two words.
 std::optional<unsigned int> findById(const MMS_COMP_SMILData &data, QLatin1StringView word,
                                      QLatin1StringView otherWord,
                                      std::optional<unsigned int> except)
@@ -105,7 +106,7 @@ int MMS_COMP_SMILParser::updateToCorvaneRegion(MMS_COMP_SMILData *data)
             append(data, QvlHandset::textRegion());
             append(data, QvlHandset::imageRegion());
             break;
-        case 1: // stays where it is
+        case 1: // keeps its position
             data->getRegion(0)->setWidth(QvlHandset::textRegion().width);
             data->getRegion(0)->setHeight(QvlHandset::textRegion().height);
             rename(data, data->getRegion(0), QvlHandset::textRegion().id);
@@ -124,7 +125,7 @@ int MMS_COMP_SMILParser::updateToCorvaneRegion(MMS_COMP_SMILData *data)
 void MMS_COMP_SMILParser::updateToCorvaneRootLayout(MMS_COMP_SMILData *data)
 {
     if (data)
-        // Null only when there is no memory.
+        // Null only when memory runs out.
         std::ignore = data->setRootLayout(QvlHandset::ScreenWidth, QvlHandset::ScreenHeight);
 }
 

@@ -1,7 +1,7 @@
 /*
- * Reader: a tolerant walk over the elements of a document. It knows a fixed set of elements, passes
- * over the others, and refuses what breaks the structure that the handset can show. The whole
- * document is read before the presentation is touched.
+ * Reader: a tolerant walk over the elements of a document. It knows a fixed set of elements, skips
+ * all others, and rejects structures that the handset cannot show. The whole document is parsed
+ * before the presentation changes.
  */
 #include "smil/smil_parser.h"
 
@@ -25,8 +25,8 @@
 
 using namespace Qt::StringLiterals;
 
-/// Reads the elements of a document into a presentation. Applications see its operations as those
-/// of MMS_COMP_SMILParser.
+/// Reads the elements of a document into a presentation. MMS_COMP_SMILParser publishes its
+/// operations.
 class SmilReader
 {
 public:
@@ -48,7 +48,7 @@ public:
                                         MMS_COMP_SMILMediaObject *object);
     static bool isBodyTag(const QString &tag);
 
-    /// SmilResult::MetaRefused when a meta was not kept, else 0.
+    /// SmilResult::MetaRefused when a meta element was not kept, else 0.
     int warning() const { return m_warning; }
 
 private:
@@ -56,7 +56,7 @@ private:
     using ContainerReader = int (SmilReader::*)(const SmilElement &, int &);
     enum class NewSlide { Always, AfterNested };
 
-    /// An element with a tag, and how it is read.
+    /// A tag and the reader of elements with this tag.
     struct Child
     {
         QStringView tag;
@@ -80,8 +80,7 @@ namespace {
 
 constexpr int DeepestTimeContainer = 10;
 
-// What earlier versions of the writer put into a document once too often: the lines of the
-// handset's own two regions.
+// Earlier versions of the writer wrote the lines of the handset's own two regions twice.
 constexpr std::array<QByteArrayView, 2> OwnRegionLines{
     "<region id=\"text\"  height=\"160\"  width=\"120\" left=\"0\" top=\"0\" fit=\"hidden\" />",
     "<region id=\"image\"  height=\"160\"  width=\"120\" left=\"0\" top=\"160\" fit=\"hidden\" />"};
@@ -93,7 +92,7 @@ void removeRepeatedLine(QByteArray *text, QByteArrayView line)
         text->remove(first, line.size());
 }
 
-// The text in UTF-8. Octets that are none are replaced, as Qt does it.
+// The text in UTF-8. Replaces invalid octets, as Qt does.
 QByteArray repairedText(const QByteArray &octets)
 {
     QByteArrayView view(octets);
@@ -119,7 +118,7 @@ int durationOf(const SmilElement &element)
     return SmilValues::readDuration(element.attribute(u"dur"));
 }
 
-// What @p read gives for a copy of @p element, which a program took from a tree of Qt's.
+// The result of @p read for a copy of @p element, which is part of a QDomElement tree.
 template <typename Read>
 int readCopy(const QDomElement *element, const MMS_COMP_SMILData *data, Read read)
 {
@@ -170,7 +169,7 @@ int MMS_COMP_SMILParser::readDocument(const QByteArray &utf8, MMS_COMP_SMILMulti
     m_lastWarning = reader.warning();
     if (result != SmilResult::Ok)
         return result;
-    std::ignore = updateToCorvaneRegion(data); // a list of regions with a null one stays as it is
+    std::ignore = updateToCorvaneRegion(data); // a list with a null region stays as it is
     data->updateParamFromSlide();
     return SmilResult::Ok;
 }
@@ -222,7 +221,7 @@ int SmilReader::readSmil(const SmilElement &root)
     return SmilResult::Ok;
 }
 
-// Reads @p element and its siblings as long as they are rows; stops after them, or at a failure.
+// Reads @p element and its following siblings while they have the tag of @p row.
 int SmilReader::readLeading(const Child &row, SmilElement *element)
 {
     for (; element->tag() == row.tag; *element = element->nextSibling()) {
@@ -233,7 +232,7 @@ int SmilReader::readLeading(const Child &row, SmilElement *element)
 }
 
 // parent ::= row* [middle | other] row*
-// Whatever follows is not read: a middle after another element is none.
+// Elements after these are not read: a middle after another element is ignored.
 int SmilReader::readAround(const SmilElement &parent, const Child &row, const Child &middle)
 {
     SmilElement child = parent.firstChild();
@@ -380,8 +379,8 @@ int SmilReader::readNested(ContainerReader read, const SmilElement &element, int
     return result;
 }
 
-// The children of body, par and seq. In a par media share a slide; one that follows a nested par or
-// seq begins another.
+// Reads the children of body, par and seq. The media of a par share a slide; media after a nested
+// par or seq begin a new one.
 int SmilReader::readTimedChildren(const SmilElement &parent, NewSlide newSlide, int dur, int &depth)
 {
     bool beginsSlide = newSlide == NewSlide::Always;
@@ -404,7 +403,7 @@ int SmilReader::readTimedChildren(const SmilElement &parent, NewSlide newSlide, 
     return SmilResult::Ok;
 }
 
-// Positive when the presentation declined the element, which is then passed over.
+// Returns a positive code when the presentation declined the element; the caller skips it.
 int SmilReader::readMedia(const SmilElement &element, bool newSlide, int dur)
 {
     MMS_COMP_SMILMediaObject *object = nullptr;

@@ -20,12 +20,12 @@ void insert(MMS_COMP_SMILMultipart *multipart, const QByteArray &smil, const QSt
     const QString contentId = u'<' + location + u'>';
     part->setDispFileType(Part::Shown);
     part->setDispFileName(u"smil.txt"_s);
-    std::ignore = part->setContentType(EMAIL_Util::Application); // every platform knows the two
+    std::ignore = part->setContentType(EMAIL_Util::Application); // every platform has both codes
     std::ignore = part->setSubTypeCode(EMAIL_Util::Smil);
     part->setContentLocation(location);
     part->setContentID(contentId);
     part->setBodyData(smil);
-    std::ignore = multipart->insertBodypart(part.release(), 0); // fails only by an exception
+    std::ignore = multipart->insertBodypart(part.release(), 0); // fails only with an exception
     multipart->setStart(contentId);
     multipart->setExtType(MediaTypes::smil());
     multipart->setMimeType(MediaTypes::application());

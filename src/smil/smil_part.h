@@ -10,8 +10,8 @@ class MMS_COMP_SMILMultipart;
 
 namespace SmilPart {
 
-/// Puts @p smil into the SMIL part of @p multipart. Without one inserts a first part, named
-/// @p location or like it, and makes the message a related one.
+/// Stores @p smil in the SMIL part of @p multipart. If there is none, inserts a first part, named
+/// @p location or similarly, and makes the message related.
 void store(MMS_COMP_SMILMultipart *multipart, const QByteArray &smil, const QString &location);
 
 } // namespace SmilPart

@@ -1,8 +1,8 @@
 /*
- * Writer: one pass over the presentation, every fragment as other handsets know it. Blanks are part
- * of it: the reader finds the lines of the handset's own regions by their exact text. Values are
- * written as they are, and the width of a root layout with a color is not closed. Kept: receivers
- * were tested with these texts.
+ * Writer: one pass over the presentation that writes every fragment exactly as other handsets know
+ * it, including blanks: the reader finds the lines of the handset's own regions by their exact
+ * text. Values are not escaped, and the width of a root layout with a color has no closing quote.
+ * Kept: receivers were tested with these texts.
  */
 #include "smil/smil_parser.h"
 
@@ -19,7 +19,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Characters that most texts get by with, so that they are not moved while they grow.
+// Typical sizes in characters, reserved up front to avoid reallocation.
 constexpr qsizetype CommonLength = 500;
 constexpr qsizetype SlideLength = 160;
 
@@ -69,7 +69,8 @@ void Writer::attribute(QLatin1StringView opening, int value, QLatin1StringView c
     attribute(opening, QvlDecimal(value).text(), closing);
 }
 
-// Six digits. Fast path: whole numbers need no search for the shortest. Benchmark smil/write/1.
+// Six significant digits. Fast path: whole numbers do not need QString::number(). Benchmark
+// smil/write/1.
 void Writer::attribute(QLatin1StringView opening, float value, QLatin1StringView closing)
 {
     constexpr float firstWithExponent = 1e6F;
@@ -79,14 +80,14 @@ void Writer::attribute(QLatin1StringView opening, float value, QLatin1StringView
         attribute(opening, QString::number(double(value), 'g', 6), closing);
 }
 
-// A view of the value, because each share of a text costs as much as copying it.
+// Trims a view: QString::trimmed() costs an atomic increment even if nothing is trimmed.
 void Writer::attributeUnlessEmpty(QLatin1StringView opening, const QString &value)
 {
     if (const QStringView trimmed = QStringView(value).trimmed(); !trimmed.isEmpty())
         attribute(opening, trimmed, Quote);
 }
 
-// Slides get their params right before they are written, while the processor has them at hand.
+// Updates each slide's params just before writing it, while the slide is still in cache.
 QString Writer::write(MMS_COMP_SMILData *data)
 {
     m_out.reserve(CommonLength + SlideLength * qsizetype(data->getTotalSlidesNum()));
@@ -164,7 +165,7 @@ void Writer::object(const MMS_COMP_SMILMediaObject &object)
     m_out += u'<' + kind->tag;
     attributeUnlessEmpty(" src=\""_L1, object.getSrc());
     attributeUnlessEmpty(" alt=\""_L1, object.getAlt());
-    // The handset places videos itself, and sounds have no place.
+    // The handset places videos itself, and sounds are not visible.
     if (type != SMIL_MEDIA_AUDIO && type != SMIL_MEDIA_VIDEO)
         attributeUnlessEmpty(" region=\""_L1, object.getRegionId());
     if (isWritten(object.getBeginTimeType()))
@@ -193,7 +194,7 @@ void Writer::time(QLatin1StringView name, const MMS_COMP_SMIL_TIME &time)
         m_out += "begin)\""_L1;
 }
 
-// A param without a value loses its name, and one without anything else is not written.
+// A param without a value loses its name; a param without any attribute is not written.
 void Writer::param(const MMS_COMP_SMILMediaObjectParam &param)
 {
     const qsizetype start = m_out.size();
