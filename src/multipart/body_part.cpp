@@ -11,13 +11,13 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Empty, not null: a stream tells the two apart.
+// Empty, not null: streams distinguish the two.
 QString emptyText()
 {
     return u""_s;
 }
 
-// The same for octets. Takes no memory.
+// Likewise for octets. Allocates nothing.
 QByteArray emptyBody()
 {
     return QByteArray("");
@@ -148,8 +148,8 @@ int MMS_COMP_SMILMultipartBodypart::setBodyData(const char *data, int len)
     m_mediaCheck = MediaCheck::NotChecked;
     if (len >= 1 && !data)
         return MultipartResult::OutOfMemory;
-    // unlessOutOfMemory() lets the exception pass within another operation. Decoders need the
-    // result: a part without memory for its octets is WireResult::OutOfData there.
+    // Catches here, because unlessOutOfMemory() lets the exception pass within another operation,
+    // while decoders need the result: for them a part without memory is WireResult::OutOfData.
     try {
         m_bodyData = len < 1 ? emptyBody() : QByteArray(data, len);
     } catch (const std::bad_alloc &) {

@@ -1,6 +1,6 @@
 /** @file
- * One part of a multimedia message: its MIME headers, its octets, and what the presentation needs
- * to know of it.
+ * One part of a multimedia message: its MIME headers, its octets, and the presentation's data about
+ * it.
  */
 #pragma once
 
@@ -15,28 +15,29 @@ class QDataStream;
 /**
  * Body part of a message.
  *
- * A plain value: copies share the octets until one of them is given others. Texts are compared with
- * regard to case and are never trimmed.
+ * A plain value: copies share the octets until one of them gets new octets. Comparisons of texts
+ * are case-sensitive, and texts are never trimmed.
  */
 class QVL_EXPORT MMS_COMP_SMILMultipartBodypart
 {
 public:
     /// Values of the display file type.
     enum DispFileType {
-        Shown = 0, ///< shown by the presentation: the SMIL part, or one that a slide refers to
-        Attachment = 1, ///< claimed by no slide
+        Shown = 0, ///< shown by the presentation: the SMIL part, or a part of a slide
+        Attachment = 1, ///< not used by any slide
     };
 
     /// An empty attachment with reference count 1.
     MMS_COMP_SMILMultipartBodypart();
-    /// Copies everything, reference count included; who owns the part and who points at it stays.
+    /// Copies everything including the reference count, except the weak pointers at the part and
+    /// its membership in a message.
     MMS_COMP_SMILMultipartBodypart(const MMS_COMP_SMILMultipartBodypart &other);
-    /// Takes over the same.
+    /// Copies the same.
     MMS_COMP_SMILMultipartBodypart &operator=(const MMS_COMP_SMILMultipartBodypart &other);
-    /// Makes the weak pointers at the part null.
+    /// Weak pointers at the part become null.
     ~MMS_COMP_SMILMultipartBodypart();
 
-    /// A DispFileType: what the presentation does with the part. Starts as Attachment.
+    /// A DispFileType: whether the presentation shows the part. Starts as Attachment.
     int getDispFileType() const { return m_dispFileType; }
     /// @copydoc getDispFileType
     void setDispFileType(int type) { m_dispFileType = type; }
@@ -46,40 +47,41 @@ public:
     /// @copydoc getDispFileName
     int setDispFileName(const QString &name);
 
-    /// Main type, such as "image". Setting it in either form makes the next media probe run anew.
+    /// Main type, such as "image". Both setters discard the result of the media probe.
     QString getContentType() const { return m_contentType; }
     /// @copydoc getContentType
     void setContentType(const QString &type);
-    /// Sets the text of an EMAIL_Util type code: 1, or 0 and nothing changed for an unknown code.
+    /// Sets the text of an EMAIL_Util type code. Returns 1, or 0 without a change for an unknown
+    /// code.
     int setContentType(int code);
     /// EMAIL_Util type code of the main type, or -1.
     int getContentTypeByCode() const;
 
-    /// Subtype, such as "jpeg". Setting it in either form makes the next media probe run anew; in
-    /// this one it returns 1.
+    /// Subtype, such as "jpeg". Both setters discard the result of the media probe. This one
+    /// returns 1.
     QString getSubType() const { return m_subType; }
     /// @copydoc getSubType
     int setContentSubType(const QString &subType);
-    /// Sets the text of an EMAIL_Util subtype code: 1, or 0 and nothing changed for an unknown
+    /// Sets the text of an EMAIL_Util subtype code. Returns 1, or 0 without a change for an unknown
     /// code.
     int setSubTypeCode(int code);
     /// EMAIL_Util subtype code of the subtype, or -1.
     int getSubTypeCode() const;
 
-    /// Name of the charset. Octets that came as "UCS2" were converted to UTF-8 on their way in.
+    /// Name of the charset. Decoding converts "UCS2" octets to UTF-8 but keeps the name.
     QString getCharset() const { return m_charset; }
     /// @copydoc getCharset
     void setCharset(const QString &charset) { m_charset = charset; }
-    /// Sets the text of an EMAIL_Util charset code: 1, or 0 and nothing changed for an unknown
+    /// Sets the text of an EMAIL_Util charset code. Returns 1, or 0 without a change for an unknown
     /// code.
     int setCharsetByCode(int code);
     /**
-     * The charset's text looked up among the subtypes, so usually -1. Kept: there is no lookup of
-     * charsets, and callers rely on the value that this gives.
+     * Looks up the charset's text among the subtypes, so the result is usually -1. Kept: there is
+     * no lookup of charsets, and callers rely on the result.
      */
     int getCharsetByCode() const;
 
-    /// Description for the application's own use; not part of a message on the wire.
+    /// Description for the application; not sent in messages.
     QString getDescription() const { return m_description; }
     /// @copydoc getDescription
     void setDescription(const QString &description) { m_description = description; }
@@ -94,7 +96,7 @@ public:
     /// @copydoc getContentID
     int setContentID(const QString &id);
 
-    /// Name of the transfer encoding; not part of a message on the wire. Setting returns 0.
+    /// Name of the transfer encoding; not sent in messages. Setting returns 0.
     QString getContentXferEncoding() const { return m_contentXferEncoding; }
     /// @copydoc getContentXferEncoding
     int setContentXferEncoding(const QString &encoding);
@@ -103,21 +105,20 @@ public:
     /// EMAIL_Util code of the transfer encoding, or -1.
     int getContentXferEncodingByCode() const;
 
-    /// The octets themselves, an empty array and never a null one; valid as long as the part and
-    /// its octets are not changed.
+    /// The octets themselves: an empty array, never a null one. The reference is valid until the
+    /// part or its octets change.
     const QArray<char> &getBodyData() const { return m_bodyData; }
     /// Count of octets.
     int getBodyDataLen() const { return int(m_bodyData.size()); }
-    /// Shares the octets of @p data; a null array counts as an empty one. Makes the next media
-    /// probe run anew.
+    /// Shares the octets of @p data; a null array counts as empty. Discards the result of the media
+    /// probe.
     void setBodyData(const QArray<char> &data);
     /**
-     * Copies octets into the part. Makes the next media probe run anew. Linear in their count.
+     * Copies octets into the part. Discards the result of the media probe. Linear in the octets.
      *
-     * @param data the octets; not looked at when @p len is below 1
-     * @param len count of octets; one below 1 empties the body
-     * @return 0, or MultipartResult::OutOfMemory, also for null @p data, which leaves the octets
-     * that were there
+     * @param data the octets; ignored when @p len is below 1
+     * @param len count of octets; a count below 1 empties the body
+     * @return 0; MultipartResult::OutOfMemory, also for null @p data, keeps the old octets
      */
     int setBodyData(const char *data, int len);
 
@@ -130,36 +131,36 @@ public:
     QString getMimeFormat() const;
     /// The text before the first "/", or "" without one.
     static QString getTypePartFromFormat(const QString &format);
-    /// The text behind the last "/", or "" without one.
+    /// The text after the last "/", or "" without one.
     static QString getSubTypePartFromFormat(const QString &format);
 
     /**
-     * Writes the texts, the display file type and the octets in the stream's own byte order and
-     * version. Returns 1. Neither reference count nor media probe are part of the record.
+     * Writes the texts, the display file type and the octets in the stream's byte order and
+     * version, but not reference count and media probe. Returns 1.
      */
     int writeToStream(QDataStream &stream) const;
-    /// Reads what writeToStream() wrote, leaving what the stream delivers. Returns 1.
+    /// Reads a record of writeToStream(). Returns 1; check the stream's status.
     int readFromStream(QDataStream &stream);
 
     /**
-     * How long an audio or video part plays. Opens the octets in the platform's player engine at
-     * every call, so linear in their count.
+     * How long an audio or video part plays. Opens the octets in the platform's player engine on
+     * every call, so linear in the octets.
      *
-     * @return milliseconds, rounded up to a multiple of QvlDuration::Step, or -1 when they cannot be measured
+     * @return milliseconds, rounded up to a multiple of QvlDuration::Step, or -1 when unknown
      */
     int getPlayDur();
 
     /**
-     * True when the handset can show or play the part. Images are decoded, audio and video opened
-     * in the player engine, everything else counts as supported. The answer for an image, and what
-     * getPlayDur() learnt, is kept until type, subtype or octets change.
+     * Media probe: true when the handset can show or play the part. Decodes images, opens audio and
+     * video in the player engine, and supports everything else. Keeps the result for an image, and
+     * that of getPlayDur(), until type, subtype or octets change.
      */
     bool isMediaObjectSupported();
 
     /// For weak pointers at the part.
     const QvlLiveness &liveness() const { return m_liveness; }
-    /// True once a message has taken the part: from then on only a message deletes it, or whoever
-    /// takes parts over from one.
+    /// True once a message has taken the part: from then on only a message may delete it, or code
+    /// that takes parts over from a message.
     bool isHeldByMultipart() const { return m_liveness.isHeld(); }
 
 private:

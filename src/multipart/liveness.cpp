@@ -1,3 +1,6 @@
+/*
+ * Creates the token that weak pointers watch, when the first one needs it.
+ */
 #include "multipart/liveness.h"
 
 #include "base/no_memory.h"

@@ -1,6 +1,6 @@
 /** @file
- * Pointers that know whether their target is still there. Media objects point at body parts, and
- * the presentation at the message, without owning them, while either side may be deleted first.
+ * Pointers that know whether their target still exists. Media objects point at body parts, and the
+ * presentation points at the message, without owning them, and either side may be deleted first.
  */
 #pragma once
 
@@ -9,24 +9,23 @@
 #include <memory>
 
 /**
- * State of an object that copies must not share: that it is alive, for QvlWeakPointer, and that a
- * container has taken it. A copy of this member starts afresh, and assignment keeps it.
+ * Per-object state that copies must not share: the token that QvlWeakPointer watches, and whether a
+ * container has taken the object. Copying starts with fresh state; assignment keeps the old one.
  */
 class QvlLiveness
 {
 public:
-    /// Of an object that nobody has taken yet.
+    /// State of an object that no container has taken.
     QvlLiveness() = default;
-    /// The same: nothing is copied.
+    /// Fresh state: copies nothing.
     QvlLiveness(const QvlLiveness &) { }
     /// Changes nothing.
     QvlLiveness &operator=(const QvlLiveness &) { return *this; }
 
-    /// Expires when the object that holds the token is destroyed.
-    /// Has expired already when there is no memory for the token.
+    /// Expires when the object is destroyed. Already expired when there is no memory for the token.
     QVL_EXPORT std::weak_ptr<const void> watch() const;
 
-    /// Whether a container has taken the object; it stays true from then on.
+    /// Whether a container has taken the object. Never becomes false again.
     bool isHeld() const { return m_held; }
     /// @copydoc isHeld
     void setHeld() { m_held = true; }
@@ -36,23 +35,23 @@ private:
     bool m_held = false;
 };
 
-/// Pointer to a T, which has an operation liveness(); null once the T is gone, and from the start
-/// when there is no memory for watching it. Owns nothing.
+/// Non-owning pointer to a T with an operation liveness(). Null once the T is destroyed, and from
+/// the start when there is no memory for watching it.
 template <typename T>
 class QvlWeakPointer
 {
 public:
-    /// Points at @p target, which stays its owner's; null points at nothing.
+    /// Points at @p target, which it does not own; null points at nothing.
     QvlWeakPointer(T *target = nullptr) : m_target(target)
     {
         if (m_target)
             m_alive = m_target->liveness().watch();
     }
 
-    /// True unless it was set to null, also when the target is gone.
+    /// True unless set to null; stays true when the target is destroyed.
     bool isSet() const { return m_target != nullptr; }
 
-    /// The target, or null when it is gone.
+    /// The target, or null when it is destroyed.
     T *get() const { return m_alive.expired() ? nullptr : m_target; }
 
 private:

@@ -18,7 +18,7 @@ constexpr char32_t asciiLowerCase(char32_t character)
     return character >= 'A' && character <= 'Z' ? character + ('a' - 'A') : character;
 }
 
-/// The characters of a text in lower case, one after the other.
+/// The characters of a text in lower case, one by one.
 class LowerCase
 {
 public:
@@ -33,7 +33,7 @@ public:
         const char32_t character = take();
         if (isAscii(character))
             return asciiLowerCase(character);
-        if (character == CapitalIWithDot) { // the only one that becomes two
+        if (character == CapitalIWithDot) { // the only character that becomes two
             m_pending = CombiningDot;
             return 'i';
         }
@@ -59,15 +59,15 @@ private:
     char32_t m_pending = 0;
 };
 
-/// Characters as a polynomial in a point that is drawn at every start, modulo a prime, so that
-/// nobody can choose texts that collide. Needs no copy in lower case, which qHash() would:
+/// Evaluates the characters as a polynomial modulo a prime, at a point drawn at every start, so
+/// that nobody can choose texts that collide. Unlike qHash() it needs no copy in lower case:
 /// benchmark growth/parts, name a new one.
 class CharacterHash
 {
 public:
-    /// Continues with @p character.
+    /// Adds @p character at the end.
     void add(char32_t character) { m_value = reduced(m_value * m_point + character); }
-    /// The hash of the characters until now.
+    /// The hash of the characters so far.
     std::size_t value() const { return std::size_t(m_value); }
 
 private:
@@ -80,7 +80,7 @@ private:
         return drawn;
     }
 
-    // The result is at most some units above the prime, so that the next product fits.
+    // The result is at most slightly above the prime, so that the next product fits.
     static constexpr quint64 reduced(quint64 value)
     {
         value = (value & Prime) + (value >> PrimeBits);
@@ -95,7 +95,7 @@ private:
 
 bool isSameInLowerCase(QStringView a, QStringView b)
 {
-    // Nearly all names are ASCII.
+    // Fast path: nearly all names are ASCII.
     const qsizetype shorter = std::min(a.size(), b.size());
     qsizetype same = 0;
     for (; same < shorter; ++same) {

@@ -1,7 +1,6 @@
 /*
- * Comparison in lower case without making lower-case copies: references are compared with every
- * part of a message, and also while one is taken down, when there may be no memory. Tables find
- * texts so, too.
+ * Comparison in lower case without lower-case copies. References are compared with every part of a
+ * message, also in destructors, when there may be no memory; tables look texts up likewise.
  */
 #pragma once
 
@@ -9,8 +8,8 @@
 
 #include <cstddef>
 
-/// True when the two are equal in lower case, exactly as QString::toLower() gives it.
+/// True when QString::toLower() gives the same text for both.
 bool isSameInLowerCase(QStringView a, QStringView b);
 
-/// Equal for texts that isSameInLowerCase() finds equal.
+/// Hash for isSameInLowerCase().
 std::size_t hashInLowerCase(QStringView text);

@@ -1,6 +1,6 @@
 /*
  * Media probes of a body part: how long a clip plays, and whether the handset can show or play a
- * part at all. Clips are opened in the platform's player engine without any output device.
+ * part. Opens clips in the platform's player engine without any output device.
  */
 #include "multipart/body_part.h"
 
@@ -40,7 +40,7 @@ EnginePointer createEngine()
     return engine.open(data.constData(), int(data.size()), extension.constData());
 }
 
-// Closes the engine, too.
+// Also closes the engine.
 int playDuration(MP_PlayerEngine &engine)
 {
     StaticStreamInfo info;
@@ -49,19 +49,19 @@ int playDuration(MP_PlayerEngine &engine)
     return known ? info.playDuration : NotMeasured;
 }
 
-// Up to the next step. A duration whose next step is no int stays.
+// Rounds up to a whole step. A duration whose next step exceeds an int does not change.
 int roundedUp(int duration)
 {
     const qint64 rounded = QvlDuration::roundedUpToStep(duration);
     return rounded > std::numeric_limits<int>::max() ? duration : int(rounded);
 }
 
-// A pixmap without a running GUI would end the process.
+// Creating a pixmap without a running GUI would end the process.
 bool isDecodableImage(const QByteArray &data)
 {
     if (qobject_cast<QGuiApplication *>(QCoreApplication::instance())) {
         QPixmap pixmap;
-        std::ignore = pixmap.loadFromData(data); // stays null when that fails
+        std::ignore = pixmap.loadFromData(data); // stays null on failure
         return !pixmap.isNull();
     }
     return !QImage::fromData(data).isNull();
@@ -110,7 +110,7 @@ bool MMS_COMP_SMILMultipartBodypart::isMediaObjectSupported()
             MMS_COMP_Util::getFirstSupportExtNameByMIMEType(m_contentType, m_subType).toLower();
         if (extension.isEmpty() && name.isEmpty())
             return false;
-        if (extension.isEmpty()) // in the sender's case: so is the engine asked
+        if (extension.isEmpty()) // in the sender's spelling, as the engine gets it
             extension = MMS_COMP_Util::getExtName(name);
         const EnginePointer engine = createEngine();
         if (!engine || !open(*engine, m_bodyData, extension.toLatin1()))

@@ -1,6 +1,6 @@
 /*
- * Media types that the library itself writes and looks for. The texts are part of the library, so
- * that naming one takes no memory.
+ * Media types that the library itself writes and recognizes. Their texts are constants, so that
+ * using one allocates nothing.
  */
 #pragma once
 
@@ -20,7 +20,7 @@ inline QString related()
     return QStringLiteral("vnd.wap.multipart.related");
 }
 
-/// Subtype of a body without one.
+/// Subtype of a body without a presentation.
 inline QString mixed()
 {
     return QStringLiteral("vnd.wap.multipart.mixed");

@@ -26,7 +26,7 @@ QString textOf(int code, bool (*lookUp)(int, QCString &))
     return lookUp(code, text) ? QString::fromLatin1(text) : QString();
 }
 
-// The smallest count stays: applications set any.
+// Does not go below the smallest count: applications set any count.
 void removeUse(Part *part)
 {
     if (const int count = part->getRefCount(); count > std::numeric_limits<int>::min())
@@ -56,7 +56,7 @@ MMS_COMP_SMILMultipart::~MMS_COMP_SMILMultipart() = default;
 void MMS_COMP_SMILMultipart::setRelatedType()
 {
     asFarAsMemoryGoes([this] {
-        // Made once, so that all messages share them.
+        // Built once and shared by all messages.
         static const QString type = textOf(EMAIL_Util::Application, EMAIL_Util::typeEnumToStr);
         static const QString subType =
             textOf(EMAIL_Util::MultipartRelated, EMAIL_Util::subTypeEnumToStr);
@@ -74,7 +74,7 @@ void MMS_COMP_SMILMultipart::copyFrom(const MMS_COMP_SMILMultipart &source)
         m_mimeType = source.m_mimeType;
         m_subType = source.m_subType;
         m_start = source.m_start;
-        const int count = source.getPartCount(); // a source that is this message grows meanwhile
+        const int count = source.getPartCount(); // grows when a message is copied to itself
         for (int i = 0; i < count; ++i)
             appendBodypart(new Part(*source.m_parts.at(i)));
     });
@@ -133,8 +133,8 @@ int MMS_COMP_SMILMultipart::deletePartBySrc(const QString &src)
         return MultipartResult::RemovalRefused;
     m_index = nullptr;
     const Reference::Matcher reference(src);
-    // The walk visits every remaining part in turn while the place to work at counts the visits, so
-    // each removal sets the two one further apart.
+    // The walk visits every remaining part, but the place of the removal counts the visits, so
+    // every removal moves the two apart.
     int place = 0;
     for (int walk = 0; walk < m_parts.count(); ++place) {
         const Part *visited = m_parts.at(walk);

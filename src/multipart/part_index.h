@@ -1,6 +1,6 @@
 /*
- * The parts of a message by the names that references call them, for operations that look for many
- * of them while neither parts nor names change.
+ * The parts of a message by their names, for operations that look up many references while neither
+ * parts nor names change.
  */
 #pragma once
 
@@ -12,8 +12,8 @@
 class MMS_COMP_SMILMultipart;
 class MMS_COMP_SMILMultipartBodypart;
 
-/// Answers as MMS_COMP_SMILMultipart::getBodyPartBySrc() does, in a time that depends on the parts
-/// of the same name alone.
+/// Gives the same answers as MMS_COMP_SMILMultipart::getBodyPartBySrc(), in time linear only in the
+/// parts with the same name.
 class PartIndex
 {
 public:
@@ -21,7 +21,7 @@ public:
 
     explicit PartIndex(const QPtrList<Part> &parts);
 
-    /// The first part of display file type @p type that @p reference matches, or null.
+    /// The first part with display file type @p type that @p reference matches, or null.
     Part *find(const QString &reference, int type) const;
 
 private:
@@ -34,12 +34,13 @@ private:
     using Names = std::unordered_multimap<QString, Entry, Hash, Equal>;
 
     Names<Reference::LocationHash, Reference::LocationEqual> m_locations;
-    Names<Reference::ContentIdHash, Reference::ContentIdEqual> m_contentIds; // of keys not empty
+    Names<Reference::ContentIdHash, Reference::ContentIdEqual>
+        m_contentIds; // parts with a key only
 };
 
 /**
- * While it lives, MMS_COMP_SMILMultipart::getBodyPartBySrc() takes the same time however many parts
- * there are. A change of the list of parts ends that; names must not change meanwhile.
+ * While it exists, MMS_COMP_SMILMultipart::getBodyPartBySrc() takes the same time for any count of
+ * parts. Names must not change meanwhile; changing the list of parts discards the index.
  */
 class PartIndexScope
 {

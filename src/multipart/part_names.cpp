@@ -13,7 +13,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int LocationLimit = 100; // a location is shorter than this
+constexpr int LocationLimit = 100; // locations are shorter
 constexpr int LongestBaseAndExtension = 88; // leaves room for a number and two dots
 
 constexpr QLatin1StringView Renamed = "renamed"_L1;
@@ -35,7 +35,8 @@ QString withoutAmpersand(QString name)
     return name.remove(u'&');
 }
 
-// Fast path: a name of only these characters is a valid URL. Benchmark message/decode/nameless.
+// Fast path: a name of only these characters is always a valid URL. Benchmark
+// message/decode/nameless.
 bool isUrl(const QString &name)
 {
     const auto isPlain = [](QChar c) {
@@ -45,7 +46,7 @@ bool isUrl(const QString &name)
     return (!name.isEmpty() && std::ranges::all_of(name, isPlain)) || QUrl(name).isValid();
 }
 
-// A file name in pieces.
+// A file name, its base and its extension.
 struct NameParts
 {
     explicit NameParts(const QString &name)
@@ -54,7 +55,7 @@ struct NameParts
     {
     }
 
-    // Cuts the base so that it and the extension are not too long; false when they were not.
+    // Truncates the base if it and the extension are too long; false if they were not.
     bool cutBase()
     {
         if (base.size() + ext.size() <= LongestBaseAndExtension)
@@ -91,8 +92,8 @@ void PartNames::add(const MMS_COMP_SMILMultipart &multipart)
         add(*multipart.getBodypartByIndex(i));
 }
 
-// Looks for the first name among the parts themselves. Most messages have at most one nameless
-// part, and building an index for one name costs more than a walk.
+// Looks for the first name in the parts themselves: most messages have at most one nameless part,
+// and building an index for one name costs more than a walk.
 bool PartNames::isTakenByUnindexedPart(const QString &name)
 {
     if (m_unindexed && m_wasWalked)
@@ -101,7 +102,7 @@ bool PartNames::isTakenByUnindexedPart(const QString &name)
     return m_unindexed && m_unindexed->isPartExist(name);
 }
 
-// False, and nothing changed, when the name is taken already.
+// False, without a change, when the name is already taken.
 bool PartNames::take(const QString &name)
 {
     if (!m_exact.empty() && m_exact.contains(name))
@@ -113,10 +114,10 @@ bool PartNames::take(const QString &name)
     return m_locations.insert(name).second;
 }
 
-// Takes the first of prefix0.ext, prefix1.ext, ... that is free; a null text when the pattern
-// itself makes all of them unusable. Every taken name, of which a part has two, blocks one number
-// at most, so one of the numbers up to their count is free unless the names get too long or are no
-// URLs, which no higher number mends.
+// Takes the first free name of prefix0.ext, prefix1.ext, ...; a null text when the pattern itself
+// makes all of them unusable. A part has two names, and every taken name blocks at most one number.
+// So one of the numbers up to their count is free, unless the names are too long or not URLs, and
+// then higher numbers do not help.
 QString PartNames::takeFirstFree(const QString &prefix, const QString &ext)
 {
     int &next = m_nextNumber[{prefix, ext}];
@@ -150,8 +151,8 @@ QString PartNames::takeItselfOrNumbered(const QString &candidate, const QString 
     return name.isNull() ? uniqueAttachmentLocation(QString()) : name;
 }
 
-// The name is tested for being a URL without its "&", but with an extension the "&" stays in the
-// result. Kept: presentations of stored messages refer to such names.
+// Checks the name without its "&" for being a URL, but if there is an extension the "&" stays in
+// the result. Kept: presentations of stored messages refer to such names.
 QString PartNames::uniqueLocation(const QString &name)
 {
     NameParts parts(name);
@@ -164,7 +165,7 @@ QString PartNames::uniqueLocation(const QString &name)
     return takeItselfOrNumbered(candidate, parts.base, parts.ext);
 }
 
-// Only the first candidate is without "&". Kept for the same reason.
+// Removes "&" from the first candidate only. Kept for the same reason.
 QString PartNames::uniqueSource(const QString &name)
 {
     NameParts parts(name);

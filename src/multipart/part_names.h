@@ -1,7 +1,7 @@
 /*
- * The names that a message's parts already answer to, so that naming many parts does not walk all
- * of them for every candidate: after the first they are indexed. Names can be taken but not given
- * back: an index lives for one naming pass.
+ * The names that are already taken in a message. The first candidate is compared with the parts;
+ * then the names are indexed, so that naming many parts does not walk all parts for every
+ * candidate. Names cannot be given back: an index exists for one naming pass.
  */
 #pragma once
 
@@ -21,15 +21,16 @@
 class MMS_COMP_SMILMultipart;
 class MMS_COMP_SMILMultipartBodypart;
 
-/// Index of locations and Content-IDs; answers as MMS_COMP_SMILMultipart::isPartExist() does.
+/// Index of locations and Content-IDs. Gives the same answers as
+/// MMS_COMP_SMILMultipart::isPartExist().
 class PartNames
 {
 public:
     PartNames() = default;
-    /// Of all parts of @p multipart, which has to outlive this.
+    /// Index of all parts of @p multipart, which must outlive it.
     explicit PartNames(const MMS_COMP_SMILMultipart &multipart) : m_unindexed(&multipart) { }
 
-    /// False for a name that no part may have, whatever other parts are called.
+    /// False for a name that no part may have, whatever the names of the others.
     static bool isUsable(const QString &name);
 
     /// Makes the names of @p part taken.
@@ -39,8 +40,8 @@ public:
     /// Makes @p name taken in exactly this spelling.
     void addExact(const QString &name) { m_exact.insert(name); }
 
-    /// What the operations of the message and of the presentation that create names result in. The
-    /// name is taken from then on.
+    /// Implement createUniqueAttchmentLocation(), createUniqueLocation() and createUniqueSrc(). The
+    /// result is then taken.
     QString uniqueAttachmentLocation(const QString &ext);
     QString uniqueLocation(const QString &name);
     QString uniqueSource(const QString &name);
@@ -64,13 +65,12 @@ private:
 
     const MMS_COMP_SMILMultipart *m_unindexed = nullptr;
     bool m_wasWalked = false;
-    std::array<std::byte, 2048> m_firstMemory; // most messages need no more
-    // Nothing is given back before all of it is: benchmark growth/parts, name a new one.
+    std::array<std::byte, 2048> m_firstMemory; // enough for most messages
+    // Frees all memory at once at the end: benchmark growth/parts, name a new one.
     std::pmr::monotonic_buffer_resource m_memory{m_firstMemory.data(), m_firstMemory.size()};
     Names<Reference::LocationHash, Reference::LocationEqual> m_locations{&m_memory};
     Names<Reference::ContentIdHash, Reference::ContentIdEqual> m_contentIds{&m_memory};
     Names<ExactHash, std::equal_to<>> m_exact{&m_memory};
-    // By what stands before the number, and the extension behind it; lower numbers are known to be
-    // taken.
+    // By the text before the number and the extension after it. All lower numbers are taken.
     std::pmr::map<std::pair<QString, QString>, int> m_nextNumber{&m_memory};
 };

@@ -15,12 +15,12 @@ namespace Reference {
 QStringView withoutBrackets(QStringView reference);
 
 /**
- * What two Content-IDs are compared by, in lower case: trimmed and without brackets. Empty for a
- * text that matches no Content-ID.
+ * The part of a Content-ID that is compared, in lower case: trimmed and without brackets. Empty for
+ * a text that matches no Content-ID.
  */
 QStringView contentIdKey(QStringView text);
 
-/// The names of a part that references match; empty where none does.
+/// The names of a part that references can match; empty if none can.
 struct PartKeys
 {
     explicit PartKeys(const MMS_COMP_SMILMultipartBodypart &part);
@@ -29,10 +29,10 @@ struct PartKeys
     QString contentId;
 };
 
-/// For tables of locations: what references match is equal.
+/// For tables of locations: locations that the same references match are equal.
 struct LocationHash
 {
-    // Without noexcept, because the standard library keeps the hashes of such a table.
+    // Deliberately not noexcept: libstdc++ then caches the hash codes in the nodes.
     std::size_t operator()(QStringView location) const { return hashInLowerCase(location); }
 };
 struct LocationEqual
@@ -40,7 +40,7 @@ struct LocationEqual
     bool operator()(QStringView a, QStringView b) const { return isSameInLowerCase(a, b); }
 };
 
-/// For tables of Content-IDs, the same.
+/// Likewise for tables of Content-IDs.
 struct ContentIdHash
 {
     std::size_t operator()(QStringView id) const { return hashInLowerCase(contentIdKey(id)); }
@@ -53,7 +53,7 @@ struct ContentIdEqual
     }
 };
 
-/// One reference, prepared for comparison with any number of parts. It has to outlive this.
+/// One reference, prepared for comparison with any number of parts. The reference must outlive it.
 class Matcher
 {
 public:
@@ -63,7 +63,7 @@ public:
     }
     explicit Matcher(QString &&reference) = delete;
 
-    /// True when the reference equals the Content-ID, or the location as it stands ignoring case.
+    /// True when the reference equals the Content-ID, or the location ignoring case.
     bool matches(const MMS_COMP_SMILMultipartBodypart &part) const;
 
 private:
