@@ -1,6 +1,6 @@
 /** @file
- * The handset's own layout: a screen, and below one another a region for texts and one for images,
- * each as large as the screen.
+ * The handset's own layout: a region for texts and, below it, one for images, each as large as the
+ * screen.
  */
 #pragma once
 

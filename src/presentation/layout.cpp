@@ -16,7 +16,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Keywords stand at their numbers.
+// Indexed by MMS_COMP_SMIL_REGION_FIT.
 constexpr std::array FitKeywords{"hidden"_L1, "fill"_L1, "meet"_L1, "scroll"_L1, "slice"_L1};
 static_assert(FitKeywords.size() == SMIL_REGION_FIT_UNKNOWN);
 

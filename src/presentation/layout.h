@@ -1,7 +1,7 @@
 /** @file
- * The head of a presentation: the screen area, the regions into which media are placed, and the
- * free name and content pairs. Whether region numbers are pixels or per cent is a property of the
- * whole presentation.
+ * The head of a presentation: the screen area, the regions for media, and metas, which are free
+ * pairs of name and content. The unit of regions, pixels or per cent, belongs to the whole
+ * presentation.
  */
 #pragma once
 
@@ -19,20 +19,20 @@ class QDomElement;
 class RegionIndex;
 class SmilElement;
 
-/// How media are fitted into a region.
+/// How media fit into a region.
 enum MMS_COMP_SMIL_REGION_FIT : int {
-    SMIL_REGION_FIT_HIDDEN = 0, ///< at their own size, cut at the edges
+    SMIL_REGION_FIT_HIDDEN = 0, ///< at their own size, clipped at the edges
     SMIL_REGION_FIT_FILL = 1, ///< stretched in both directions
-    SMIL_REGION_FIT_MEET = 2, ///< as large as fits in, in proportion
-    SMIL_REGION_FIT_SCROLL = 3, ///< at their own size, with means to scroll
+    SMIL_REGION_FIT_MEET = 2, ///< as large as fits, in proportion
+    SMIL_REGION_FIT_SCROLL = 3, ///< at their own size, scrollable
     SMIL_REGION_FIT_SLICE = 4, ///< as small as covers the region, in proportion
-    SMIL_REGION_FIT_UNKNOWN = 5, ///< a keyword that is none of these; not written as SMIL
+    SMIL_REGION_FIT_UNKNOWN = 5, ///< any other keyword; not written as SMIL
 };
 
 /**
- * A named rectangle, in the unit that MMS_COMP_SMILData::getLayoutMeasureUnit() tells. Starts as
- * "default", as large as the handset's screen, in the top left corner. Setters take any value and
- * return true.
+ * A named rectangle, in the unit of MMS_COMP_SMILData::getLayoutMeasureUnit(). Starts as "default",
+ * as large as the handset's screen, in the top left corner. Setters accept any value and return
+ * true.
  */
 class QVL_EXPORT MMS_COMP_SMILRegion
 {
@@ -60,16 +60,16 @@ public:
     /// Top plus height.
     float getBottom() const { return m_top + m_height; }
 
-    /// Name by which media objects refer to the region; need not be unique.
+    /// Name that media objects use for the region; need not be unique.
     QString getId() const { return m_id; }
     /// @copydoc getId
     bool setId(const QString &id);
 
-    /// How media are fitted; starts as SMIL_REGION_FIT_HIDDEN.
+    /// How media fit; starts as SMIL_REGION_FIT_HIDDEN.
     MMS_COMP_SMIL_REGION_FIT getFit() const { return m_fit; }
     /// @copydoc getFit
     void setFit(MMS_COMP_SMIL_REGION_FIT fit) { m_fit = fit; }
-    /// Sets the fit by its keyword, compared with regard to case; unknown for any other text.
+    /// Sets the fit by its keyword, case-sensitively; unknown for any other text.
     bool setFit(const QString &keyword);
     /// The keyword of @p fit, or null for one that has none.
     static const char *fitKeyword(MMS_COMP_SMIL_REGION_FIT fit);
@@ -83,27 +83,27 @@ private:
     MMS_COMP_SMIL_REGION_FIT m_fit = SMIL_REGION_FIT_HIDDEN;
 };
 
-/// The screen area of a presentation. Setters take any value and return true.
+/// The screen area of a presentation. Setters accept any value and return true.
 class QVL_EXPORT MMS_COMP_SMILRootLayout
 {
 public:
     /// @name Size
     /// @{
 
-    /// Size in pixels; starts as that of the handset's screen.
+    /// Size in pixels; starts as the size of the handset's screen.
     int getWidth() const { return m_width; }
     bool setWidth(int width);
     int getHeight() const { return m_height; }
     bool setHeight(int height);
     /// @}
 
-    /// The color itself, which stays the root layout's: read it or change it in place. Starts as
-    /// none; with one the SMIL text is not well-formed, see
+    /// The color itself, owned by the root layout: read it or change it in place. Starts as none.
+    /// With a color, the SMIL text is not well-formed, see
     /// MMS_COMP_SMILParser::convertToSMILLang().
     MMS_COMP_COLOR *getBackgroundColor() { return &m_backgroundColor; }
     /// The same for reading.
     const MMS_COMP_COLOR *getBackgroundColor() const { return &m_backgroundColor; }
-    /// Sets the color by its text, see MMS_COMP_SMILParser::parseColor().
+    /// Sets the color from a text, see MMS_COMP_SMILParser::parseColor().
     void setBackgroundColor(const QString &text);
 
 private:
@@ -113,13 +113,13 @@ private:
 };
 
 /**
- * Root layout and regions, both owned. Adding a region, or asking for one by its values, compares
+ * Root layout and regions; owns both. Adding a region, or looking for one by its values, compares
  * it with all regions.
  */
 class QVL_EXPORT MMS_COMP_SMILLayout
 {
 public:
-    /// Result of setRootLayout(QDomElement *) when it was refused.
+    /// Result of setRootLayout(QDomElement *) for null.
     static constexpr int RootLayoutRefused = SmilResult::RootLayoutRefused;
 
     /// A root layout as large as the handset's screen, and no region.
@@ -127,58 +127,59 @@ public:
     /// Deletes root layout and regions.
     ~MMS_COMP_SMILLayout();
 
-    /// The root layout, which stays the layout's; null when there is none.
+    /// The root layout, owned by the layout; null when there is none.
     MMS_COMP_SMILRootLayout *getRootLayout() const { return m_rootLayout.get(); }
-    /// Sets the size, making a root layout when there is none; the root layout, or null.
+    /// Sets the size; creates a root layout if there is none. Returns the root layout, or null when
+    /// there is no memory.
     MMS_COMP_SMILRootLayout *setRootLayout(int width, int height);
     /**
-     * Reads width, height and background color of a root-layout element; 0, or RootLayoutRefused
-     * for null. An absent size is -1, one that is no number of pixels is 0.
+     * Reads width, height and background color of a root-layout element. Returns 0, or
+     * RootLayoutRefused for null. A missing size is -1, an unreadable one is 0.
      */
     int setRootLayout(QDomElement *element);
 
     /// Count of regions.
     unsigned int getRegionCount() const { return unsigned(m_regions.count()); }
-    /// The region at @p index, which stays the layout's, or null out of range.
+    /// The region at @p index, owned by the layout; null out of range.
     MMS_COMP_SMILRegion *getRegion(unsigned int index) const;
-    /// The list of regions itself, which deletes its regions: change it in place.
+    /// The list of regions itself, which owns them: change it in place.
     QPtrList<MMS_COMP_SMILRegion> *getRegionList() { return &m_regions; }
 
     /**
-     * Adds @p region, which becomes the layout's, unless an equal one is there already, in which
-     * case it stays the caller's. Null is ignored.
+     * Adds @p region, which the layout then owns. If there is already an equal one, the caller
+     * keeps @p region. Null is ignored.
      */
     void appendRegion(MMS_COMP_SMILRegion *region);
     /**
-     * Adds a region with these values unless an equal one is there. Geometry is in the unit of the
-     * presentation.
+     * Adds a region with these values unless there is already an equal one. The geometry is in the
+     * unit of the presentation.
      *
      * @param left distance from the left edge
      * @param top distance from the top edge
-     * @param width of the region
-     * @param height of the region
+     * @param width width of the region
+     * @param height height of the region
      * @param fit keyword, see MMS_COMP_SMILRegion::setFit()
      * @param id name of the region
-     * @return the region that is in the layout and stays its own; null when there is no memory
+     * @return the region in the layout, owned by it; null when there is no memory
      */
     MMS_COMP_SMILRegion *appendRegion(float left, float top, float width, float height,
                                       const QString &fit, const QString &id);
     /**
-     * Whether a region with the same six values is in the layout.
+     * Whether the layout contains a region with the same six values.
      *
-     * @param region to compare with; null gives false and leaves @p found alone
+     * @param region region to compare with; null gives false and leaves @p found unchanged
      * @param found unless null, gets the region in the layout, or null when there is none
      * @return true when there is one
      */
     bool isRegionExist(const MMS_COMP_SMILRegion *region, MMS_COMP_SMILRegion **found) const;
 
-    /// Adds copies of the regions of @p source, which may be the layout itself, unless equal ones
-    /// are there. Linear in the regions of both.
+    /// Adds copies of the regions of @p source, which may be the layout itself, except those with
+    /// an equal one here. Linear in the regions of both.
     void addRegionsOf(const MMS_COMP_SMILLayout &source);
 
-    /// The number of pixels in a size's text: -1 for an empty one, 0 for one that is no number.
+    /// Reads a size in pixels: -1 for an empty text, 0 for an unreadable one.
     static int pixelsOf(const QString &text);
-    /// @p text trimmed, in lower case, and two characters shorter when it holds "px".
+    /// @p text trimmed, in lower case, and without its last two characters if it contains "px".
     static QString withoutPixelUnit(const QString &text);
 
 private:
@@ -191,18 +192,18 @@ private:
 
     std::unique_ptr<MMS_COMP_SMILRootLayout> m_rootLayout;
     QPtrList<MMS_COMP_SMILRegion> m_regions;
-    std::unique_ptr<RegionIndex> m_index; // while a RegionIndexScope lives
+    std::unique_ptr<RegionIndex> m_index; // set while a RegionIndexScope exists
 };
 
-/// A name and content pair of the head. Setters return true.
+/// A pair of name and content in the head. Setters return true.
 class QVL_EXPORT MMS_COMP_SMILMeta
 {
 public:
-    /// What the content says, such as "author".
+    /// Meaning of the content, such as "author".
     QString getName() const { return m_name; }
     /// @copydoc getName
     bool setName(const QString &name);
-    /// The text itself. Written as it is, so it should hold neither "&" nor "<" nor quotes.
+    /// The content. Written without escaping, so it should contain neither "&" nor "<" nor quotes.
     QString getContent() const { return m_content; }
     /// @copydoc getContent
     bool setContent(const QString &content);

@@ -1,5 +1,5 @@
 /** @file
- * The kinds of media with the words for them.
+ * The kinds of media and their names.
  */
 #pragma once
 
@@ -15,12 +15,12 @@
 struct QvlMediaKind
 {
     MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type; ///< the kind's number
-    QLatin1StringView tag; ///< the element of the kind, such as "img"
-    QLatin1StringView mainType; ///< main type of its parts, such as "image"; empty for any
-    int mainTypeCode; ///< EMAIL_Util code of the main type that a new part of this kind gets
+    QLatin1StringView tag; ///< element name, such as "img"
+    QLatin1StringView mainType; ///< main type of the parts, such as "image"; empty for any
+    int mainTypeCode; ///< EMAIL_Util code of the main type for new parts
 };
 
-/// The kinds, each at its number.
+/// The kinds, indexed by their number.
 inline constexpr std::array qvlMediaKinds{
     QvlMediaKind{SMIL_MEDIA_AUDIO, QLatin1StringView("audio"), QLatin1StringView("audio"),
                  EMAIL_Util::Audio},
@@ -37,8 +37,7 @@ static_assert(std::ranges::all_of(qvlMediaKinds, [number = 0](const QvlMediaKind
     return kind.type == number++;
 }));
 
-/// The kind with the number @p type, or null for one that is none of them, such as
-/// SMIL_MEDIA_UNKNOWN.
+/// The kind with the number @p type, or null for any other number, such as SMIL_MEDIA_UNKNOWN.
 constexpr const QvlMediaKind *qvlMediaKind(int type)
 {
     return type >= 0 && type < SMIL_MEDIA_UNKNOWN ? &qvlMediaKinds[std::size_t(type)] : nullptr;

@@ -23,7 +23,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// The largest count stays: applications set any.
+// Does not exceed the largest count: applications set any count.
 void addUse(Part *part)
 {
     if (const int count = part->getRefCount(); count < std::numeric_limits<int>::max())
@@ -203,8 +203,8 @@ void MMS_COMP_SMILMediaObject::bindOwn(Part *part)
     m_madeData = true;
 }
 
-// A part that an application binds to an object with a message is the application's, even when the
-// message is gone: it need not have been allocated.
+// A part that an application bound to an object with a message belongs to the application, even
+// after the message is deleted: it may not be on the heap.
 bool MMS_COMP_SMILMediaObject::ownsData() const
 {
     const Part *part = getData();
@@ -238,7 +238,8 @@ bool MMS_COMP_SMILMediaObject::setData(const QString &regionId, const QString &s
         part->setContentLocation(src);
         part->setDispFileName(MMS_COMP_Util::stripePath(src));
         const QvlMediaKind *kind = qvlMediaKind(type);
-        std::ignore = part->setContentType(kind ? kind->mainTypeCode : int(EMAIL_Util::Application));
+        std::ignore =
+            part->setContentType(kind ? kind->mainTypeCode : int(EMAIL_Util::Application));
         part->setContentSubType(subType);
         part->setDispFileType(Part::Shown);
         part->setBodyData(bytes);
@@ -246,7 +247,7 @@ bool MMS_COMP_SMILMediaObject::setData(const QString &regionId, const QString &s
             bindOwn(part);
         else
             setData(part);
-        std::ignore = added.release(); // the object's own from here on
+        std::ignore = added.release(); // the object owns it now
         return true;
     });
 }
@@ -277,7 +278,7 @@ int MMS_COMP_SMILMediaObject::readElement(const SmilElement &element,
     if (!part)
         return SmilResult::NotInMessage;
     setData(part);
-    // A part that is shown already gains a use; the first use is the one it was born with.
+    // A new part already counts one use; each further object adds one.
     if (part->getDispFileType() == Part::Shown)
         addUse(part);
     part->setDispFileType(Part::Shown);
@@ -299,9 +300,9 @@ bool MMS_COMP_SMILMediaObject::copyTo(MMS_COMP_SMILMediaObject *target,
         target->setSrc(m_src);
         target->setRegionId(m_regionId);
         target->setMimeType(m_mimeType);
-        target->m_begin = m_end; // and the target's end stays as it was
+        target->m_begin = m_end; // the target's end does not change
         target->setAlt(m_alt);
-        // A copy onto itself would otherwise walk what it adds.
+        // Count first: a copy onto itself adds params while it walks them.
         for (int i = 0, count = getParamCount(); i < count; ++i) {
             const Param *param = getParam(i);
             if (target->appendParamElem(param->getName(), param->getValue(), param->getValueType(),
@@ -361,7 +362,7 @@ QString MMS_COMP_SMILMediaObject::getParamValueByName(const QString &name) const
 
 void MMS_COMP_SMILMediaObject::removeParamByName(const QString &name)
 {
-    std::ignore = m_params.remove(indexOfParam(name)); // there may be none
+    std::ignore = m_params.remove(indexOfParam(name)); // there may be no such param
 }
 
 void MMS_COMP_SMILMediaObject::clear()
@@ -372,7 +373,7 @@ void MMS_COMP_SMILMediaObject::clear()
     MMS_COMP_SMILMultipart *multipart = getMultiPart();
     if (isOwn)
         delete part;
-    else if (part && multipart && multipart->holds(part)) // which keeps a part without location
+    else if (part && multipart && multipart->holds(part)) // keeps a part without location
         std::ignore = multipart->deletePartBySrc(part->getContentLocation());
 }
 
@@ -413,7 +414,7 @@ bool MMS_COMP_SMILMediaObject::readFromStream(QDataStream &stream)
         }
         qint32 count = 0;
         stream >> count;
-        // A count is believed only as long as there is something to read.
+        // Stops at the end of the stream, because a damaged count can be any number.
         for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
             auto *param = new Param;
             m_params.append(param);

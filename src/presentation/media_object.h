@@ -1,6 +1,6 @@
 /** @file
- * Media objects: the elements of a slide, each naming its content by a location and bound to the
- * body part that holds it.
+ * Media objects: the elements of a slide. Each names its content by a location and is bound to the
+ * body part with the content.
  */
 #pragma once
 
@@ -30,13 +30,13 @@ public:
                                   MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType,
                                   const QString &refValueType);
 
-    /// What the value is for, such as "textsize".
+    /// Meaning of the value, such as "textsize".
     QString getName() const { return m_name; }
     /// @copydoc getName
     bool setName(const QString &name);
-    /// Whether the name is @p name, in the same case.
+    /// Whether the name is @p name, case-sensitively.
     bool isNamed(const QString &name) const { return m_name == name; }
-    /// The value. A param with an empty one is written without its name.
+    /// The value. A param with an empty value is written without its name.
     QString getValue() const { return m_value; }
     /// @copydoc getValue
     bool setValue(const QString &value);
@@ -52,13 +52,13 @@ public:
     bool setAll(const QString &name, const QString &value,
                 MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType, const QString &refValueType);
 
-    /// The value type of a keyword in qvlParamValueTypes, compared with regard to case, else
-    /// unknown.
+    /// The value type for a keyword in qvlParamValueTypes, case-sensitively; unknown for any other
+    /// text.
     static MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueTypeOf(const QString &keyword);
 
     /// Writes name, value, value type and type in the stream's own encoding. Returns true.
     bool writeToStream(QDataStream &stream) const;
-    /// Reads what writeToStream() wrote. Returns true; the stream's status tells of an early end.
+    /// Reads a record of writeToStream(). Returns true; check the stream's status for an early end.
     bool readFromStream(QDataStream &stream);
 
 private:
@@ -71,8 +71,8 @@ private:
 /**
  * One media element of a slide.
  *
- * Owns its params. Points at the body part with its content and at the message without owning them:
- * both pointers become null when their target is deleted. Setters with a result return true.
+ * Owns its params. Does not own the body part with its content and the message: these pointers
+ * become null when their target is deleted. Setters with a result return true.
  */
 class QVL_EXPORT MMS_COMP_SMILMediaObject
 {
@@ -81,32 +81,32 @@ public:
     explicit MMS_COMP_SMILMediaObject(MMS_COMP_SMILMultipart *multipart);
     MMS_COMP_SMILMediaObject(const MMS_COMP_SMILMediaObject &) = delete;
     MMS_COMP_SMILMediaObject &operator=(const MMS_COMP_SMILMediaObject &) = delete;
-    /// Never deletes the body part: clear() does.
+    /// Never deletes the body part; use clear().
     ~MMS_COMP_SMILMediaObject();
 
-    /// Kind of element. Setting it to text sets the media type to "txt" too.
+    /// Kind of element. Setting it to text also sets the media type to "txt".
     MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE getMediaElementType() const { return m_mediaElementType; }
     /// @copydoc getMediaElementType
     bool setMediaElementType(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type);
-    /// Free text of the application: "txt" for a text, else empty unless it is set.
+    /// Free text of the application: "txt" for texts, else empty unless set.
     QString getMediaType() const { return m_mediaType; }
     /// @copydoc getMediaType
     bool setMediaType(const QString &mediaType);
-    /// Reference of the content: Content-Location, or "cid:" and Content-ID. Setting it sets the
-    /// alternative text as well; set another one afterwards.
+    /// Reference to the content: Content-Location, or "cid:" and Content-ID. Setting it also sets
+    /// the alternative text, so set another one afterwards.
     QString getSrc() const { return m_src; }
     /// @copydoc getSrc
     bool setSrc(const QString &src);
-    /// Id of the region that the object is shown in; videos and sounds are written without.
+    /// Id of the object's region; videos and sounds are written without it.
     QString getRegionId() const { return m_regionId; }
     /// @copydoc getRegionId
     bool setRegionId(const QString &regionId);
-    /// MIME type of the content, such as "image/jpeg"; empty unless the application set it, or
-    /// MMS_COMP_SMILParser::makeSmilForMixed() did.
+    /// MIME type of the content, such as "image/jpeg"; empty unless set by the application or by
+    /// MMS_COMP_SMILParser::makeSmilForMixed().
     QString getMimeType() const { return m_mimeType; }
     /// @copydoc getMimeType
     bool setMimeType(const QString &mimeType);
-    /// Text that stands for content that cannot be shown.
+    /// Text shown instead of content that cannot be shown.
     QString getAlt() const { return m_alt; }
     /// @copydoc getAlt
     bool setAlt(const QString &alt);
@@ -114,8 +114,8 @@ public:
     /// @name Begin and end
     /// @{
 
-    /// Begin and end of the object within its slide, and their pieces as MMS_COMP_SMIL_TIME has
-    /// them; lengths are milliseconds. Both start as none.
+    /// Begin and end of the object within its slide, and their fields in MMS_COMP_SMIL_TIME; times
+    /// are in milliseconds. Both start as none.
     MMS_COMP_SMIL_TIME getBegin() const { return m_begin; }
     MMS_COMP_SMIL_TIME_TYPE getBeginTimeType() const { return m_begin.timeType; }
     bool setBeginTimeType(MMS_COMP_SMIL_TIME_TYPE type);
@@ -134,19 +134,20 @@ public:
 
     /// The bound body part, or null; not owned.
     MMS_COMP_SMILMultipartBodypart *getData() const { return m_data.get(); }
-    /// Binds @p part, or nothing for null, without touching its reference count. While the object
-    /// has a message, @p part stays the caller's unless a message holds it.
+    /// Binds @p part, or nothing for null, and does not change its reference count. If the object
+    /// has a message, @p part still belongs to the caller unless a message holds it.
     bool setData(MMS_COMP_SMILMultipartBodypart *part);
     /**
-     * Fills the object, and the bound body part or else a new one, with new content.
+     * Sets the attributes of the object, and fills the bound body part, or else a new one, with new
+     * content.
      *
-     * @param regionId region that the object is shown in
-     * @param src location of the part; used as it is, also when another part has it
-     * @param type kind of element; the main type of the part follows it
+     * @param regionId id of the object's region
+     * @param src location of the part; used as it is, even if another part has it
+     * @param type kind of element, which determines the main type of the part
      * @param subType subtype of the part, such as "jpeg"
      * @param bytes octets of the part, which are shared and not copied
-     * @param multipart gets a part that is new; without one the part is the object's until clear()
-     * deletes it or a message takes it
+     * @param multipart gets a new part; with null the object owns the part until clear() deletes it
+     * or a message takes it
      * @return false only when there is no memory for a part
      */
     bool setData(const QString &regionId, const QString &src, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type,
@@ -159,66 +160,67 @@ public:
 
     /**
      * Reads kind, attributes and times from a media element and binds the part that its src refers
-     * to, which from then on counts as shown. Linear in the parts.
+     * to, which then counts as shown. Linear in the parts.
      *
      * @param element a media element; its params are not read
-     * @param multipart the message that has the part
+     * @param multipart the message with the part
      * @return 0; SmilResult::NotInMessage when there is no such part or an argument is null, and
-     * what was read until then stays; SmilResult::OutOfMemory
+     * what was read before stays; SmilResult::OutOfMemory
      */
     int setObjectElem(QDomElement *element, MMS_COMP_SMILMultipart *multipart);
 
     /**
-     * Copies the object to @p target, bound to the part of @p multipart that the src refers to and
-     * that is shown. The params of the target stay in front of the copied ones.
+     * Copies the object to @p target and binds the copy to the part of @p multipart that the src
+     * refers to and that is shown. Existing params of the target stay before the copied ones.
      *
-     * The end time goes into the target's begin time. Kept: the composer shows copied slides so.
+     * The end time goes into the target's begin time. Kept: the composer shows copied slides this
+     * way.
      *
      * @param target gets the copy; may be the object itself
-     * @param multipart the message that has the part
+     * @param multipart the message with the part
      * @return false, and @p target unchanged, when there is no such part or an argument is null;
-     * false when there is no memory, and what was copied until then stays
+     * false when there is no memory, and what was copied before stays
      */
     bool copyTo(MMS_COMP_SMILMediaObject *target, MMS_COMP_SMILMultipart *multipart) const;
 
     /// Count of params.
     int getParamCount() const { return m_params.count(); }
-    /// The param at @p index, which stays the object's, or null out of range.
+    /// The param at @p index, owned by the object; null out of range.
     MMS_COMP_SMILMediaObjectParam *getParam(int index) const { return m_params.at(index); }
-    /// Adds a param with the values that MMS_COMP_SMILMediaObjectParam::setAll() takes, even when
-    /// there is one with the name. 0, or SmilResult::OutOfMemory.
+    /// Adds a param with the values of MMS_COMP_SMILMediaObjectParam::setAll(), even if there is
+    /// one with the name. Returns 0, or SmilResult::OutOfMemory.
     int appendParamElem(const QString &name, const QString &value,
                         MMS_COMP_SMIL_DEDIA_ELEMENT_PARAM_TYPE valueType,
                         const QString &refValueType);
-    /// The same with the kind as MMS_COMP_SMILMediaObjectParam::valueTypeOf() takes it.
+    /// The same with the keyword of a kind, see MMS_COMP_SMILMediaObjectParam::valueTypeOf().
     int appendParamElem(const QString &name, const QString &value, const QString &valueTypeKeyword,
                         const QString &refValueType);
     /// Removes and deletes the param at @p index; false out of range.
     bool deleteParamElem(int index);
-    /// Sets the value of the first param with the name, or adds one of kind data. 0, or
+    /// Sets the value of the first param with the name, or adds one of kind data. Returns 0, or
     /// SmilResult::OutOfMemory.
     int updateParamByName(const QString &name, const QString &value);
-    /// The value of the first param with the name; "" if there is none.
+    /// The value of the first param with the name; "" when there is none.
     QString getParamValueByName(const QString &name) const;
     /// Removes and deletes the first param with the name, if any.
     void removeParamByName(const QString &name);
 
     /**
-     * Releases the content and binds nothing any more. When the object's message holds the part,
-     * gives one use of it back to the message. Deletes a part that no message ever took if the
-     * object made it, in setData() or readFromStream(), or if the object was given no message. Any
-     * other part stays as it is. Linear in the parts.
+     * Releases the content and unbinds the part. If the object's message holds the part, gives one
+     * use back to the message. Deletes a part that no message ever took if the object created it,
+     * in setData() or readFromStream(), or if the object was given no message. Keeps any other
+     * part. Linear in the parts.
      */
     void clear();
 
-    /// Writes attributes, times, the body part's own record, and params in the stream's own
-    /// encoding. Returns true.
+    /// Writes attributes, times, the record of the body part, and params in the stream's encoding.
+    /// Returns true.
     bool writeToStream(QDataStream &stream) const;
     /**
-     * Reads what writeToStream() wrote, as far as the stream goes. A part that was read is the
-     * object's until clear() deletes it or a message takes it; the part bound before is deleted
-     * if clear() would delete it and no message holds it. Params that were there stay in front.
-     * False when there is no memory, else true.
+     * Reads a record of writeToStream(), or its beginning if the stream ends early. The object owns
+     * a part that it reads until clear() deletes it or a message takes it. Deletes the part bound
+     * before if clear() would delete it and no message holds it. Existing params stay before the
+     * new ones. False when there is no memory, else true.
      */
     bool readFromStream(QDataStream &stream);
 
@@ -240,7 +242,7 @@ private:
     MMS_COMP_SMIL_TIME m_end;
     QString m_alt = QStringLiteral("");
     QvlWeakPointer<MMS_COMP_SMILMultipartBodypart> m_data;
-    bool m_madeData = false; ///< the object itself made the part that it is bound to
+    bool m_madeData = false; ///< the object itself created the bound part
     QPtrList<MMS_COMP_SMILMediaObjectParam> m_params;
     QvlWeakPointer<MMS_COMP_SMILMultipart> m_multipart;
 };

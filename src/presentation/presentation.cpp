@@ -27,7 +27,7 @@ bool isWhite(const QColor &color)
     return color.red() == 255 && color.green() == 255 && color.blue() == 255;
 }
 
-// An empty text is worth sending only when it carries a page color that nothing else carries.
+// An empty text is worth sending only if no other object has the page color.
 bool canLoseEmptyText(const Slide &slide)
 {
     const MMS_COMP_COLOR color = slide.getPageColor();
@@ -35,7 +35,7 @@ bool canLoseEmptyText(const Slide &slide)
     return !isColored || slide.isImageExist() || slide.isAudioExist();
 }
 
-// Lets go of the content of a slide that is not to be: it belongs to others.
+// Deletes an unfinished slide but not its content, which belongs to others.
 struct Discarder
 {
     void operator()(Slide *slide) const
@@ -65,7 +65,7 @@ MMS_COMP_SMILData::MMS_COMP_SMILData(const MMS_COMP_SMILData &source,
                                      MMS_COMP_SMILMultipart *multipart)
     : MMS_COMP_SMILData(multipart)
 {
-    std::ignore = source.copyTo(this, multipart); // what was copied until a failure stays
+    std::ignore = source.copyTo(this, multipart); // what was copied before a failure stays
 }
 
 MMS_COMP_SMILData::~MMS_COMP_SMILData()
@@ -286,7 +286,7 @@ void MMS_COMP_SMILData::updateParamToSlideAt(unsigned int index)
             slide->setPageColor(*rootLayout->getBackgroundColor());
         slide->updatePageColorToElem();
         slide->updateTextColorToElem();
-        std::ignore = slide->updateTextSizeToElem(); // fails only by an exception
+        std::ignore = slide->updateTextSizeToElem(); // fails only with an exception
     });
 }
 
@@ -333,14 +333,14 @@ bool MMS_COMP_SMILData::copyTo(MMS_COMP_SMILData *target, MMS_COMP_SMILMultipart
             return false;
         target->setMultiPart(multipart);
         target->setLayoutMeasureUnit(m_measureUnit);
-        // Without memory the operations below throw, so this one returns false.
+        // When memory runs out the operations below throw, and this one returns false.
         if (const MMS_COMP_SMILRootLayout *rootLayout = getRootLayout())
             std::ignore = target->setRootLayout(rootLayout->getWidth(), rootLayout->getHeight());
         target->m_layout.addRegionsOf(m_layout);
         for (int i = 0, count = m_metas.count(); i < count; ++i)
             std::ignore = target->appendMeta(m_metas.at(i)->getName(), m_metas.at(i)->getContent());
         const PartIndexScope index(multipart);
-        // A copy onto itself would otherwise walk what it adds.
+        // Count first: a copy onto itself adds slides while it walks them.
         for (int i = 0, count = m_slides.count(); i < count; ++i) {
             std::unique_ptr<Slide, Discarder> slide(
                 newSlideOf(multipart, Slide::DefaultDuration).release());

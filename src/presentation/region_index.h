@@ -1,5 +1,5 @@
 /*
- * The regions of a layout by their values, for operations that add many of them.
+ * The regions of a layout by their values, for operations that add many regions.
  */
 #pragma once
 
@@ -15,26 +15,26 @@ struct EqualRegions
     bool operator()(const MMS_COMP_SMILRegion *a, const MMS_COMP_SMILRegion *b) const;
 };
 
-/// Equal for equal regions.
+/// Hash for EqualRegions.
 struct RegionHash
 {
-    // Without noexcept, because the standard library keeps the hashes of such a table.
+    // Deliberately not noexcept: libstdc++ then caches the hash codes in the nodes.
     std::size_t operator()(const MMS_COMP_SMILRegion *region) const;
 };
 
-/// Holds the first of equal regions. The layout owns them.
+/// Contains the first one of equal regions. The layout owns them.
 class RegionIndex : public std::unordered_set<MMS_COMP_SMILRegion *, RegionHash, EqualRegions>
 {
 };
 
 /**
- * While it lives, a layout finds equal regions without comparing a region with all others. Regions
- * may be appended meanwhile, and nothing else about them may change.
+ * While it exists, a layout finds equal regions without comparing all regions. Regions may be
+ * appended meanwhile; nothing else about them may change.
  */
 class RegionIndexScope
 {
 public:
-    /// Linear in the regions of @p layout, which must not be null. At most one at a time.
+    /// Linear in the regions of @p layout, which must not be null. A layout can have only one.
     explicit RegionIndexScope(MMS_COMP_SMILLayout *layout);
     RegionIndexScope(const RegionIndexScope &) = delete;
     RegionIndexScope &operator=(const RegionIndexScope &) = delete;

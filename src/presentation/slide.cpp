@@ -51,7 +51,7 @@ bool plays(const Object &object)
     return isVideo(object) || isAudio(object);
 }
 
-// A length that is not above 0 counts as none.
+// A length that is 0 or negative counts as none.
 qint64 playLength(const Object *object)
 {
     Part *part = object ? object->getData() : nullptr;
@@ -64,7 +64,7 @@ bool hasCharacters(const Object &object)
     return part && !part->getBodyData().isEmpty() && part->getBodyData().front() != '\0';
 }
 
-// Takes over the color in the param of @p object; false when there is no usable one.
+// Reads the color from the param of @p object; false when there is no usable one.
 bool readColor(const Object *object, const QString &param, MMS_COMP_COLOR *color)
 {
     if (!object)
@@ -108,7 +108,7 @@ bool MMS_COMP_SMILTimingContainer::insert(unsigned int index, Object *object)
         return false;
     const bool inserted = unlessOutOfMemory(false, [&] {
         const auto ownAgain = qScopeGuard([this] { m_objects.setAutoDelete(true); });
-        m_objects.setAutoDelete(false); // without memory the object stays the caller's
+        m_objects.setAutoDelete(false); // without memory the caller keeps the object
         return m_objects.insert(int(index), object);
     });
     if (inserted && plays(*object))
@@ -131,7 +131,7 @@ bool MMS_COMP_SMILTimingContainer::remove(unsigned int index)
 void MMS_COMP_SMILTimingContainer::release(int index)
 {
     m_objects.at(index)->clear();
-    std::ignore = m_objects.remove(index); // the callers have found it there
+    std::ignore = m_objects.remove(index); // the callers have found it at this index
 }
 
 int MMS_COMP_SMILTimingContainer::indexOfFirst(Predicate fits) const
@@ -188,7 +188,7 @@ void MMS_COMP_SMILTimingContainer::removeTextElem()
         release(index);
 }
 
-// Only a video played, so only its removal changes the duration.
+// Of pictures only videos play, so remove() derives the duration anew for these only.
 void MMS_COMP_SMILTimingContainer::removeImgLikeElem()
 {
     if (const int index = indexOfFirst(isPicture); index >= 0)
@@ -269,8 +269,8 @@ bool MMS_COMP_SMILTimingContainer::updateData(const QString &regionId, const QSt
         if (!object->setData(regionId, src, type, subType, bytes, multipart))
             return false;
         if (added)
-            std::ignore = m_objects.insert(place, added.release()); // never beyond the end
-        // A video that an image takes the place of leaves its duration behind. Kept.
+            std::ignore = m_objects.insert(place, added.release()); // never out of range
+        // A video replaced by an image leaves its duration. Kept.
         if (plays(*object))
             rectifyDur();
         return true;
@@ -295,7 +295,7 @@ void MMS_COMP_SMILTimingContainer::removeParamFromAll(const QString &name)
         object->removeParamByName(name);
 }
 
-// An object without memory for its param stays without the color, and so does the text below.
+// Without memory for the param an object has no color; the same for the text color below.
 void MMS_COMP_SMILTimingContainer::updatePageColorToElem()
 {
     if (!m_pageColor.isUsable())
@@ -354,7 +354,7 @@ unsigned int MMS_COMP_SMILTimingContainer::getPageSize() const
 
 void MMS_COMP_SMILTimingContainer::rectifyDur()
 {
-    // The sum, not the longer of the two: the handset plays the sound when the video has ended.
+    // The sum, not the maximum: the handset plays the sound after the video.
     const qint64 length = playLength(first(isVideo)) + playLength(first(isAudio));
     qint64 duration = m_setDurManually ? m_dur : DefaultDuration;
     if (length > 0) {
@@ -380,7 +380,7 @@ bool MMS_COMP_SMILTimingContainer::copyTo(MMS_COMP_SMILTimingContainer *target,
             return false;
         target->setDur(m_dur);
         target->setMultiPart(multipart);
-        // A copy onto itself would otherwise walk what it adds.
+        // Count first: a copy onto itself adds objects while it walks them.
         for (int i = 0, count = m_objects.count(); i < count; ++i) {
             auto copy = std::make_unique<Object>(nullptr);
             if (!m_objects.at(i)->copyTo(copy.get(), multipart))
@@ -410,7 +410,7 @@ bool MMS_COMP_SMILTimingContainer::readFromStream(QDataStream &stream)
         qint32 count = 0;
         stream >> dur >> count;
         m_dur = dur;
-        // A count is believed only as long as there is something to read.
+        // Stops at the end of the stream, because a damaged count can be any number.
         for (qint32 i = 0; i < count && stream.status() == QDataStream::Ok; ++i) {
             auto *object = new Object(nullptr);
             m_objects.append(object);

@@ -1,6 +1,7 @@
 /** @file
- * A slide: the media shown together, how long, and its colors. Holds the rules of composing, at
- * most one text, one image or video, and one audio, and derives the duration from what plays.
+ * A slide: media shown together, their duration and colors. Implements the composer's rules (at
+ * most one text, one image or video, and one audio) and derives the duration from the media that
+ * play.
  */
 #pragma once
 
@@ -16,17 +17,17 @@
 class QDataStream;
 
 /**
- * One slide of a presentation, a par of its document. Owns its media objects. Points at the message
- * without owning it; the pointer becomes null when the message is deleted.
+ * One slide of a presentation: a par of its document. Owns its media objects, but not the message;
+ * the pointer becomes null when the message is deleted.
  *
- * A picture is an image or a video. The order of the media objects matters: a text behind the
+ * A picture is an image or a video. The order of the media objects matters: a text after the
  * picture is shown below it. Lookups walk the objects, of which a slide has few. Setters return
  * true.
  */
 class QVL_EXPORT MMS_COMP_SMILTimingContainer
 {
 public:
-    /// Milliseconds that a slide lasts unless something else says so.
+    /// Milliseconds that a slide lasts by default.
     static constexpr int DefaultDuration = QvlDuration::Default;
 
     /// An empty slide whose content is in @p multipart, which may be null.
@@ -45,7 +46,7 @@ public:
         m_dur = milliseconds;
         return true;
     }
-    /// Whether the user fixed the duration. rectifyDur() takes that back when something plays.
+    /// Whether the user fixed the duration. rectifyDur() resets it when a clip plays.
     bool getSetDurManually() const { return m_setDurManually; }
     /// @copydoc getSetDurManually
     bool setSetDurManually(bool manually)
@@ -53,7 +54,7 @@ public:
         m_setDurManually = manually;
         return true;
     }
-    /// The message, or null; not owned. The slide's objects keep their own.
+    /// The message, or null; not owned. The slide's objects have pointers of their own.
     MMS_COMP_SMILMultipart *getMultiPart() const { return m_multipart.get(); }
     /// @copydoc getMultiPart
     bool setMultiPart(MMS_COMP_SMILMultipart *multipart)
@@ -61,7 +62,7 @@ public:
         m_multipart = multipart;
         return true;
     }
-    /// Color behind the media; unusable until one is set.
+    /// Background color; unusable until one is set.
     MMS_COMP_COLOR getPageColor() const { return m_pageColor; }
     /// @copydoc getPageColor
     bool setPageColor(const MMS_COMP_COLOR &color)
@@ -88,30 +89,31 @@ public:
 
     /// Count of media objects.
     unsigned int getMediaObjectCount() const { return unsigned(m_objects.count()); }
-    /// The object at @p index, which stays the slide's, or null out of range.
+    /// The object at @p index, owned by the slide; null out of range.
     MMS_COMP_SMILMediaObject *getMediaObject(unsigned int index) const;
-    /// Adds @p object, which becomes the slide's, without any check. Null is ignored.
+    /// Adds @p object, which the slide then owns, without any check. Null is ignored.
     void appendObject(MMS_COMP_SMILMediaObject *object);
-    /// Puts @p object, which becomes the slide's, at @p index; false for null, beyond the end or
-    /// without memory, and it stays the caller's. One that plays derives the duration anew.
+    /// Inserts @p object, which the slide then owns, at @p index. Derives the duration anew for an
+    /// object that plays. False for null, beyond the end or without memory; the caller then keeps
+    /// the object.
     bool insert(unsigned int index, MMS_COMP_SMILMediaObject *object);
-    /// Releases, removes and deletes the object at @p index; true also when there is none. One that
-    /// played derives the duration anew.
+    /// Releases, removes and deletes the object at @p index. Derives the duration anew for an
+    /// object that plays. Returns true, even when there is no such object.
     bool remove(unsigned int index);
 
-    /// Whether the slide has room for an element "text", "img", "video" or "audio", in any case.
+    /// Whether the slide has room for an element "text", "img", "video" or "audio", ignoring case.
     bool canBeInserted(const QString &kind) const;
     /**
-     * Puts new content into the slide, in place of what has its place: the last text, the last
-     * picture, or the first object of another kind. A video or sound derives the duration anew.
+     * Adds new content to the slide, or replaces existing content: the last text, the last picture,
+     * or the first object of another kind. A video or sound derives the duration anew.
      *
-     * @param regionId region that the content is shown in
-     * @param src location of the part; used as it is, also when another part has it
+     * @param regionId id of the content's region
+     * @param src location of the part; used as it is, even if another part has it
      * @param type kind of element
      * @param subType subtype of the part, such as "jpeg"
      * @param bytes octets of the part, which are shared and not copied
-     * @param textBelowImage where a text goes that is new, or a picture beside the text
-     * @param multipart the message, which gets a part that is new
+     * @param textBelowImage order of the text and the picture when one of them is new
+     * @param multipart the message, which gets a new part
      * @return false when there is no memory
      */
     bool updateData(const QString &regionId, const QString &src,
@@ -123,8 +125,8 @@ public:
     /// @{
 
     /**
-     * The first object of its kind, or null. With @p take it leaves the slide and becomes the
-     * caller's, and the duration is derived anew unless it was the text.
+     * The first object of the kind, or null. With @p take it leaves the slide, the caller owns it,
+     * and the duration is derived anew except for a text.
      */
     MMS_COMP_SMILMediaObject *getTextElem(bool take);
     MMS_COMP_SMILMediaObject *getVideoElem(bool take);
@@ -134,58 +136,60 @@ public:
 
     /// Releases, removes and deletes the first text, if any.
     void removeTextElem();
-    /// The same with the first picture. A video derives the duration anew.
+    /// Likewise for the first picture. A video derives the duration anew.
     void removeImgLikeElem();
-    /// The same with the first object whose location is @p src, in the same case.
+    /// Likewise for the first object with the location @p src, case-sensitively.
     void removeBySrc(const QString &src);
 
     /// True when there is a video.
     bool isVideoExist() const;
-    /// True when there is an image, or a video: it takes the picture's place.
+    /// True when there is an image or a video, which takes the place of an image.
     bool isImageExist() const;
     /// True when there is a sound.
     bool isAudioExist() const;
-    /// True when there is nothing but texts without characters.
+    /// True when the slide has only texts without characters, or nothing.
     bool isBlank() const;
-    /// False when a picture comes behind a text, else true.
+    /// False when a picture comes after a text, else true.
     bool isTextBellowImg() const;
 
-    /// Puts the page color, which travels as a param, into the first text, picture and sound. An
-    /// unusable one removes the param from all objects.
+    /// Stores the page color in a param of the first text, picture and sound. An unusable color
+    /// removes the param from all objects.
     void updatePageColorToElem();
-    /// Takes it from the first of the three that has a usable one; else it becomes unusable.
+    /// Reads the page color from the first of these with a usable one; without any it becomes
+    /// unusable.
     void updatePageColorFromElem();
-    /// Puts the text color into a param of the first text. An unusable one removes the param from
+    /// Stores the text color in a param of the first text. An unusable color removes the param from
     /// all objects.
     void updateTextColorToElem();
-    /// Takes it from the first text; else it becomes unusable.
+    /// Reads the text color from the first text; without one it becomes unusable.
     void updateTextColorFromElem();
-    /// Puts the text size, an empty one too, into a param of the first text. Returns 0, or
+    /// Stores the text size, even an empty one, in a param of the first text. Returns 0, or
     /// SmilResult::OutOfMemory.
     int updateTextSizeToElem();
-    /// Takes it from the first text; "normal" without one.
+    /// Reads the text size from the first text; "normal" without one.
     void updateTextSizeFromElem();
 
     /// Octets of the parts that the slide's objects are bound to.
     unsigned int getPageSize() const;
     /**
-     * Derives the duration from the first video and the first audio: the sum of what plays, else
-     * the user's or the default one, rounded up to a multiple of QvlDuration::Step. Measures the
-     * two in the platform's player engine.
+     * Derives the duration: the sum of the first video and the first audio. If neither plays, the
+     * user's duration or the default one. Rounds up to a multiple of QvlDuration::Step. Measures
+     * both clips in the platform's player engine.
      */
     void rectifyDur();
-    /// Releases and deletes all objects; the duration is the default one again.
+    /// Releases and deletes all objects and resets the duration to the default.
     void clear();
 
     /// Copies the slide to @p target with content from @p multipart. False for null, or when an
-    /// object cannot be copied, see MMS_COMP_SMILMediaObject::copyTo(), and then the copies made
-    /// until then stay.
+    /// object cannot be copied, see MMS_COMP_SMILMediaObject::copyTo(); the objects copied before
+    /// stay.
     bool copyTo(MMS_COMP_SMILTimingContainer *target, MMS_COMP_SMILMultipart *multipart) const;
 
-    /// Writes duration, count and the objects' records in the stream's own encoding. Returns true.
+    /// Writes duration, count and the records of the objects in the stream's encoding. Returns
+    /// true.
     bool writeToStream(QDataStream &stream) const;
-    /// Reads what writeToStream() wrote, as far as the stream goes. Objects that were there stay in
-    /// front. False when there is no memory, else true.
+    /// Reads a record of writeToStream(), or its beginning if the stream ends early. Existing
+    /// objects stay before the new ones. False when there is no memory, else true.
     bool readFromStream(QDataStream &stream);
 
 private:

@@ -31,7 +31,7 @@ std::optional<int> strictInt(QStringView text, int base = 10)
     return ok ? std::optional(value) : std::nullopt;
 }
 
-// Fast path: up to seven digits are exact in a float and need no reader of fractions. Benchmark
+// Fast path: up to seven digits are exact in a float and need no float parser. Benchmark
 // smil/read/100.
 float toFloat(QStringView number, bool *ok)
 {
@@ -42,7 +42,7 @@ float toFloat(QStringView number, bool *ok)
     return whole ? float(number.toInt(ok)) : number.toFloat(ok);
 }
 
-// Single precision, one multiplication after the other: "0.01min" is 599.
+// Multiplies step by step in single precision, so "0.01min" is 599. Kept.
 std::optional<int> scaled(QStringView number, std::span<const float> factors)
 {
     bool ok = false;
@@ -64,7 +64,7 @@ struct Unit
 constexpr std::array MinuteFactors{60.0F, 1000.0F};
 constexpr std::array SecondFactors{1000.0F};
 constexpr std::array HourFactors{60.0F, 60.0F, 1000.0F};
-constexpr std::array Units{// tried in this order, so "ms" comes before "s"
+constexpr std::array Units{// in order of search: "ms" before "s"
                            Unit{"min"_L1, MinuteFactors}, Unit{"ms"_L1, {}},
                            Unit{"s"_L1, SecondFactors}, Unit{"h"_L1, HourFactors}};
 
@@ -80,7 +80,7 @@ std::optional<int> readTimecount(QStringView text)
 }
 
 // clock ::= minutes ":" seconds "." milliseconds
-// The first three digits of the fraction are milliseconds as they stand: ".5" is 5 ms.
+// The first three digits of the fraction count as milliseconds: ".5" is 5 ms.
 std::optional<int> readClock(QStringView text)
 {
     const qsizetype colon = text.indexOf(u':');
@@ -96,7 +96,7 @@ std::optional<int> readClock(QStringView text)
     return toInt(*fraction + (*seconds + qint64(*minutes) * 60) * 1000);
 }
 
-// A clock with hours is unreadable: two and more colons are no form of a time. Kept.
+// A clock with hours is unreadable, because it has two colons. Kept.
 std::optional<int> readMilliseconds(QStringView text)
 {
     switch (text.count(u':')) {
@@ -155,7 +155,7 @@ std::optional<QColor> readHexadecimal(QStringView digits)
 }
 
 // number ::= ["+" | "-"] digits ["." digits] [("e" | "E") ["+" | "-"] digits]
-// Read as far as it goes; 0 for a text that does not begin so and for what no float can hold.
+// Reads the longest number; 0 when there is none and when a float cannot hold it.
 float leadingNumber(const QString &text)
 {
     const QByteArray octets = text.toLatin1();
@@ -216,7 +216,7 @@ void SmilValues::readColor(const QString &text, MMS_COMP_COLOR &color)
     color.kind = SMIL_COLOR_INVALID;
     const bool hexadecimal =
         trimmed.startsWith(u'#') && (trimmed.size() == 4 || trimmed.size() == 7);
-    // The functional form never gives a color but still takes the name. Kept.
+    // The functional form never gives a color but still stores the name. Kept.
     const bool functional = trimmed.startsWith("rgb("_L1) && !trimmed.contains(u'%');
     if (!hexadecimal && !functional)
         return;

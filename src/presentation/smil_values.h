@@ -1,7 +1,7 @@
 /*
  * Readers of the values in SMIL attributes: times, durations, colors and sizes. They accept less
- * than SMIL allows, and some of it differently. Kept: presentations of stored messages depend on
- * every result.
+ * than SMIL allows and read some of it differently. Kept: presentations of stored messages depend
+ * on every result.
  */
 #pragma once
 
@@ -12,19 +12,19 @@ struct MMS_COMP_SMIL_TIME;
 
 namespace SmilValues {
 
-/// MMS_COMP_SMILParser::parseTime().
+/// Implements MMS_COMP_SMILParser::parseTime().
 void readTime(const QString &text, MMS_COMP_SMIL_TIME *time);
-/// MMS_COMP_SMILParser::parseDur().
+/// Implements MMS_COMP_SMILParser::parseDur().
 int readDuration(const QString &text);
-/// MMS_COMP_SMILParser::parseColor().
+/// Implements MMS_COMP_SMILParser::parseColor().
 void readColor(const QString &text, MMS_COMP_COLOR &color);
 
-/// MMS_COMP_SMILLayout::withoutPixelUnit().
+/// Implements MMS_COMP_SMILLayout::withoutPixelUnit().
 QString withoutPixelUnit(const QString &text);
-/// MMS_COMP_SMILLayout::pixelsOf().
+/// Implements MMS_COMP_SMILLayout::pixelsOf().
 int pixelsOf(const QString &text);
-/// A coordinate or size of a region, in pixels or per cent. @p ifEmpty for an empty text, 0 for one
-/// that does not begin with a number.
+/// A coordinate or size of a region, in pixels or per cent. Returns @p ifEmpty for an empty text, 0
+/// for one that does not begin with a number.
 float regionNumber(const QString &text, float ifEmpty);
 
 } // namespace SmilValues
