@@ -48,6 +48,7 @@
 #include "wire/field_codecs.h"
 #include "wire/header_decoder.h"
 #include "wire/header_encoder.h"
+#include "wire/header_field_codes.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
 #include "wire/header_values.h"

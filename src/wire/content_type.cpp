@@ -2,7 +2,7 @@
 
 #include "platform/mime_codes.h"
 #include "wire/append.h"
-#include "wire/header_fields.h"
+#include "wire/header_field_codes.h"
 #include "wire/header_record.h"
 #include "wire/linear_buffer.h"
 #include "wire/octets.h"

@@ -8,7 +8,7 @@
 
 #include "wire/address.h"
 #include "wire/append.h"
-#include "wire/header_fields.h"
+#include "wire/header_field_codes.h"
 #include "wire/header_record.h"
 #include "wire/linear_buffer.h"
 #include "wire/primitive_values.h"

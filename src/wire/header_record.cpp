@@ -1,6 +1,6 @@
 #include "wire/header_record.h"
 
-#include "wire/header_fields.h"
+#include "wire/header_field_codes.h"
 #include "wire/message_types.h"
 
 #include <algorithm>

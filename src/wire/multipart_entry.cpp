@@ -11,7 +11,6 @@
 #include "platform/mime_codes.h"
 #include "wire/append.h"
 #include "wire/linear_buffer.h"
-#include "wire/multipart_writer.h"
 #include "wire/octets.h"
 #include "wire/primitive_values.h"
 #include "wire/wire_result.h"
@@ -334,7 +333,7 @@ unsigned char Multipart_Entry::readFrom(LinearBuffer *buffer, Part *part)
 
 unsigned char Multipart_Entry::writeTo(LinearBuffer *buffer, const Part &part)
 {
-    std::array<unsigned char, MultipartWriter::LongestEntryHeaders> octets;
+    std::array<unsigned char, Multipart_Entry::LongestHeaders> octets;
     LinearBuffer scratch(octets.data(), int(octets.size()));
     writeContentType(&scratch, part);
     const int contentTypeLength = scratch.getPosition();

@@ -17,9 +17,11 @@ class MMS_COMP_SMILMultipartBodypart;
 class QVL_EXPORT Multipart_Entry
 {
 public:
+    /// Largest size of content type and headers of an entry that is written, in octets.
+    static constexpr int LongestHeaders = 1024;
+
     /**
-     * Appends an entry. Content type and headers go through an array of 1,024 octets; octets that
-     * do not fit are dropped.
+     * Appends an entry. Octets of content type and headers beyond LongestHeaders are dropped.
      *
      * @param buffer gets the octets
      * @param part the body part to write

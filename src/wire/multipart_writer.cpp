@@ -14,7 +14,7 @@ namespace {
 constexpr qint64 LargestCapacity = std::numeric_limits<int>::max();
 constexpr qint64 RoomForHeaders = 4096;
 // The head of an entry also has two lengths of up to five octets and a value-length of up to six.
-constexpr qint64 LongestEntryHead = MultipartWriter::LongestEntryHeaders + 16;
+constexpr qint64 LongestEntryHead = Multipart_Entry::LongestHeaders + 16;
 
 } // namespace
 

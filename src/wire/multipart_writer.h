@@ -8,9 +8,6 @@ class MMS_COMP_SMILMultipart;
 
 namespace MultipartWriter {
 
-/// Largest size of content type and headers of one entry, in octets.
-inline constexpr int LongestEntryHeaders = 1024;
-
 /// Size in octets of the array that write() needs for @p multipart; 0 when it exceeds an int.
 [[nodiscard]] int capacityFor(const MMS_COMP_SMILMultipart &multipart);
 
