@@ -213,9 +213,8 @@ bool nameNewSource(QvlMessage *show)
 
 std::shared_ptr<MMS_UA_UAMsg> headerTo(int recipients)
 {
-    constexpr unsigned char sendReq = 128;
     auto header = std::make_shared<MMS_UA_UAMsg>();
-    fillHeader(header.get(), sendReq);
+    fillHeader(header.get(), QvlMessageType::SendReq);
     while (header->getToRecipients().count() < recipients)
         header->addToRecipient(*header->getToRecipients().at(0));
     return header;

@@ -53,7 +53,6 @@ auto assembling(int octets, int parts, Names names)
 // no location.
 QByteArray smallMessage(Names names)
 {
-    constexpr unsigned char retrieveConf = 132;
     constexpr unsigned int recipients = headerFieldMask(HeaderFieldCode::To)
         | headerFieldMask(HeaderFieldCode::Cc) | headerFieldMask(HeaderFieldCode::Bcc);
     MMS_UA_UAMsg header;
@@ -65,7 +64,7 @@ QByteArray smallMessage(Names names)
         smil->setContentID(QStringLiteral("<slides.smil>"));
     message.appendBodypart(smil.release());
     addPictures(&message, SmallPictureCount, SmallPictures, names);
-    fillHeader(&header, retrieveConf);
+    fillHeader(&header, QvlMessageType::RetrieveConf);
     header.setFieldsPresent(header.getFieldsPresent() & ~recipients);
     return encodedHeader(&header) + assembled(&message);
 }

@@ -51,7 +51,7 @@ Cost costOf(const Subject &subject, int size)
 std::shared_ptr<Header> headerTo(int recipients)
 {
     auto header = std::make_shared<Header>();
-    header->setMessageType(128);
+    header->setMessageType(QvlMessageType::SendReq);
     header->addFieldsPresent(headerFieldMask(HeaderFieldCode::MessageType));
     for (int i = 0; i < recipients; ++i)
         header->addToRecipient(MMS_UTIL_Entry(QString(), MMS_UTIL_Entry::Email,

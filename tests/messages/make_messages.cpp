@@ -26,7 +26,7 @@ void startHeader(MMS_UA_UAMsg *msg, unsigned char type, const QString &transacti
 {
     msg->setMessageType(type);
     msg->setTransactionId(transactionId);
-    msg->setMMSVersion(0x10);
+    msg->setMMSVersion(QvlMmsVersion::Version10);
     addFields(msg,
               {HeaderFieldCode::MessageType, HeaderFieldCode::TransactionId,
                HeaderFieldCode::MmsVersion});
@@ -57,7 +57,7 @@ QByteArray notification()
     startHeader(&msg, 130, QStringLiteral("T-1"));
     msg.setFrom(MMS_UTIL_Entry(QString(), MMS_UTIL_Entry::Plmn, QStringLiteral("+4915112345678")));
     msg.setSubject(QStringLiteral("Photos"));
-    msg.setMessageClass(128);
+    msg.setMessageClass(QvlMessageClass::Personal);
     msg.setMessageSize(30720);
     msg.setExpiry(7 * 24 * 60 * 60);
     msg.setContentLocation(QStringLiteral("http://mmsc.example/m/1"));
@@ -79,7 +79,7 @@ QByteArray sendRequest(const QString &transactionId, const QString &subject,
     msg.addCcRecipient(
         MMS_UTIL_Entry(QString(), MMS_UTIL_Entry::Email, QStringLiteral("anna@example.org")));
     msg.setSubject(subject);
-    msg.setPriority(130);
+    msg.setPriority(QvlPriority::High);
     msg.setDeliveryReport(true);
     addFields(&msg,
               {HeaderFieldCode::Date, HeaderFieldCode::To, HeaderFieldCode::Cc,

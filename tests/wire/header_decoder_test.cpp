@@ -65,7 +65,7 @@ TEST(HeaderDecoder, ReadsTheHeaderOfARetrievedMessage)
 {
     const Decoding decoding(HeaderPdus::validPdus()[4].octets);
     const MMS_UA_UAMsg &msg = decoding.msg;
-    EXPECT_EQ(msg.getMessageType(), 132);
+    EXPECT_EQ(msg.getMessageType(), QvlMessageType::RetrieveConf);
     EXPECT_EQ(msg.getTransactionId(), "T1");
     EXPECT_EQ(msg.getMMSVersion(), 0x10);
     EXPECT_EQ(msg.getMessageId(), "id1");
@@ -133,7 +133,7 @@ void expectResults(const std::vector<ResultRow> &rows)
         SCOPED_TRACE(row.name);
         const Decoding decoding("8C 82"_octets + row.pdu);
         EXPECT_EQ(decoding.result, row.result);
-        EXPECT_EQ(decoding.msg.getMessageType(), 130);
+        EXPECT_EQ(decoding.msg.getMessageType(), QvlMessageType::NotificationInd);
         EXPECT_EQ(decoding.msg.getFieldPosition(12), 1);
         EXPECT_EQ(decoding.msg.getBody() == nullptr, row.result != WireResult::Read);
         EXPECT_EQ(decoding.msg.getBodyLength(), 0);
@@ -172,7 +172,7 @@ TEST(HeaderDecoder, ReadsCodesThatAreLongIntegers)
 {
     const Decoding decoding("01 0C 82 04 00 00 00 18 31 00"_octets);
     EXPECT_EQ(decoding.result, WireResult::Read);
-    EXPECT_EQ(decoding.msg.getMessageType(), 130);
+    EXPECT_EQ(decoding.msg.getMessageType(), QvlMessageType::NotificationInd);
     EXPECT_EQ(decoding.msg.getTransactionId(), "1");
     EXPECT_EQ(decoding.msg.getFieldPosition(24), 2);
 }
@@ -208,7 +208,7 @@ TEST(HeaderDecoder, GoesOnBehindARecipientThatWasCut)
     // Length and charset are consumed, then the reader meets an octet that is a field code.
     const Decoding decoding("97 1E EA 8C 82"_octets);
     EXPECT_EQ(decoding.result, WireResult::Read);
-    EXPECT_EQ(decoding.msg.getMessageType(), 130);
+    EXPECT_EQ(decoding.msg.getMessageType(), QvlMessageType::NotificationInd);
     EXPECT_EQ(decoding.msg.getToRecipients().count(), 1);
     EXPECT_TRUE(decoding.msg.fieldsPresent(0x00400800));
 }
@@ -358,7 +358,7 @@ TEST(HeaderDecoder, ReadsOnBehindAContentTypeThatWasSelectedOrFailed)
         }
         auto length = static_cast<unsigned int>(block.size());
         EXPECT_EQ(decoder.decodeHeader(block.data(), length, &msg), WireResult::Read);
-        EXPECT_EQ(msg.getMessageType(), 128);
+        EXPECT_EQ(msg.getMessageType(), QvlMessageType::SendReq);
         EXPECT_EQ(msg.getBody(), block.data() + 4);
     }
 }

@@ -50,17 +50,17 @@ void fill(MMS_UA_UAMsg &msg, int type)
     msg.setDeliveryTime(epoch);
     msg.setExpiry(86400);
     msg.setFrom({"", 1, "+9"});
-    msg.setMessageClass(129);
+    msg.setMessageClass(QvlMessageClass::Advertisement);
     msg.setMessageId("id1");
     msg.setMMSVersion(0x10);
     msg.setMessageSize(4096);
-    msg.setPriority(130);
+    msg.setPriority(QvlPriority::High);
     msg.setReadReply(true);
     msg.setReportAllowed(true);
-    msg.setResponseStatus(133);
+    msg.setResponseStatus(QvlResponseStatus::ErrorMessageNotFound);
     msg.setResponseText("abc");
     msg.setSenderVisibility(true);
-    msg.setStatus(131);
+    msg.setStatus(QvlStatus::Deferred);
     msg.setSubject("Hi");
     msg.addToRecipient({"Ann", 0, "a@b"});
     msg.addToRecipient({"", 1, "+1"});
@@ -172,7 +172,7 @@ TEST_F(HeaderEncoder, WritesWhatTheDecoderReads)
 TEST_F(HeaderEncoder, GoesOnAfterAFieldThatCannotBeWritten)
 {
     MMS_UA_UAMsg msg;
-    msg.setMessageType(134);
+    msg.setMessageType(QvlMessageType::DeliveryInd);
     msg.setFieldsPresent(0x00D00000); // Status, To, Transaction-Id
     msg.addToRecipient({"", 2, "a"});
     msg.setTransactionId("T1");
@@ -203,7 +203,7 @@ TEST_F(HeaderEncoder, GivesWrittenForEveryTypeWhateverCannotBeWritten)
 TEST_F(HeaderEncoder, LosesItsLastOctetToAVersionWithTheHighBit)
 {
     MMS_UA_UAMsg msg;
-    msg.setMessageType(133);
+    msg.setMessageType(QvlMessageType::AcknowledgeInd);
     msg.setMMSVersion(0x90);
     msg.setReportAllowed(true);
     msg.setFieldsPresent((1u << 11) | (1u << 16)); // Message-Type and Report-Allowed
@@ -215,7 +215,7 @@ TEST_F(HeaderEncoder, LosesItsLastOctetToAVersionWithTheHighBit)
 TEST_F(HeaderEncoder, WritesOneFieldOfEachRecipientAndNoneWithoutAny)
 {
     MMS_UA_UAMsg msg;
-    msg.setMessageType(134);
+    msg.setMessageType(QvlMessageType::DeliveryInd);
     msg.setFieldsPresent(0x00400000);
     EXPECT_EQ(encode(msg).octets, "8D 80"_octets);
     for (const char *address : {"a", "b", "c"})

@@ -18,7 +18,7 @@ TEST(HeaderRecord, StartsWithThePublishedDefaults)
 {
     const MMS_UA_UAMsg msg;
     EXPECT_EQ(msg.getFieldsPresent(), 0u);
-    EXPECT_EQ(msg.getMessageType(), 128);
+    EXPECT_EQ(msg.getMessageType(), QvlMessageType::SendReq);
     EXPECT_EQ(msg.getMMSVersion(), 0);
     EXPECT_EQ(msg.getMessageClass(), 128);
     EXPECT_EQ(msg.getStatus(), 128);

@@ -88,7 +88,7 @@ Composer::Composer() : m_limit(qint64(MMS_UTIL_Setting::getMaxiumMOMMSSize()) * 
     const QString unique = QUuid::createUuid().toString(QUuid::Id128).first(12);
     header().setTransactionId(QString::number(QDateTime::currentSecsSinceEpoch()) + QLatin1Char('-')
                               + unique);
-    header().setMMSVersion(0x10);
+    header().setMMSVersion(QvlMmsVersion::Version10);
     header().setDate(QDateTime::currentDateTime());
     for (const unsigned char code :
          {HeaderFieldCode::MessageType, HeaderFieldCode::TransactionId, HeaderFieldCode::MmsVersion,
