@@ -1,5 +1,5 @@
 /*
- * Growth: every operation that handles a whole message, at one size and at twice that size.
+ * Growth: measures every operation on a whole message at one size and at twice that size.
  */
 #include "subjects.h"
 #include "support/benchmarks.h"
@@ -23,7 +23,7 @@ struct Row
 };
 
 constexpr int OctetsOfPart = 1000;
-constexpr int LargestHalf = 127; // a body counts its parts in one octet
+constexpr int LargestHalf = 127; // a body has one octet for the count of its parts
 
 std::shared_ptr<Message> picturesOf(int parts, Names names)
 {
@@ -57,14 +57,14 @@ Operation parseParts(int parts)
     };
 }
 
-// One use of the message with @p parts parts, which stays as it is.
+// Uses the message with @p parts parts once, without changing it.
 template <auto Use>
 Operation onParts(int parts)
 {
     return [message = picturesOf(parts, Names::Given), parts] { return Use(message.get(), parts); };
 }
 
-// One use of a presentation of a shape, which stays as it is.
+// Uses a presentation of a shape once, without changing it.
 template <Shape (*ShapeOf)(int), auto Use>
 Operation onSlides(int size)
 {
@@ -73,8 +73,8 @@ Operation onSlides(int size)
     return [show] { return Use(show.get()); };
 }
 
-// What @p fill does with a copy of @p message and new slides. The copy goes first: slides that go
-// before their message look for each of their parts among all.
+// Calls @p fill with a copy of @p message and new slides. Deletes the copy first: slides deleted
+// before their message look up each of their parts among all.
 template <typename Fill>
 bool onCopy(const Message &message, Fill fill)
 {
@@ -125,7 +125,7 @@ bool copyParts(Message *message, int parts)
     return copy.getPartCount() == parts;
 }
 
-// The copy is without names, or with one name for all.
+// The parts of the copy have no names, or all have the same name.
 template <bool Shared>
 bool nameParts(Message *message, int)
 {
@@ -174,7 +174,7 @@ bool writeSlides(QvlMessage *show)
     return !MMS_COMP_SMILParser::convertToSMILLang(&show->slides()).isEmpty();
 }
 
-bool normaliseSlides(QvlMessage *show)
+bool normalizeSlides(QvlMessage *show)
 {
     return MMS_COMP_SMILParser::updateToCorvaneRegion(&show->slides()) == 1;
 }
@@ -247,7 +247,7 @@ constexpr Row rows[] = {
     {"parts, make slides", 250, makeSlides},
     {"slides, read", 50, readSlides<withSlides>},
     {"slides, write", 250, onSlides<withSlides, writeSlides>},
-    {"slides, normalise", 250, onSlides<withSlides, normaliseSlides>},
+    {"slides, normalise", 250, onSlides<withSlides, normalizeSlides>},
     {"slides, copy", 250, onSlides<withSlides, copySlides>},
     {"slides, remove empty texts", 250, onSlides<withSlides, cleanSlides>},
     {"slides, exchange params", 250, onSlides<withSlides, exchangeParams>},
@@ -258,7 +258,7 @@ constexpr Row rows[] = {
     {"slides with own parts, name a new source", 125, onSlides<withOwnParts, nameNewSource>},
     {"regions, read", 100, readSlides<withRegions>},
     {"regions, write", 800, onSlides<withRegions, writeSlides>},
-    {"regions, normalise", 800, onSlides<withRegions, normaliseSlides>},
+    {"regions, normalise", 800, onSlides<withRegions, normalizeSlides>},
     {"regions, copy", 800, onSlides<withRegions, copySlides>},
     {"params, read", 50, readSlides<withParams>},
     {"params, write", 250, onSlides<withParams, writeSlides>},

@@ -1,6 +1,6 @@
 /*
- * Headers: decoding and encoding of every message type, of single fields, and of a notification
- * beside the reference, a text of 16 characters that is made and destroyed.
+ * Headers: decodes and encodes every message type, single fields, and a notification. For
+ * comparison creates and destroys a text of 16 characters.
  */
 #include "subjects.h"
 #include "support/benchmarks.h"
@@ -16,7 +16,7 @@ namespace {
 
 constexpr int NotificationOctets = 120;
 
-// The record is made and destroyed too, as for every message that comes in.
+// Includes creating and destroying the record, as for every received message.
 auto decoding(const QByteArray &pdu)
 {
     return Work{[pdu] {
@@ -26,7 +26,7 @@ auto decoding(const QByteArray &pdu)
                 pdu.size()};
 }
 
-// Measures what the application calls, so the array is not copied.
+// Measures the operation that applications call; does not copy the array.
 auto encoding(std::shared_ptr<MMS_UA_UAMsg> header)
 {
     const qint64 size = encodedHeader(header.get()).size();
@@ -55,7 +55,7 @@ auto notification()
     return header;
 }
 
-// The size is asked for first, as the encoder does. True when the field was written.
+// Asks for the size first, as the encoder does. True when the field was written.
 bool writeField(const HeaderFieldInfo &field, MMS_UA_UAMsg *header,
                 std::vector<unsigned char> *octets)
 {
@@ -72,7 +72,7 @@ auto writingField(const HeaderFieldInfo &field)
     }};
 }
 
-// The record is a new one each time, because recipients are added to those that it has.
+// Creates a new record each time, because reading adds recipients to the existing ones.
 auto readingField(const HeaderFieldInfo &field)
 {
     std::vector<unsigned char> octets;

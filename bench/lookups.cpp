@@ -1,6 +1,6 @@
 /*
- * Looking for parts and names as messages grow: all have to be linear, and the fit says what they
- * are.
+ * Looks up parts and names in growing messages. All lookups have to be linear; the fit shows the
+ * actual growth.
  */
 #include "subjects.h"
 #include "support/benchmarks.h"

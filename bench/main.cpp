@@ -1,6 +1,6 @@
 /*
- * Measures the library. Takes the options of Google Benchmark; bench/ratios compares what comes out
- * with the limits. Ends with 1 when a benchmark fails, or when none has a name like the filter.
+ * Measures the library. Takes the options of Google Benchmark; bench/ratios compares the results
+ * with the limits. Ends with 1 when a benchmark fails or the filter matches none.
  */
 #include "subjects.h"
 #include "support/benchmarks.h"
@@ -11,8 +11,8 @@
 
 namespace {
 
-// Memory that goes back to the system and is taken again a moment later would be measured with
-// whatever comes behind a large operation.
+// Keeps freed memory in the process: otherwise the benchmark after a large operation would pay for
+// returning memory to the system and taking it again.
 void keepMemory()
 {
     constexpr int largest = 1 << 30;

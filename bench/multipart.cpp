@@ -1,7 +1,7 @@
 /*
- * Bodies: parsing and assembling by size, number of parts and whether the parts bring names, beside
- * the reference, arrays of the same sizes that are taken, filled and given back. And small
- * messages, where names and headers weigh more than the bodies.
+ * Bodies: parses and assembles them by size, number of parts and with or without names. For
+ * comparison allocates, fills and frees arrays of the same sizes. Also small messages, where names
+ * and headers weigh more than the bodies.
  */
 #include "subjects.h"
 #include "support/benchmarks.h"
@@ -16,7 +16,7 @@ namespace {
 constexpr int sizes[] = {1000, 30'000, 300'000, 3'000'000};
 constexpr int counts[] = {1, 10, 255};
 constexpr int SmallPictures = 28'000; // octets
-constexpr int SmallPictureCount = 8; // beside the presentation
+constexpr int SmallPictureCount = 8; // plus the presentation
 
 std::string nameOf(const char *operation, int octets, int parts)
 {
@@ -49,8 +49,8 @@ auto assembling(int octets, int parts, Names names)
     return Work{[message] { return !assembled(message.get()).isEmpty(); }, size};
 }
 
-// As many relays deliver it: without recipients, and with a presentation that has a Content-ID but
-// no location.
+// As many relays deliver messages: without recipients, and with a presentation that has a
+// Content-ID but no location.
 QByteArray smallMessage(Names names)
 {
     constexpr unsigned int recipients = headerFieldMask(HeaderFieldCode::To)

@@ -1,5 +1,5 @@
 /*
- * Stored records: a body part, a media object and a slide, written and read.
+ * Stored records: writes and reads a body part, a media object and a slide.
  */
 #include "subjects.h"
 #include "support/benchmarks.h"
@@ -24,7 +24,7 @@ QByteArray recordOf(const Value &value)
     return octets;
 }
 
-// What a record brings in is the reader's own, so it is given up at once.
+// A reader owns the parts that it creates, so clear() deletes them.
 template <typename Value, typename... Arguments>
 bool readRecord(const QByteArray &octets, Arguments... arguments)
 {

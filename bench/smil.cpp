@@ -1,5 +1,5 @@
 /*
- * Presentations: reading, normalizing and writing by number of slides, beside the references: Qt's
+ * Presentations: reads, normalizes and writes them by number of slides. For comparison runs Qt's
  * tree builder, Qt's stream reader and expat alone on the same text. All slides show the same two
  * parts.
  */
@@ -72,8 +72,8 @@ auto showOf(int slides)
     return show;
 }
 
-// From the second time on the regions have their names already, and the walk is the same.
-auto normalising(int slides)
+// The first run renames the regions; later ones walk the same way.
+auto normalizing(int slides)
 {
     return Work{[show = showOf(slides)] {
         MMS_COMP_SMILParser::updateToCorvaneRootLayout(&show->slides());
@@ -97,7 +97,7 @@ void addSmilBenchmarks()
     for (int slides : slideCounts) {
         const std::string suffix = '/' + std::to_string(slides);
         addBenchmark("smil/read" + suffix, [=] { return reading(slides); });
-        addBenchmark("smil/normalise" + suffix, [=] { return normalising(slides); });
+        addBenchmark("smil/normalise" + suffix, [=] { return normalizing(slides); });
         addBenchmark("smil/write" + suffix, [=] { return writing(slides); });
         addBenchmark("reference/tree" + suffix, [=] { return buildingTree(slides); });
         addBenchmark("reference/stream" + suffix, [=] { return streaming(slides); });

@@ -1,5 +1,5 @@
 /*
- * What is measured, subject by subject. Each adds its benchmarks.
+ * The subjects of measurement. Each function adds the benchmarks of one.
  */
 #pragma once
 

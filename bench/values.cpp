@@ -1,5 +1,5 @@
 /*
- * Readers of single values: octets of the wire, and times, durations and colours of SMIL.
+ * Readers of single values: octets of the wire, and times, durations and colors of SMIL.
  */
 #include "subjects.h"
 #include "support/benchmarks.h"
@@ -25,7 +25,7 @@ void addReader(const char *name, const QByteArray &octets)
     });
 }
 
-// Reads in place what readers of whole texts copy.
+// Reads in place; readers of whole texts copy.
 void addBufferRead()
 {
     addBenchmark("value/octets", [] {
@@ -62,13 +62,13 @@ void addDuration(const char *text)
     });
 }
 
-void addColour(const char *text)
+void addColor(const char *text)
 {
     addBenchmark(std::string("value/colour ") + text, [text = QString::fromLatin1(text)] {
         return Work{[text] {
-                        MMS_COMP_COLOR colour;
-                        MMS_COMP_SMILParser::parseColor(text, colour);
-                        return colour.isUsable();
+                        MMS_COMP_COLOR color;
+                        MMS_COMP_SMILParser::parseColor(text, color);
+                        return color.isUsable();
                     },
                     text.size()};
     });
@@ -97,6 +97,6 @@ void addValueBenchmarks()
     addDuration("4s");
     addDuration("2500ms");
     addDuration("01:30.250");
-    addColour("navy");
-    addColour("#102030");
+    addColor("navy");
+    addColor("#102030");
 }

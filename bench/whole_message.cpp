@@ -1,6 +1,6 @@
 /*
- * The whole way of a message in and out: of messages made here, and of messages of real phones
- * where a folder has some.
+ * A whole message in and out: messages composed here, and messages of real phones if a folder has
+ * some.
  */
 #include "subjects.h"
 #include "support/benchmarks.h"
@@ -18,7 +18,7 @@ constexpr int pictureSizes[] = {1000, 30'000, 300'000};
 constexpr int SlideCount = 10;
 constexpr int PictureCount = 3;
 
-// Slides are read, and not generated: that opens pictures and clips.
+// Reads slides but does not generate them, which would open pictures and clips.
 bool receive(const QByteArray &pdu)
 {
     QvlMessage message;
@@ -69,7 +69,7 @@ QByteArray contentOf(const QString &path)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// Refusing a message is work too.
+// Includes messages that are rejected.
 void addCorpus(const QDir &folder)
 {
     const QStringList names =

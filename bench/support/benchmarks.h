@@ -1,7 +1,7 @@
 /*
- * How a benchmark is measured: a prepared operation is repeated, and then done once more while the
- * heap is watched, so that watching costs no time that is measured. Callgrind counts the
- * instructions of one more.
+ * Measures a benchmark: repeats a prepared operation, then runs it once more while counting
+ * allocations, so that counting costs no measured time. Under callgrind counts the instructions of
+ * another run.
  */
 #pragma once
 
@@ -17,21 +17,21 @@
 #include <cstdio>
 #include <string>
 
-/// What a benchmark repeats. The operation gives true when it did its work.
+/// The work that a benchmark repeats. The operation returns true when it succeeded.
 template <typename Operation>
 struct Work
 {
     Operation once;
-    qint64 octets = 0; ///< that one repetition handles; 0 when there is no such number
+    qint64 octets = 0; ///< handled in one repetition; 0 when there is no such number
 };
 
-// Clang 14 deduces nothing for aggregates by itself.
+// Clang 14 cannot deduce the arguments of aggregates by itself.
 template <typename Operation>
 Work(Operation) -> Work<Operation>;
 template <typename Operation>
 Work(Operation, qint64) -> Work<Operation>;
 
-/// What one repetition takes besides time; all but the count in octets.
+/// Cost of one repetition besides time; in octets, except the count of allocations.
 struct Cost
 {
     long allocations = 0;
@@ -40,7 +40,7 @@ struct Cost
     long peak = 0; ///< held at once
 };
 
-/// Leaves a dump of callgrind's with the trigger @p name; outside of callgrind nothing happens.
+/// Makes callgrind write a dump with the trigger @p name; does nothing outside of callgrind.
 template <typename Operation>
 void countInstructions(const std::string &name, Work<Operation> work)
 {
@@ -51,7 +51,7 @@ void countInstructions(const std::string &name, Work<Operation> work)
     }
 }
 
-/// True after a benchmark failed.
+/// True once a benchmark has failed.
 inline bool anyBenchmarkFailed = false;
 
 inline void fail(benchmark::State &state, const std::string &name)
@@ -88,7 +88,7 @@ void measure(benchmark::State &state, const std::string &name, Work<Operation> w
     state.counters["peak"] = double(cost.peak);
 }
 
-/// Adds the benchmark @p name. @p prepare makes its Work, before anything is measured.
+/// Adds the benchmark @p name. @p prepare creates its Work before measuring begins.
 template <typename Prepare>
 void addBenchmark(const std::string &name, Prepare prepare)
 {

@@ -1,6 +1,6 @@
 /*
- * Counts what goes through memcpy() and memmove(). Small copies of a known size are compiled in and
- * are not seen.
+ * Counts the octets copied by memcpy() and memmove(). Does not see small copies of a known size,
+ * which compilers inline.
  */
 #include <cstddef>
 

@@ -1,12 +1,12 @@
 /*
- * The octets that the C library copies for the program. Counting them makes every copy slower, so
- * it is the business of a library that is loaded only for that: LD_PRELOAD=libqvlcopies.so.
+ * The count of octets that the C library copies for the program. Counting slows every copy down, so
+ * only a library loaded for this purpose counts: LD_PRELOAD=libqvlcopies.so.
  */
 #pragma once
 
 #include <dlfcn.h>
 
-/// Tells the octets copied since the program started.
+/// Returns the octets copied since the program started.
 using CopyCounter = long (*)();
 
 /// Null when the library is not loaded.

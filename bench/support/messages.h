@@ -1,5 +1,5 @@
 /*
- * Messages to measure with, made through the library's own operations.
+ * Messages for measuring, created with the library's own operations.
  */
 #pragma once
 
@@ -9,23 +9,23 @@
 
 enum class Names { Given, Missing };
 
-/// Appends @p count pictures whose bodies have @p octets octets together, which are no pictures.
+/// Appends @p count pictures with @p octets octets altogether, which are not real pictures.
 void addPictures(MMS_COMP_SMILMultipart *message, int count, int octets, Names names);
 
-/// A record of message type @p type in which every field that the type writes says something.
+/// A record of message type @p type with a value in every field that the type writes.
 void fillHeader(MMS_UA_UAMsg *header, unsigned char type);
 
-/// A notification whose header has exactly @p octets octets in nine fields.
+/// A notification whose header takes exactly @p octets octets in nine fields.
 void fillNotification(MMS_UA_UAMsg *header, int octets);
 
-/// The header of @p header in octets; empty when it cannot be written.
+/// The octets of @p header; empty when it cannot be encoded.
 QByteArray encodedHeader(MMS_UA_UAMsg *header);
 
-/// The body of @p message in octets; empty when it cannot be written.
+/// The octets of the body of @p message; empty when it cannot be encoded.
 QByteArray assembled(MMS_COMP_SMILMultipart *message);
 
-/// Decodes the header of @p pdu, which has to outlive @p header's body.
+/// Decodes the header of @p pdu, which must outlive @p header's body.
 bool decodeHeader(const QByteArray &pdu, MMS_UA_UAMsg *header);
 
-/// Parses @p body into @p message, by the content type of @p header.
+/// Parses @p body into @p message according to the content type of @p header.
 bool parseBody(const QByteArray &body, MMS_UA_UAMsg *header, MMS_COMP_SMILMultipart *message);

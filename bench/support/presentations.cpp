@@ -26,8 +26,8 @@ QString locationOf(const Medium &medium, int slide, const Shape &shape)
         + QLatin1String(medium.extension);
 }
 
-// A part that is shown already loses no use when a presentation is given up, so that one message
-// serves for any number of readings.
+// Marks the part as shown: reading adds a use, which discarding the presentation takes back, so one
+// message serves for any number of readings.
 void addShownPart(MMS_COMP_SMILMultipart *message, const Medium &medium, const QString &location)
 {
     auto part = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
@@ -59,7 +59,7 @@ void addObject(MMS_COMP_SMILTimingContainer *slide, MMS_COMP_SMILMultipart *mess
     object->setSrc(location);
     object->setRegionId(QLatin1String(medium.region));
     for (int i = 0; i < params; ++i) {
-        // As long as the names that are looked for, which are then compared to the end.
+        // As long as the names that the library looks up, so that comparisons run to the end.
         object->appendParamElem(QStringLiteral("name%1").arg(i, 4, 10, QLatin1Char('0')),
                                 QStringLiteral("value"), SMIL_PARAM_VALUE_DATA, QString());
     }

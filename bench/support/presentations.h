@@ -1,5 +1,5 @@
 /*
- * Presentations to measure with, and the messages that they show.
+ * Presentations for measuring, and the messages that they show.
  */
 #pragma once
 
@@ -7,23 +7,23 @@
 
 #include <QByteArray>
 
-/// What a presentation is made of.
+/// The size and shape of a presentation.
 struct Shape
 {
-    int slides = 1; ///< a picture and a text each
+    int slides = 1; ///< each with a picture and a text
     int regions = 2;
-    int params = 0; ///< of each of the two
-    bool ownParts = false; ///< whether every slide shows parts of its own, or all slides the same
+    int params = 0; ///< of each picture and text
+    bool ownParts = false; ///< true if every slide shows its own parts, false if all show the same
 };
 
-/// Puts the parts that the slides of @p shape refer to into @p message.
+/// Adds to @p message the parts that the slides of @p shape refer to.
 void addShownParts(MMS_COMP_SMILMultipart *message, const Shape &shape);
 
-/// Fills both halves of @p show.
+/// Fills the parts and the slides of @p show.
 void fill(QvlMessage *show, const Shape &shape);
 
 /// The SMIL text of a presentation of @p shape.
 QByteArray smilOf(const Shape &shape);
 
-/// Reads @p smil into a presentation of @p message that is then given up.
+/// Reads @p smil into a presentation of @p message and discards it.
 bool readSmil(const QByteArray &smil, MMS_COMP_SMILMultipart *message);

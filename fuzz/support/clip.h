@@ -1,5 +1,5 @@
 /*
- * A clip from outside in the host's player engine.
+ * Opens an untrusted clip in the host's player engine.
  */
 #pragma once
 

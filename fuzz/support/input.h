@@ -1,7 +1,7 @@
 /*
- * The choices of a target, taken from its input: numbers from the end, texts from the beginning. So
- * a number keeps its meaning when a text before it grows. When nothing is left, a number is its
- * least value and a text is empty.
+ * The choices of a target, taken from its input: numbers from the end, texts from the beginning, so
+ * that a number keeps its meaning when a text before it grows. When nothing is left, a number is
+ * its minimum and a text is empty.
  */
 #pragma once
 
@@ -19,7 +19,7 @@ public:
 
     bool isAtEnd() const { return m_next == m_end; }
 
-    /// From as many octets as the range needs.
+    /// Takes as many octets as the range needs.
     template <typename Integer>
     Integer number(Integer least, Integer most)
     {
@@ -40,7 +40,7 @@ public:
         return values[number<std::size_t>(0, std::size(values) - 1)];
     }
 
-    /// At most @p most octets. A backslash ends the text, two stand for one.
+    /// Takes at most @p most octets. A backslash ends the text, two stand for one.
     QByteArray text(int most)
     {
         QByteArray text;

@@ -1,12 +1,12 @@
 /*
- * What has to hold whatever the input is.
+ * Checks of conditions that hold for every input.
  */
 #pragma once
 
 #include <cstdio>
 #include <cstdlib>
 
-/// Ends the program, which the fuzzer takes for a finding, unless @p holds.
+/// Ends the program, which the fuzzer reports as a finding, unless @p holds.
 inline void require(bool holds, const char *what)
 {
     if (holds)

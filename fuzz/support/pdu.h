@@ -1,5 +1,5 @@
 /*
- * PDUs in the fuzzers: decoding and encoding with the checks that hold for every message.
+ * Decodes and encodes PDUs with the checks that hold for every message.
  */
 #pragma once
 
@@ -11,7 +11,7 @@
 
 #include <cstdint>
 
-/// Decodes the header of @p pdu, which has to outlive @p header's body.
+/// Decodes the header of @p pdu, which must outlive @p header's body.
 inline unsigned char decodeHeader(const QByteArray &pdu, MMS_UA_UAMsg *header)
 {
     const unsigned char result = MMS_UA_Decoder().decodeHeader(pdu, header);
@@ -24,7 +24,7 @@ inline unsigned char decodeHeader(const QByteArray &pdu, MMS_UA_UAMsg *header)
     return result;
 }
 
-/// The header of @p header in octets, as many as the encoder announces.
+/// The octets of @p header, as many as the encoder announces.
 inline QByteArray encodeHeader(MMS_UA_UAMsg *header)
 {
     QByteArray octets;

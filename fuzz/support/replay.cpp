@@ -14,7 +14,7 @@ namespace fs = std::filesystem;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size);
 
-// Mutators of targets refer to it. A replay never changes an input.
+// Targets with a mutator refer to it. A replay never changes an input.
 extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t *, std::size_t, std::size_t)
 {
     std::abort();
@@ -34,7 +34,7 @@ std::vector<fs::path> filesIn(const fs::path &path)
     return files;
 }
 
-// The name comes first, so that it is the last line when the input ends the program.
+// Prints the name first, so that it is the last line when the input ends the program.
 bool replay(const fs::path &path)
 {
     std::fprintf(stderr, "%s\n", path.c_str());

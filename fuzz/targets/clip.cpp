@@ -1,6 +1,6 @@
 /*
- * A clip from outside, of a kind that the first octet chooses. MIDI and iMelody have targets of
- * their own.
+ * An untrusted clip; its first octet selects the format. MIDI and iMelody have targets of their
+ * own.
  */
 #include "support/clip.h"
 

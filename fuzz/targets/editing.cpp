@@ -1,6 +1,6 @@
 /*
  * A composer's session: two messages with a presentation each, and a sequence of operations that
- * the input chooses. After each of them ownership, reference counts and order have to be right.
+ * the input selects. Checks ownership, reference counts and order after every operation.
  */
 #include "support/input.h"
 #include "support/invariant.h"
@@ -96,7 +96,7 @@ private:
     void removeObject();
     void insertNewObject();
     void clearObject();
-    void recolour();
+    void recolor();
     void storeAndRead();
     void copySlides();
     void copyParts();
@@ -106,7 +106,7 @@ private:
     void cleanUp();
 
     Input m_input;
-    Part m_part; // the application's, so that no object may delete it
+    Part m_part; // belongs to the application, so no object may delete it
     Draft m_drafts[2];
     Draft *m_draft = m_drafts;
 };
@@ -118,7 +118,7 @@ void Session::step()
         &Session::deletePartBySrc, &Session::setStart,     &Session::findSmilPart,
         &Session::appendSlide,     &Session::placeData,    &Session::takeElement,
         &Session::removeElement,   &Session::removeObject, &Session::insertNewObject,
-        &Session::clearObject,     &Session::recolour,     &Session::storeAndRead,
+        &Session::clearObject,     &Session::recolor,      &Session::storeAndRead,
         &Session::copySlides,      &Session::copyParts,    &Session::makeForMixed,
         &Session::writeAndRead,    &Session::nameThings,   &Session::cleanUp,
     };
@@ -212,7 +212,7 @@ void Session::takeElement()
         return;
     const Part *part = object->getData();
     if (part && !part->isHeldByMultipart())
-        object->clear(); // nobody else deletes it
+        object->clear(); // no other owner deletes it
     delete object;
 }
 
@@ -262,15 +262,15 @@ void Session::clearObject()
     }
 }
 
-void Session::recolour()
+void Session::recolor()
 {
     Slide *target = slide();
     if (!target)
         return;
-    MMS_COMP_COLOR colour;
-    MMS_COMP_SMILParser::parseColor(QString::fromLatin1(octets()), colour);
-    target->setPageColor(colour);
-    target->setTextColor(colour);
+    MMS_COMP_COLOR color;
+    MMS_COMP_SMILParser::parseColor(QString::fromLatin1(octets()), color);
+    target->setPageColor(color);
+    target->setTextColor(color);
     target->setTextSize(name());
     target->updatePageColorToElem();
     target->updateTextColorToElem();

@@ -1,9 +1,9 @@
 /*
- * A header from outside: decoded, encoded, decoded again. From the second time on the octets stay
- * the same, but for times, which hold the moment of decoding or are local, and Sender-Visibility,
- * which is written in the reverse sense; and as long as texts are ASCII, because others are written
- * as UTF-8 and read as Latin-1, addresses are plain, and Start begins without the quote that each
- * reading passes over.
+ * An untrusted header: decoded, encoded, decoded again. From the second encoding on, the octets
+ * must not change. Exceptions: times, which hold the moment of decoding or are local;
+ * Sender-Visibility, which is written with the opposite meaning; non-ASCII texts, which are written
+ * as UTF-8 and read as Latin-1; addresses with special characters; and a Start with a leading
+ * quote, because each reading drops one.
  */
 #include "support/pdu.h"
 
@@ -26,7 +26,7 @@ bool isAscii(const QString &text)
     return std::all_of(text.begin(), text.end(), [](QChar c) { return c >= u' ' && c <= u'~'; });
 }
 
-// An address is cut out of what stands around it: "<", ">" and "/" mean something there.
+// Only addresses without "<", ">" and "/", which have a meaning in the text around them.
 bool isPlain(const MMS_UTIL_Entry &entry)
 {
     const QString text = entry.getName() + entry.getAddress();

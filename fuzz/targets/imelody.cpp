@@ -1,5 +1,5 @@
 /*
- * A clip from outside in the project's own reader of iMelody.
+ * An untrusted clip for the project's own iMelody reader.
  */
 #include "support/clip.h"
 

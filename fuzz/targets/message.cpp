@@ -1,7 +1,7 @@
 /*
- * A whole message from outside on its way through the library: decoded, parsed, presented,
- * written, assembled, encoded and decoded again. A mutator of its own changes single parts, so that
- * the lengths around them stay right.
+ * An untrusted message on its way through the library: decoded, parsed, presented, written,
+ * assembled, encoded and decoded again. Its own mutator changes single parts, so that the lengths
+ * around them stay valid.
  */
 #include "support/pdu.h"
 
@@ -33,7 +33,7 @@ QList<QByteArray> bodiesOf(const MMS_COMP_SMILMultipart &body)
     return bodies;
 }
 
-// True when a text is short and holds nothing that the wire or an attribute's value would change.
+// True for a short text that neither the wire nor an attribute's value changes.
 bool isPlain(const QString &text)
 {
     return text.size() < 100 && std::all_of(text.begin(), text.end(), [](QChar c) {
@@ -42,7 +42,8 @@ bool isPlain(const QString &text)
            });
 }
 
-// Charsets are converted, a text loses a zero at its end, and long headers are cut.
+// True if encoding keeps the part: it converts charsets, drops a zero at the end of a text, and
+// truncates long headers.
 bool isKept(const Part &part)
 {
     return isPlain(part.getContentLocation())

@@ -1,5 +1,5 @@
 /*
- * A clip from outside in the project's own reader of MIDI.
+ * An untrusted clip for the project's own MIDI reader.
  */
 #include "support/clip.h"
 

@@ -1,5 +1,5 @@
 /*
- * A multipart body from outside: parsed, named, looked through, encoded and parsed again.
+ * An untrusted multipart body: parsed, named, searched, encoded and parsed again.
  */
 #include "support/pdu.h"
 

@@ -1,6 +1,6 @@
 /*
- * What the command prints and writes of a message from outside: nothing that acts on a terminal,
- * one line of JSON, and no path that leaves the folder.
+ * The command's output for an untrusted message: no terminal control characters, one line of JSON,
+ * and no path outside the folder.
  */
 #include "extract/extract.h"
 #include "input/message.h"

@@ -1,6 +1,6 @@
 /*
- * Stored records from outside: of a body part, a media object and a slide. What was read is written
- * and read back as the same record.
+ * Untrusted stored records of a body part, a media object and a slide. A record that was read is
+ * written and must read back as the same record.
  */
 #include "support/invariant.h"
 

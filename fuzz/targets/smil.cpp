@@ -1,6 +1,6 @@
 /*
- * A SMIL document from outside, in a message that has a part for every location of the seeds: read,
- * normalised, written, and read again.
+ * An untrusted SMIL document, in a message that has a part for every location of the seeds: read,
+ * normalized, written, and read again.
  */
 #include "support/invariant.h"
 
@@ -45,7 +45,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     require(SmilResult::meaning(result) != nullptr, "every result has a meaning");
     if (result != SmilResult::Ok)
         return 0;
-    require(slides.getRegionCount() >= 2, "a normalised layout has a text and an image region");
+    require(slides.getRegionCount() >= 2, "a normalized layout has a text and an image region");
     checkObjects(slides, body);
 
     const QByteArray written = MMS_COMP_SMILParser::convertToSMILLang(&slides).toUtf8();
@@ -53,7 +53,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     fill(&otherBody);
     MMS_COMP_SMILData again(&otherBody);
     if (parser.parse(written, &otherBody, &again) != SmilResult::Ok)
-        return 0; // values are written as they are, and may hold anything
+        return 0; // values are not escaped and may contain markup
     require(again.getTotalSlidesNum() >= slides.getTotalSlidesNum(), "no slide is lost in writing");
 
     MMS_COMP_SMILMultipart copyBody;

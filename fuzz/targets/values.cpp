@@ -1,6 +1,7 @@
 /*
  * The readers of single values: WSP primitives, addresses, content types, times, durations and
- * colours. What was read is written again, in as many octets as announced, and read as the same.
+ * colors. Values that were read are written, in as many octets as announced, and must read back the
+ * same.
  */
 #include "support/input.h"
 #include "support/invariant.h"
@@ -11,7 +12,7 @@
 
 namespace {
 
-// Reads a value, and when it could be read, writes it.
+// Reads a value and, on success, writes it.
 template <typename Codec, typename Value>
 void readAndWrite(QByteArray octets)
 {
@@ -60,9 +61,9 @@ void readTexts(const QString &text)
     require(time.timeType >= SMIL_TIME_OFFSET && time.timeType <= SMIL_TIME_INVALID,
             "a time is of a known kind");
     MMS_COMP_SMILParser::parseDur(text);
-    MMS_COMP_COLOR colour;
-    MMS_COMP_SMILParser::parseColor(text, colour);
-    require(!colour.isUsable() || colour.color.isValid(), "a colour that was understood is one");
+    MMS_COMP_COLOR color;
+    MMS_COMP_SMILParser::parseColor(text, color);
+    require(!color.isUsable() || color.color.isValid(), "a color that was understood is one");
     MMS_COMP_SMILMultipart::isCidEqual(text, text);
     MMS_COMP_SMILMultipart::parseCid(text);
     MMS_COMP_Util::getExtName(text);

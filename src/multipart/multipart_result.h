@@ -9,7 +9,7 @@
 namespace MultipartResult {
 inline constexpr int Ok = 0; ///< done
 inline constexpr int NullArgument = -6; ///< null header or null multipart
-inline constexpr int OutOfMemory = -15; ///< what was done before stays
+inline constexpr int OutOfMemory = -15; ///< everything done before stays
 inline constexpr int CannotEncode = -18; ///< the codec could not write
 inline constexpr int CannotDecode = -19; ///< the codec could not read
 inline constexpr int UnknownCodecResult = -20; ///< a code that is no WireResult

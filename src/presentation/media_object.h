@@ -165,7 +165,7 @@ public:
      * @param element a media element; its params are not read
      * @param multipart the message with the part
      * @return 0; SmilResult::NotInMessage when there is no such part or an argument is null, and
-     * what was read before stays; SmilResult::OutOfMemory
+     * everything read before stays; SmilResult::OutOfMemory
      */
     int setObjectElem(QDomElement *element, MMS_COMP_SMILMultipart *multipart);
 
@@ -179,7 +179,7 @@ public:
      * @param target gets the copy; may be the object itself
      * @param multipart the message with the part
      * @return false, and @p target unchanged, when there is no such part or an argument is null;
-     * false when there is no memory, and what was copied before stays
+     * false when there is no memory, and everything copied before stays
      */
     bool copyTo(MMS_COMP_SMILMediaObject *target, MMS_COMP_SMILMultipart *multipart) const;
 

@@ -65,7 +65,7 @@ MMS_COMP_SMILData::MMS_COMP_SMILData(const MMS_COMP_SMILData &source,
                                      MMS_COMP_SMILMultipart *multipart)
     : MMS_COMP_SMILData(multipart)
 {
-    std::ignore = source.copyTo(this, multipart); // what was copied before a failure stays
+    std::ignore = source.copyTo(this, multipart); // everything copied before a failure stays
 }
 
 MMS_COMP_SMILData::~MMS_COMP_SMILData()

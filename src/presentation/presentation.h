@@ -180,7 +180,7 @@ public:
      * @param target gets the copy; may be the presentation itself
      * @param multipart the message of the copy; it needs the parts with the same locations, marked
      * as shown
-     * @return false for null or when something cannot be copied, and what was copied before stays
+     * @return false for null or when something cannot be copied, and everything copied before stays
      */
     bool copyTo(MMS_COMP_SMILData *target, MMS_COMP_SMILMultipart *multipart) const;
 

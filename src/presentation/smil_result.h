@@ -5,7 +5,7 @@
 
 #include "../base/export.h"
 
-/// Results of reading SMIL: 0 for success, negative for failure, positive for what was skipped.
+/// Results of reading SMIL: 0 for success, negative for failure, positive for something skipped.
 namespace SmilResult {
 inline constexpr int Ok = 0; ///< read
 inline constexpr int NotAMedia = 1; ///< the element is no media element
@@ -20,7 +20,7 @@ inline constexpr int NotSmil = -9; ///< the document element is not smil
 inline constexpr int HeadAfterBody = -10; ///< a head comes after the body
 inline constexpr int SecondBody = -11; ///< there are two bodies
 inline constexpr int SecondHead = -12; ///< there are two heads
-inline constexpr int OutOfMemory = -15; ///< what was read before stays
+inline constexpr int OutOfMemory = -15; ///< everything read before stays
 inline constexpr int NestedTooDeep = -16; ///< more than ten levels of par and seq
 
 /// The meaning of @p code in words, in English and without a full stop; never null.

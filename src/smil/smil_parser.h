@@ -41,11 +41,11 @@ public:
      * @retval SmilResult::NotWellFormed not XML, or beyond the limits of a document; nothing
      * changed
      * @retval SmilResult::NotSmil the document element is not smil; nothing changed
-     * @retval SmilResult::HeadAfterBody what was read before the head stays
-     * @retval SmilResult::SecondHead what was read before the second one stays
-     * @retval SmilResult::SecondBody what was read before the second one stays
-     * @retval SmilResult::NestedTooDeep what was read before the eleventh par or seq stays
-     * @retval SmilResult::OutOfMemory what was read before stays
+     * @retval SmilResult::HeadAfterBody everything read before the head stays
+     * @retval SmilResult::SecondHead everything read before the second one stays
+     * @retval SmilResult::SecondBody everything read before the second one stays
+     * @retval SmilResult::NestedTooDeep everything read before the eleventh par or seq stays
+     * @retval SmilResult::OutOfMemory everything read before stays
      */
     [[nodiscard]] int parse(const QArray<char> &smilText, MMS_COMP_SMILMultipart *multipart,
                             MMS_COMP_SMILData *data);
@@ -138,7 +138,7 @@ public:
      * @param data gets the slides, after the existing ones
      * @param writeSmil true to store the SMIL text of @p data in the message: in its SMIL part, or
      * else in a new first part
-     * @return 1; 0 for a null argument or when there is no memory, and what was done before stays
+     * @return 1; 0 for a null argument or when there is no memory, and everything done before stays
      */
     static int makeSmilForMixed(MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data,
                                 bool writeSmil);
