@@ -97,7 +97,7 @@ void addSmilBenchmarks()
     for (int slides : slideCounts) {
         const std::string suffix = '/' + std::to_string(slides);
         addBenchmark("smil/read" + suffix, [=] { return reading(slides); });
-        addBenchmark("smil/normalise" + suffix, [=] { return normalizing(slides); });
+        addBenchmark("smil/normalize" + suffix, [=] { return normalizing(slides); });
         addBenchmark("smil/write" + suffix, [=] { return writing(slides); });
         addBenchmark("reference/tree" + suffix, [=] { return buildingTree(slides); });
         addBenchmark("reference/stream" + suffix, [=] { return streaming(slides); });

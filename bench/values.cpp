@@ -64,7 +64,7 @@ void addDuration(const char *text)
 
 void addColor(const char *text)
 {
-    addBenchmark(std::string("value/colour ") + text, [text = QString::fromLatin1(text)] {
+    addBenchmark(std::string("value/color ") + text, [text = QString::fromLatin1(text)] {
         return Work{[text] {
                         MMS_COMP_COLOR color;
                         MMS_COMP_SMILParser::parseColor(text, color);
