@@ -1,6 +1,6 @@
 /*
- * qvlmms: shows the content of multimedia messages, for those who look for the reason why a handset
- * does not show one, and makes messages.
+ * qvlmms: shows multimedia messages, helps to find out why a handset does not display one, and
+ * composes messages.
  */
 #include "commands/commands.h"
 
@@ -13,7 +13,7 @@ using namespace CommandLine;
 
 namespace {
 
-// Drawing needs a GUI application, but no display.
+// Rendering needs a GUI application, but no display.
 std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
 {
     const Command *command = Commands::find(QString::fromLocal8Bit(argc > 1 ? argv[1] : ""));

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Completion in bash offers the commands, options, values and files that can follow.
+# Completion in bash offers the commands, options, values and files that are valid at the cursor.
 #     bash_completion_test.sh QVLMMS COMPLETION
 set -euo pipefail
 qvlmms=$1
@@ -12,7 +12,7 @@ mkdir "$work/files" "$work/files/folder"
 touch "$work/files/a.mms" "$work/files/a b.jpg"
 cd "$work/files"
 
-offered() { # WORD...: what is offered for the last
+offered() { # WORD...: prints what is offered for the last word
   COMP_WORDS=("$qvlmms" "$@")
   COMP_CWORD=$#
   _qvlmms "$qvlmms" "${COMP_WORDS[$#]}" "${COMP_WORDS[$# - 1]}"
@@ -57,7 +57,7 @@ compose --text-color ''|aqua black blue fuchsia gray green lime maroon navy oliv
 compose --slide --text|--text --text-above --text-below --text-color --text-file --text-size
 ROWS
 
-# Every option that a help tells of is offered.
+# Every option of a help text is offered.
 for command in $("$qvlmms" help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\) .*/\1/p' | grep -vx help); do
   expect "$({ echo --help; "$qvlmms" help "$command" | sed -nE 's/^  (--?[a-z-]+) .*/\1/p'; } | sort | paste -sd ' ')" \
     "$command" -

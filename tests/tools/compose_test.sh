@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# `qvlmms compose` makes messages in which `qvlmms show` and `qvlmms smil` find what was asked for, and
-# a refusal leaves no file behind.
+# `qvlmms show` and `qvlmms smil` find in a message from `qvlmms compose` what the options set. A refusal
+# leaves no file.
 #     compose_test.sh QVLMMS FIXTURES PICTURE
 set -euo pipefail
 qvlmms=$1
@@ -34,10 +34,10 @@ complain() {
   echo "$*"
   failed=1
 }
-compose() { # ARGUMENT...: makes out/message.mms, seen in $json and $text
+compose() { # ARGUMENT...: writes out/message.mms, and what show prints of it to $json and $text
   rm -f out/*
   json='' text=''
-  "$qvlmms" compose -o out/message.mms "$@" >said 2>error || { complain "$*: $(cat error)"; return; }
+  "$qvlmms" compose -o out/message.mms "$@" >printed 2>error || { complain "$*: $(cat error)"; return; }
   [ ! -s error ] || complain "$*: $(cat error)"
   json=$("$qvlmms" show --json out/message.mms)
   text=$("$qvlmms" show out/message.mms)
@@ -48,14 +48,14 @@ has() { # TEXT WHERE WHAT
 has_not() {
   [[ "$1" != *"$2"* ]] || complain "there is $2 in: $1"
 }
-refuse() { # CODE LINE ARGUMENT...: fails with this line, and no file is left
+refuse() { # CODE LINE ARGUMENT...: compose ends with this code, prints this line and leaves no file
   local code=$1 line=$2 actual=0
   shift 2
   rm -f out/*
-  "$qvlmms" compose -o out/message.mms "$@" >said 2>error || actual=$?
+  "$qvlmms" compose -o out/message.mms "$@" >printed 2>error || actual=$?
   [ "$actual" -eq "$code" ] || complain "$*: exit code $actual instead of $code"
   [ "$(cat error)" = "qvlmms: $line" ] || complain "$*: $(cat error)"
-  [ ! -s said ] && [ -z "$(ls -A out)" ] || complain "$*: left something behind"
+  [ ! -s printed ] && [ -z "$(ls -A out)" ] || complain "$*: left a file or printed to standard output"
 }
 to=(--to +4915112345678)
 
@@ -95,18 +95,18 @@ for field in Cc Bcc Subject Priority Message-Class Expiry Delivery-Time Delivery
   Sender-Visibility; do
   has_not "$json" "\"$field\":"
 done
-random() { # what a transaction id has beside the time
+random() { # prints the random part of the transaction id
   grep -oE '"Transaction-Id":"[0-9]+-[0-9a-f]{12}"' <<<"$json" | cut -d- -f3
 }
-first=$(random) || complain "the transaction id is neither time nor random number"
+first=$(random) || complain "the transaction id is not a time and a random number"
 compose "${to[@]}" --slide --text x
-[ "$first" != "$(random)" ] || complain "two messages have one transaction id"
+[ "$first" != "$(random)" ] || complain "two messages have the same transaction id"
 
 # Slides
 compose "${to[@]}" --slide --image harbour.jpg --text 'At the <sea> & "港口"' --duration 2.3 \
   --slide --text-file note.txt --audio voice.amr --text-color white --text-size large \
   --slide --video video.3gp --background '#FF8000' --attach anna.vcf
-has "$(cat said)" "wrote out/message.mms, $(stat -c %s out/message.mms) octets, 3 slides, 7 parts"
+has "$(cat printed)" "wrote out/message.mms, $(stat -c %s out/message.mms) octets, 3 slides, 7 parts"
 has "$json" '"start":"<slides.smil>"'
 has "$json" '"type":"application/vnd.wap.multipart.related"'
 has "$json" '"parts":[{"charset":"","contentId":"<slides.smil>","contentType":"application/smil","displayName":"slides.smil","kind":"shown"'
@@ -157,14 +157,14 @@ done <<'ROWS'
 --text-size small|5000 ms (from the document or by default), text size small
 ROWS
 
-# An empty text is sent only when nothing else carries the page colour.
+# An empty text is sent only if no other medium carries the page color.
 compose --to 1 --slide --text '' --background navy --slide --text '' --image harbour.jpg
 has "$text" 'page #000080'
 has_not "$json" slide2.txt
 
 # Attachments alone
 compose "${to[@]}" --attach anna.vcf --attach strange.xyz --attach nothing
-has "$(cat said)" ', 0 slides, 3 parts'
+has "$(cat printed)" ', 0 slides, 3 parts'
 has "$json" '"type":"application/vnd.wap.multipart.mixed"'
 has "$json" '"contentType":"application/octet-stream","displayName":"strange.xyz"'
 has_not "$json" application/smil
@@ -176,7 +176,7 @@ for name in 'a&b' 'ünï' '<x>' 'two "words"' ' blank ' '100%' 'a:b' '' "$long" 
   cp harbour.jpg "names/$name.jpg"
 done
 cp names/other/slides.jpg names/other/slides.smil
-located() { # LOCATION ARGUMENT...: where the first part behind the presentation is
+located() { # LOCATION ARGUMENT...: expects this location of the first part after the presentation
   local expected=$1 found
   shift
   compose --to 1 "$@"
@@ -202,19 +202,19 @@ done
 
 # Output
 "$qvlmms" compose -o - --to 1 --transaction-id T --date 2026-01-01 --slide --text x >standard.mms
-"$qvlmms" compose -o out/message.mms --to 1 --transaction-id T --date 2026-01-01 --slide --text x >said
+"$qvlmms" compose -o out/message.mms --to 1 --transaction-id T --date 2026-01-01 --slide --text x >printed
 cmp standard.mms out/message.mms || complain "standard output differs from a file"
 printf 'old' >kept.mms
 ! "$qvlmms" compose -o kept.mms --to 1 --slide 2>/dev/null || complain "accepted an empty slide"
-[ "$(cat kept.mms)" = old ] || complain "touched the file that it did not write"
-"$qvlmms" compose -o kept.mms --to 1 --slide --text x >said
-"$qvlmms" show kept.mms >/dev/null || complain "did not write over a file"
+[ "$(cat kept.mms)" = old ] || complain "a refused message changed the file"
+"$qvlmms" compose -o kept.mms --to 1 --slide --text x >printed
+"$qvlmms" show kept.mms >/dev/null || complain "did not replace a file"
 output() { # OUT LINE
   local code=0
-  "$qvlmms" compose -o "$1" --to 1 --slide --text x >said 2>error || code=$?
+  "$qvlmms" compose -o "$1" --to 1 --slide --text x >printed 2>error || code=$?
   [ "$code" -eq 2 ] && [ "$(cat error)" = "qvlmms: $2" ] || complain "-o $1: $code, $(cat error)"
 }
-output missing/x.mms 'cannot write missing/x.mms: there is no folder missing; make it first'
+output missing/x.mms 'cannot write missing/x.mms: there is no folder missing; create it first'
 output out 'cannot write out: it is a folder or a device; name a file, or - for standard output'
 mkfifo pipe
 output pipe 'cannot write pipe: it is a folder or a device; name a file, or - for standard output'
@@ -223,7 +223,7 @@ code=0
 [ "$code" -eq 2 ] || complain "a full device: exit code $code"
 
 # Refusals: wrong usage and files
-text_line='#rrggbb, aqua, black, blue, fuchsia, gray, green, lime, maroon, navy, olive, purple, red, silver, teal, white or yellow is expected'
+color_line='#rrggbb, aqua, black, blue, fuchsia, gray, green, lime, maroon, navy, olive, purple, red, silver, teal, white or yellow is expected'
 refuse 2 'a message needs a recipient: --to, --cc or --bcc' --slide --text x
 refuse 2 'a message needs content: --slide or --attach' --to 1 --subject x
 refuse 2 '--to bob: a phone number such as +4915112345678 or an e-mail address is expected' --to bob
@@ -239,57 +239,57 @@ for option in '--text x' '--text-file note.txt' '--image harbour.jpg' '--video v
   '--audio voice.amr' '--duration 1s' '--background red' '--text-color red' '--text-size small' \
   --text-above --text-below; do
   # shellcheck disable=SC2086
-  refuse 2 "${option%% *} is about a slide: put --slide before it" --to 1 $option --slide --text x
+  refuse 2 "${option%% *} applies to a slide: put --slide before it" --to 1 $option --slide --text x
 done
 refuse 2 '--duration 0: a duration above 0 such as 5s, 2500ms or 2.5 is expected' --to 1 --slide --duration 0
-refuse 2 "--background beige: $text_line" --to 1 --slide --background beige
-refuse 2 "--text-color #fff: $text_line" --to 1 --slide --text-color '#fff'
+refuse 2 "--background beige: $color_line" --to 1 --slide --background beige
+refuse 2 "--text-color #fff: $color_line" --to 1 --slide --text-color '#fff'
 refuse 2 '--text-size huge: small, normal or large is expected' --to 1 --slide --text-size huge
-refuse 2 'cannot read missing.jpg: there is no such file; is its name right?' --to 1 --slide --image missing.jpg
-refuse 2 'cannot read missing.txt: there is no such file; is its name right?' --to 1 --slide --text-file missing.txt
-refuse 2 'cannot read missing.vcf: there is no such file; is its name right?' --to 1 --attach missing.vcf
+refuse 2 'cannot read missing.jpg: there is no such file; check its name' --to 1 --slide --image missing.jpg
+refuse 2 'cannot read missing.txt: there is no such file; check its name' --to 1 --slide --text-file missing.txt
+refuse 2 'cannot read missing.vcf: there is no such file; check its name' --to 1 --attach missing.vcf
 refuse 2 'cannot read ..: it is a folder; name the files in it' --to 1 --attach ..
 
 # Refusals: content
-refuse 1 'slide 2 already has a text; begin another with --slide' --to 1 --slide --text a --slide --text b --text-file note.txt
-refuse 1 'slide 1 already has an image or a video; begin another with --slide' --to 1 --slide --image harbour.jpg --image harbour.jpg
-refuse 1 'slide 1 already has an image or a video; begin another with --slide' --to 1 --slide --image harbour.jpg --video video.3gp
-refuse 1 'slide 1 already has an image or a video; begin another with --slide' --to 1 --slide --video video.3gp --image harbour.jpg
-refuse 1 'slide 1 already has an audio; begin another with --slide' --to 1 --slide --audio voice.amr --audio voice.amr
-refuse 1 'slide 2 has neither text, picture nor audio; add one, or leave the slide out' --to 1 --slide --text x --slide
-refuse 1 'slide 1 has neither text, picture nor audio; add one, or leave the slide out' --to 1 --slide --text ''
-refuse 1 'slide 1 has a colour or size of its text, but no text; add one with --text' --to 1 --slide --image harbour.jpg --text-color red
-refuse 1 'slide 1 has a colour or size of its text, but no text; add one with --text' --to 1 --slide --image harbour.jpg --text-size small
-refuse 1 'the type of strange.xyz is not known; it is told by the name'\''s end, such as .jpg' --to 1 --slide --image strange.xyz
-refuse 1 'the type of nothing is not known; it is told by the name'\''s end, such as .jpg' --to 1 --slide --audio nothing
-refuse 1 'voice.amr is audio/amr by its name, not image; use --audio' --to 1 --slide --image voice.amr
-refuse 1 'harbour.jpg is image/jpeg by its name, not audio; use --image' --to 1 --slide --audio harbour.jpg
-refuse 1 'voice.amr is audio/amr by its name, not video; use --audio' --to 1 --slide --video voice.amr
-refuse 1 'torn.jpg cannot be shown or played as image/jpeg; is it damaged or misnamed? --attach sends it as it is' --to 1 --slide --image torn.jpg
-refuse 1 'torn.amr cannot be shown or played as audio/amr; is it damaged or misnamed? --attach sends it as it is' --to 1 --slide --audio torn.amr
-refuse 1 'torn.3gp cannot be shown or played as video/3gpp; is it damaged or misnamed? --attach sends it as it is' --to 1 --slide --video torn.3gp
-refuse 1 'latin1.txt is no UTF-8 text; iconv changes the encoding of texts' --to 1 --slide --text-file latin1.txt
-refuse 1 'cannot be written so that it reads back: To; change it or leave it out' --to a/TYPE=PLMN@b --slide --text x
-refuse 1 'cannot be written so that it reads back: zero.txt; change it or leave it out' --to 1 --slide --text-file zero.txt
+refuse 1 'slide 2 already has a text; begin a new slide with --slide' --to 1 --slide --text a --slide --text b --text-file note.txt
+refuse 1 'slide 1 already has an image or a video; begin a new slide with --slide' --to 1 --slide --image harbour.jpg --image harbour.jpg
+refuse 1 'slide 1 already has an image or a video; begin a new slide with --slide' --to 1 --slide --image harbour.jpg --video video.3gp
+refuse 1 'slide 1 already has an image or a video; begin a new slide with --slide' --to 1 --slide --video video.3gp --image harbour.jpg
+refuse 1 'slide 1 already has an audio; begin a new slide with --slide' --to 1 --slide --audio voice.amr --audio voice.amr
+refuse 1 'slide 2 has no text, picture or audio; add one, or remove the slide' --to 1 --slide --text x --slide
+refuse 1 'slide 1 has no text, picture or audio; add one, or remove the slide' --to 1 --slide --text ''
+refuse 1 'slide 1 has a text color or size, but no text; add one with --text' --to 1 --slide --image harbour.jpg --text-color red
+refuse 1 'slide 1 has a text color or size, but no text; add one with --text' --to 1 --slide --image harbour.jpg --text-size small
+refuse 1 'the type of strange.xyz is not known; the extension, such as .jpg, determines it' --to 1 --slide --image strange.xyz
+refuse 1 'the type of nothing is not known; the extension, such as .jpg, determines it' --to 1 --slide --audio nothing
+refuse 1 'voice.amr is audio/amr by its extension, not image; use --audio' --to 1 --slide --image voice.amr
+refuse 1 'harbour.jpg is image/jpeg by its extension, not audio; use --image' --to 1 --slide --audio harbour.jpg
+refuse 1 'voice.amr is audio/amr by its extension, not video; use --audio' --to 1 --slide --video voice.amr
+refuse 1 'torn.jpg cannot be shown or played as image/jpeg; it may be damaged or misnamed; --attach sends it unchanged' --to 1 --slide --image torn.jpg
+refuse 1 'torn.amr cannot be shown or played as audio/amr; it may be damaged or misnamed; --attach sends it unchanged' --to 1 --slide --audio torn.amr
+refuse 1 'torn.3gp cannot be shown or played as video/3gpp; it may be damaged or misnamed; --attach sends it unchanged' --to 1 --slide --video torn.3gp
+refuse 1 'latin1.txt is not UTF-8 text; convert it with iconv' --to 1 --slide --text-file latin1.txt
+refuse 1 'To would be different when read back; change it or remove it' --to a/TYPE=PLMN@b --slide --text x
+refuse 1 'zero.txt would be different when read back; change it or remove it' --to 1 --slide --text-file zero.txt
 # shellcheck disable=SC2046
-refuse 1 'cannot be written so that it reads back: 256 parts; change it or leave it out' --to 1 $(printf -- '--attach nothing %.0s' {1..256})
+refuse 1 '256 parts would be different when read back; change it or remove it' --to 1 $(printf -- '--attach nothing %.0s' {1..256})
 
-# Size: a message of exactly the limit is written, one of an octet more is not.
+# Size: a message of exactly the limit is written, a message with one octet more is not.
 fixed=(--to 1 --transaction-id T --date 2026-01-01 --max-size 2)
-filled() { # OCTETS: a message with an attachment of that size
+filled() { # OCTETS: writes a message with an attachment of this size
   head -c "$1" /dev/zero >fill.bin
-  "$qvlmms" compose -o out/message.mms "${fixed[@]}" --attach fill.bin >said 2>error
+  "$qvlmms" compose -o out/message.mms "${fixed[@]}" --attach fill.bin >printed 2>error
 }
 filled 1900
 room=$((1900 + 2048 - $(stat -c %s out/message.mms)))
-filled "$room" || complain "refused a message of the limit: $(cat error)"
+filled "$room" || complain "refused a message of exactly the limit: $(cat error)"
 [ "$(stat -c %s out/message.mms)" -eq 2048 ] || complain "expected 2048 octets"
 head -c "$((room + 1))" /dev/zero >fill.bin
-refuse 1 'the message has 2049 octets, more than the limit of 2048 octets (2 KB); send less, or set another with --max-size' "${fixed[@]}" --attach fill.bin
-refuse 1 'the message with voice.amr has more than the limit of 2048 octets (2 KB); send less, or set another with --max-size' --slide --audio voice.amr "${fixed[@]}"
+refuse 1 'the message has 2049 octets, more than the limit of 2048 octets (2 KB); send less, or set a higher limit with --max-size' "${fixed[@]}" --attach fill.bin
+refuse 1 'the message with voice.amr has more than the limit of 2048 octets (2 KB); send less, or set a higher limit with --max-size' --slide --audio voice.amr "${fixed[@]}"
 head -c 310000 /dev/zero >fill.bin
 cp fill.bin 100%1.bin
-refuse 1 'the message with 100%1.bin has more than the limit of 307200 octets (300 KB); send less, or set another with --max-size' --to 1 --attach 100%1.bin
+refuse 1 'the message with 100%1.bin has more than the limit of 307200 octets (300 KB); send less, or set a higher limit with --max-size' --to 1 --attach 100%1.bin
 compose --to 1 --attach fill.bin --max-size 400
 
 exit "$failed"

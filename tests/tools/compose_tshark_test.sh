@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Other software reads in a message that `qvlmms compose` makes what was asked for.
+# tshark finds in a message from `qvlmms compose` what the options set.
 #     compose_tshark_test.sh QVLMMS PICTURE
 set -euo pipefail
 qvlmms=$1

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The man page and the help tell of the same commands, arguments, options and words, and of one version.
+# The man page and the help list the same commands, arguments, options, values and version.
 #     man_test.sh QVLMMS PAGE
 set -euo pipefail
 qvlmms=$1
@@ -7,10 +7,10 @@ page=$2
 source "$(dirname "$0")/../support/script.sh"
 sed 's/\\-/-/g; s/\\&//g' "$page" >"$work/page"
 
-help_of() { # [COMMAND]: its rows in one line each
+help_of() { # [COMMAND]: prints its help with one line per row
   "$qvlmms" help "$@" | sed -z 's/\n \{4,\}/ /g'
 }
-rows() { # COMMAND HELP: usage and options
+rows() { # COMMAND HELP: prints usage and options
   sed -nE "s/^Usage: //p; s/^  (-.*[^ ])  .*/$1 \1/p" <<<"$2" | sed 's/   *.*//'
 }
 commands=$(help_of | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\) .*/\1/p')
@@ -21,11 +21,11 @@ commands=$(help_of | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\) .*/\1/p')
     echo "$command"
     rows "$command" "$(help_of "$command")"
   done
-} >"$work/told"
-grep -q '^compose --text-size WORD$' "$work/told" || fail "no options were found in the help"
+} >"$work/from_help"
+grep -q '^compose --text-size WORD$' "$work/from_help" || fail "no options were found in the help"
 
 awk '
-  function plain(line,    gap, text, token) { # what a macro prints
+  function plain(line,    gap, text, token) { # the text of a macro
     gap = line ~ /^\.[BI] / ? " " : ""
     sub(/^\.[A-Z]+ /, "", line)
     while (match(line, /"[^"]*"|[^ ]+/)) {
@@ -44,17 +44,17 @@ awk '
   in_usage { usage = usage (usage == "" ? "" : " ") plain($0) }
   after_tag && plain($0) ~ /^-/ { print command " " plain($0) }
   { after_tag = /^\.TP/ }
-' "$work/page" >"$work/written"
-diff -u <(sort "$work/told") <(sort "$work/written") || fail "the help (-) and the man page (+) differ"
+' "$work/page" >"$work/from_page"
+diff -u <(sort "$work/from_help") <(sort "$work/from_page") || fail "the help (-) and the man page (+) differ"
 
 while read -r option; do
-  grep -qE " ${option}( |\$)" "$work/told" || fail "the man page mentions $option, which is no option"
+  grep -qE " ${option}( |\$)" "$work/from_help" || fail "the man page mentions $option, which is not an option"
 done < <(grep -oE -- '(^|[^a-z-])--[a-z-]+' "$work/page" | grep -oE -- '--.*' | sort -u)
 
 for command in $commands; do
   while read -r word; do
     grep -qE -- "(^|[ .#])$word([ .,]|\$)" "$work/page" || fail "the man page lacks $word of $command"
-  done < <(help_of "$command" | sed -nE 's/^  (--[a-z-]+ WORD|COLOUR) +#?//p' | sed 's/,//g; s/ or / /' | tr ' ' '\n')
+  done < <(help_of "$command" | sed -nE 's/^  (--[a-z-]+ WORD|COLOR) +#?//p' | sed 's/,//g; s/ or / /' | tr ' ' '\n')
 done
 
-grep -qF "\"$("$qvlmms" --version)\"" <(head -n 1 "$page") || fail "the man page is of another version"
+grep -qF "\"$("$qvlmms" --version)\"" <(head -n 1 "$page") || fail "the man page has another version"

@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Commands print nothing that Qt adds on its own, such as remarks on the locale (Qt 6.8) or on a missing
-# XDG_RUNTIME_DIR (Qt 6.4). QT_LOGGING_RULES turns Qt's warnings on again. The other tests of the command do
-# that and make warnings fatal, so that they notice when the command gives Qt a reason to warn.
+# Commands print no warnings of Qt, such as those about the locale (Qt 6.8) or a missing XDG_RUNTIME_DIR
+# (Qt 6.4). QT_LOGGING_RULES turns Qt's warnings on again. The other tests of the command do that and make
+# warnings fatal: they fail if the command itself causes a warning.
 #     quiet_test.sh QVLMMS FIXTURES
 set -euo pipefail
 qvlmms=$1
@@ -11,7 +11,7 @@ unset XDG_RUNTIME_DIR QT_LOGGING_RULES QT_FATAL_WARNINGS
 export LC_ALL=C
 
 quiet() { # ARGUMENT...
-  "$qvlmms" "$@" >"$work/said" 2>"$work/error" || fail "$*: exit code $?"
+  "$qvlmms" "$@" >"$work/printed" 2>"$work/error" || fail "$*: exit code $?"
   [ ! -s "$work/error" ] || fail "$*: $(cat "$work/error")"
 }
 quiet --version

@@ -1,24 +1,24 @@
 #!/usr/bin/env bash
-# `qvlmms render` draws without a display, says what it wrote, and refuses what it cannot draw.
+# `qvlmms render` needs no display, reports what it wrote, and refuses messages that it cannot render.
 #     render_test.sh QVLMMS FIXTURES
 set -euo pipefail
 qvlmms=$1
 source "$(dirname "$0")/../support/script.sh"
 unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM
 
-size_in() { # FILE: width and height as the PNG says
+size_in() { # FILE: prints the width and height in the header of the PNG
   printf '%dx%d' "0x$(od -An -tx1 -j16 -N4 "$1" | tr -d ' ')" "0x$(od -An -tx1 -j20 -N4 "$1" | tr -d ' ')"
 }
 
-"$qvlmms" render "$2/messages/related.mms" "$work/deep/pictures" >"$work/said" 2>"$work/error"
-[ ! -s "$work/error" ] || fail "said on standard error: $(cat "$work/error")"
+"$qvlmms" render "$2/messages/related.mms" "$work/deep/pictures" >"$work/printed" 2>"$work/error"
+[ ! -s "$work/error" ] || fail "printed on standard error: $(cat "$work/error")"
 [ "$(ls "$work/deep/pictures")" = "$(printf 'contact-sheet.png\nslide-1.png\nslide-2.png')" ] || fail "wrong files"
 for name in contact-sheet slide-1 slide-2; do
   file=$work/deep/pictures/$name.png
-  [ "$(head -c 8 "$file" | od -An -tx1 | tr -d ' ')" = 89504e470d0a1a0a ] || fail "$name is no PNG"
-  grep -qxF "wrote $file ($(size_in "$file"))" "$work/said" || fail "did not say what $name is"
+  [ "$(head -c 8 "$file" | od -An -tx1 | tr -d ' ')" = 89504e470d0a1a0a ] || fail "$name is not a PNG"
+  grep -qxF "wrote $file ($(size_in "$file"))" "$work/printed" || fail "did not report $name"
 done
-[ "$(wc -l <"$work/said")" -eq 3 ] || fail "said more than what it wrote"
+[ "$(wc -l <"$work/printed")" -eq 3 ] || fail "reported more than the files"
 
 cp "$work/deep/pictures/slide-1.png" "$work/double.png"
 for scale in 1 4 8; do
@@ -27,7 +27,7 @@ for scale in 1 4 8; do
   [ "${width%x*}" -eq $((120 * scale)) ] || fail "scale $scale gives $width"
 done
 "$qvlmms" render "$2/messages/related.mms" "$work/deep/pictures" >/dev/null
-cmp "$work/double.png" "$work/deep/pictures/slide-1.png" || fail "did not replace what was there"
+cmp "$work/double.png" "$work/deep/pictures/slide-1.png" || fail "did not replace an existing picture"
 
 refuse() { # CODE PATTERN ARGUMENT...
   local code=$1 pattern=$2 actual=0
@@ -40,11 +40,11 @@ for scale in 0 9 -1 2.5 two '' 99999999999; do
 done
 refuse 2 'too few arguments: DIR is missing$' "$2/messages/related.mms"
 refuse 2 'cannot read .*/missing.mms: there is no such file' "$work/missing.mms" "$work/none"
-refuse 1 'notification.mms: the message has no slides; qvlmms show tells what it has$' "$2/messages/notification.mms" "$work/none"
+refuse 1 'notification.mms: the message has no slides; qvlmms show lists its contents$' "$2/messages/notification.mms" "$work/none"
 refuse 1 'REFUSED' "$2/show/smil-not-well-formed.mms" "$work/none"
 refuse 1 'REFUSED' "$2/show/cut-body.mms" "$work/none"
-refuse 2 'cannot make the folder .*/none: .*/double.png is a file; name another folder$' "$2/messages/related.mms" "$work/double.png/none"
-[ ! -e "$work/none" ] || fail "made a folder for nothing"
+refuse 2 'cannot create the folder .*/none: .*/double.png is a file; name another folder$' "$2/messages/related.mms" "$work/double.png/none"
+[ ! -e "$work/none" ] || fail "created a folder without a picture"
 mkdir -p "$work/taken/slide-2.png"
 refuse 2 'cannot write .*/slide-2.png: ' "$2/messages/related.mms" "$work/taken"
-[ "$(ls "$work/taken")" = "$(printf 'slide-1.png\nslide-2.png')" ] || fail "left something behind"
+[ "$(ls "$work/taken")" = "$(printf 'slide-1.png\nslide-2.png')" ] || fail "left an incomplete file"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# `qvlmms rewrite`: what it writes reads back as the same message, a mixed message gets a
-# presentation, and the colour of a root layout, which the writer cannot write, moves to the slides.
+# `qvlmms rewrite` preserves the content of a message. A mixed message gets a presentation. The writer
+# cannot write the color of a root layout, so the color moves to the slides.
 #     rewrite_test.sh QVLMMS FIXTURES
 set -euo pipefail
 qvlmms=$1
@@ -12,17 +12,17 @@ complain() {
   echo "$*" >&2
   failed=1
 }
-# Everything but the sizes and the type of the body, the presentation part and its colours.
+# All that show prints, except what rewriting changes: sizes, type of the body, SMIL part, colors.
 content() { # FILE
   "$qvlmms" show "$1" | sed -E -e 1d -e '/^  (Date|Content-Type|Body) /d' -e '/application\/smil/d' \
     -e 's/^    +[0-9#]+ +//; s/, page #[0-9a-f]+//; s/, text size normal//; s/ \([a-z ]*\)(,|$)/\1/' \
     -e 's/ (shown|attachment)$//' | tr -s ' ' | sed -n '/^ Checks/,$!p; /^ Presentation/,$p'
 }
 rewritten() { # NAME FILE
-  "$qvlmms" rewrite "$2" "$work/$1.mms" >"$work/said" || complain "$1 is not rewritten"
-  [ "$(cat "$work/said")" = "wrote $work/$1.mms ($(stat -c %s "$work/$1.mms") octets)" ] \
-    || complain "said of $1: $(cat "$work/said")"
-  "$qvlmms" show "$work/$1.mms" >"$work/$1.txt" || complain "what is written of $1 is refused"
+  "$qvlmms" rewrite "$2" "$work/$1.mms" >"$work/printed" || complain "$1 is not rewritten"
+  [ "$(cat "$work/printed")" = "wrote $work/$1.mms ($(stat -c %s "$work/$1.mms") octets)" ] \
+    || complain "printed for $1: $(cat "$work/printed")"
+  "$qvlmms" show "$work/$1.mms" >"$work/$1.txt" || complain "the rewritten $1 is refused"
 }
 
 rewritten related "$fixtures/messages/related.mms"
@@ -31,29 +31,29 @@ diff <(content "$fixtures/messages/related.mms" | grep -v ' [0-9]* shown') <(con
 
 rewritten mixed "$fixtures/messages/mixed.mms"
 grep -q '^  Content-Type .*related; type=application/smil;start=<qvlsmil.smil>$' "$work/mixed.txt" \
-  || complain "a mixed message does not become a related one"
+  || complain "a mixed message does not become a related message"
 grep -q '^  Presentation *2 slides$' "$work/mixed.txt" || complain "a mixed message does not get slides"
-grep -qE '^    3  text/x-vCard .* attachment$' "$work/mixed.txt" || complain "the attachment is gone"
+grep -qE '^    3  text/x-vCard .* attachment$' "$work/mixed.txt" || complain "the attachment is lost"
 
-rewritten coloured "$fixtures/show/coloured-root.mms"
-grep -q '^    slide 1: 1000 ms (from the document), page #0000ff' "$work/coloured.txt" \
-  || complain "the colour of the root layout is gone"
-grep -q '^    slide 2: 2000 ms (from the document), page #0000ff, text #ffffff' "$work/coloured.txt" \
-  || complain "a slide loses its text colour"
+rewritten colored "$fixtures/show/coloured-root.mms"
+grep -q '^    slide 1: 1000 ms (from the document), page #0000ff' "$work/colored.txt" \
+  || complain "the color of the root layout is lost"
+grep -q '^    slide 2: 2000 ms (from the document), page #0000ff, text #ffffff' "$work/colored.txt" \
+  || complain "a slide loses its text color"
 
-without_date() { # FILE: it is the moment of decoding
+without_date() { # FILE: prints JSON without Date, which is the time of decoding
   "$qvlmms" show --json - <"$1" | sed 's/"Date":"[^"]*",//'
 }
-for name in related mixed coloured; do
+for name in related mixed colored; do
   rewritten "$name-again" "$work/$name.mms"
   cmp <(without_date "$work/$name.mms") <(without_date "$work/$name-again.mms") \
     || complain "$name changes when it is rewritten again"
 done
-"$qvlmms" rewrite - - <"$work/coloured.mms" | cmp - "$work/coloured.mms" || complain "standard streams differ"
+"$qvlmms" rewrite - - <"$work/colored.mms" | cmp - "$work/colored.mms" || complain "standard streams differ"
 
 # A sender who hides stays hidden.
-"$qvlmms" show "$fixtures/show/coloured-root.mms" >"$work/coloured-before.txt"
-diff <(grep Sender-Visibility "$work/coloured-before.txt") <(grep Sender-Visibility "$work/coloured.txt") \
+"$qvlmms" show "$fixtures/show/coloured-root.mms" >"$work/colored-before.txt"
+diff <(grep Sender-Visibility "$work/colored-before.txt") <(grep Sender-Visibility "$work/colored.txt") \
   || complain "the sender's visibility changes"
 
 refuse() { # CODE PATTERN ARGUMENT...
@@ -65,8 +65,8 @@ refuse() { # CODE PATTERN ARGUMENT...
 }
 refuse 1 'the message has no parts, so there is nothing to write$' "$fixtures/messages/notification.mms" "$work/none.mms"
 refuse 1 'REFUSED' "$fixtures/show/cut-body.mms" "$work/none.mms"
-refuse 2 'there is no such file; is its name right?$' "$work/missing.mms" "$work/none.mms"
-refuse 2 'cannot write .*/folder/none.mms: there is no folder .*/folder; make it first$' "$work/mixed.mms" "$work/folder/none.mms"
+refuse 2 'there is no such file; check its name$' "$work/missing.mms" "$work/none.mms"
+refuse 2 'cannot write .*/folder/none.mms: there is no folder .*/folder; create it first$' "$work/mixed.mms" "$work/folder/none.mms"
 refuse 2 'too few arguments: OUT is missing' "$work/mixed.mms"
 [ ! -e "$work/none.mms" ] || complain "a file is left behind"
 exit "$failed"

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# What `qvlmms show` prints, but for the moment of decoding, is the .txt and the .json beside each
-# message, and its exit code is 0 or, where the text says so, 1.
+# `qvlmms show` prints the .txt and the .json beside each message, except for the time of decoding. Its
+# exit code is 1 if the expected text has a refusal, else 0.
 #     show_test.sh QVLMMS FIXTURES
 set -euo pipefail
 qvlmms=$1
@@ -33,7 +33,7 @@ for message in *.mms; do
 done
 "$qvlmms" show - <related.mms | without_now | tail -n +2 | diff - <(tail -n +2 related.txt) || failed=1
 
-# Several at a time come out in their order.
+# Files that are processed in parallel are printed in their order.
 for format in "" --json; do
   "$qvlmms" show $format *.mms | without_now >"$work/one" || true
   "$qvlmms" show $format --jobs 3 *.mms | without_now >"$work/three" || true

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# `qvlmms smil` on messages and on documents by themselves: the text that is written reads back to
-# the same text, the model is printed, and a refusal says where the text is wrong.
+# `qvlmms smil` on messages and on SMIL documents: the normalized text does not change when normalized
+# again, --model prints the model, and a refusal reports the place of the error.
 #     smil_test.sh QVLMMS FIXTURES
 set -euo pipefail
 qvlmms=$1
@@ -8,9 +8,9 @@ source "$(dirname "$0")/../support/script.sh"
 
 "$qvlmms" smil "$2/messages/related.mms" >"$work/once.smil"
 grep -qxF '<region id="text"  height="160"  width="120" left="0" top="0" />' "$work/once.smil" \
-  || fail "the layout is not the handset's own"
+  || fail "the layout is not the handset's"
 "$qvlmms" smil "$work/once.smil" >"$work/twice.smil"
-cmp "$work/once.smil" "$work/twice.smil" || fail "what was written does not read back"
+cmp "$work/once.smil" "$work/twice.smil" || fail "the normalized text changes when normalized again"
 "$qvlmms" smil - <"$work/once.smil" | cmp - "$work/once.smil" || fail "standard input differs"
 
 "$qvlmms" smil --model "$2/messages/related.mms" >"$work/model"
@@ -21,7 +21,7 @@ refuse() { # CODE PATTERN FILE
   local code=0
   "$qvlmms" smil "$3" >"$work/out" 2>"$work/error" || code=$?
   [ "$code" -eq "$1" ] && grep -q "$2" "$work/error" || fail "$3: $code, $(cat "$work/error")"
-  [ ! -s "$work/out" ] || fail "$3: printed a text although it was refused"
+  [ ! -s "$work/out" ] || fail "$3: printed a text although the input was refused"
 }
 refuse 1 'result -8), line 3, column [0-9]*: ' "$2/show/smil-not-well-formed.mms"
 refuse 1 'there is a second body (result -11)' "$2/show/smil-second-body.mms"

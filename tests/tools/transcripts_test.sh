@@ -1,10 +1,11 @@
 #!/usr/bin/env bash
-# The commands print and write the same with every release of Qt and FFmpeg: for a message the .commands
-# beside it, for the documents of smil/ every-document.commands, for `qvlmms compose` every-option.commands.
-# Each has standard output and standard error, exit codes, and the sizes and checksums of files. NOW stands
-# for the moment of decoding. Pictures are compared by their size, because text depends on the fonts.
+# The commands print and write the same with every release of Qt and FFmpeg. The expected transcripts are
+# the .commands beside each message, every-document.commands for the documents of smil/, and
+# every-option.commands for `qvlmms compose`. They contain standard output and standard error, exit codes,
+# and the sizes and checksums of files. NOW replaces the time of decoding. Only the sizes of pictures are
+# compared, because text depends on the fonts.
 #     transcripts_test.sh QVLMMS FIXTURES PICTURE
-#     transcripts_test.sh QVLMMS FIXTURES PICTURE --write     writes the .commands anew; read each change
+#     transcripts_test.sh QVLMMS FIXTURES PICTURE --write     rewrites the .commands; check every change
 set -euo pipefail
 qvlmms=$(realpath "$1")
 fixtures=$(realpath "$2")
@@ -16,7 +17,7 @@ cp "$fixtures"/show/*.mms "$fixtures"/clips/* "$picture" "$work"
 cd "$work"
 failed=0
 
-run() { # ARGUMENT...: the command as it is typed, what it prints, and an exit code that is not 0
+run() { # ARGUMENT...: prints the command as typed, its output, and its exit code unless it is 0
   local code=0
   printf '$ qvlmms'
   printf ' %s' "${@@Q}" | sed "s/'\([A-Za-z0-9.,:+/=-]*\)'/\1/g"
@@ -24,10 +25,10 @@ run() { # ARGUMENT...: the command as it is typed, what it prints, and an exit c
   "$qvlmms" "$@" 2>&1 || code=$?
   [ "$code" -eq 0 ] || printf 'exit code %s\n' "$code"
 }
-files() { # FOLDER: size, checksum and name of each file in it
+files() { # FOLDER: prints size, checksum and name of each file in it
   [ ! -d "$1" ] || (cd "$1" && find . -type f -exec cksum {} + | LC_ALL=C sort -k 3)
 }
-body() { # FILE: without the header, which has the moment of decoding
+body() { # FILE: prints the body; the header has the time of decoding
   local octets
   octets=$("$qvlmms" show "$1" | sed -n 's/^  Body  *\([0-9]*\) octets.*/\1/p' || true)
   tail -c "$octets" "$1"

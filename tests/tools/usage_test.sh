@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Exit codes and messages for what is no message, no file and no command.
+# Exit codes and error messages of wrong usage, unreadable files and files that are not messages.
 #     usage_test.sh QVLMMS FIXTURES
 set -uo pipefail
 qvlmms=$1
@@ -8,7 +8,7 @@ source "$(dirname "$0")/../support/script.sh"
 printf '\x8c\x80\xff' >"$work/refused"
 failed=0
 
-expect() { # CODE PATTERN COMMAND...: exit code, and a pattern in standard output and error together
+expect() { # CODE PATTERN COMMAND...: expects this exit code, and the pattern in the output or the errors
   local code=$1 pattern=$2 actual=0
   shift 2
   "$@" >"$work/out" 2>&1 </dev/null || actual=$?
@@ -21,12 +21,12 @@ expect() { # CODE PATTERN COMMAND...: exit code, and a pattern in standard outpu
 
 expect 0 '^Usage: qvlmms COMMAND' "$qvlmms" --help
 expect 0 '^qvlmms [0-9]+\.[0-9]+\.[0-9]+$' "$qvlmms" --version
-expect 0 '^  --json    print one JSON object a line$' "$qvlmms" show --help
+expect 0 '^  --json    print one JSON object per line$' "$qvlmms" show --help
 expect 0 '^Usage: qvlmms show \[OPTION\.\.\.\] FILE\.\.\.$' "$qvlmms" show -h
 expect 0 '^  DIR   folder for the parts;' "$qvlmms" extract --help
 expect 0 '^Usage: qvlmms compose \[OPTION\.\.\.\] -o OUT$' "$qvlmms" compose --help
-expect 0 '^  --text-file FILE +the same' "$qvlmms" compose --help
-expect 0 'normalised SMIL text' "$qvlmms" smil --help
+expect 0 '^  --text-file FILE +text of the slide, from a file' "$qvlmms" compose --help
+expect 0 'normalized SMIL text' "$qvlmms" smil --help
 expect 2 '^Usage: qvlmms COMMAND' "$qvlmms"
 
 diff <("$qvlmms" help) <("$qvlmms" --help) || failed=1
@@ -43,28 +43,28 @@ expect 2 '^qvlmms: there is no command shew; did you mean show\?$' "$qvlmms" she
 expect 2 '^qvlmms: there is no command display$' "$qvlmms" display
 expect 2 '^qvlmms help lists the commands\.$' "$qvlmms" display
 expect 2 '^qvlmms: there is no command extrat; did you mean extract\?$' "$qvlmms" help extrat
-expect 2 'too many arguments: "smil" is one too many' "$qvlmms" help show smil
+expect 2 'too many arguments: "smil" is superfluous' "$qvlmms" help show smil
 expect 2 '^qvlmms: too few arguments: FILE is missing$' "$qvlmms" show
 expect 2 '^Usage: qvlmms show ' "$qvlmms" show
-expect 2 '^qvlmms help show tells more\.$' "$qvlmms" show
+expect 2 '^See qvlmms help show\.$' "$qvlmms" show
 expect 2 '^qvlmms: show has no option --jsno; did you mean --json\?$' "$qvlmms" show --jsno "$message"
 expect 2 '^qvlmms: smil has no option --display$' "$qvlmms" smil --display "$message"
 expect 2 '^qvlmms: rewrite has no option -x$' "$qvlmms" rewrite -x "$message"
 expect 2 "Missing value after '--jobs'" "$qvlmms" show "$message" --jobs
 expect 2 '^qvlmms: too few arguments: -o OUT is missing$' "$qvlmms" compose --to 1
 expect 2 '^qvlmms: too few arguments: -o OUT is missing$' "$qvlmms" compose -o '' --to 1
-expect 2 '^qvlmms: too many arguments: "you!" is one too many; a text with blanks takes quotes$' \
+expect 2 '^qvlmms: too many arguments: "you!" is superfluous; quote a text with blanks$' \
   "$qvlmms" compose -o "$work/out.mms" --to 1 --subject See you!
 expect 2 'too few arguments: FILE is missing' "$qvlmms" smil
 expect 2 'too few arguments: DIR is missing' "$qvlmms" extract "$message"
-expect 2 'too many arguments: "b" is one too many' "$qvlmms" extract "$message" a b
+expect 2 'too many arguments: "b" is superfluous' "$qvlmms" extract "$message" a b
 
-expect 2 'cannot read .*/missing.mms: there is no such file; is its name right\?$' "$qvlmms" show "$work/missing.mms"
+expect 2 'cannot read .*/missing.mms: there is no such file; check its name$' "$qvlmms" show "$work/missing.mms"
 expect 2 'cannot read .*/missing.smil: there is no such file' "$qvlmms" smil "$work/missing.smil"
 expect 2 'cannot read .*: it is a folder; name the files in it$' "$qvlmms" show "$work"
 expect 2 '^qvlmms: cannot read standard input: ' bash -c '"$1" show - <"$2"' - "$qvlmms" "$work"
-expect 1 'the message has no presentation; qvlmms show tells what it has$' "$qvlmms" smil "$2/messages/notification.mms"
-expect 1 'the message was refused; qvlmms show tells why$' "$qvlmms" smil "$work/refused"
+expect 1 'the message has no presentation; qvlmms show lists its contents$' "$qvlmms" smil "$2/messages/notification.mms"
+expect 1 'the message was refused; qvlmms show prints the reason$' "$qvlmms" smil "$work/refused"
 expect 1 'there is nothing to read \(result -6\)' "$qvlmms" smil -
 expect 1 'REFUSED.*unknown header field \(result 3\)' "$qvlmms" show "$work/refused"
 expect 0 ', 0 octets' "$qvlmms" show -
@@ -74,15 +74,15 @@ for command in show smil; do
   expect 1 '/response: a message begins with the octet 8C and this file does not; ' \
     "$qvlmms" "$command" "$work/response"
 done
-[ -z "$("$qvlmms" show --json "$work/response" 2>&1 >/dev/null)" ] || { echo "advice beside JSON"; failed=1; }
+[ -z "$("$qvlmms" show --json "$work/response" 2>&1 >/dev/null)" ] || { echo "advice in addition to JSON"; failed=1; }
 expect 1 '/response: a message begins with the octet 8C' "$qvlmms" extract "$work/response" "$work/none"
 expect 1 '3 messages: 2 decoded, 1 refused, 0 not readable' "$qvlmms" show "$message" "$work/refused" "$message"
 expect 2 '3 messages: 1 decoded, 1 refused, 1 not readable' "$qvlmms" show "$work/missing" "$work/refused" "$message"
-expect 2 'cannot make the folder .*/refused: .*/refused is a file; name another folder$' \
+expect 2 'cannot create the folder .*/refused: .*/refused is a file; name another folder$' \
   "$qvlmms" extract "$message" "$work/refused"
-expect 2 'cannot make the folder /proc/none: /proc lets no folder be made in it$' "$qvlmms" extract "$message" /proc/none
+expect 2 'cannot create the folder /proc/none: /proc does not allow creating a folder in it$' "$qvlmms" extract "$message" /proc/none
 expect 0 'the message has no parts' "$qvlmms" extract "$2/messages/notification.mms" "$work/none"
 expect 1 'REFUSED' "$qvlmms" extract "$work/refused" "$work/none"
-[ ! -e "$work/none" ] || { echo "made a folder for nothing"; failed=1; }
+[ ! -e "$work/none" ] || { echo "created a folder without a part"; failed=1; }
 expect 2 '^qvlmms: cannot write to standard output' bash -c '"$1" show "$2" >/dev/full' - "$qvlmms" "$message"
 exit "$failed"

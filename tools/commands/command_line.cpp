@@ -43,7 +43,7 @@ QString unknownOption(const QString &option, const Description &description)
         + suggestion(dashed(option), names);
 }
 
-// A needed option with its value, or a needed argument, that was not given.
+// The first needed option, with its value, or needed argument that was not given.
 QString missing(const QCommandLineParser &parser, const Description &description)
 {
     for (const Option &option : allOptions(description)) {
@@ -56,7 +56,7 @@ QString missing(const QCommandLineParser &parser, const Description &description
     return QString::fromLatin1(description.arguments[given].name).remove(QLatin1String("..."));
 }
 
-// The first argument that is one too many.
+// The first argument that the command does not take.
 std::optional<QString> superfluous(const QStringList &given, const QList<Argument> &wanted)
 {
     const bool takesMore = !wanted.isEmpty() && mayRepeat(wanted.last());
@@ -76,16 +76,16 @@ QString mistake(const QCommandLineParser &parser, const Description &description
         return QStringLiteral("too few arguments: %1 is missing").arg(name);
     if (const auto one = superfluous(parser.positionalArguments(), description.arguments))
         return QLatin1String("too many arguments: \"") + *one
-            + QLatin1String("\" is one too many; a text with blanks takes quotes");
+            + QLatin1String("\" is superfluous; quote a text with blanks");
     return QString();
 }
 
-// Says which option has a value that is none of its numbers, or nothing.
+// Describes the first option whose value is not one of its numbers, or nothing.
 QString wrongNumber(const QCommandLineParser &parser, const Description &description)
 {
     for (const Option &option : allOptions(description)) {
         const QString name = QString::fromLatin1(option.name);
-        const int number = parser.value(name).toInt(); // 0 when it is no number
+        const int number = parser.value(name).toInt(); // 0 when it is not a number
         if (option.isNumber() && (number < 1 || number > option.numbers.most))
             return dashed(name) + QLatin1Char(' ') + parser.value(name)
                 + QStringLiteral(": a number from 1 to %1 is expected").arg(option.numbers.most);
@@ -108,8 +108,7 @@ int run(const Command &command, const QStringList &arguments)
     if (const QString wrong = mistake(parser, description, understood); !wrong.isEmpty()) {
         printError(wrong);
         print(stderr,
-              usageLine(description).toUtf8() + "qvlmms help " + description.name
-                  + " tells more.\n");
+              usageLine(description).toUtf8() + "See qvlmms help " + description.name + ".\n");
         return CannotDo;
     }
     if (const QString wrong = wrongNumber(parser, description); !wrong.isEmpty()) {

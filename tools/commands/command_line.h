@@ -23,27 +23,27 @@ struct Command
 {
     Description description;
     std::function<int(const QCommandLineParser &arguments)> run; ///< returns an ExitCode
-    bool draws = false; ///< needs a QGuiApplication
+    bool draws = false; ///< renders slides, which needs a QGuiApplication
 };
 
-/// Parses @p arguments, of which the first is the command's name, and runs @p command. Prints its
-/// help instead when the arguments ask for it, and an error when they are wrong.
+/// Parses @p arguments, which begin with the command's name, and runs @p command. Prints its help
+/// instead if the arguments ask for it, or an error if they are wrong.
 int run(const Command &command, const QStringList &arguments);
 
 /// Writes the octets as they are.
 void print(FILE *stream, const QByteArray &octets);
 
-/// Lines of messageText() for @p stream: with colors when it takes any.
+/// Lines of messageText() for @p stream: with colors if takesColors().
 QByteArray linesFor(FILE *stream, const QString &text);
 
-/// Writes a line to standard error that begins with the program's name. Makes @p text visible.
+/// Writes the program's name and @p text, made visible, as a line to standard error.
 void printError(const QString &text);
 
-/// "; did you mean NAME?" for a @p word that is close to one of @p names, else "".
+/// "; did you mean NAME?" if @p word is close to one of @p names, else "".
 QString suggestion(const QString &word, const QStringList &names);
 
-/// Writes @p octets to the file @p fileName, or to standard output for "-", and reports a written
-/// file with @p details after its name.
+/// Writes @p octets to the file @p fileName, or to standard output for "-". Reports a written file
+/// with @p details after its name. Returns the exit code.
 int writeOutput(const QByteArray &octets, const QString &fileName, const QString &details);
 
 } // namespace CommandLine

@@ -25,13 +25,13 @@ QByteArray Commands::usage()
     for (const Command &command : all())
         rows += Argument{command.description.name, command.description.summary};
     const QString text = QLatin1String("Usage: qvlmms COMMAND [ARGUMENT...]\n\n"
-                                       "Shows, takes apart, draws and makes multimedia messages "
+                                       "Shows, extracts, renders and composes multimedia messages "
                                        "(MMS).\n")
         + helpList("Commands", rows)
         + helpList("Options",
-                   {{"-h, --help", "print this; behind a command, what help COMMAND prints"},
+                   {{"-h, --help", "print this help; after a command, the help of that command"},
                     {"-v, --version", "print the version"}})
-        + QLatin1String("\nqvlmms help COMMAND tells more.\n");
+        + QLatin1String("\nSee qvlmms help COMMAND.\n");
     return text.toUtf8();
 }
 

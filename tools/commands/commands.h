@@ -1,5 +1,5 @@
 /*
- * The commands of the program, each in a file of its name.
+ * The commands of the program. Each is in a file with its name.
  */
 #pragma once
 
@@ -27,7 +27,7 @@ const CommandLine::Command *find(const QString &name);
 /// The help of the program.
 QByteArray usage();
 
-/// Prints that there is no command @p name. Returns the exit code.
+/// Prints an error: there is no command @p name. Returns the exit code.
 int refuseUnknown(const QString &name);
 
 } // namespace Commands

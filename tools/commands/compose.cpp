@@ -37,7 +37,7 @@ Outcome apply(const ComposeOption &option, const QString &value, Composer *compo
     const QString name = QLatin1String("--") + QLatin1String(option.name);
     if (option.group == Group::OfSlide && composer->slideCount() == 0)
         return Problem{Problem::Usage,
-                       name + QLatin1String(" is about a slide: put --slide before it")};
+                       name + QLatin1String(" applies to a slide: put --slide before it")};
     Outcome outcome = option.apply(*composer, value);
     if (outcome && outcome->kind == Problem::Value)
         outcome->text.prepend(name + QLatin1Char(' ') + value + QLatin1String(": "));
@@ -68,7 +68,7 @@ bool isField(const ComposeOption &option)
     return option.group == Group::Fields;
 }
 
-Outcome make(const QCommandLineParser &parser, Composer *composer)
+Outcome compose(const QCommandLineParser &parser, Composer *composer)
 {
     if (auto problem = applyAll(parser, composer, isField))
         return problem;
@@ -93,7 +93,7 @@ QString sizesText(const Composer &composer)
 int composeMessage(const QCommandLineParser &arguments)
 {
     Composer composer;
-    if (const Outcome problem = make(arguments, &composer)) {
+    if (const Outcome problem = compose(arguments, &composer)) {
         printError(problem->text);
         return problem->kind == Problem::Content ? Refused : CannotDo;
     }
@@ -108,8 +108,8 @@ Command Commands::compose()
     return {
         .description =
             {.name = "compose",
-             .summary = "make a message to send out of texts and files",
-             .purpose = "Makes a message to send out of texts and files.",
+             .summary = "compose a message from texts and files",
+             .purpose = "Composes a message from texts and files.",
              .exitCodes =
                  "0 written, 1 the content was refused, 2 wrong usage or a file that cannot "
                  "be read or written.",

@@ -8,18 +8,18 @@
 
 namespace CommandLine {
 
-/// An argument that is no option, or the name of a value in the help.
+/// A positional argument, or the name of a value in the help.
 struct Argument
 {
-    const char *name; ///< "FILE..." for one or more of them, "[FILE]" when it may be left out
+    const char *name; ///< "FILE..." if it may be repeated, "[FILE]" if it is optional
     const char *help;
 };
 
-/// The whole numbers from 1 to @p most, and the one that counts when none is given.
+/// The whole numbers from 1 to @p most, and the default.
 struct Numbers
 {
     int standard = 0;
-    int most = 0; ///< 0 when the value is no number
+    int most = 0; ///< 0 when the value is not a number
 };
 
 /// An option; its name is short when it is a single letter.
@@ -29,19 +29,19 @@ struct Option
     const char *value = nullptr; ///< name of its value in the help; null when it has none
     const char *help;
     bool isNeeded = false;
-    Numbers numbers = {}; ///< values that it takes; the help adds them
+    Numbers numbers = {}; ///< accepted values; the help lists them
 
     bool isNumber() const { return numbers.most > 0; }
 };
 
-/// Options under a title of their own.
+/// Options under one title.
 struct OptionGroup
 {
     const char *title;
     QList<Option> options;
 };
 
-/// What a command does and takes. Its help says this and no more, and run() takes no more.
+/// Describes a command and its arguments. Both the help and run() use only this.
 struct Description
 {
     const char *name;
@@ -50,7 +50,7 @@ struct Description
     const char *exitCodes;
     QList<Argument> arguments = {};
     QList<OptionGroup> groups = {};
-    QList<Argument> values = {}; ///< values of options that the help explains
+    QList<Argument> values = {}; ///< values of options that the help explains separately
     const char *example = nullptr; ///< lines, each with its line feed
 };
 

@@ -33,12 +33,12 @@ Command Commands::extract()
         .description =
             {.name = "extract",
              .summary = "write the parts of a message to files",
-             .purpose = "Writes every part of a message to a new file in a folder, under its "
-                        "location's name.",
+             .purpose = "Writes every part of a message to a new file in a folder, named after "
+                        "its location.",
              .exitCodes = "0 decoded, 1 the message was refused, 2 wrong usage or a file that "
                           "cannot be read or written.",
              .arguments = {{"FILE", "file with one message; - is standard input"},
-                           {"DIR", "folder for the parts; it is made when it is not there"}}},
+                           {"DIR", "folder for the parts; created if it does not exist"}}},
         .run = onMessage(extractToFolder),
     };
 }

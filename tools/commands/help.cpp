@@ -23,10 +23,9 @@ Command Commands::help()
 {
     return {
         .description = {.name = "help",
-                        .summary = "tell what a command does and takes",
-                        .purpose =
-                            "Tells what a command does and takes, or which commands there are.",
-                        .exitCodes = "0 told, 2 wrong usage or there is no such command.",
+                        .summary = "explain a command and its arguments",
+                        .purpose = "Explains a command and its arguments, or lists the commands.",
+                        .exitCodes = "0 printed, 2 wrong usage or no such command.",
                         .arguments = {{"[COMMAND]", "name of a command"}}},
         .run = printHelp,
     };

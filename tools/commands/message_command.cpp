@@ -19,15 +19,15 @@ QFileInfo existingAbove(const QString &path)
     return info;
 }
 
-// Makes a folder unless it exists. Prints an error when that fails.
-bool makeFolder(const QString &directory)
+// Creates a folder unless it exists. Prints an error if that fails.
+bool createFolder(const QString &directory)
 {
     const QFileInfo above = existingAbove(directory);
     if (QDir(directory).mkpath(QStringLiteral(".")))
         return true;
-    printError(QLatin1String("cannot make the folder ") + directory + QLatin1String(": ")
+    printError(QLatin1String("cannot create the folder ") + directory + QLatin1String(": ")
                + above.filePath()
-               + QLatin1String(above.isDir() ? " lets no folder be made in it"
+               + QLatin1String(above.isDir() ? " does not allow creating a folder in it"
                                              : " is a file; name another folder"));
     return false;
 }
@@ -68,7 +68,7 @@ void printAdvice(const Message &message)
 int writeToFolder(const Message &message, const QString &directory, bool hasFiles,
                   const WriteFiles &write)
 {
-    if (hasFiles && !makeFolder(directory))
+    if (hasFiles && !createFolder(directory))
         return CannotDo;
     QStringList report;
     QString error;

@@ -1,6 +1,6 @@
 /*
- * The frame of commands about one message, which their first argument names: they open it, report
- * on it, and end with its exit code.
+ * The frame of the commands whose first argument is a message: opens the message, reports why it
+ * was refused, and determines the exit code.
  */
 #pragma once
 
@@ -18,27 +18,27 @@ namespace CommandLine {
 using RunOnMessage = int (*)(Message &message, const QCommandLineParser &arguments);
 using ReadMessage = std::unique_ptr<Message> (*)(const QString &fileName, QString *error);
 
-/// For Command::run: opens the message with @p read and calls @p run. Prints an error when the
+/// For Command::run: opens the message with @p read and calls @p run. Prints an error if the
 /// message cannot be read.
 std::function<int(const QCommandLineParser &)> onMessage(RunOnMessage run,
                                                          ReadMessage read = readMessage);
 
-/// Prints all that is known about a message that was refused. Returns the exit code.
+/// Prints a refused message as far as it was decoded. Returns the exit code.
 int refuse(const Message &message);
 
 /// Prints why the command refuses a message. Returns the exit code.
 int refuse(const Message &message, const QString &why);
 
-/// Prints why a file cannot be a message, if so.
+/// Prints why the file cannot be a message, if that is so.
 void printAdvice(const Message &message);
 
-/// Writes files to a folder, adds a line to @p report for each of them, and returns whether all
-/// were written, with the reason in @p error when not.
+/// Writes files to a folder and adds a line to @p report for each. False, with the reason in
+/// @p error, if a file cannot be written.
 using WriteFiles =
     std::function<bool(const QString &directory, QStringList *report, QString *error)>;
 
-/// Calls @p write for the folder @p directory, makes the folder before that if @p hasFiles, and
-/// prints the report. Returns the exit code, which also says whether the message was refused.
+/// Creates the folder @p directory if @p hasFiles, calls @p write for it, and prints the report.
+/// Returns the exit code, also for a message that was refused.
 int writeToFolder(const Message &message, const QString &directory, bool hasFiles,
                   const WriteFiles &write);
 

@@ -6,5 +6,5 @@
 #include <QString>
 #include <QStringList>
 
-/// The one of @p words that differs from @p word in the fewest letters; "" when none is close.
+/// The word in @p words that differs from @p word in the fewest letters; "" if none is close.
 QString nearest(const QString &word, const QStringList &words);

@@ -1,12 +1,11 @@
 /*
- * A line on standard error that says how far a long run is.
+ * A line on standard error with the progress of a long run.
  */
 #pragma once
 
 #include <QtGlobal>
 
-/// Shows the line when there is more than one thing to do and the user has a terminal that can
-/// remove the line again.
+/// Shows the line only for more than one item, on a terminal that can erase it again.
 class Progress
 {
 public:
@@ -14,9 +13,9 @@ public:
     ~Progress();
     Q_DISABLE_COPY_MOVE(Progress)
 
-    /// Removes the line, so that something else can be printed.
+    /// Erases the line, so that something else can be printed.
     void hide() const;
-    /// Counts one more thing as done, and shows the line.
+    /// Counts one more item as done, and shows the line.
     void step();
 
 private:

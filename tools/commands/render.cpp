@@ -21,7 +21,7 @@ int renderToFolder(Message &message, const QCommandLineParser &arguments)
     if (exitCode != AllDecoded || hasSlides)
         return exitCode;
     return refuse(message,
-                  QStringLiteral("the message has no slides; qvlmms show tells what it has"));
+                  QStringLiteral("the message has no slides; qvlmms show lists its contents"));
 }
 
 } // namespace
@@ -31,18 +31,19 @@ Command Commands::render()
     return {
         .description =
             {.name = "render",
-             .summary = "draw the slides of a message as the handset shows them",
-             .purpose = "Draws every slide of a message, and all of them on a contact sheet, and "
+             .summary = "render the slides of a message as the handset shows them",
+             .purpose = "Renders every slide of a message, and a contact sheet of all slides, and "
                         "writes the pictures to a folder as slide-1.png and so on and "
                         "contact-sheet.png. Files of these names are replaced.",
-             .exitCodes = "0 drawn, 1 the message was refused or has no slides, 2 wrong usage or a "
-                          "file that cannot be read or written.",
+             .exitCodes =
+                 "0 rendered, 1 the message was refused or has no slides, 2 wrong usage or a "
+                 "file that cannot be read or written.",
              .arguments = {{"FILE", "file with one message; - is standard input"},
-                           {"DIR", "folder for the pictures; it is made when it is not there"}},
+                           {"DIR", "folder for the pictures; created if it does not exist"}},
              .groups = {{"Options",
                          {{.name = "scale",
                            .value = "N",
-                           .help = "picture pixels that one pixel of the handset takes",
+                           .help = "width and height of a handset pixel in picture pixels",
                            .numbers = {.standard = 2, .most = LargestScale}}}}}},
         .run = onMessage(renderToFolder),
         .draws = true,

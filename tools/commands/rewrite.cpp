@@ -8,9 +8,9 @@ using namespace CommandLine;
 
 namespace {
 
-// A message of attachments that no slide can show gets no SMIL part. One that it gets is named as
-// the library names those that it generates.
-bool encodeAgain(Message *message, QByteArray *octets)
+// A message without slides gets no SMIL part. Other messages get one with the name that the library
+// gives to generated SMIL.
+bool encode(Message *message, QByteArray *octets)
 {
     const bool hasSlides = message->smilResult || message->areSlidesGenerated();
     if (hasSlides && !message->storeSlides(QStringLiteral("qvlsmil.smil")))
@@ -28,7 +28,7 @@ int rewriteMessage(Message &message, const QCommandLineParser &arguments)
         return refuse(message,
                       QStringLiteral("the message has no parts, so there is nothing to write"));
     QByteArray octets;
-    if (!encodeAgain(&message, &octets))
+    if (!encode(&message, &octets))
         return refuse(message, QStringLiteral("the message cannot be written"));
     return writeOutput(octets, arguments.positionalArguments().at(1),
                        QStringLiteral(" (%1 octets)").arg(octets.size()));
@@ -41,11 +41,11 @@ Command Commands::rewrite()
     return {
         .description =
             {.name = "rewrite",
-             .summary = "write a message again as the library would send it",
+             .summary = "write a message as the library would send it",
              .purpose =
-                 "Reads a message and writes it again: slides in the handset's layout, names "
-                 "for all parts, and the fields that its type takes. A message that brings "
-                 "no SMIL gets the slides that are made of its parts.",
+                 "Reads a message and writes it as the library would send it: with slides in the "
+                 "handset's layout, names for all parts, and the fields of its type. A message "
+                 "without SMIL gets slides generated from its parts.",
              .exitCodes =
                  "0 written, 1 the message was refused or has no parts, 2 wrong usage or a "
                  "file that cannot be read or written.",

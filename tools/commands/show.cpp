@@ -25,7 +25,7 @@ ShownFile showFile(const QString &fileName, bool json)
     return shown;
 }
 
-/// Prints files and counts them by their result.
+/// Prints files, and counts them by result.
 class Printer
 {
 public:
@@ -43,7 +43,8 @@ public:
         m_progress.step();
     }
 
-    /// Prints how many files were decoded, refused and not readable. Returns the exit code.
+    /// Prints the numbers of files that were decoded, refused and not readable. Returns the exit
+    /// code.
     int finish() const
     {
         m_progress.hide();
@@ -97,16 +98,16 @@ Command Commands::show()
     return {
         .description =
             {.name = "show",
-             .summary = "show header, checks, parts and slides of messages",
-             .purpose = "Shows header, checks, parts and slides of messages.",
+             .summary = "show the header, checks, parts and slides of messages",
+             .purpose = "Shows the header, checks, parts and slides of messages.",
              .exitCodes =
                  "0 all decoded, 1 a message was refused, 2 wrong usage or an unreadable file.",
              .arguments = {{"FILE...", "files with one message each; - is standard input"}},
              .groups = {{"Options",
-                         {{.name = "json", .help = "print one JSON object a line"},
+                         {{.name = "json", .help = "print one JSON object per line"},
                           {.name = "jobs",
                            .value = "N",
-                           .help = "show N files at a time, in their order",
+                           .help = "process N files in parallel and print them in their order",
                            .numbers = {.standard = 1, .most = MostJobs}}}}}},
         .run = showFiles,
     };

@@ -19,7 +19,7 @@ void ShownFiles::printAll(int jobs)
         for (qsizetype i = 1; i < std::min<qsizetype>(jobs, m_names.size()); ++i)
             others.emplace_back([this] { work(); });
     } catch (const std::system_error &) {
-        // The system has no more threads; the existing ones show all files.
+        // The system allows no more threads; those that exist show all files.
     }
     work();
 }
@@ -29,7 +29,7 @@ void ShownFiles::work()
     std::unique_lock lock(m_mutex);
     while (m_started < m_names.size()) {
         const qsizetype index = m_started++;
-        // While a large file is shown, the output of the files after it waits in memory.
+        // Limits the output that waits in memory while an earlier file is still being shown.
         m_printedMore.wait(lock, [&] { return index < m_printed + m_mostAhead; });
         lock.unlock();
         ShownFile shown = m_show(m_names[index]);

@@ -1,6 +1,6 @@
 /*
- * Files shown in their order by several threads. Each thread takes the next file, and prints all
- * that is ready up to there, so that no thread has to wake another one for that.
+ * Shows files with several threads and prints them in their order. The thread that finishes a file
+ * also prints all files that are ready then, so that no printing thread has to be woken up.
  */
 #pragma once
 
@@ -18,7 +18,7 @@ struct ShownFile
 {
     QByteArray text;
     QString error; ///< when the file could not be read
-    QString advice; ///< when it is no message
+    QString advice; ///< when it is not a message
     bool refused = false;
 };
 
@@ -28,7 +28,7 @@ public:
     using Show = std::function<ShownFile(const QString &name)>;
     using Print = std::function<void(const QString &name, const ShownFile &shown)>;
 
-    /// Several threads call @p show at the same time, and one at a time calls @p print.
+    /// Several threads call @p show at the same time; only one at a time calls @p print.
     ShownFiles(QStringList names, Show show, Print print);
 
     /// Prints all files, with @p jobs threads.
@@ -43,7 +43,7 @@ private:
     const Print m_print;
     qsizetype m_mostAhead = 0;
 
-    std::mutex m_mutex; // for all that follows
+    std::mutex m_mutex; // protects the members below
     std::condition_variable m_printedMore;
     std::map<qsizetype, ShownFile> m_ready; // by index
     qsizetype m_started = 0;

@@ -28,9 +28,9 @@ int refuseWithoutSlides(const Message &message)
 {
     return refuse(message,
                   message.isRefused()
-                      ? QStringLiteral("the message was refused; qvlmms show tells why")
-                      : QStringLiteral("the message has no presentation; qvlmms show tells what it "
-                                       "has"));
+                      ? QStringLiteral("the message was refused; qvlmms show prints the reason")
+                      : QStringLiteral("the message has no presentation; qvlmms show lists its "
+                                       "contents"));
 }
 
 int printSmil(Message &message, const QCommandLineParser &arguments)
@@ -58,17 +58,16 @@ Command Commands::smil()
     return {
         .description =
             {.name = "smil",
-             .summary = "print the normalised SMIL of a message or document",
-             .purpose = "Prints the normalised SMIL text of a message, or of a SMIL document by "
-                        "itself, whose media are then taken as being there. A message that brings "
-                        "no SMIL gets the slides that are made of its parts.",
+             .summary = "print the normalized SMIL of a message or document",
+             .purpose = "Prints the normalized SMIL text of a message or of a SMIL document. The "
+                        "media of a document are treated as present. A message without SMIL gets "
+                        "slides generated from its parts.",
              .exitCodes = "0 read, 1 refused, 2 wrong usage or an unreadable file.",
              .arguments = {{"FILE",
                             "file with one message or one SMIL document; - is standard input"}},
              .groups = {{"Options",
                          {{.name = "model",
-                           .help =
-                               "print the presentation instead, a line for each thing in it"}}}}},
+                           .help = "print the presentation instead, one item per line"}}}}},
         .run = onMessage(printSmil, readMessageOrDocument),
     };
 }

@@ -57,7 +57,7 @@ Problem tooLarge(const QString &what, qint64 limit)
     return refused(
         what
         + QStringLiteral(
-              " more than the limit of %1 octets (%2 KB); send less, or set another with "
+              " more than the limit of %1 octets (%2 KB); send less, or set a higher limit with "
               "--max-size")
               .arg(limit)
               .arg(limit / 1024));
@@ -137,8 +137,7 @@ Outcome Composer::addTextFile(const QString &fileName)
     if (auto problem = read(fileName, &octets))
         return problem;
     if (!isUtf8(octets))
-        return refused(fileName
-                       + QLatin1String(" is no UTF-8 text; iconv changes the encoding of texts"));
+        return refused(fileName + QLatin1String(" is not UTF-8 text; convert it with iconv"));
     return place(SMIL_MEDIA_TEXT, fileName, QStringLiteral("plain"), octets);
 }
 
@@ -154,17 +153,17 @@ Outcome Composer::addMedia(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString 
     if (!MMS_COMP_Util::getMIMETypeByExtName(MMS_COMP_Util::getExtName(fileName), type, subtype))
         return refused(
             QLatin1String("the type of ") + fileName
-            + QLatin1String(" is not known; it is told by the name's end, such as .jpg"));
+            + QLatin1String(" is not known; the extension, such as .jpg, determines it"));
     const auto part = newPart(type, subtype, fileName, octets);
     const QLatin1String expected = qvlMediaKind(kind)->mainType;
     if (type != expected)
         return refused(fileName + QLatin1String(" is ") + part->getMimeFormat()
-                       + QLatin1String(" by its name, not ") + expected + QLatin1String("; use ")
-                       + optionTaking(type));
+                       + QLatin1String(" by its extension, not ") + expected
+                       + QLatin1String("; use ") + optionTaking(type));
     if (!part->isMediaObjectSupported())
-        return refused(fileName + QLatin1String(" cannot be shown or played as ")
-                       + part->getMimeFormat()
-                       + QLatin1String("; is it damaged or misnamed? --attach sends it as it is"));
+        return refused(
+            fileName + QLatin1String(" cannot be shown or played as ") + part->getMimeFormat()
+            + QLatin1String("; it may be damaged or misnamed; --attach sends it unchanged"));
     return place(kind, fileName, subtype, octets);
 }
 
@@ -189,7 +188,7 @@ Outcome Composer::admit(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind)
         return {};
     return refused(QStringLiteral("slide %1 already has ").arg(slideCount())
                    + QLatin1String(mediaKindOf(kind).place)
-                   + QLatin1String("; begin another with --slide"));
+                   + QLatin1String("; begin a new slide with --slide"));
 }
 
 Outcome Composer::place(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString &name,
@@ -211,13 +210,11 @@ Outcome Composer::finishSlide(int index)
     const QString name = QStringLiteral("slide %1").arg(index + 1);
     if (slide.getMediaObjectCount() == 0)
         return refused(
-            name
-            + QLatin1String(" has neither text, picture nor audio; add one, or leave the "
-                            "slide out"));
+            name + QLatin1String(" has no text, picture or audio; add one, or remove the slide"));
     if (!slide.getTextElem(false)
         && (slide.getTextColor().isUsable() || !slide.getTextSize().isEmpty()))
         return refused(name
-                       + QLatin1String(" has a colour or size of its text, but no text; add one "
+                       + QLatin1String(" has a text color or size, but no text; add one "
                                        "with --text"));
     const SlideWishes &wishes = m_wishes[index];
     if (wishes.textAbovePicture) {
@@ -274,7 +271,7 @@ Outcome Composer::encode()
         return tooLarge(QStringLiteral("the message has %1 octets,").arg(pdu().size()), m_limit);
     const QString changed = whatChanges(m_message);
     if (!changed.isEmpty())
-        return refused(QLatin1String("cannot be written so that it reads back: ") + changed
-                       + QLatin1String("; change it or leave it out"));
+        return refused(
+            changed + QLatin1String(" would be different when read back; change it or remove it"));
     return {};
 }

@@ -15,7 +15,7 @@
 struct Problem
 {
     enum Kind {
-        Value, ///< the value of an option is wrong; the text says what is expected
+        Value, ///< the value of an option is wrong; the text describes the expected one
         Usage,
         File, ///< a file cannot be read
         Content, ///< the content is refused
@@ -28,8 +28,8 @@ struct Problem
 using Outcome = std::optional<Problem>;
 
 /**
- * A message that is being built. Callers set header fields in the header itself, and add slides and
- * attachments in their order. After a failed step the composer cannot be used any more.
+ * A message that is being built. Callers set fields in header(), and add slides and attachments in
+ * their order. The composer cannot be used after a step that failed.
  */
 class Composer
 {
@@ -38,7 +38,7 @@ public:
     Composer();
 
     MMS_UA_UAMsg &header() { return m_message.header(); }
-    /// Limits the size of the message, in units of 1,024 octets. To be called before files are
+    /// Limits the size of the message, in units of 1,024 octets. Must be called before files are
     /// added.
     void setLimit(int kilobytes) { m_limit = qint64(kilobytes) * 1024; }
 
@@ -47,16 +47,16 @@ public:
     void addSlide();
     int slideCount() const { return int(m_message.slides().getTotalSlidesNum()); }
 
-    /// These act on the last slide. There must be one.
+    /// These operations need a slide, and change the last one.
     Outcome addText(const QString &text);
     Outcome addTextFile(const QString &fileName);
     Outcome addMedia(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString &fileName);
     MMS_COMP_SMILTimingContainer &slide();
-    /// Replaces the duration of the media and the default one.
+    /// Overrides the duration of the media and the default.
     void setDuration(int milliseconds) { m_wishes.last().duration = milliseconds; }
     void setTextAbovePicture(bool above) { m_wishes.last().textAbovePicture = above; }
 
-    /// Encodes the message and checks that it decodes again. It cannot be changed after that.
+    /// Encodes the message, and checks that it decodes to the same message. Must be called last.
     Outcome finish();
     const QByteArray &pdu() const { return m_message.octets; }
     int partCount() const { return m_message.parts().getPartCount(); }

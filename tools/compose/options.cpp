@@ -21,7 +21,7 @@ constexpr std::array textSizes{"small", "normal", "large"};
 constexpr ComposeValue Address{"ADDRESS",
                                "a phone number such as +4915112345678 or an e-mail address"};
 constexpr ComposeValue Color{
-    "COLOUR",
+    "COLOR",
     "#rrggbb, aqua, black, blue, fuchsia, gray, green, lime, maroon, navy, olive, purple, red, "
     "silver, teal, white or yellow"};
 constexpr ComposeValue Moment{"DATE",
@@ -191,7 +191,7 @@ Outcome placeText(Composer &composer, const QString &)
 }
 
 constexpr ComposeOption options[] = {
-    {"to", Address.name, "recipient; like --cc and --bcc as often as needed", Fields,
+    {"to", Address.name, "recipient; --to, --cc and --bcc may be repeated", Fields,
      setAddress<To, &Msg::addToRecipient>},
     {"cc", Address.name, "recipient of a copy", Fields, setAddress<Cc, &Msg::addCcRecipient>},
     {"bcc", Address.name, "recipient of a copy whom the others do not see", Fields,
@@ -205,7 +205,7 @@ constexpr ComposeOption options[] = {
      setNamed<MessageClass, &Msg::setMessageClass, QvlMessageClass::values>},
     {"expiry", "TIME", "how long the relay keeps the message: 7d, 12h, 30m or 3600s", Fields,
      setExpiry},
-    {"delivery-time", Moment.name, "when to deliver at the earliest", Fields,
+    {"delivery-time", Moment.name, "earliest time of delivery", Fields,
      setDateTime<DeliveryTime, &Msg::setDeliveryTime>},
     {"delivery-report", nullptr, "ask for delivery reports", Fields,
      setFlag<DeliveryReport, &Msg::setDeliveryReport, true>},
@@ -214,29 +214,33 @@ constexpr ComposeOption options[] = {
     // The encoder writes Show when the flag is set.
     {"hide-sender", nullptr, "do not show the sender's address to the recipients", Fields,
      setFlag<SenderVisibility, &Msg::setSenderVisibility, false>},
-    {"transaction-id", "ID", "id of the transaction; a new one when it is not given", Fields,
+    {"transaction-id", "ID", "id of the transaction; the default is a new one", Fields,
      setTransactionId},
     {"date", Moment.name, "date of the message instead of now", Fields,
      setDateTime<Date, &Msg::setDate>},
-    {"max-size", "KB", "most octets of the message, in units of 1,024 (300)", Fields, setLimit},
+    {"max-size", "KB", "largest size of the message, in units of 1,024 octets (300)", Fields,
+     setLimit},
 
-    {"slide", nullptr, "begin a new slide; the options of a slide are about the one begun last",
-     Content, addSlide},
-    {"attach", "FILE", "add a file that is on no slide", Content, attach},
+    {"slide", nullptr,
+     "begin a new slide; options of a slide apply to the last --slide before them", Content,
+     addSlide},
+    {"attach", "FILE", "add a file that is not on a slide", Content, attach},
 
     {"text", "TEXT", "text of the slide", OfSlide, addText},
-    {"text-file", "FILE", "the same from a file in UTF-8", OfSlide, addTextFile},
+    {"text-file", "FILE", "text of the slide, from a file in UTF-8", OfSlide, addTextFile},
     {"image", "FILE", "image of the slide", OfSlide, addMedia<SMIL_MEDIA_IMAGE>},
-    {"video", "FILE", "video of the slide, in place of an image", OfSlide,
+    {"video", "FILE", "video of the slide, instead of an image", OfSlide,
      addMedia<SMIL_MEDIA_VIDEO>},
     {"audio", "FILE", "audio of the slide", OfSlide, addMedia<SMIL_MEDIA_AUDIO>},
-    {"duration", "TIME", "5s, 2500ms or 2.5, instead of what plays or 5 seconds", OfSlide,
+    {"duration", "TIME",
+     "5s, 2500ms or 2.5; the default is the duration of its clips, or 5 seconds", OfSlide,
      setDuration},
-    {"background", Color.name, "colour of the page", OfSlide, setColor<&Slide::setPageColor>},
-    {"text-color", Color.name, "colour of the text", OfSlide, setColor<&Slide::setTextColor>},
+    {"background", Color.name, "color of the page", OfSlide, setColor<&Slide::setPageColor>},
+    {"text-color", Color.name, "color of the text", OfSlide, setColor<&Slide::setTextColor>},
     {"text-size", "WORD", "small, normal or large", OfSlide, setTextSize},
     {"text-above", nullptr, "show the text above the picture", OfSlide, placeText<true>},
-    {"text-below", nullptr, "show it below, which is the default", OfSlide, placeText<false>},
+    {"text-below", nullptr, "show the text below the picture, which is the default", OfSlide,
+     placeText<false>},
 };
 
 } // namespace

@@ -11,13 +11,13 @@
 struct ComposeOption
 {
     enum Group {
-        Fields, ///< sets a header field, wherever it stands
+        Fields, ///< sets a header field; its position does not matter
         Content, ///< adds content, in the order of the options
         OfSlide, ///< changes the last slide so far
     };
 
     const char *name;
-    const char *value; ///< name of its value in the help; null when it has none
+    const char *value; ///< name of its value in the help; null without a value
     const char *help;
     Group group;
     Outcome (*apply)(Composer &composer, const QString &value);
@@ -26,12 +26,12 @@ struct ComposeOption
 /// A value that several options take in the same form.
 struct ComposeValue
 {
-    const char *name; ///< its name in the help
-    const char *expected; ///< its form, in words
+    const char *name; ///< name in the help
+    const char *expected; ///< accepted forms, in words
 };
 
 /// All options in the order of the help, group by group.
 std::span<const ComposeOption> composeOptions();
 
-/// The values that have a line of their own in the help.
+/// The values that the help explains separately.
 std::span<const ComposeValue> composeValues();

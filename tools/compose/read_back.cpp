@@ -11,7 +11,7 @@ namespace {
 using Part = MMS_COMP_SMILMultipartBodypart;
 
 // The decoder changes the values of these fields.
-bool changesOnTheWay(const QString &field)
+bool changesInDecoder(const QString &field)
 {
     constexpr std::array names{"Content-Type", "Date", "Expiry", "Sender-Visibility"};
     return std::ranges::any_of(names,
@@ -31,7 +31,7 @@ QString changedField(const Message &sent, const Message &read)
         const bool same = std::ranges::any_of(readFields, [&](const FieldView &other) {
             return other.name == field.name && withoutZero(other.text) == field.text;
         });
-        if (!same && !changesOnTheWay(field.name))
+        if (!same && !changesInDecoder(field.name))
             return field.name;
     }
     return QString();

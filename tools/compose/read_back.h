@@ -8,7 +8,6 @@
 struct Message;
 
 /**
- * Decodes the octets of @p sent and names the first field or part that differs. "" when all is the
- * same.
+ * Decodes the octets of @p sent and names the first field or part that differs; "" if none does.
  */
 QString whatChanges(const Message &sent);

@@ -47,7 +47,7 @@ std::optional<int> ComposeValues::milliseconds(const QString &text)
     bool isNumber = false;
     std::ignore = text.toDouble(&isNumber); // the value is read below, with a unit
     MMS_COMP_SMIL_TIME time;
-    // parseDur() returns five seconds for what it does not understand; parseTime() says so.
+    // Not parseDur(), which returns five seconds for malformed texts.
     MMS_COMP_SMILParser::parseTime(isNumber ? text + QLatin1Char('s') : text, &time);
     if (time.timeType != SMIL_TIME_OFFSET || time.timeValue < 1)
         return std::nullopt;
@@ -57,7 +57,7 @@ std::optional<int> ComposeValues::milliseconds(const QString &text)
 std::optional<QDateTime> ComposeValues::dateTime(const QString &text)
 {
     const QDateTime time = QDateTime::fromString(text, Qt::ISODate).toLocalTime();
-    // The wire format would hold later seconds as another date.
+    // The wire format cannot represent later dates.
     if (!time.isValid() || time.toSecsSinceEpoch() < 0 || time.toSecsSinceEpoch() > LargestInt)
         return std::nullopt;
     return time;
@@ -65,7 +65,7 @@ std::optional<QDateTime> ComposeValues::dateTime(const QString &text)
 
 std::optional<MMS_COMP_COLOR> ComposeValues::color(const QString &text)
 {
-    // The library also reads "#fff", but as nearly black.
+    // Not parseColor() alone, which reads "#fff" as a color that is nearly black.
     static const QRegularExpression sixDigits(QStringLiteral("\\A#[0-9A-Fa-f]{6}\\z"));
     MMS_COMP_COLOR color;
     MMS_COMP_SMILParser::parseColor(text, color);
@@ -76,7 +76,7 @@ std::optional<MMS_COMP_COLOR> ComposeValues::color(const QString &text)
 
 QString ComposeValues::locationFor(const QString &fileName)
 {
-    // The library may shorten a name in the middle of a surrogate pair, so there must be none.
+    // No surrogate pairs: the library may shorten a name in the middle of one.
     static const QRegularExpression unfit(
         QStringLiteral("[&<>\"\\x00-\\x1F\\x7F-\\x9F\\x{FFFE}-\\x{10FFFF}]"));
     // SMIL readers drop blanks around a value.

@@ -16,14 +16,13 @@ namespace ComposeValues {
 /// A phone number, digits that may follow a "+", or an e-mail address.
 std::optional<MMS_UTIL_Entry> address(const QString &text);
 
-/// Seconds above 0 of a number of days, hours, minutes or seconds: "7d", "12h", "30m", "90s", "90".
+/// Converts days, hours, minutes or seconds to seconds above 0: "7d", "12h", "30m", "90s", "90".
 std::optional<int> seconds(const QString &text);
 
-/// Milliseconds above 0 of a SMIL duration, or of a number of seconds such as "2.5".
+/// Converts a SMIL duration, or seconds such as "2.5", to milliseconds above 0.
 std::optional<int> milliseconds(const QString &text);
 
-/// An ISO 8601 date and time, in local time unless it says otherwise, that the wire format can
-/// hold.
+/// An ISO 8601 date and time that the wire format can represent. Local time unless it has a zone.
 std::optional<QDateTime> dateTime(const QString &text);
 
 /// One of sixteen names, or "#rrggbb".

@@ -11,7 +11,7 @@
 
 namespace {
 
-constexpr int LongestFileName = 200; // octets; file systems take 255, and a number may follow
+constexpr int LongestFileName = 200; // octets; file systems allow 255, and a number may be added
 constexpr int MostTries = 10000;
 
 using Part = MMS_COMP_SMILMultipartBodypart;
@@ -41,7 +41,7 @@ bool exists(const QString &path)
     return info.exists() || info.isSymbolicLink();
 }
 
-// Opens a file that did not exist before. Only creating it shows that its name is free.
+// Creates a file that did not exist before. Checking first would leave a race.
 bool createNew(const QDir &directory, const QString &name, QFile *file)
 {
     for (int number = 0; number < MostTries; ++number) {

@@ -1,5 +1,5 @@
 /*
- * Writes the parts of a message to files, under harmless names.
+ * Writes the parts of a message to files with harmless names.
  */
 #pragma once
 
@@ -9,9 +9,9 @@
 struct Message;
 
 /**
- * A file name for a part with the location @p location: its last component without invisible
- * characters. The name is never hidden, and no longer than a file system takes. @p fallback is the
- * name when nothing is left of the location.
+ * Returns a file name for a part with the location @p location: the last component without
+ * invisible characters. The name is never hidden, and short enough for every file system. Returns
+ * @p fallback if nothing is left of the location.
  */
 QString safeFileName(const QString &location, const QString &fallback);
 

@@ -14,14 +14,14 @@ bool isReplaceable(const QFileInfo &info)
     return !info.exists() || info.isFile();
 }
 
-QString whyNotWritten(const QFileInfo &info, const QString &systemsWord)
+QString whyNotWritten(const QFileInfo &info, const QString &systemError)
 {
     if (!isReplaceable(info))
         return QStringLiteral("it is a folder or a device; name a file, or - for standard output");
     if (!QFileInfo(info.path()).isDir())
         return QLatin1String("there is no folder ") + info.path()
-            + QLatin1String("; make it first");
-    return systemsWord;
+            + QLatin1String("; create it first");
+    return systemError;
 }
 
 } // namespace
@@ -71,7 +71,7 @@ QString whyNotRead(const QString &fileName, const QFileDevice &file)
     if (info.isDir())
         return cannotRead + QLatin1String("it is a folder; name the files in it");
     if (!info.exists())
-        return cannotRead + QLatin1String("there is no such file; is its name right?");
+        return cannotRead + QLatin1String("there is no such file; check its name");
     return cannotRead + file.errorString();
 }
 

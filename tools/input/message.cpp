@@ -46,7 +46,7 @@ void addPart(MMS_COMP_SMILMultipart *body, const QString &location)
     body->appendBodypart(part.release());
 }
 
-// Reads twice: to check that it is a document, and again after its media have parts.
+// Reads the document twice: first to check it, then with a part for each of its media.
 void readDocument(Message *message)
 {
     MMS_COMP_SMILParser parser;
@@ -109,6 +109,6 @@ QString whyNoMessage(const Message &message)
     return isPdu(message.octets)
         ? QString()
         : QStringLiteral("a message begins with the octet 8C and this file "
-                         "does not; headers of HTTP or WSP before it have "
-                         "to be cut off");
+                         "does not; remove headers of HTTP or WSP before "
+                         "it");
 }

@@ -11,7 +11,7 @@
 #include <memory>
 #include <optional>
 
-/// A message, and what reading its file came to.
+/// A message, and the results of reading its file.
 struct Message : QvlMessage
 {
     QString fileName; ///< as on the command line
@@ -35,15 +35,15 @@ std::unique_ptr<Message> decodeMessage(const QByteArray &octets);
 
 /**
  * Reads and decodes the file @p fileName, or standard input for "-". Null, with the reason in
- * @p error, when it cannot be read.
+ * @p error, if it cannot be read.
  */
 std::unique_ptr<Message> readMessage(const QString &fileName, QString *error);
 
 /**
- * Reads a message as readMessage() does, or a SMIL document without a message. For a document the
- * message gets an empty part for every location that the document refers to.
+ * Reads a message as readMessage() does, or a SMIL document. The message of a document gets an
+ * empty part for every location that the document refers to.
  */
 std::unique_ptr<Message> readMessageOrDocument(const QString &fileName, QString *error);
 
-/// Why the file cannot be a message at all; "" when it begins like one.
+/// The reason why the file cannot be a message; "" if it begins like one.
 QString whyNoMessage(const Message &message);

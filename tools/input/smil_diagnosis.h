@@ -1,6 +1,6 @@
 /*
- * Why a SMIL text is not well-formed. The library only says that it is not; this file looks for the
- * place with another parser.
+ * Finds out where a SMIL text is not well-formed. The library reports only that it is not; another
+ * parser finds the place.
  */
 #pragma once
 
@@ -8,7 +8,7 @@
 #include <QString>
 
 /**
- * Where and why @p smil is not well-formed, such as "line 3, column 7: ..."; "" when it is. Also ""
- * when it declares entities or attributes, because expanding those may take long.
+ * Where and why @p smil is not well-formed, such as "line 3, column 7: ..."; "" if it is. Also ""
+ * if it declares entities or attributes, because expanding them may take long.
  */
 QString whyNotWellFormed(const QByteArray &smil);

@@ -33,7 +33,7 @@ bool isFinite(const Region &region)
         && std::isfinite(region.getWidth()) && std::isfinite(region.getHeight());
 }
 
-// Compares numbers without their unit: a layout in percent keeps those of the handset's regions.
+// Ignores the unit: a layout in percent has the same numbers for the handset's regions.
 bool isHandsetRegion(const Region &region)
 {
     const QRectF numbers(double(region.getLeft()), double(region.getTop()),
@@ -51,7 +51,7 @@ QRectF areaOf(const MMS_COMP_SMILData &slides, const Region &region)
                   double(region.getHeight()) * unit.height());
 }
 
-// Null when the object has no region, or one with numbers that are not finite.
+// Null if the object has no region, or if a number of the region is not finite.
 const Region *regionOf(const MMS_COMP_SMILData &slides, const Object &object)
 {
     const Region *region = findRegion(slides, object.getRegionId());
@@ -66,7 +66,7 @@ bool hasPlaceOnPage(const MMS_COMP_SMILData &slides, const Object &object)
         && page.intersects(areaOf(slides, *region));
 }
 
-bool standInRegions(const MMS_COMP_SMILData &slides, const QList<const Object *> &objects)
+bool haveOwnRegions(const MMS_COMP_SMILData &slides, const QList<const Object *> &objects)
 {
     QSet<QString> ids;
     for (const Object *object : objects)
@@ -98,7 +98,7 @@ QList<PlacedObject> placeObjects(const MMS_COMP_SMILData &slides,
                                  const QList<const Object *> &objects)
 {
     QList<PlacedObject> placed;
-    const bool sharesPage = !standInRegions(slides, objects);
+    const bool sharesPage = !haveOwnRegions(slides, objects);
     for (const Object *object : objects) {
         const Region *region = regionOf(slides, *object);
         placed += {object, region ? areaOf(slides, *region) : QRectF(),

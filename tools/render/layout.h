@@ -1,9 +1,9 @@
 /*
  * Places the media of a slide on the page. All numbers are handset pixels.
  *
- * In the handset's own layout the text region and the image region are each as large as the page,
- * so the media share the page in the order of the slide: a text after its picture is shown below
- * it. Regions of a sender's own layout keep their places.
+ * In the handset's layout, the text region and the image region are each as large as the page.
+ * Therefore the media share the page in the order of the slide: a text after its picture is shown
+ * below it. Regions of a sender's own layout keep their places.
  */
 #pragma once
 
@@ -19,13 +19,13 @@ struct PlacedObject
     const MMS_COMP_SMILMediaObject *object;
     QRectF area; ///< may reach beyond the page
     MMS_COMP_SMIL_REGION_FIT fit;
-    bool sharesPage; ///< false when it has a region of the sender's own layout
+    bool sharesPage; ///< false if it has a region of the sender's own layout
 };
 
-/// Size of the page: that of the root layout if it has one, within limits.
+/// Size of the page: the size of the root layout, within limits, or of the handset's page.
 QSize pageSize(const MMS_COMP_SMILData &slides);
 
-/// Scale of a page of the size @p page in relation to the handset's own page; at least 1.
+/// Scale of a page of the size @p page, relative to the handset's page; at least 1.
 double pageUnit(const QSize &page);
 
 /// Places @p objects on one page.

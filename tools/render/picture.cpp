@@ -18,7 +18,7 @@ struct View
     QRectF source; // in the picture's own pixels
 };
 
-// Excludes drawings such as SVG: nobody knows in advance how long they take.
+// Excludes vector formats such as SVG: rendering them may take any time.
 bool isPictureFormat(const QByteArray &format)
 {
     constexpr std::array<const char *, 6> formats{"bmp", "gif", "jpeg", "png", "wbmp", "webp"};
@@ -30,8 +30,8 @@ bool isWithin(const QSizeF &inner, const QSizeF &outer)
     return inner.width() <= outer.width() && inner.height() <= outer.height();
 }
 
-// Scales down a picture that was made for a larger screen, which would otherwise lose most of
-// itself on the page. A region of the sender's own layout may crop it on purpose.
+// Scales down a picture made for a larger screen: otherwise most of it would be off the page. A
+// region of the sender's own layout may crop it on purpose.
 MMS_COMP_SMIL_REGION_FIT fitOf(const PlacedObject &place, const QSizeF &size)
 {
     const bool keepsSize = place.fit == SMIL_REGION_FIT_HIDDEN
@@ -55,7 +55,7 @@ QSizeF sizeOnPage(const QSizeF &size, const PlacedObject &place)
     }
 }
 
-// Crops @p view to @p area: coordinates outside may be too large for a painter.
+// Crops @p view to @p area: coordinates outside of it may be too large for a painter.
 View clipped(const View &view, const QRectF &area)
 {
     const QRectF seen = view.target & area;
@@ -67,7 +67,7 @@ View clipped(const View &view, const QRectF &area)
                    seen.height() * down)};
 }
 
-// Scales down an image with more pixels than are drawn: a painter would skip some of them.
+// Scales down an image with more pixels than the painter draws: it would skip some of them.
 QImage reduced(const QImage &image, double across, double down)
 {
     const QSize size(std::max(int(image.width() * std::min(across, 1.0)), 1),

@@ -1,5 +1,5 @@
 /*
- * Pictures of a slide: decodes them within limits, and fits them into their places.
+ * Pictures of a slide: decodes them within limits, and fits them into their areas.
  */
 #pragma once
 
@@ -12,11 +12,11 @@
 /// A decoded picture.
 struct Picture
 {
-    QImage image; ///< null when it cannot be shown; scaled down when the picture is huge
+    QImage image; ///< null if it cannot be shown; scaled down if the picture is huge
     QSizeF size; ///< of the picture, in its own pixels
 };
 
-/// Decodes the picture in @p part; of an animation, its first picture.
+/// Decodes the picture in @p part. Decodes only the first picture of an animation.
 Picture readPicture(const MMS_COMP_SMILMultipartBodypart &part);
 
 /// Draws @p picture at its place on a page of the size @p page.

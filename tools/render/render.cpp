@@ -55,7 +55,7 @@ QColor paperOf(const MMS_COMP_SMILData &slides, const Slide &slide)
                                                         : QColor(Qt::white);
 }
 
-// Handset pixels; those of "normal" for every other text.
+// In handset pixels. Every other text means "normal".
 double textHeight(const QString &size)
 {
     if (size.compare(QLatin1String("small"), Qt::CaseInsensitive) == 0)
@@ -262,6 +262,6 @@ bool renderSlides(const Message &message, const QString &directory, int scale, Q
             return false;
     }
     if (count < total)
-        *report += QStringLiteral("slides that were not drawn: %1").arg(total - count);
+        *report += QStringLiteral("slides that were not rendered: %1").arg(total - count);
     return true;
 }

@@ -1,5 +1,5 @@
 /*
- * Contact sheets: each is one picture with many slides.
+ * Contact sheets: pictures of many slides each.
  */
 #pragma once
 
@@ -9,8 +9,8 @@
 /// Most slides on one sheet.
 constexpr int SlidesPerSheet = 100;
 
-/// The picture of a slide, scaled down when it is too large for a sheet.
+/// The picture of a slide, scaled down if it is too large for a sheet.
 QImage thumbnail(const QImage &slide);
 
-/// Arranges the thumbnails in rows, at their own size.
+/// Arranges the thumbnails in rows, without scaling them.
 QImage contactSheet(const QList<QImage> &thumbnails);

@@ -1,5 +1,5 @@
 /*
- * The strip below the page of a slide, with the facts that the page does not show.
+ * The strip below the page of a slide, with the properties that the page does not show.
  */
 #pragma once
 
@@ -11,6 +11,6 @@
 /// Height of the strip below a page with the scale @p unit, see pageUnit().
 int stripHeight(double unit);
 
-/// Draws, from left to right, the slide's number, the names of its sounds, and its duration.
+/// Draws the slide's number, the names of its audio, and its duration, from left to right.
 void drawStrip(QPainter *painter, QRectF area, double unit, unsigned int number,
                const MMS_COMP_SMILTimingContainer &slide);

@@ -9,11 +9,11 @@
 
 namespace {
 
-constexpr qsizetype LongestText = 10000; // characters, more than any page has room for
+constexpr qsizetype LongestText = 10000; // characters; more than fit on any page
 constexpr qsizetype LongestDrawnName = 200;
 
-// The library calls every received text UTF-8. A text that is not comes from a phone that uses
-// Latin-1.
+// The library labels every received text as UTF-8. A text that is not UTF-8 comes from a phone that
+// uses Latin-1.
 QString decoded(const QByteArray &octets, const QString &charset)
 {
     const auto encoding = QStringConverter::encodingForName(charset.toLatin1().constData())
@@ -42,7 +42,7 @@ QTextOption textOptionFor(const QString &text)
     return option;
 }
 
-// Lays out lines until one does not fit. Returns the number of those that fit, at least 1.
+// Lays out lines until one does not fit. Returns the number of lines that fit, at least 1.
 int layOutLines(QTextLayout *layout, const QSizeF &size)
 {
     int fitting = 0;

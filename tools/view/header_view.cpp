@@ -13,7 +13,7 @@
 
 namespace {
 
-/// An octet and its name in the standard, "" when it has none.
+/// An octet and its name in the standard; "" if it has none.
 struct Named
 {
     unsigned char value;
@@ -50,7 +50,7 @@ QString textOf(const QString &text)
     return text;
 }
 
-// For values that JSON takes as they are.
+// For values that JSON can represent directly.
 void write(const auto &value, JsonWriter *json)
 {
     json->value(value);
@@ -141,7 +141,7 @@ void write(const Recipients &recipients, JsonWriter *json)
     json->endArray();
 }
 
-// Phones also send relative times, which are dates in the first years after 1970.
+// Phones also send relative times, which look like dates soon after 1970.
 struct Expiry
 {
     int stored;
@@ -225,7 +225,7 @@ struct FieldRow
     bool isIn(const Msg &header) const { return header.fieldsPresent(headerFieldMask(code)); }
 };
 
-// @p Getter returns a value for which there are textOf() and write().
+// @p Getter returns a value that textOf() and write() take.
 template <typename Getter>
 constexpr FieldRow row(unsigned char code, Getter)
 {

@@ -13,7 +13,7 @@ class MMS_UA_UAMsg;
 struct FieldView
 {
     QString name; ///< name of the field, such as "Message-Class"
-    QString text; ///< value for a person; may have characters that act on a terminal
+    QString text; ///< value for a person; may contain control characters
 };
 
 /// The fields that are present, in the order of the message.

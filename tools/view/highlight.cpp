@@ -17,8 +17,8 @@ constexpr const char *Bold = "1";
 constexpr const char *Faint = "2";
 constexpr const char *BoldRed = "1;31";
 
-// The first match in a line counts. Values from a message follow a name in their line, so none of
-// them matches.
+// The first match in a line counts. Values from a message never match, because they follow a name
+// in their line.
 const QList<Highlight> &highlights()
 {
     static const QList<Highlight> rows{

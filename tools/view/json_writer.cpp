@@ -64,7 +64,7 @@ QByteArray escaped(QStringView character)
 
 } // namespace
 
-// Only an opening or a colon ends in these characters: texts end in a quote.
+// Looks at the last octet. Texts end in a quote, so only a bracket or a colon can be one of these.
 void JsonWriter::separate()
 {
     const char last = m_json.empty() ? '[' : m_json.back();
@@ -110,7 +110,7 @@ void JsonWriter::value(QStringView text)
     m_json += '"';
 }
 
-// QJsonValue stores a whole number as an integer when it fits.
+// QJsonValue stores a whole number as an integer if it fits.
 void JsonWriter::value(double number)
 {
     const QJsonValue held(number);

@@ -1,6 +1,6 @@
 /*
- * Writes JSON in one pass, in the compact form of QJsonDocument. Qt builds a tree first, which took
- * two thirds of the instructions for showing a message.
+ * Writes JSON in one pass, in the compact form of QJsonDocument. Not with QJsonDocument, which
+ * builds a tree first: that took two thirds of the instructions for showing a message.
  */
 #pragma once
 
@@ -10,8 +10,8 @@
 #include <concepts>
 #include <string>
 
-/// The caller begins and ends objects and arrays, and writes the keys in their order. Characters
-/// without a visible form become \uhex, see TerminalText.
+/// The caller begins and ends objects and arrays, and writes the keys in order. Characters without
+/// a visible form become \uhex, see TerminalText.
 class JsonWriter
 {
 public:

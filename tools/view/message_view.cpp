@@ -109,7 +109,7 @@ QString presentationText(const Message &message)
     QString count =
         slides == 1 ? QStringLiteral("1 slide") : QStringLiteral("%1 slides").arg(slides);
     if (message.areSlidesGenerated())
-        count += QLatin1String(", made of the parts: the message brings none");
+        count += QLatin1String(", generated from the parts: the message has none");
     return line(QStringLiteral("Presentation"), count) + slidesText(message)
         + (message.smilResult.value_or(SmilResult::Ok) == SmilResult::Ok
                ? QString()

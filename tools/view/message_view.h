@@ -8,10 +8,10 @@
 
 struct Message;
 
-/// The message as lines of text, safe for a terminal, each with its line feed.
+/// The message as lines of text that are safe for a terminal. Every line ends in a line feed.
 QString messageText(const Message &message);
 
-/// Why the SMIL of the message was refused: code, meaning and, when it is malformed, the place.
+/// Why the SMIL of the message was refused: meaning, code and, if it is not well-formed, the place.
 QString refusedSmilText(const Message &message);
 
 /// The message as a line of JSON, documented in docs/json.md.

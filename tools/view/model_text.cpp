@@ -127,7 +127,7 @@ QString ModelText::presentation(const MMS_COMP_SMILData &data)
         ? QStringLiteral("unit pixel\n")
         : QStringLiteral("unit percent\n");
     if (const MMS_COMP_SMILRootLayout *root = data.getRootLayout()) {
-        text += QStringLiteral("root-layout width %1 height %2 colour ")
+        text += QStringLiteral("root-layout width %1 height %2 color ")
                     .arg(root->getWidth())
                     .arg(root->getHeight())
             + color(*root->getBackgroundColor()) + QLatin1Char('\n');

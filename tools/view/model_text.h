@@ -1,6 +1,6 @@
 /*
- * A presentation as text: one line for each element, in one fixed form, for people to read and for
- * tests to compare.
+ * A presentation as text in a fixed form, one line per element: for people to read and for tests to
+ * compare.
  */
 #pragma once
 
@@ -16,10 +16,10 @@ namespace ModelText {
 /// The whole presentation; every line ends in a line feed.
 QString presentation(const MMS_COMP_SMILData &data);
 
-/// What the object shows or plays, such as "image"; "unknown" when the library does not know.
+/// The kind of the object, such as "image"; "unknown" if the library does not know it.
 QString mediaName(const MMS_COMP_SMILMediaObject &object);
 
-/// "none", "invalid", or the color as "#rrggbb", with its name when it has one.
+/// "none", "invalid", or the color as "#rrggbb", followed by its name if it has one.
 QString color(const MMS_COMP_COLOR &color);
 
 /// "3000 ms", "indefinite" or "none".

@@ -26,7 +26,7 @@ QString firstLine(const Object &object)
     const Part *part = object.getData();
     if (!part || object.getMediaElementType() != SMIL_MEDIA_TEXT)
         return QString();
-    const QString text = QString::fromUtf8(part->getBodyData().constData()); // up to a zero
+    const QString text = QString::fromUtf8(part->getBodyData().constData()); // up to the first NUL
     return text.section(QLatin1Char('\n'), 0, 0).trimmed();
 }
 
@@ -53,8 +53,8 @@ bool hasMeasuredClip(const Slide &slide)
     return false;
 }
 
-// The library takes a slide's duration from the document, and the default one when that is
-// malformed or media stand outside of a par. Generated slides last as long as their clips.
+// The library takes a slide's duration from the document, or the default if that is malformed or
+// media are outside of a par. Generated slides last as long as their clips.
 QString durationSource(const Message &message, const Slide &slide)
 {
     const int milliseconds = slide.getDur();

@@ -8,7 +8,7 @@ namespace {
 
 constexpr int LongestCell = 40;
 
-// wcwidth() depends on the locale, and the user's locale may have ASCII only.
+// wcwidth() depends on the locale, and the user's locale may support only ASCII.
 void useUnicodeWidths()
 {
     static const bool done = std::setlocale(LC_CTYPE, "C.UTF-8") != nullptr;
@@ -21,7 +21,7 @@ int width(char32_t character)
     return columns < 0 ? 1 : columns;
 }
 
-QString cut(const QString &text)
+QString truncated(const QString &text)
 {
     if (TerminalText::width(text) <= LongestCell)
         return text;
@@ -92,7 +92,7 @@ QStringList TerminalText::table(const QList<Column> &columns, const QList<QStrin
     for (const QStringList &row : rows) {
         QStringList shown;
         for (const QString &cell : row)
-            shown += cut(visible(cell));
+            shown += truncated(visible(cell));
         cells += shown;
     }
     QList<int> widths(columns.size());

@@ -1,6 +1,6 @@
 /*
- * Prepares text from a message for a terminal: nothing in it acts on the terminal, and columns line
- * up in any script.
+ * Prepares text from a message for a terminal: makes control characters visible, and aligns columns
+ * in any script.
  */
 #pragma once
 
@@ -14,10 +14,10 @@ namespace TerminalText {
 /// changes of the writing direction.
 bool hasVisibleForm(char32_t character);
 
-/// @p text with every character without a visible form written as \u{hex}.
+/// Replaces characters of @p text without a visible form by \u{hex}.
 QString visible(const QString &text);
 
-/// Columns that @p text, which is visible(), takes on a terminal.
+/// The number of columns of @p text, made visible(), on a terminal.
 int width(const QString &text);
 
 /// A column of a table.

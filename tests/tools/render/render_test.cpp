@@ -261,7 +261,7 @@ TEST(RenderSlides, LeavesOutWhatIsBehindAThousandSlides)
     QStringList report;
     QString error;
     ASSERT_TRUE(renderSlides(message, directory.path(), 1, &report, &error));
-    EXPECT_EQ(report.last(), "slides that were not drawn: 2");
+    EXPECT_EQ(report.last(), "slides that were not rendered: 2");
     EXPECT_EQ(namesIn(directory).size(), 1010);
 }
 
