@@ -35,7 +35,7 @@ grep -q '^  Content-Type .*related; type=application/smil;start=<qvlsmil.smil>$'
 grep -q '^  Presentation *2 slides$' "$work/mixed.txt" || complain "a mixed message does not get slides"
 grep -qE '^    3  text/x-vCard .* attachment$' "$work/mixed.txt" || complain "the attachment is lost"
 
-rewritten colored "$fixtures/show/coloured-root.mms"
+rewritten colored "$fixtures/show/colored-root.mms"
 grep -q '^    slide 1: 1000 ms (from the document), page #0000ff' "$work/colored.txt" \
   || complain "the color of the root layout is lost"
 grep -q '^    slide 2: 2000 ms (from the document), page #0000ff, text #ffffff' "$work/colored.txt" \
@@ -52,7 +52,7 @@ done
 "$qvlmms" rewrite - - <"$work/colored.mms" | cmp - "$work/colored.mms" || complain "standard streams differ"
 
 # A sender who hides stays hidden.
-"$qvlmms" show "$fixtures/show/coloured-root.mms" >"$work/colored-before.txt"
+"$qvlmms" show "$fixtures/show/colored-root.mms" >"$work/colored-before.txt"
 diff <(grep Sender-Visibility "$work/colored-before.txt") <(grep Sender-Visibility "$work/colored.txt") \
   || complain "the sender's visibility changes"
 
@@ -64,7 +64,7 @@ refuse() { # CODE PATTERN ARGUMENT...
     || complain "$*: $code, $(cat "$work/error")"
 }
 refuse 1 'the message has no parts, so there is nothing to write$' "$fixtures/messages/notification.mms" "$work/none.mms"
-refuse 1 'REFUSED' "$fixtures/show/cut-body.mms" "$work/none.mms"
+refuse 1 'REFUSED' "$fixtures/show/truncated-body.mms" "$work/none.mms"
 refuse 2 'there is no such file; check its name$' "$work/missing.mms" "$work/none.mms"
 refuse 2 'cannot write .*/folder/none.mms: there is no folder .*/folder; create it first$' "$work/mixed.mms" "$work/folder/none.mms"
 refuse 2 'too few arguments: OUT is missing' "$work/mixed.mms"
