@@ -62,7 +62,9 @@ QString numbersText(const Option &option)
 {
     if (!option.isNumber())
         return QString();
-    return QStringLiteral(", 1 to %1 (%2)").arg(option.numbers.most).arg(option.numbers.standard);
+    return QStringLiteral(", 1 to %1 (default %2)")
+        .arg(option.numbers.most)
+        .arg(option.numbers.standard);
 }
 
 QList<Row> rowsOf(const QList<Option> &options)

@@ -33,8 +33,8 @@ Command Commands::extract()
         .description =
             {.name = "extract",
              .summary = "write the parts of a message to files",
-             .purpose = "Writes every part of a message to a new file in a folder, named after "
-                        "its location.",
+             .purpose = "Writes every part of a message to a folder, as a new file named after the "
+                        "part's location.",
              .exitCodes = "0 decoded, 1 the message was refused, 2 wrong usage or a file that "
                           "cannot be read or written.",
              .arguments = {{"FILE", "file with one message; - is standard input"},
