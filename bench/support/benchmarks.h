@@ -37,7 +37,7 @@ struct Cost
     long allocations = 0;
     long allocated = 0;
     long copied = 0;
-    long peak = 0; ///< held at once
+    long peak = 0; ///< peak of the octets in use
 };
 
 /// Makes callgrind write a dump with the trigger @p name; does nothing outside of callgrind.

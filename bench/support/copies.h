@@ -9,7 +9,7 @@
 /// Returns the octets copied since the program started.
 using CopyCounter = long (*)();
 
-/// Null when the library is not loaded.
+/// Null if the library is not loaded.
 inline CopyCounter copyCounter()
 {
     static const auto counter =
