@@ -15,7 +15,7 @@ inline void probeClip(const std::uint8_t *data, std::size_t size, const char *ex
     if (engine->open(reinterpret_cast<const char *>(data), int(size), extension)) {
         StaticStreamInfo info;
         require(engine->getStreamInfo(&info), "an opened clip has information");
-        require(info.playDuration >= 0, "a clip does not play for less than no time");
+        require(info.playDuration >= 0, "a clip has no negative duration");
         engine->close();
     }
     engine->destroy();

@@ -31,6 +31,6 @@ inline QByteArray encodeHeader(MMS_UA_UAMsg *header)
     const int size = MMS_UA_Encoder().sizeOfEncodedHeader(header);
     if (MMS_UA_Encoder().encodeHeader(header, &octets) == WireResult::BadArgument)
         return {};
-    require(octets.size() == size, "an encoded header has the size that was announced");
+    require(octets.size() == size, "an encoded header has the announced size");
     return octets;
 }

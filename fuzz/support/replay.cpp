@@ -1,5 +1,5 @@
 /*
- * The main of a fuzz target in a build without libFuzzer: it runs the target once on each input.
+ * The main() of a fuzz target in a build without libFuzzer: runs the target once on each input.
  *     fuzz_TARGET FILE_OR_FOLDER...
  */
 #include <cstdint>

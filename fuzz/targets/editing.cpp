@@ -36,14 +36,14 @@ void checkObject(const Object &object)
     const Part *part = object.getData();
     if (!part)
         return;
-    require(part->getBodyDataLen() == part->getBodyData().size(), "a bound part is alive");
+    require(part->getBodyDataLen() == part->getBodyData().size(), "a bound part exists");
 }
 
 void check(const Draft &draft)
 {
     for (int i = 0; i < draft.body.getPartCount(); ++i) {
         const Part *part = draft.body.getBodypartByIndex(i);
-        require(part->isHeldByMultipart(), "a part in a message is held by it");
+        require(part->isHeldByMultipart(), "a part in a message is marked as held by it");
         for (int j = 0; j < i; ++j)
             require(draft.body.getBodypartByIndex(j) != part, "a part is in a message once");
     }
@@ -207,7 +207,8 @@ void Session::takeElement()
     const unsigned int before = target->getMediaObjectCount();
     const auto take = m_input.oneOf(takes);
     Object *object = (target->*take)(true);
-    require(target->getMediaObjectCount() == before - (object ? 1 : 0), "what is taken is gone");
+    require(target->getMediaObjectCount() == before - (object ? 1 : 0),
+            "a taken object is removed");
     if (!object || target->insert(unsigned(index()), object))
         return;
     const Part *part = object->getData();

@@ -78,6 +78,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     MMS_UA_UAMsg third;
     if (decodeHeader(twice, &third) != WireResult::Read)
         return 0;
-    require(encodeHeader(&third) == twice, "what was written twice does not change any more");
+    require(encodeHeader(&third) == twice, "the octets do not change after the second time");
     return 0;
 }

@@ -83,9 +83,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     require(bodiesOf(again.parts()) == bodiesOf(message.parts()),
             "encoding keeps the octets of the parts");
     if (!hasSmil) {
-        require(again.present().isOk(), "slides that were generated read back");
+        require(again.present().isOk(), "generated slides are read back");
         require(again.slides().getTotalSlidesNum() == message.slides().getTotalSlidesNum(),
-                "as many slides read back as were generated");
+                "the number of slides read back is the number generated");
     }
     return 0;
 }

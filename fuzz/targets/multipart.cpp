@@ -49,7 +49,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         checkNames(body);
     body.getSmilPart();
     for (int i = 0; i < body.getAttachmentCount(); ++i)
-        require(body.getAttachment(i) != nullptr, "an attachment that is counted is there");
+        require(body.getAttachment(i) != nullptr, "a counted attachment exists");
     checkEncoding(&body);
     return 0;
 }

@@ -32,8 +32,8 @@ void readAndWrite(const QByteArray &octets, Arguments... arguments)
     QDataStream back(once);
     Value again(arguments...);
     again.readFromStream(back);
-    require(back.status() == QDataStream::Ok && back.atEnd(), "a record reads back whole");
-    require(recordOf(again) == once, "a record reads back as it was written");
+    require(back.status() == QDataStream::Ok && back.atEnd(), "a record is read back completely");
+    require(recordOf(again) == once, "a record is read back as written");
     if constexpr (requires { value.clear(); }) {
         value.clear();
         again.clear();

@@ -26,7 +26,7 @@ void readAndWrite(QByteArray octets)
     QByteArray written(size + 16, '\0');
     LinearBuffer out(reinterpret_cast<unsigned char *>(written.data()), int(written.size()));
     Codec::writeTo(&out, value);
-    require(out.getPosition() == size, "a value takes the octets that were announced");
+    require(out.getPosition() == size, "a value has the announced size");
 }
 
 using Reader = void (*)(QByteArray octets);
@@ -51,7 +51,7 @@ void readUnsigned(QByteArray octets)
         reinterpret_cast<const unsigned char *>(written.constData()), int(written.size()));
     int again = 0;
     require(UIntBinary::readFrom(&back, &again) == WireResult::Read && again == value,
-            "a uintvar reads back");
+            "a uintvar is read back unchanged");
 }
 
 void readTexts(const QString &text)
