@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
-# Runs the demo and the checks as on a fresh machine: a Debian of nothing but its smallest set of
-# packages, and in it a clone of what is committed. Prints how long each took.
+# Runs the demo and the checks on a new system: a Debian with only its smallest set of packages and a
+# clone of the last commit. Prints the time of each.
 #     tests/bare_root.sh RELEASE            ./demo, then what CI runs, on trixie or bookworm
-#     tests/bare_root.sh RELEASE --demo     ./demo alone
+#     tests/bare_root.sh RELEASE --demo     only ./demo
 # Needs root, the Debian packages git and mmdebstrap, and some gigabytes in $TMPDIR.
 set -euo pipefail
 source_dir=$(realpath "$(dirname "$0")/..")

@@ -1,7 +1,6 @@
 /*
- * Messages of real phones and gateways, where the folder that holds them is there: every field of
- * the record, the checks, and every part with its octets, against a reading that was made
- * independently.
+ * Messages of real phones and gateways, if their folder exists: every field of the record, the
+ * checks, and every part with its octets, compared with an independent decoding.
  */
 #include <qvlsmilparser.h>
 
@@ -40,7 +39,7 @@ QJsonObject toJson(const MMS_COMP_SMILMultipartBodypart &part)
             {"refCount", part.getRefCount()},        {"subType", part.getSubType()}};
 }
 
-// A value that is null in the expectation while its field is absent.
+// A value that is null in the expectation if its field is absent.
 QJsonValue ifPresent(const MMS_UA_UAMsg &msg, unsigned char code, const QJsonValue &value)
 {
     return msg.fieldsPresent(headerFieldMask(code)) ? value : QJsonValue();
@@ -136,7 +135,7 @@ std::string print(const QJsonValue &value)
     return QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).toStdString();
 }
 
-// Where a name has an extension that the platform chose, the expectation holds its beginning only.
+// For a name whose extension the platform chose, the expectation has only its beginning.
 void expectEqual(const QJsonValue &actual, const QJsonValue &expected, const std::string &path)
 {
     const QJsonValue prefix = expected["?prefix"];

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Prints line and branch coverage of the library from the profiles in BUILD/profiles. The full report
-# goes to BUILD/report.txt, with the lines and branches that were not taken.
+# Prints line and branch coverage of the library from the profiles in BUILD/profiles. The full
+# report, with the lines and branches that were not executed, is written to BUILD/report.txt.
 #     tests/coverage_report.sh BUILD
 set -euo pipefail
 cd "$(dirname "$0")/.."

@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# Every fixture has the files beside it that a test compares it with, and every such file its fixture.
+# Every fixture has all expected files that tests need, and every expected file has a fixture.
 #     fixtures_test.sh FIXTURES
 set -euo pipefail
 cd "$1"
@@ -9,7 +9,7 @@ complain() {
   failed=1
 }
 
-# Takes lists of words. OTHERS are files that stand for themselves.
+# The arguments are lists of words. OTHERS are files without partners.
 partners() { # FOLDER REQUIRED_SUFFIXES OPTIONAL_SUFFIXES OTHERS
   local file name stem partner
   for file in "$1"/*; do

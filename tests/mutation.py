@@ -1,11 +1,11 @@
 #!/usr/bin/env python3
-"""Changes the library in one place at a time and reports which changes the tests do not notice.
+"""Makes single changes in the library and reports the changes that the tests do not detect.
 
     tests/mutation.py [--sample N] [--seed S] [--jobs J] [FOLDER_OR_FILE...]
 
-A change flips a comparison or a logical operator, moves a constant by one, or swaps a truth value
-or a result code for another. Changes that do not compile do not count. Without --sample all of them
-are tried, which takes hours; a sample is drawn by the seed, so that it can be repeated.
+A change flips a comparison, a logical operator or a truth value, increments a constant, or replaces a
+result code. Changes that do not compile do not count. Without --sample all changes are tried, which takes
+hours. The seed determines the sample, so that it can be repeated.
 """
 import argparse
 import concurrent.futures
@@ -21,7 +21,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 WORK = ROOT / "build" / "mutation"
 FOLDERS = ["src/wire", "src/multipart", "src/presentation", "src/smil"]
 
-# The programs that notice most, and soonest, for each folder; the others follow.
+# The test programs. FIRST has the one for each folder that detects the most changes.
 PROGRAMS = ["wire", "date_time", "multipart", "media_probing", "presentation", "slide_duration",
             "smil", "mixed", "documents", "corpus", "corpus_smil", "media_probing_gui", "no_memory"]
 FIRST = {"wire": "wire", "multipart": "multipart", "presentation": "presentation", "smil": "smil"}
@@ -41,7 +41,7 @@ ENUMERATORS = {"WireResult": ["Read", "OutOfData", "Written", "CannotWrite", "Ba
 
 
 def changes_in(path):
-    """(offset, old text, new text) for every change of a file."""
+    """Yields (offset, old text, new text) for every change of a file."""
     text = path.read_text()
     code = NOT_CODE.sub(lambda match: re.sub(r"[^\n]", " ", match.group()), text)
     for match in SWAP.finditer(code):
@@ -64,7 +64,7 @@ def all_changes(places):
 
 
 class Workshop:
-    """A copy of the tree, built once, in which one change after the other is tried."""
+    """A copy of the tree, built once, in which changes are tried one after the other."""
 
     def __init__(self, number):
         self.tree = WORK / f"tree-{number}"
@@ -116,7 +116,7 @@ def place_of(file, offset, old, new):
 
 def main():
     parser = argparse.ArgumentParser(description=__doc__.splitlines()[0])
-    parser.add_argument("--sample", type=int, help="how many changes to try")
+    parser.add_argument("--sample", type=int, help="number of changes to try")
     parser.add_argument("--seed", type=int, default=1)
     parser.add_argument("--jobs", type=int, default=2)
     parser.add_argument("places", nargs="*", default=FOLDERS)
@@ -126,7 +126,7 @@ def main():
     total = len(changes)
     if arguments.sample and arguments.sample < total:
         changes = random.Random(arguments.seed).sample(changes, arguments.sample)
-    print(f"{total} changes, {len(changes)} of them are tried", flush=True)
+    print(f"trying {len(changes)} of {total} changes", flush=True)
 
     workshops = queue.Queue()
     for number in range(arguments.jobs):
@@ -148,7 +148,7 @@ def main():
             if verdict == "survived":
                 print("survived:", place_of(*change), flush=True)
     valid = count["killed"] + count["survived"]
-    print(f"{count['killed']} of {valid} noticed, {count['invalid']} did not compile")
+    print(f"{count['killed']} of {valid} detected, {count['invalid']} did not compile")
     return count["survived"] > 0
 
 

@@ -1,6 +1,5 @@
 #!/usr/bin/env bash
-# The libraries export the names that are listed, no more and no less, and only what public headers
-# declare.
+# The libraries export exactly the listed names, and only declarations of public headers.
 #     abi_test.sh SOURCE_DIR BUILD_DIR
 set -euo pipefail
 source_dir=$1
@@ -10,11 +9,11 @@ list=$source_dir/debian/libqvlsmilparser1.symbols
 
 "$source_dir/tests/abi/update" "$build_dir" "$work/exported"
 diff -u "$list" "$work/exported" || fail "The libraries export other names than before.
-If names came that are to be published, run tests/abi/update $build_dir; else take QVL_EXPORT off them.
-If names went, programs that were built before no longer start: keep them, or begin a new major version."
+To publish new names, run tests/abi/update $build_dir; otherwise remove QVL_EXPORT from them.
+Without removed names, programs built before no longer start: keep the names, or begin a new major version."
 
 quietly cmake --install "$build_dir" --prefix "$work/prefix" --component dev
 cd "$source_dir/src"
 grep -rlE 'QVL_EXPORT|Q_DECL_EXPORT|visibility\(' --include='*.h' --include='*.cpp' | while read -r file; do
-  [ -e "$work/prefix/include/qvlsmilparser/qvlsmilparser/$file" ] || fail "src/$file exports a name but is no public header"
+  [ -e "$work/prefix/include/qvlsmilparser/qvlsmilparser/$file" ] || fail "src/$file exports a name but is not a public header"
 done

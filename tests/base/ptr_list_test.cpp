@@ -1,5 +1,5 @@
 /*
- * The pointer list: order, ranges, and who deletes what.
+ * The pointer list: order, ranges, and ownership.
  */
 #include "base/ptr_list.h"
 
@@ -18,7 +18,7 @@ static_assert(!std::is_copy_assignable_v<QPtrList<int>>);
 
 namespace {
 
-/// Counts how many of its kind are alive.
+/// Counts its instances.
 class Item
 {
 public:
@@ -50,7 +50,7 @@ constexpr int outOfRangeOfThree[] = {-1, 3, 4, std::numeric_limits<int>::min(),
 
 } // namespace
 
-/// Every test leaves no item behind.
+/// Checks that every test deletes all items.
 class QPtrListTest : public testing::Test
 {
 protected:
@@ -88,7 +88,7 @@ TEST_F(QPtrListTest, PrependsToAnEmptyList)
     EXPECT_THAT(numbers(list), ElementsAre(7));
 }
 
-TEST_F(QPtrListTest, InsertsFromTheFrontToBehindTheEnd)
+TEST_F(QPtrListTest, InsertsFromTheFrontToTheEnd)
 {
     const struct
     {
@@ -129,7 +129,7 @@ TEST_F(QPtrListTest, LeavesARefusedItemToTheCaller)
     EXPECT_EQ(Item::alive, 4);
 }
 
-TEST_F(QPtrListTest, GivesNullOutOfRange)
+TEST_F(QPtrListTest, ReturnsNullOutOfRange)
 {
     QPtrList<Item> list;
     list.setAutoDelete(true);
@@ -228,7 +228,7 @@ TEST_F(QPtrListTest, DeletesNothingWithoutAutoDelete)
     EXPECT_EQ(Item::alive, 2);
 }
 
-TEST_F(QPtrListTest, GoesByTheSettingAtTheTimeOfDeletion)
+TEST_F(QPtrListTest, UsesTheSettingAtTheTimeOfDeletion)
 {
     QPtrList<Item> list;
     list.setAutoDelete(true);
@@ -259,8 +259,8 @@ TEST_F(QPtrListTest, StoresNullPointers)
     EXPECT_EQ(Item::alive, 0);
 }
 
-// An item may look at the list that is about to lose it.
-TEST_F(QPtrListTest, HasLetGoOfAnItemBeforeItDeletesIt)
+// The destructor of an item may read the list.
+TEST_F(QPtrListTest, RemovesAnItemBeforeDeletingIt)
 {
     struct Watcher
     {

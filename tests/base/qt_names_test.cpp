@@ -1,5 +1,5 @@
 /*
- * Published type names: callers' source that uses them works on today's types.
+ * Published type names: source code of callers that uses them compiles with today's types.
  */
 #include "base/qt_names.h"
 
@@ -22,7 +22,7 @@ static_assert(!HasArray<int>, "only octets are kept in arrays");
 
 } // namespace
 
-TEST(QArray, HoldsOctetsThatAreNoText)
+TEST(QArray, HoldsBinaryOctets)
 {
     const char octets[] = {'a', '\0', '\xFF'};
     const QArray<char> array(octets, 3);

@@ -5,7 +5,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(Version, OfTheLibraryIsThatOfItsHeader)
+TEST(Version, IsTheSameInLibraryAndHeader)
 {
     const std::string version = std::to_string(QVL_VERSION >> 16) + '.'
         + std::to_string(QVL_VERSION >> 8 & 0xFF) + '.' + std::to_string(QVL_VERSION & 0xFF);

@@ -1,23 +1,23 @@
 #!/usr/bin/env python3
-"""What a document prints is what happens: tries every fenced block of it.
+"""Tests that a document is correct: runs or checks each of its fenced blocks.
 
     blocks_test.py SOURCE_DIR BUILD_DIR DOCUMENT
 
-The blocks are tried in order, in a folder that holds copies of the fixtures: messages, SMIL
-documents, clips and harbour.jpg. In build/demo lies what ./demo starts from. qvlmms and the examples
-are on the PATH, and the library is installed in DIR.
+The blocks are tested in order, in a folder with copies of the fixtures: messages, SMIL documents,
+clips and harbour.jpg. The folder build/demo has the input files of ./demo. qvlmms and the examples are on
+the PATH, and the library is installed in DIR.
 
-    console    "$ command" and behind it what the command prints; a line "..." stands for any lines
-    cpp        with a main() a program, which is run; else code that stands behind
-               #include <qvlsmilparser.h>, which is compiled
-    sh         commands that are run. Those that build or check the project take minutes; their
-               scripts, options, presets and targets have to exist
-    json, xml  is well-formed
-    mermaid, text, and blocks without a language are not looked at
+    console    "$ command" followed by its output; a line "..." means any lines
+    cpp        with a main(), a program that is run; otherwise code that is compiled after
+               #include <qvlsmilparser.h>
+    sh         commands that are run. Commands that build or check the project would take minutes;
+               for these, the scripts, options, presets and targets must exist
+    json, xml  must be well-formed
+    mermaid, text, and blocks without a language are not tested
 
-A block behind a line that ends in a file name, such as "`main.cpp`:", is that file, and is there
-from the start. Such a program is run by the document's commands, one of which has to name it.
-Pictures that a document shows are drawn by its commands, and what it links to exists.
+A block after a line that ends in a file name, such as "`main.cpp`:", is written to that file before the
+first block is tested. A command of the document must run such a program. Commands of the document must
+render the pictures that it shows, and the targets of its links must exist.
 """
 import collections
 import difflib
@@ -37,28 +37,28 @@ Block = collections.namedtuple("Block", "line language text name")
 
 COMPILER = ["g++", "-std=c++20", "-fPIC", "-Wall", "-Wextra", "-Wpedantic", "-Wconversion",
             "-Wshadow", "-Werror"]
-SIMILARITY = 0.97  # of pictures: fonts and their drawing differ a little between machines
+SIMILARITY = 0.97  # of pictures: fonts and their rendering differ slightly between machines
 
 
 class Problem(Exception):
-    """What is wrong with a block."""
+    """A problem of a block."""
 
 
 def blocks_of(text):
     """The fenced blocks of a document."""
     begin = None
-    said = ""
+    before = ""
     for number, line in enumerate(text.splitlines(), 1):
         if begin is None and re.match(r"\s*(```|~~~)", line):
             begin, language, inside = number, line[3:], []
         elif begin is not None and line == "```":
-            name = re.search(r"`([\w-]+\.\w+)`:$", said)
+            name = re.search(r"`([\w-]+\.\w+)`:$", before)
             yield Block(begin, language, "".join(inside), name and name[1])
             begin = None
         elif begin is not None:
             inside.append(line + "\n")
         elif line.strip():
-            said = line
+            before = line
     if begin is not None:
         yield Block(begin, "that is not closed", "", None)
 
@@ -74,7 +74,7 @@ def commands_of(text):
         elif found:
             found[-1][1].append(line.rstrip())
         else:
-            raise Problem("output stands before the first command")
+            raise Problem("output before the first command")
     return found
 
 
@@ -85,7 +85,7 @@ def is_printed(expected, printed):
 
 
 class Project:
-    """What the project's own commands may be."""
+    """The commands of the project itself."""
 
     def __init__(self, source):
         self.source = source
@@ -180,7 +180,7 @@ class Document:
         package = next(prefix.rglob("qvlsmilparser.pc")).parent
         self.environment["PKG_CONFIG_PATH"] = str(package)
         flags = self.must_run(["pkg-config", "--cflags", "--libs", "qvlsmilparser"])
-        self.flags = [*flags.replace("-I", "-isystem").split(),  # Qt's headers have warnings
+        self.flags = [*flags.replace("-I", "-isystem").split(),  # Qt's headers cause warnings
                       f"-Wl,-rpath,{package.parent}"]
 
     def run(self, command):
@@ -199,7 +199,7 @@ class Document:
             attempt = getattr(self, "try_" + (block.language or "text"), None)
             try:
                 if attempt is None:
-                    raise Problem(f"nobody knows how to try a block {block.language}")
+                    raise Problem(f"there is no test for a block {block.language}")
                 attempt(block)
             except (Problem, subprocess.TimeoutExpired) as problem:
                 yield block.line, problem
@@ -217,26 +217,26 @@ class Document:
 
     def try_cmake(self, block):
         if block.name != "CMakeLists.txt":
-            raise Problem("it is not called CMakeLists.txt")
+            raise Problem("the file is not CMakeLists.txt")
 
     def try_json(self, block):
         try:
             json.loads(block.text)
         except ValueError as error:
-            raise Problem(f"no JSON: {error}") from error
+            raise Problem(f"malformed JSON: {error}") from error
 
     def try_xml(self, block):
         try:
             xml.etree.ElementTree.fromstring(block.text)
         except xml.etree.ElementTree.ParseError as error:
-            raise Problem(f"no XML: {error}") from error
+            raise Problem(f"malformed XML: {error}") from error
 
     def try_console(self, block):
         for command, expected in commands_of(block.text):
             printed = [line.rstrip() for line in self.run(["bash", "-c", command]).stdout.splitlines()]
             if not is_printed(expected, printed):
                 difference = difflib.unified_diff(expected, printed, "document", "command", lineterm="")
-                raise Problem(f"`{command}` prints something else\n" + "\n".join(difference))
+                raise Problem(f"the output of `{command}` differs\n" + "\n".join(difference))
 
     def try_sh(self, block):
         lines = block.text.replace("\\\n", " ").splitlines(keepends=True)
@@ -253,7 +253,7 @@ class Document:
         for words in owned:
             self.project.check(words)
         if owned and len(owned) != len(commands):
-            raise Problem(f"commands of the project stand beside others: {line}")
+            raise Problem(f"a line has both commands of the project and others: {line}")
         return bool(owned)
 
     def try_cpp(self, block):
@@ -286,12 +286,12 @@ class Document:
     def compare_picture(self, picture):
         drawn = next(self.work.rglob(picture.name), None)
         if drawn is None:
-            raise Problem(f"no command draws {picture.name}")
-        said = self.run(["ffmpeg", "-nostdin", "-i", drawn, "-i", picture, "-lavfi", "ssim",
-                         "-f", "null", "-"]).stdout
-        similarity = re.search(r"SSIM.* All:([0-9.]+)", said)
+            raise Problem(f"no command renders {picture.name}")
+        output = self.run(["ffmpeg", "-nostdin", "-i", drawn, "-i", picture, "-lavfi", "ssim",
+                           "-f", "null", "-"]).stdout
+        similarity = re.search(r"SSIM.* All:([0-9.]+)", output)
         if not similarity or float(similarity[1]) < SIMILARITY:
-            raise Problem(f"{picture.name} is not what the commands draw\n{said}")
+            raise Problem(f"{picture.name} differs from the rendered picture\n{output}")
 
 
 def main():

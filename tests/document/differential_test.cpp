@@ -1,8 +1,8 @@
 /*
- * The parser against the tree of Qt, whose answers stored presentations depend on: all documents of
- * the fixtures and hundreds of thousands of changed ones are accepted or refused alike, and have
- * the same elements in the same order with the same attributes. docs/smil.md lists what differs on
- * purpose.
+ * Compares the parser with Qt's tree, on whose results stored presentations depend. Both accept or
+ * refuse the same documents, among all fixtures and hundreds of thousands of changed ones, and read
+ * the same elements in the same order with the same attributes. docs/smil.md lists the deliberate
+ * differences.
  */
 #include "document/parser.h"
 
@@ -91,7 +91,7 @@ QByteArray octetsOf(const QString &name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-// What changes put into a document. In one with a document type the names stay such as XML allows.
+// Text that changes insert. With a document type, the names remain valid XML names.
 const QByteArrayList &pieces(bool hasDoctype)
 {
     static const QByteArrayList plain{"a",     "Z",    "7",   " ",   "\n", "\r", "=",
@@ -168,8 +168,7 @@ const QByteArrayList &pieces(bool hasDoctype)
     return hasDoctype ? plain : all;
 }
 
-// One to four changes: a piece put in, octets taken out, or a stretch put in once more somewhere
-// else.
+// One to four changes: inserts a piece, removes octets, or copies octets to another place.
 QByteArray changed(QByteArray document, std::mt19937 *random)
 {
     const auto below = [random](qsizetype limit) { return qsizetype((*random)() % size_t(limit)); };
@@ -218,7 +217,7 @@ class DocumentsLikeTheTree : public testing::TestWithParam<unsigned int>
 
 } // namespace
 
-TEST_P(DocumentsLikeTheTree, AreReadHoweverTheyAreChanged)
+TEST_P(DocumentsLikeTheTree, AreReadTheSameWhenChanged)
 {
     std::mt19937 random(20261122U + GetParam());
     const QStringList names = fixtures();

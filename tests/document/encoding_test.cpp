@@ -1,6 +1,6 @@
 /*
- * The encoding of a document in a file: its octets tell, then its declaration, then it is UTF-8.
- * What is converted is what is read, so that nothing is measured as one text and read as another.
+ * The encoding of a document in a file: determined by its octets, else by its declaration, else
+ * UTF-8. The converted text is the text that is both measured and read.
  */
 #include "document/encoding.h"
 
@@ -60,15 +60,15 @@ const Row convertedRows[] = {
 };
 
 const Row refusedRows[] = {
-    {"no UTF-8", "<s a='\xFC'/>", {}},
-    {"declared UTF-8 that is none", declaring("UTF-8", "\xFC"), {}},
-    {"declared ASCII that is none", declaring("US-ASCII", "\xFC"), {}},
+    {"invalid UTF-8", "<s a='\xFC'/>", {}},
+    {"invalid octets declared as UTF-8", declaring("UTF-8", "\xFC"), {}},
+    {"invalid octets declared as ASCII", declaring("US-ASCII", "\xFC"), {}},
     {"half a character of Shift-JIS", declaring("Shift_JIS", "\x8A"), {}},
 };
 
 } // namespace
 
-TEST(DocumentEncoding, ConvertsByOctetsAndDeclaration)
+TEST(DocumentEncoding, IsDeterminedByOctetsAndDeclaration)
 {
     for (const Row &row : convertedRows) {
         SCOPED_TRACE(row.name);
@@ -78,7 +78,7 @@ TEST(DocumentEncoding, ConvertsByOctetsAndDeclaration)
     }
 }
 
-TEST(DocumentEncoding, RefusesOctetsThatAreNotInTheEncoding)
+TEST(DocumentEncoding, RefusesOctetsThatAreInvalidInTheEncoding)
 {
     for (const Row &row : refusedRows) {
         SCOPED_TRACE(row.name);
@@ -86,8 +86,8 @@ TEST(DocumentEncoding, RefusesOctetsThatAreNotInTheEncoding)
     }
 }
 
-// ASCII octets make no document when they are taken in pairs.
-TEST(DocumentEncoding, LeavesNoMarkupOfAsciiThatIsDeclaredUtf16)
+// ASCII octets read in pairs are not a document.
+TEST(DocumentEncoding, ReadsNoMarkupInAsciiDeclaredAsUtf16)
 {
     const auto text = DocumentEncoding::toUtf8(declaring("UTF-16", "xx"));
     EXPECT_FALSE(text && text->contains('<'));

@@ -1,5 +1,5 @@
 /*
- * How far documents grow: characters that entities and default attributes add, and entities that
+ * The growth of documents: characters that entities and default attributes add, and entities that
  * refer to one another.
  */
 #include "document/expansion.h"
@@ -18,7 +18,7 @@ constexpr qint64 Limit(qint64 documentSize)
         + QvlDocumentLimits::ExpansionAllowance;
 }
 
-// Text that fills what a document of @p document may still grow by, less @p left.
+// Text of the size by which @p document may still grow, less @p left.
 std::string fillOf(const QByteArray &document, qint64 left)
 {
     return std::string(size_t(Limit(document.size()) - document.size() - left), 'x');
@@ -26,7 +26,7 @@ std::string fillOf(const QByteArray &document, qint64 left)
 
 } // namespace
 
-TEST(ExpansionMeter, TakesTextOfEntitiesInPlaceOfTheReference)
+TEST(ExpansionMeter, CountsTheTextOfAnEntityInsteadOfTheReference)
 {
     const QByteArray document = "<s>&ent;</s>";
     ExpansionMeter meter(document);
@@ -36,7 +36,7 @@ TEST(ExpansionMeter, TakesTextOfEntitiesInPlaceOfTheReference)
     EXPECT_FALSE(meter.isWithinLimit());
 }
 
-TEST(ExpansionMeter, TakesOffEachReferenceOnce)
+TEST(ExpansionMeter, SubtractsEachReferenceOnce)
 {
     const QByteArray document = "<s>&e;&e;</s>";
     ExpansionMeter meter(document);
@@ -48,7 +48,7 @@ TEST(ExpansionMeter, TakesOffEachReferenceOnce)
     EXPECT_FALSE(meter.isWithinLimit());
 }
 
-TEST(ExpansionMeter, LeavesOutTextThatIsTheDocumentsOwn)
+TEST(ExpansionMeter, IgnoresTheDocumentsOwnText)
 {
     const QByteArray document = "<s>text</s>";
     ExpansionMeter meter(document);
@@ -71,7 +71,7 @@ TEST(ExpansionMeter, CountsUtf16Units)
     EXPECT_FALSE(meter.isWithinLimit());
 }
 
-TEST(ExpansionMeter, CountsWhatReferencesAddToValues)
+TEST(ExpansionMeter, CountsReferencesInValues)
 {
     const QByteArray document = "<s a=\"&e;\" b='>'/>";
     const std::string value = fillOf(document, -3);
@@ -112,8 +112,8 @@ TEST(ExpansionMeter, BoundsTheDefaultsOfOneElement)
     EXPECT_FALSE(meter.isWithinLimit());
 }
 
-// The parser walks all declared attributes of an element for its tag and for each attribute.
-TEST(ExpansionMeter, BoundsDeclaredAttributesTimesThoseThatAreThere)
+// The parser scans all declared attributes of an element for its tag and for each attribute.
+TEST(ExpansionMeter, BoundsDeclaredTimesPresentAttributes)
 {
     const char *attributes[] = {"a", "", "b", "", nullptr};
     ExpansionMeter meter("<s a='' b=''/>");
@@ -128,7 +128,7 @@ TEST(ExpansionMeter, BoundsDeclaredAttributesTimesThoseThatAreThere)
     EXPECT_FALSE(meter.isWithinLimit());
 }
 
-TEST(EntityLevels, AllowsSixtyFourInWhateverOrderTheyAreDeclared)
+TEST(EntityLevels, AllowsSixtyFourInAnyOrderOfDeclaration)
 {
     const auto name = [](int i) { return 'e' + std::to_string(i); };
     const auto reference = [&](int i) { return "a &" + name(i) + "; b"; };
@@ -145,14 +145,14 @@ TEST(EntityLevels, AllowsSixtyFourInWhateverOrderTheyAreDeclared)
     EXPECT_FALSE(forwards.declare('&', name(65), "text"));
 }
 
-TEST(EntityLevels, TakesOnlyNamesForReferences)
+TEST(EntityLevels, TreatsOnlyNamesAsReferences)
 {
     EntityLevels levels;
     EXPECT_TRUE(levels.declare('&', "e", "&& e; &e &e & e;& ;&&;"));
     EXPECT_FALSE(levels.declare('&', "f", "&&f;"));
 }
 
-TEST(EntityLevels, RefusesCircles)
+TEST(EntityLevels, RefusesCycles)
 {
     EXPECT_FALSE(EntityLevels().declare('&', "e", "&e;"));
     EntityLevels levels;
@@ -160,7 +160,7 @@ TEST(EntityLevels, RefusesCircles)
     EXPECT_FALSE(levels.declare('&', "f", "&e;"));
 }
 
-TEST(EntityLevels, TellsParameterEntitiesFromOthers)
+TEST(EntityLevels, DistinguishesParameterEntitiesFromOthers)
 {
     EntityLevels levels;
     EXPECT_TRUE(levels.declare('&', "e", "%e; &"));

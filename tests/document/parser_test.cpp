@@ -1,6 +1,6 @@
 /*
- * The parser of documents: elements in their order, names that Qt's tree reads or refuses, and a
- * tree that comes out as its text does.
+ * The parser of documents: order of elements, names that Qt's tree reads or refuses, and a Qt tree
+ * that is copied like its text.
  */
 #include "document/parser.h"
 
@@ -44,7 +44,7 @@ TEST(DocumentParser, KeepsElementsInTheOrderOfTheText)
     EXPECT_TRUE(document->root().nextSibling().isNull());
 }
 
-TEST(DocumentParser, TellsAnEmptyAttributeFromNone)
+TEST(DocumentParser, DistinguishesAnEmptyAttributeFromNone)
 {
     const auto document = DocumentParser::parse("<s a='' b='x'/>");
     ASSERT_TRUE(document);
@@ -56,7 +56,7 @@ TEST(DocumentParser, TellsAnEmptyAttributeFromNone)
     EXPECT_TRUE(SmilElement().firstChild().isNull());
 }
 
-TEST(DocumentParser, ReadsValuesAsXmlSays)
+TEST(DocumentParser, NormalizesValuesAsXmlRequires)
 {
     EXPECT_EQ(valueIn("<s a='1&lt;2&#10;3\n4\t5'/>"), "1<2\n3 4 5");
     EXPECT_EQ(valueIn("<s a='\xEF\xBB\xBFx'/>"), QString(QChar(0xFEFF)) + 'x');
@@ -67,7 +67,7 @@ TEST(DocumentParser, ReadsValuesAsXmlSays)
               "declared");
 }
 
-TEST(DocumentParser, TakesNoNotionOfWhatTheTextDeclares)
+TEST(DocumentParser, IgnoresDeclarations)
 {
     EXPECT_EQ(valueIn("<?xml version='1.0' encoding='UTF-16'?><s a='\xC3\xA4'/>"),
               QString(QChar(0xE4)));
@@ -87,7 +87,7 @@ TEST(DocumentParser, ReadsUtf8WhereZeroOctetsLookLikeUtf16)
     }
 }
 
-TEST(DocumentParser, RefusesWhatQtRefuses)
+TEST(DocumentParser, RefusesDocumentsThatQtRefuses)
 {
     for (const char *text : {"",
                              "text",
@@ -147,7 +147,7 @@ TEST(DocumentParser, LoadsNothingFromOutside)
     EXPECT_EQ(valueIn("<!DOCTYPE s [<!ENTITY % p SYSTEM '/etc/passwd'>%p;]><s a='x'/>"), "x");
 }
 
-TEST(SmilDocument, CopiesATreeOfQts)
+TEST(SmilDocument, CopiesATreeOfQt)
 {
     QDomDocument tree;
     ASSERT_TRUE(

@@ -1,7 +1,7 @@
 /*
  * Memory runs out: the n-th allocation fails, for every n that a message takes on its way through
- * the library. No exception leaves the library, nothing is lost or deleted twice, and what comes
- * back says so.
+ * the library. No exception leaves the library, no memory is leaked or deleted twice, and the
+ * results report the failure.
  *
  * Qt's readers of pictures end the process, or wait for ever, when memory runs out within them, so
  * their allocations succeed here. FFmpeg's demuxer of Ogg ends the process, too, and is left out.
@@ -35,7 +35,7 @@
 
 namespace {
 
-/// Where the code of a library stands in memory.
+/// The addresses of a library's code.
 struct CodeRange
 {
     const char *name;
@@ -93,7 +93,7 @@ QByteArray fixture(const char *folder, const char *name)
     return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-/// The way of a message in and out; the texts that a caller needs are made before anything fails.
+/// Receives and sends a message. The texts that a caller needs are created before anything fails.
 class Journey
 {
 public:
@@ -103,7 +103,7 @@ public:
         m_stored.write(QByteArray(10000, '\0')); // room that is there
     }
 
-    /// True when every step says that it did all of its work.
+    /// True if every step reports that it did all of its work.
     bool go();
 
 private:
@@ -171,7 +171,7 @@ bool Journey::go()
         && send(&header, &body, &slides);
 }
 
-/// What a viewer asks about a clip before it shows it.
+/// The probes of a clip before a viewer shows it.
 class Probes
 {
 public:
@@ -191,16 +191,16 @@ private:
 struct Outcome
 {
     long allocations = 0;
-    long reported = 0; ///< how many of them, when they fail, the result tells of
+    long reported = 0; ///< how many of their failures the result reports
 };
 
-/// Lets one allocation after the other fail while what @p make makes goes.
+/// Runs what @p make creates once for each of its allocations, and lets that allocation fail.
 template <typename Make>
 void failEachAllocation(Make make, Outcome &outcome)
 {
     std::array<void *, 4> frames{};
     backtrace(frames.data(), int(frames.size())); // loads what it needs
-    for (int i = 0; i < 2; ++i) { // so that what is made once is there
+    for (int i = 0; i < 2; ++i) { // creates what is created only once
         auto work = make();
         ASSERT_TRUE(work.go());
     }

@@ -1,6 +1,5 @@
 /*
- * What each operation gives when there is no memory for it: the result that its documentation
- * promises, whichever of its allocations fails.
+ * The result of each operation without memory: the documented one, whichever allocation fails.
  */
 #include "message/message.h"
 #include "message/multipart_parser.h"
@@ -32,7 +31,7 @@ bool shouldFail()
     return ++counted == failing;
 }
 
-/// What the operations work on, made before anything fails.
+/// The inputs of the operations, created before anything fails.
 struct Material
 {
     Material()
@@ -40,7 +39,7 @@ struct Material
         appendParts(message, {{.format = "image/jpeg", .location = "a", .data = "A"}});
         record.setTransactionId("T1");
         record.addFieldsPresent(0x00800000);
-        slide.appendObject(new Object(&message)); // a list takes memory for the second item
+        slide.appendObject(new Object(&message)); // a list allocates memory for the second item
     }
 
     QByteArray pdu = "98 61 00 84 A3"_octets;
@@ -200,7 +199,7 @@ const Row rows[] = {
 
 } // namespace
 
-TEST(NoMemory, IsTheResultOfEveryOperation)
+TEST(NoMemory, IsReportedByEveryOperation)
 {
     for (const Row &row : rows) {
         SCOPED_TRACE(row.name);

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# The install components are what the packages are made of: runtime, dev and qvlmms have the files that
-# are listed beside this script, and together they are the plain installation.
+# The packages are built from the install components runtime, dev and qvlmms. Each has the files of the list
+# beside this script, and together they have the same files as a complete installation.
 #     components_test.sh BUILD_DIR VERSION
 set -euo pipefail
 build_dir=$1
@@ -12,7 +12,7 @@ libdir=$(sed -n 's/^CMAKE_INSTALL_LIBDIR:[A-Z]*=//p' "$build_dir/CMakeCache.txt"
 files() { # PREFIX
   (cd "$1" && find . ! -type d -printf '%P\n' | LC_ALL=C sort)
 }
-# Where libraries go, their version, the build's type and each header are not the list's matter.
+# The lists do not depend on the library folder, the version, the build type and single headers.
 generally() {
   sed -E "s:^$libdir/:LIBDIR/:; s:\.${version//./\\.}$:.VERSION:; s:Targets-[a-z]+\.cmake$:Targets-TYPE.cmake:
     s:^(include/qvlsmilparser/).*\.h$:\1HEADERS:" | uniq
@@ -26,4 +26,4 @@ for component in runtime dev qvlmms; do
     || fail "the component $component has other files than tests/install/$component.files"
 done
 LC_ALL=C sort "$work/parts" | diff -u <(files "$work/all") - \
-  || fail "the components are not the plain installation"
+  || fail "the components differ from a complete installation"

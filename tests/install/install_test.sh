@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Installs into an empty prefix and uses the result as an application would: the examples and the
-# command build against it with find_package, an example builds with pkg-config, the library has its
-# soname and is hardened, and it links against a platform library of the caller.
+# Installs to an empty prefix and uses the result like an application: the examples and the command build
+# with find_package, an example builds with pkg-config, the library has its soname and is hardened, and it
+# links with a platform library of the caller.
 #     install_test.sh SOURCE_DIR BUILD_DIR MESSAGE
 set -euo pipefail
 source_dir=$1
@@ -18,8 +18,8 @@ for project in examples tools; do
     -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_STANDARD=20
   quietly cmake --build "$work/$project"
 done
-"$work/examples/receive" "$message" | grep -q '^subject: Grüße' || fail "the example does not receive"
-"$work/tools/qvlmms" show "$message" | grep -q 'm-send-req (128)' || fail "the command does not show"
+"$work/examples/receive" "$message" | grep -q '^subject: Grüße' || fail "the example does not print the subject"
+"$work/tools/qvlmms" show "$message" | grep -q 'm-send-req (128)' || fail "the command does not show the message"
 quietly "$prefix/bin/qvlmms" compose -o "$work/clip.mms" --to +4915112345678 --slide \
   --audio "$source_dir/tests/fixtures/clips/sound.amr"
 "$prefix/bin/qvlmms" show --json "$work/clip.mms" | grep -q playDuration || fail "the command does not measure a clip"
@@ -28,9 +28,9 @@ quietly "$prefix/bin/qvlmms" compose -o "$work/clip.mms" --to +4915112345678 --s
 export PKG_CONFIG_PATH=$libdir/pkgconfig LD_LIBRARY_PATH=$libdir
 read -ra flags <<<"$(pkg-config --cflags --libs qvlsmilparser)"
 quietly g++ -std=c++20 -fPIC "$source_dir/examples/receive.cpp" -o "$work/receive" "${flags[@]}"
-"$work/receive" "$message" | grep -q '^subject: Grüße' || fail "pkg-config's flags do not do"
+"$work/receive" "$message" | grep -q '^subject: Grüße' || fail "the example built with pkg-config does not print the subject"
 
-# An application may have folders and headers of any name, whichever folder the compiler searches first.
+# An application may have folders and headers of any name, in any order of the include folders.
 while read -r header; do
   name=${header%.h}
   name=${name^^}
@@ -51,7 +51,7 @@ done
 library=$libdir/libqvlsmilparser-xscale-r.so.1
 readelf -d "$library" | grep -q 'SONAME.*\[libqvlsmilparser-xscale-r.so.1\]' || fail "wrong soname"
 
-# Mistakes that are still there shall end an attack, not serve it.
+# Hardening ends attacks that exploit remaining bugs.
 holds() { # PATTERN READELF_ARGUMENT...
   local pattern=$1
   shift
@@ -62,7 +62,7 @@ for hardened in "$library" "$libdir/libqvlplatform.so.1" "$libdir"/qvlsmilparser
   holds 'FLAGS_1.*NOW' -d "$hardened" || fail "$hardened is not bound at load time"
   holds __stack_chk_fail -s "$hardened" || fail "$hardened has no stack protector"
 done
-# Which functions are fortified is up to the optimiser, so the libraries cannot tell.
+# The optimizer decides which functions are fortified, so the libraries do not show it.
 grep -F '/src/smil/reader.cpp' "$build_dir/compile_commands.json" | grep -F -- '-D_FORTIFY_SOURCE=3' >/dev/null \
   || fail "functions are not fortified"
 

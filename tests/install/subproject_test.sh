@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# A project that adds this one gets the library alone, and keeps its own build type.
+# A project that adds this one as a subproject gets only the library, and keeps its build type.
 #     subproject_test.sh SOURCE_DIR
 set -euo pipefail
 source "$(dirname "$0")/../support/script.sh"

@@ -1,6 +1,6 @@
 /*
- * Blocks of memory that small messages take. A header takes one for each text and each entry that
- * it keeps; what else a message needs does not grow with its parts.
+ * Blocks of memory that small messages take. A header takes one for each text and each entry; the
+ * other blocks of a message do not depend on the number of its parts.
  */
 #include "message/multipart_parser.h"
 #include "multipart/multipart.h"
@@ -22,7 +22,7 @@ using Multipart = MMS_COMP_SMILMultipart;
 using Parser = MMS_COMP_SMILMultipartParser;
 using Part = MMS_COMP_SMILMultipartBodypart;
 
-// Where pointers have 32 bits, Qt keeps dates in blocks of their own.
+// With 32-bit pointers, Qt keeps each date in a separate block.
 constexpr long DateBlocks = sizeof(void *) < 8 ? 1 : 0;
 
 const QByteArray type = "8C 82"_octets;
@@ -82,7 +82,7 @@ long blocksOfBody(const QByteArray &body, int parts)
 
 } // namespace
 
-TEST(Blocks, OfAHeaderAreItsTextsAndEntries)
+TEST(Blocks, AreTakenForEachTextAndEntryOfAHeader)
 {
     const struct
     {
@@ -102,16 +102,16 @@ TEST(Blocks, OfAHeaderAreItsTextsAndEntries)
         {"notification",
          type + transactionId + version + from + subject + size + expiry + contentLocation, 4},
     };
-    // In the system's zone the C library notes its name with every date.
+    // In the system's zone, the C library stores the zone's name for every date.
     const TimeZone zone(TimeZone::Utc);
     for (const auto &[name, pdu, blocks] : rows) {
         SCOPED_TRACE(name);
-        blocksOfHeader(pdu); // what is made once is there from here on
+        blocksOfHeader(pdu); // from here on, what is created only once exists
         EXPECT_EQ(blocksOfHeader(pdu), blocks);
     }
 }
 
-TEST(Blocks, OfASmallBodyArePartsAndTheirTexts)
+TEST(Blocks, AreTakenForEachPartAndTextOfASmallBody)
 {
     constexpr int parts = PictureCount + 1;
     constexpr long most = 45; // beyond the bodies
@@ -123,7 +123,7 @@ TEST(Blocks, OfASmallBodyArePartsAndTheirTexts)
     }
 }
 
-TEST(Blocks, OfALocationThatRepeatsTheNameAreNone)
+TEST(Blocks, AreNotTakenForALocationThatRepeatsTheName)
 {
     const QByteArray name = "05 9E 85 61 62 00"_octets;
     const auto bodyWith = [&name](const QByteArray &location) {

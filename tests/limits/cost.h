@@ -1,5 +1,5 @@
 /*
- * What a piece of work costs, counted instead of timed.
+ * The cost of an operation, counted instead of timed.
  */
 #pragma once
 
@@ -8,14 +8,14 @@
 
 #include <functional>
 
-/// Something that is done once to an input that it owns.
+/// An operation that is run once, on an input that it owns.
 using Work = std::function<void()>;
 
 struct Cost
 {
-    long steps = 0; ///< basic blocks of the library that were passed
+    long steps = 0; ///< basic blocks of the library that were executed
     long allocations = 0;
-    long octets = 0; ///< of memory, taken in all
+    long octets = 0; ///< allocated in total
 };
 
 inline Cost costOf(const Work &work)

@@ -1,8 +1,8 @@
 /*
- * What documents cost: twice the levels, attributes, declarations and so on take at most 2.2 times
- * the steps and memory, and no document of 300 KB takes more steps than an ordinary one of 600 KB,
- * however hostile it is. Only steps of the library are counted, not those of the XML parser; its
- * memory counts, which grows with the text that entities put in.
+ * The cost of documents: twice the levels, attributes, declarations and so on take at most 2.2
+ * times the steps and memory. No hostile document of 300 KB takes more steps than an ordinary one
+ * of 600 KB. The steps of the XML parser are not counted, but its memory is: it grows with the text
+ * of entities.
  */
 #include "document/expansion.h"
 #include "document/limits.h"
@@ -46,7 +46,7 @@ Cost costOfParsing(const QByteArray &document)
     return costOf([&document] { std::ignore = DocumentParser::parse(document); });
 }
 
-// From a file, because a document type is cut off from octets.
+// From a file, because the document type is removed from octets.
 Cost costOfReading(const QByteArray &document)
 {
     QTemporaryFile file;
@@ -179,7 +179,7 @@ TEST_P(GrowingDocument, CostsAtMostALittleOverTwiceAsMuchAtTwiceTheSize)
     constexpr double Most = 2.2;
     const QByteArray small = GetParam().document(GetParam().size);
     const QByteArray large = GetParam().document(2 * GetParam().size);
-    ASSERT_TRUE(DocumentParser::parse(large)); // also makes what is made once
+    ASSERT_TRUE(DocumentParser::parse(large)); // also creates what is created only once
     const Cost once = costOfParsing(small);
     const Cost twice = costOfParsing(large);
     EXPECT_GT(once.steps, 0);

@@ -1,6 +1,6 @@
 /*
- * What a message costs as it grows: twice the recipients, parts, slides, regions or params take at
- * most 2.2 times the steps, allocations and octets of memory.
+ * The cost of growing messages: twice the recipients, parts, slides, regions or params take at most
+ * 2.2 times the steps, allocations and octets of memory.
  */
 #include "limits/cost.h"
 #include "message/multipart_parser.h"
@@ -324,8 +324,8 @@ Work copying(int size)
     };
 }
 
-// In these the slides outlive what is measured: with them go their parts, each looked for among
-// all.
+// The slides are deleted after the measurement: deleting them looks up each of their parts among
+// all parts.
 std::shared_ptr<Message> messageOfPictures(int size)
 {
     auto message = std::make_shared<Message>();
@@ -482,7 +482,7 @@ TEST_P(Growth, TwiceTheSizeCostsAtMostALittleOverTwiceAsMuch)
 {
     constexpr double Most = 2.2;
     const Subject &subject = GetParam();
-    costOf(subject, subject.size); // what is made once is there from here on
+    costOf(subject, subject.size); // from here on, what is created only once exists
     const Cost once = costOf(subject, subject.size);
     const Cost twice = costOf(subject, 2 * subject.size);
     EXPECT_GT(once.steps, 0);

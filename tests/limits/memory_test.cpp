@@ -1,6 +1,6 @@
 /*
- * Memory and work for very large and very small messages: bodies are copied once at most and never
- * walked, and nothing else grows with them.
+ * Memory and work for very large and very small messages: bodies are copied at most once and never
+ * scanned, and nothing else grows with them.
  */
 #include "limits/steps.h"
 #include "message/multipart_parser.h"
@@ -66,8 +66,7 @@ std::unique_ptr<Multipart> multipartOf(int parts, int octets)
     return multipart;
 }
 
-// The body of a PDU with as many parts as the count octet can tell, image/jpeg with a location
-// each.
+// The body of a PDU with as many parts as the count octet allows, each image/jpeg with a location.
 QByteArray bodyOf(int parts, int octets)
 {
     QByteArray body(1, char(parts));
@@ -119,7 +118,7 @@ protected:
 
 TEST_P(LargeBodies, AreParsedWithoutASecondCopy)
 {
-    parsing(parts(), Small); // what is made once is there from here on
+    parsing(parts(), Small); // from here on, what is created only once exists
     const Cost cost = parsing(parts(), octets());
     EXPECT_LE(double(cost.peak), MostOfBodies * Bodies + Constant);
     EXPECT_LE(cost.steps, stepsAllowed(parsing(parts(), Small)));
@@ -156,7 +155,7 @@ TEST_P(LargeBodiesToSend, AreAssembledWithoutASecondCopy)
     EXPECT_LE(cost.steps, stepsAllowed(assembling(parts(), Small)));
 }
 
-// As many as there is room for: 4,096 octets for all that is no body.
+// As many parts as fit: 4,096 octets for everything except the bodies.
 INSTANTIATE_TEST_SUITE_P(Parts, LargeBodiesToSend, testing::Values(1, 2, 100));
 
 TEST(LargeBody, IsNotCopiedByTheHeaderDecoder)
@@ -181,7 +180,7 @@ bool beginsWithALength(int code)
     return std::count(std::begin(codes), std::end(codes), code) > 0;
 }
 
-// What follows the octet reads as zero: a value of zero or an empty text, but no length.
+// Octets after the only one are read as zero: a value of zero or an empty text, but not a length.
 unsigned char resultOfHeader(int octet)
 {
     if (octet >= 0x02 && octet <= 0x7F) // the length of a field code
@@ -219,7 +218,7 @@ TEST(OneOctet, IsABodyOnlyWhenItCountsNoParts)
     }
 }
 
-TEST(OneOctet, IsNoDocument)
+TEST(OneOctet, IsNotADocument)
 {
     for (int octet = 0; octet < 256; ++octet) {
         MMS_COMP_SMILData slides(nullptr);

@@ -1,6 +1,6 @@
 /*
- * No input chooses how deep the library calls itself: the deepest things it reads fit on a small
- * stack, and what is deeper is refused.
+ * No input determines the depth of the library's recursion: the deepest inputs that it accepts fit
+ * on a small stack, and deeper inputs are refused.
  */
 #include "presentation/presentation.h"
 #include "presentation/smil_result.h"

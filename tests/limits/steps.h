@@ -1,7 +1,7 @@
 /*
- * Work of the library in steps: the basic blocks of its code that were passed. The compiler adds a
- * call to each of them in the copy of the library that these tests are made with, so that the same
- * input always gives the same number.
+ * Work of the library in steps: the basic blocks of its code that were executed. The compiler adds
+ * a call to each of them in the copy of the library for these tests. The same input always takes
+ * the same number of steps.
  */
 #pragma once
 

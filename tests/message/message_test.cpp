@@ -1,6 +1,5 @@
 /*
- * A whole message: what is received, presented, stored and encoded, and which layer a failure is
- * of.
+ * A whole message: receiving, presenting, storing and encoding, and the layer of a failure.
  */
 #include "message/message.h"
 
@@ -22,7 +21,7 @@ using namespace HeaderFieldCode;
 
 static_assert(!std::is_copy_constructible_v<QvlMessage>);
 
-// m-retrieve-conf, version 1.0, and a body of one text "B" that is called "b".
+// m-retrieve-conf, version 1.0, and a body of one text "B" with the location "b".
 const QByteArray MixedPdu = "8C 84 8D 90 84 A3 01 05 01 04 83 85 62 00 42"_octets;
 // The same with a text type that no SMIL and no multipart has: image/gif.
 const QByteArray PicturePdu = "8C 84 8D 90 84 9D 47 49 46"_octets;
@@ -79,7 +78,7 @@ TEST(Message, KeepsTheOctetsOfTheBodyWhenTheCallersArrayIsGone)
     EXPECT_EQ(message.header().getBodyOctets(), "GIF");
 }
 
-TEST(Message, ReadsNoPartsFromABodyThatIsNoMultipart)
+TEST(Message, ReadsNoPartsFromABodyThatIsNotMultipart)
 {
     QvlMessage message;
     expectResult(message.receive(PicturePdu), Layer::Header, WireResult::Read);
@@ -108,7 +107,7 @@ TEST(Message, NamesTheLayerThatFailed)
     EXPECT_STREQ(slides.meaning(), SmilResult::meaning(SmilResult::NotWellFormed));
 }
 
-TEST(Message, ForgetsTheMessageBefore)
+TEST(Message, ForgetsThePreviousMessage)
 {
     QvlMessage message;
     ASSERT_TRUE(message.receive(MixedPdu).isOk());
@@ -132,7 +131,7 @@ TEST(Message, ReadsSlidesFromTheSmilPart)
     EXPECT_FALSE(message.areSlidesGenerated());
 }
 
-TEST(Message, GeneratesSlidesWithoutSmilAndLeavesThePartsAlone)
+TEST(Message, GeneratesSlidesWithoutSmilAndKeepsTheParts)
 {
     QvlMessage message;
     ASSERT_TRUE(message.receive(MixedPdu).isOk());
@@ -179,7 +178,7 @@ TEST(Message, GetsASmilPartForItsSlides)
     EXPECT_EQ(message.parts().getSubType(), "vnd.wap.multipart.related");
 }
 
-TEST(Message, GivesTheSmilPartANameThatIsFree)
+TEST(Message, GivesTheSmilPartAFreeName)
 {
     QvlMessage message;
     appendParts(message.parts(), {{.location = "b.smil"}});
@@ -232,7 +231,7 @@ TEST(Message, MovesTheColorOfTheRootLayoutToTheSlides)
     EXPECT_FALSE(message.slides().getRootLayout()->getBackgroundColor()->isUsable());
 }
 
-TEST(Message, IsEncodedAsItWasReceived)
+TEST(Message, IsEncodedAsReceived)
 {
     QvlMessage message;
     ASSERT_TRUE(message.receive(MixedPdu).isOk());
@@ -242,7 +241,7 @@ TEST(Message, IsEncodedAsItWasReceived)
     EXPECT_EQ(pdu, "8C 84 8D 90 89 01 81 84 A3 01 0A 01 06 83 85 62 00 81 EA 8E 62 00 42"_octets);
 }
 
-TEST(Message, WithoutPartsIsItsHeader)
+TEST(Message, WithoutPartsEncodesOnlyItsHeader)
 {
     QvlMessage message;
     message.header().setMessageType(QvlMessageType::AcknowledgeInd);
@@ -255,7 +254,7 @@ TEST(Message, WithoutPartsIsItsHeader)
     EXPECT_EQ(pdu, "8C 85 98 54 00 8D 90"_octets);
 }
 
-TEST(Message, ThatCannotBeEncodedLeavesTheOctetsAlone)
+TEST(Message, FailedEncodingKeepsTheOctets)
 {
     QvlMessage message;
     message.header().addToRecipient(MMS_UTIL_Entry("", MMS_UTIL_Entry::Absent, "x"));

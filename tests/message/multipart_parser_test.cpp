@@ -1,6 +1,6 @@
 /*
- * The way between header record and body: parsing, the parameters of the content type, the naming
- * pass, and assembling with the content type that it settles.
+ * From header record to body and back: parsing, the parameters of the content type, the naming
+ * pass, and assembling, which determines the content type.
  */
 #include "message/multipart_parser.h"
 
@@ -75,7 +75,7 @@ TEST(MultipartParse, FillsTheMultipart)
                                  .data = "B"}}));
 }
 
-TEST(MultipartParse, StartMayBeALocationThatWasJustGiven)
+TEST(MultipartParse, StartMayBeAGeneratedLocation)
 {
     Multipart multipart;
     EXPECT_EQ(parse("01"_octets + TextEntry, "start=FILE0.txt", &multipart), MultipartResult::Ok);
@@ -90,7 +90,7 @@ TEST(MultipartParse, QuotedStartMatchesNothing)
     EXPECT_EQ(multipart.getBodypartByIndex(0)->getDispFileType(), Part::Attachment);
 }
 
-TEST(MultipartParse, ParametersThatAreNotThereAreEmptied)
+TEST(MultipartParse, AbsentParametersAreCleared)
 {
     Multipart multipart;
     multipart.setStart("old");
@@ -99,7 +99,7 @@ TEST(MultipartParse, ParametersThatAreNotThereAreEmptied)
     EXPECT_EQ(multipart.getExtType(), "");
 }
 
-TEST(MultipartParse, TypeOfTheMultipartIsLeftToTheCaller)
+TEST(MultipartParse, DoesNotSetTheTypeOfTheMultipart)
 {
     for (const QString &subtype : {Related, Mixed, QString("x")}) {
         Header header;
@@ -114,7 +114,7 @@ TEST(MultipartParse, TypeOfTheMultipartIsLeftToTheCaller)
     }
 }
 
-TEST(MultipartParse, BodyInTextFormIsLeftAlone)
+TEST(MultipartParse, BodyInTextFormIsIgnored)
 {
     Multipart multipart;
     multipart.setBoundary("b");
@@ -146,7 +146,7 @@ TEST(MultipartParse, FailureLeavesThePartsBeforeItWithoutNamesAndParameters)
     }
 }
 
-TEST(MultipartParse, AppendsBehindThePartsThatAreThereAndNamesThemToo)
+TEST(MultipartParse, AppendsToExistingPartsAndNamesThemToo)
 {
     Multipart multipart;
     appendParts(multipart, {{.format = "text/plain"}});
@@ -184,7 +184,7 @@ TEST(ContentTypeParameters, StartAndTypeAreFoundAnywhereInTheText)
     }
 }
 
-TEST(CodecResults, AreMappedForAll256)
+TEST(CodecResults, AreMappedForAll256Values)
 {
     for (int code = 0; code < 256; ++code) {
         int expected = MultipartResult::UnknownCodecResult;
@@ -237,7 +237,7 @@ TEST(CheckLocation, GivesLocationsAndDisplayNamesToPartsWithoutThem)
     }
 }
 
-TEST(CheckLocation, LocationsThatCameStayEvenWhenTheyAreShared)
+TEST(CheckLocation, ReceivedLocationsStayEvenIfShared)
 {
     Multipart multipart;
     appendParts(multipart, {{.location = "a"}, {.location = "a"}, {.name = "a"}});
@@ -247,7 +247,7 @@ TEST(CheckLocation, LocationsThatCameStayEvenWhenTheyAreShared)
     EXPECT_EQ(multipart.getBodypartByIndex(2)->getContentLocation(), "a_0");
 }
 
-TEST(CheckLocation, NameOfALaterPartIsTakenToo)
+TEST(CheckLocation, NameOfALaterPartIsNotFree)
 {
     Multipart multipart;
     appendParts(multipart, {{.format = "image/jpeg"}, {.location = "file0.jpg"}});
@@ -255,7 +255,7 @@ TEST(CheckLocation, NameOfALaterPartIsTakenToo)
     EXPECT_EQ(multipart.getBodypartByIndex(0)->getContentLocation(), "file1.jpg");
 }
 
-TEST(CheckLocation, NothingToName)
+TEST(CheckLocation, AcceptsAnEmptyMessageAndNull)
 {
     Multipart multipart;
     Parser::checkLocation(&multipart);
@@ -263,7 +263,7 @@ TEST(CheckLocation, NothingToName)
     Parser::checkLocation(nullptr); // does nothing
 }
 
-TEST(AssembleBody, NullArgumentsGiveNothing)
+TEST(AssembleBody, NullArgumentsReturnNothing)
 {
     Header header;
     header.setContentType("t");
@@ -275,7 +275,7 @@ TEST(AssembleBody, NullArgumentsGiveNothing)
     EXPECT_EQ(multipart.getMimeType(), "text");
 }
 
-TEST(AssembleBody, BodyInTextFormIsLeftAlone)
+TEST(AssembleBody, BodyInTextFormIsIgnored)
 {
     Header header;
     header.setContentType("t");
@@ -289,8 +289,8 @@ TEST(AssembleBody, BodyInTextFormIsLeftAlone)
     EXPECT_EQ(multipart.getExtType(), Smil);
 }
 
-// With the presentation given by the start, which counts in every message.
-TEST(AssembleBody, SettlesTheContentType)
+// The start selects the presentation, in messages of every type.
+TEST(AssembleBody, DeterminesTheContentType)
 {
     struct Row
     {
@@ -362,7 +362,7 @@ TEST(AssembleBody, ParametersAreStartAndTypeAsStored)
     }
 }
 
-TEST(AssembleBody, FreshMessageWithAPresentationFirst)
+TEST(AssembleBody, NewMessageBecomesRelatedWithAPresentationFirst)
 {
     Multipart multipart;
     appendParts(multipart, {{.format = Smil, .data = "s"}, {.format = "image/jpeg", .data = "A"}});
@@ -383,7 +383,7 @@ TEST(AssembleBody, ExtTypeOfARelatedMessageIsAlwaysReset)
     EXPECT_EQ(header.getContentTypeParams(), "type=application/smil");
 }
 
-TEST(AssembleBody, WhatIsAssembledIsParsed)
+TEST(AssembleBody, AssembledBodyParsesToTheSameParts)
 {
     Multipart multipart;
     appendParts(multipart,
@@ -394,13 +394,13 @@ TEST(AssembleBody, WhatIsAssembledIsParsed)
     const QByteArray body = Parser::assembleBody(&multipart, &header);
     Multipart parsed;
     EXPECT_EQ(Parser::parse(body, &header, &parsed), MultipartResult::Ok);
-    Parser::checkLocation(&multipart); // display names do not travel
+    Parser::checkLocation(&multipart); // display names are not written
     EXPECT_EQ(factsOf(parsed), factsOf(multipart));
     EXPECT_EQ(parsed.getStart(), "<s>");
     EXPECT_EQ(parsed.getExtType(), Smil);
 }
 
-TEST(AssembleBody, BodyThatReachesItsCapacityGivesNothingButAContentType)
+TEST(AssembleBody, BodyAtItsCapacityReturnsOnlyAContentType)
 {
     const int before = MMS_UTIL_Setting::getMaxiumMOMMSSize();
     MMS_UTIL_Setting::setMaxiumMOMMSSize(0);

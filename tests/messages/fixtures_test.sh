@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The messages that the library makes are, octet for octet, the fixtures, in whatever time zone.
+# The library writes the messages of the fixtures octet for octet, in every time zone.
 #     fixtures_test.sh MAKE_MESSAGES PICTURE FIXTURES
 set -euo pipefail
 source "$(dirname "$0")/../support/script.sh"

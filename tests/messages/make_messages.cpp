@@ -1,5 +1,5 @@
 /*
- * Makes the messages in fixtures/messages: a notification, a related message with a presentation,
+ * Writes the messages in fixtures/messages: a notification, a related message with a presentation,
  * and a mixed message with attachments.
  *
  *     make_messages PICTURE DIR

@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Other software reads what the library writes: each message goes into a capture as the body of an
-# HTTP response, and tshark must list, in this order, every line of the .tshark file beside it.
+# tshark reads the messages of the library. Each message is the body of an HTTP response in a capture, and
+# tshark must print every line of the .tshark file beside it, in this order.
 #     tshark_test.sh FIXTURES
 set -euo pipefail
 if ! command -v tshark >/dev/null || ! command -v text2pcap >/dev/null; then
@@ -25,7 +25,7 @@ for expected in "$1"/*.tshark; do
   while IFS= read -r line; do
     at=$(tail -n "+$from" "$work/read" | grep -nxF -- "$line" | head -n 1 | cut -d: -f1 || true)
     if [ -z "$at" ]; then
-      printf '%s: tshark does not list, behind line %d: %s\n' "$message" "$((from - 1))" "$line"
+      printf '%s: tshark does not print, after line %d: %s\n' "$message" "$((from - 1))" "$line"
       failed=1
       continue
     fi

@@ -73,7 +73,7 @@ TEST(BodyPart, NewOneIsAnEmptyAttachmentInUseOnce)
     }
 }
 
-TEST(BodyPart, EveryTextIsKeptAsGivenAndAnswersItsOwnResult)
+TEST(BodyPart, TextSettersKeepTheTextAndReturnTheirOwnResults)
 {
     for (const TextField &field : TextFields) {
         SCOPED_TRACE(field.name);
@@ -115,7 +115,7 @@ TEST(BodyPart, OctetsByPointerAreCopied)
     EXPECT_EQ(part.getBodyData(), "x");
 }
 
-TEST(BodyPart, LengthBelowOneEmptiesTheBody)
+TEST(BodyPart, LengthBelowOneClearsTheBody)
 {
     for (const int length : {0, -1, -5, std::numeric_limits<int>::min()}) {
         Part part = partWith({.data = "octets"});
@@ -125,7 +125,7 @@ TEST(BodyPart, LengthBelowOneEmptiesTheBody)
     }
 }
 
-TEST(BodyPart, OctetsAtNullAreRefusedAndLeaveTheBody)
+TEST(BodyPart, NullOctetsAreRefusedAndKeepTheBody)
 {
     for (const int length : {1, 5, std::numeric_limits<int>::max()}) {
         Part part = partWith({.data = "octets"});
@@ -157,7 +157,7 @@ TEST(BodyPart, CopyHasEverythingAndSharesTheOctets)
     }
 }
 
-TEST(BodyPart, CopyAndSourceAreGivenOctetsApart)
+TEST(BodyPart, CopyAndSourceGetOctetsIndependently)
 {
     Part source = partWith({.data = "source"});
     Part copy(source);
@@ -204,7 +204,7 @@ TEST(BodyPart, FormatIsSplitAtItsFirstAndAtItsLastSlash)
     }
 }
 
-TEST(BodyPartCodes, TypeAndSubtypeGoBothWays)
+TEST(BodyPartCodes, TypeAndSubtypeConvertBothWays)
 {
     Part part;
     EXPECT_EQ(part.setContentType(EMAIL_Util::Application), 1);
@@ -218,7 +218,7 @@ TEST(BodyPartCodes, TypeAndSubtypeGoBothWays)
     }
 }
 
-TEST(BodyPartCodes, MainTypes)
+TEST(BodyPartCodes, MainTypesHaveCodes)
 {
     const std::pair<int, QString> rows[] = {
         {1, "text"}, {4, "application"}, {5, "image"}, {6, "audio"}, {7, "video"}};
@@ -269,7 +269,7 @@ TEST(BodyPartCodes, CharsetIsLookedUpAmongTheSubtypes)
     EXPECT_EQ(part.getCharsetByCode(), 66);
 }
 
-TEST(BodyPartCodes, TransferEncodingTakesWhateverTextComesBack)
+TEST(BodyPartCodes, TransferEncodingOfAnUnknownCodeIsEmpty)
 {
     const int base64 = EMAIL_Util::cteStrToEnum("base64");
     ASSERT_NE(base64, -1);
@@ -337,7 +337,7 @@ QByteArray written(const Part &part, int version, QDataStream::ByteOrder order)
     return octets;
 }
 
-// A part in which every field that a record holds is set to something else.
+// A part in which every field of a record has another value than in a new part.
 Part partReadFrom(const QByteArray &octets, int version,
                   QDataStream::ByteOrder order = QDataStream::BigEndian)
 {
@@ -373,7 +373,7 @@ TEST(BodyPartStream, RecordIsTheSameInEveryVersion)
     }
 }
 
-TEST(BodyPartStream, ByteOrderIsTheStreams)
+TEST(BodyPartStream, UsesTheByteOrderOfTheStream)
 {
     for (const int version : StreamVersions) {
         SCOPED_TRACE(version);
@@ -386,7 +386,7 @@ TEST(BodyPartStream, ByteOrderIsTheStreams)
     }
 }
 
-TEST(BodyPartStream, NewPartComesBackAsItWas)
+TEST(BodyPartStream, NewPartIsReadBackUnchanged)
 {
     for (const int version : StreamVersions) {
         SCOPED_TRACE(version);
@@ -419,8 +419,7 @@ const EmptyBodyRow EmptyBodyRows[] = {
     {"copy", [](Part &p) { p = Part(Part()); }},
     {"record with a null array",
      [](Part &p) { p = partReadFrom(octet(0, 36) + "FF FF FF FF"_octets, QDataStream::Qt_6_0); }},
-    {"record that is cut off",
-     [](Part &p) { p = partReadFrom(octet(0, 36), QDataStream::Qt_6_0); }},
+    {"truncated record", [](Part &p) { p = partReadFrom(octet(0, 36), QDataStream::Qt_6_0); }},
 };
 
 } // namespace
@@ -438,7 +437,7 @@ TEST(BodyPartStream, EmptyBodyIsALengthOfZeroAndNeverANullArray)
     }
 }
 
-TEST(BodyPartStream, DescriptionAndTransferEncodingComeBack)
+TEST(BodyPartStream, DescriptionAndTransferEncodingAreReadBack)
 {
     Part part;
     part.setDescription("d");
@@ -449,7 +448,7 @@ TEST(BodyPartStream, DescriptionAndTransferEncodingComeBack)
     EXPECT_EQ(back.getContentXferEncoding(), "x");
 }
 
-TEST(BodyPartStream, RecordsStandOneBehindAnother)
+TEST(BodyPartStream, RecordsFollowOneAnother)
 {
     const QByteArray octets = bigEndianRecord().join() + bigEndianRecord().join();
     QDataStream stream(octets);
@@ -474,7 +473,7 @@ QStringList recordedTexts(const Part &part)
 
 } // namespace
 
-TEST(BodyPartStream, CutRecordGivesTheFieldsBeforeTheCutAndEmptyOnesBehindIt)
+TEST(BodyPartStream, TruncatedRecordYieldsItsCompleteFieldsAndEmptyOnes)
 {
     const QList<QByteArray> record = bigEndianRecord();
     const QByteArray whole = record.join();
@@ -494,7 +493,7 @@ TEST(BodyPartStream, CutRecordGivesTheFieldsBeforeTheCutAndEmptyOnesBehindIt)
     }
 }
 
-TEST(BodyPartStream, LengthsThatAreNotThereAreNotBelieved)
+TEST(BodyPartStream, LengthsBeyondTheStreamYieldEmptyValues)
 {
     const Part text = partReadFrom("7F FF FF FE 00 61"_octets, QDataStream::Qt_6_0);
     EXPECT_EQ(text.getContentType(), "");

@@ -1,5 +1,5 @@
 /*
- * Weak pointers at parts and messages, and the mark of who owns a part.
+ * Weak pointers to parts and messages, and the mark of a part's owner.
  */
 #include "multipart/liveness.h"
 
@@ -44,7 +44,7 @@ TEST(WeakPointer, StaysSetWhenTheTargetIsGone)
     EXPECT_FALSE(PartPointer().isSet());
 }
 
-TEST(WeakPointer, DoesNotComeBackWhenTheMemoryIsUsedAgain)
+TEST(WeakPointer, StaysNullWhenTheMemoryIsReused)
 {
     alignas(Part) unsigned char memory[sizeof(Part)];
     Part *first = new (memory) Part;
@@ -57,7 +57,7 @@ TEST(WeakPointer, DoesNotComeBackWhenTheMemoryIsUsedAgain)
     std::destroy_at(second);
 }
 
-TEST(WeakPointer, CanBePointedElsewhere)
+TEST(WeakPointer, CanBeReassigned)
 {
     Part first;
     auto second = std::make_unique<Part>();
@@ -108,7 +108,7 @@ TEST(WeakPointer, MovingFromTheTargetKeepsIt)
     EXPECT_EQ(pointer.get(), &part);
 }
 
-TEST(WeakPointer, KnowsWhenAMessageIsGone)
+TEST(WeakPointer, IsNullOnceAMessageIsGone)
 {
     auto message = std::make_unique<Multipart>();
     const MessagePointer pointer(message.get());
@@ -122,7 +122,7 @@ TEST(WeakPointer, KnowsWhenAMessageIsGone)
     EXPECT_EQ(atCopy.get(), &copy);
 }
 
-TEST(WeakPointer, PartOfAMessageGoesWithEveryWayOfDeletingIt)
+TEST(WeakPointer, IsNullAfterEveryWayOfDeletingAPart)
 {
     const std::pair<const char *, void (*)(std::unique_ptr<Multipart> &)> rows[] = {
         {"message", [](std::unique_ptr<Multipart> &message) { message.reset(); }},
@@ -142,7 +142,7 @@ TEST(WeakPointer, PartOfAMessageGoesWithEveryWayOfDeletingIt)
     }
 }
 
-TEST(WeakPointer, PartStaysWhenOnlyAUseIsTakenBack)
+TEST(WeakPointer, StaysSetWhenOnlyAUseIsReleased)
 {
     Multipart message;
     appendParts(message, {{.location = "a", .refCount = 2}});
@@ -175,7 +175,7 @@ TEST(PartOwner, IsNotPartOfTheValue)
     EXPECT_FALSE(assigned.isHeldByMultipart());
 }
 
-TEST(PartOwner, IsAMessageThatDeletesNothingToo)
+TEST(PartOwner, MayBeAMessageThatDeletesNothing)
 {
     Multipart source;
     appendParts(source, {{.location = "a"}});
@@ -197,7 +197,7 @@ TEST(PartOwner, IsTheMessageThatCopiesAreTakenInto)
     EXPECT_TRUE(target.getBodypartByIndex(0)->isHeldByMultipart());
 }
 
-TEST(MessageHolds, ThePartItselfAndNoneThatIsLikeIt)
+TEST(MessageHolds, OnlyThePartItselfAndNotAnEqualOne)
 {
     Multipart message;
     appendParts(message, {{.location = "a"}});

@@ -1,6 +1,6 @@
 /*
- * Comparison in lower case gives what comparing lower-case copies gives, for every character, and
- * so does the hash.
+ * Comparing and hashing in lower case have the same result as for lower-case copies, for every
+ * character.
  */
 #include "multipart/lower_case.h"
 
@@ -12,8 +12,8 @@
 
 namespace {
 
-// Among two thousand million values two of a hundred thousand meet on average, and hardly ever
-// more.
+// Of a hundred thousand hashes among two thousand million values, two collide on average, and
+// hardly ever more.
 constexpr size_t Meeting = 20;
 
 } // namespace
@@ -32,7 +32,7 @@ TEST(LowerCase, EveryCharacterEqualsItsLowerCase)
     }
 }
 
-TEST(LowerCase, IsThatOfBothTexts)
+TEST(LowerCase, ComparesLikeLowerCaseCopies)
 {
     const char16_t lone[] = {0xD800, 'A', 0};
     const QString texts[] = {
@@ -71,7 +71,7 @@ TEST(LowerCase, IsThatOfBothTexts)
     }
 }
 
-TEST(LowerCase, HashKeepsNumberedNamesApart)
+TEST(LowerCase, HashDiffersForNumberedNames)
 {
     constexpr int Count = 100000;
     std::unordered_set<size_t> hashes;
@@ -80,7 +80,7 @@ TEST(LowerCase, HashKeepsNumberedNamesApart)
     EXPECT_GE(hashes.size() + Meeting, size_t(Count));
 }
 
-TEST(LowerCase, HashKeepsTextsOfOneCharacterApartByTheirLength)
+TEST(LowerCase, HashDiffersForRepeatedCharactersOfAnyLength)
 {
     constexpr int Count = 1000;
     std::unordered_set<size_t> hashes;

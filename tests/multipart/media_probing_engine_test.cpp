@@ -41,7 +41,7 @@ TEST(PlayDurationOnTheHost, FollowsTheTemposOfAMelody)
     EXPECT_TRUE(part.isMediaObjectSupported());
 }
 
-TEST(PlayDurationOnTheHost, IsMinusOneForOctetsThatAreNoClip)
+TEST(PlayDurationOnTheHost, IsMinusOneForOctetsThatAreNotAClip)
 {
     for (const char *format :
          {"audio/amr", "audio/midi", "audio/mpeg", "video/3gpp", "video/mpeg"}) {
@@ -64,7 +64,7 @@ TEST(PlayDurationOnTheHost, IsMinusOneForAClipThatIsTooLongToMeasure)
     EXPECT_TRUE(part.isMediaObjectSupported()) << "it opens all the same";
 }
 
-TEST(PlayDurationOnTheHost, TakesTheReaderOfTheMediaTypeOrElseOfTheLocation)
+TEST(PlayDurationOnTheHost, ChoosesTheReaderByMediaTypeThenLocation)
 {
     struct Row
     {
@@ -88,7 +88,7 @@ TEST(PlayDurationOnTheHost, TakesTheReaderOfTheMediaTypeOrElseOfTheLocation)
     }
 }
 
-TEST(MediaSupportOnTheHost, TakesTheReaderOfTheMediaTypeOrElseOfTheName)
+TEST(MediaSupportOnTheHost, ChoosesTheReaderByMediaTypeThenName)
 {
     struct Row
     {
@@ -113,7 +113,7 @@ TEST(MediaSupportOnTheHost, TakesTheReaderOfTheMediaTypeOrElseOfTheName)
     }
 }
 
-TEST(MediaSupportOnTheHost, IsForgottenWithTheOctets)
+TEST(MediaSupportOnTheHost, IsForgottenWhenTheOctetsChange)
 {
     Part part = partWith(amr("audio/amr"));
     EXPECT_EQ(part.getPlayDur(), 2500);

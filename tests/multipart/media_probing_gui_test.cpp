@@ -1,6 +1,6 @@
 /*
- * The media probe of pictures in a program that has a GUI, which decodes them as such programs do.
- * A program of its own, because an application can be made only once.
+ * The media probe of pictures in a program with a GUI, which decodes them as such programs do. This
+ * is a separate program, because an application can be created only once.
  */
 #include "multipart/pictures.h"
 #include "support/fake_player_engine.h"
@@ -10,7 +10,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(MediaProbingWithGui, PixmapsCanBeMade)
+TEST(MediaProbingWithGui, PixmapsCanBeCreated)
 {
     QPixmap pixmap;
     EXPECT_TRUE(pixmap.loadFromData(Pictures[0].octets));

@@ -33,7 +33,7 @@ PartFacts clip(const QString &format, const QString &location = {}, const QStrin
     return {.format = format, .location = location, .name = name, .data = "clip"};
 }
 
-// Reading a record changes type and octets behind the back of the probes.
+// Reading a record changes type and octets without the setters.
 void becomeClip(Part &part)
 {
     QByteArray octets;
@@ -43,8 +43,7 @@ void becomeClip(Part &part)
     part.readFromStream(in);
 }
 
-// What a part remembers of its probes: a clip of which it remembers nothing is opened in the
-// engine.
+// What a part remembers of its probes. The engine opens a clip only if it remembers nothing.
 enum class Known { Nothing, Supported, Unsupported };
 
 Known knownOf(const Part &probed)
@@ -105,7 +104,7 @@ TEST_F(PlayDuration, OpensTheOctetsWithoutDevicesAndReleasesTheEngine)
     EXPECT_EQ(record.destroyed, 1);
 }
 
-TEST_F(PlayDuration, WhatGoesWrongIsMinusOneAndMayBeRemembered)
+TEST_F(PlayDuration, FailuresAreMinusOneAndSomeAreRemembered)
 {
     struct Row
     {
@@ -143,7 +142,7 @@ TEST_F(PlayDuration, WhatGoesWrongIsMinusOneAndMayBeRemembered)
     }
 }
 
-TEST_F(PlayDuration, FailureWithoutAVerdictKeepsTheOneBefore)
+TEST_F(PlayDuration, FailureWithoutAVerdictKeepsThePreviousVerdict)
 {
     for (const FakePlayerEngine::Behavior &engine :
          {FakePlayerEngine::Behavior{.exists = false}, {.hasInfo = false}, {.duration = 0}}) {
@@ -156,7 +155,7 @@ TEST_F(PlayDuration, FailureWithoutAVerdictKeepsTheOneBefore)
     }
 }
 
-TEST_F(PlayDuration, ExtensionIsThatOfTheMediaTypeOrElseOfTheLocation)
+TEST_F(PlayDuration, ExtensionComesFromTheMediaTypeThenTheLocation)
 {
     struct Row
     {
@@ -204,7 +203,7 @@ TEST_F(PlayDuration, ProbesAnewEveryTime)
     EXPECT_EQ(record.destroyed, 3);
 }
 
-TEST_F(PlayDuration, ClassifiesWhateverItIsAskedAbout)
+TEST_F(PlayDuration, ClassifiesPartsOfEveryType)
 {
     for (const char *format : {"image/jpeg", "text/plain"}) {
         SCOPED_TRACE(format);
@@ -218,7 +217,7 @@ TEST_F(PlayDuration, ClassifiesWhateverItIsAskedAbout)
     }
 }
 
-TEST_F(MediaSupport, MeasuredClipIsSupportedWithoutAnotherLook)
+TEST_F(MediaSupport, MeasuredClipIsSupportedWithoutOpeningItAgain)
 {
     Part part = partWith(clip("audio/amr"));
     EXPECT_EQ(part.getPlayDur(), 2500);
@@ -227,7 +226,7 @@ TEST_F(MediaSupport, MeasuredClipIsSupportedWithoutAnotherLook)
     EXPECT_EQ(record.created, 1);
 }
 
-TEST_F(MediaSupport, OtherTypesAreSupportedWithoutALook)
+TEST_F(MediaSupport, OtherTypesAreSupportedWithoutProbing)
 {
     behavior.opens = false;
     for (const char *format : {"text/plain", "application/smil", "/", "Audio/amr", "VIDEO/mpeg",
@@ -286,7 +285,7 @@ TEST_F(MediaSupport, EmptyClipIsOpenedToo)
     EXPECT_EQ(record.data, "");
 }
 
-TEST_F(MediaSupport, ExtensionIsThatOfTheMediaTypeOrElseOfTheName)
+TEST_F(MediaSupport, ExtensionComesFromTheMediaTypeThenTheName)
 {
     struct Row
     {

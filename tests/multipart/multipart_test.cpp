@@ -1,6 +1,6 @@
 /*
- * The container of a message's parts: its attributes, the list and who owns what is in it, deletion
- * by index and by reference, the presentation part, and attachments.
+ * The container of a message's parts: its attributes, the list and its ownership, deletion by index
+ * and by reference, the presentation part, and attachments.
  */
 #include "multipart/multipart.h"
 
@@ -38,13 +38,13 @@ void setType(Multipart &multipart, const QString &type, const QString &subtype)
     multipart.setSubType(subtype);
 }
 
-// True while a part somewhere shares the octets.
+// True while a part shares the octets.
 bool isShared(const QByteArray &octets)
 {
     return !octets.isDetached();
 }
 
-// A copy leaves its parts to whoever made it.
+// A copy does not own its parts; the caller does.
 void deleteParts(const Multipart &copy)
 {
     for (int i = 0; i < copy.getPartCount(); ++i)
@@ -65,7 +65,7 @@ TEST(MultipartContainer, NewOneIsRelatedAndEmpty)
     EXPECT_EQ(multipart.getPartCount(), 0);
 }
 
-TEST(MultipartContainer, SettersKeepWhatTheyAreGivenAndReturnTrue)
+TEST(MultipartContainer, SettersStoreTheirValueAndReturnTrue)
 {
     Multipart multipart;
     EXPECT_TRUE(multipart.setExtType(" E "));
@@ -80,7 +80,7 @@ TEST(MultipartContainer, SettersKeepWhatTheyAreGivenAndReturnTrue)
     EXPECT_EQ(multipart.getBoundary(), " b ");
 }
 
-TEST(MultipartContainer, ClearKeepsTheBoundaryAndNoExtType)
+TEST(MultipartContainer, ClearKeepsOnlyTheBoundary)
 {
     const QByteArray octets("octets");
     Multipart multipart;
@@ -121,7 +121,7 @@ TEST(MultipartContainer, OwnsItsParts)
     EXPECT_FALSE(isShared(octets));
 }
 
-TEST(MultipartContainer, NullPartIsNotTaken)
+TEST(MultipartContainer, NullPartIsRefused)
 {
     Multipart multipart;
     multipart.appendBodypart(nullptr);
@@ -159,7 +159,7 @@ TEST(MultipartContainer, InsertionIntoAnEmptyList)
     }
 }
 
-TEST(MultipartCopy, TakesAttributesButNotTheBoundaryAndSharesOctets)
+TEST(MultipartCopy, CopiesAttributesExceptTheBoundaryAndSharesOctets)
 {
     Multipart source;
     source.setExtType("e");
@@ -231,7 +231,8 @@ TEST(MultipartCopy, CopyFromAppendsAndKeepsTheBoundary)
     EXPECT_EQ(target.getMimeType(), "t");
     EXPECT_EQ(target.getSubType(), "s");
     EXPECT_EQ(target.getStart(), "b");
-    // The start is taken over as a text: unlike setStart() this takes no part for the presentation.
+    // The start is copied as a text. Unlike setStart(), this does not select a part as the
+    // presentation.
     EXPECT_EQ(target.getBodypartByIndex(1)->getDispFileType(), Part::Attachment);
 }
 
@@ -302,7 +303,7 @@ struct DeletionRow
 
 } // namespace
 
-TEST(MultipartDeletion, ByIndexTakesOneUseBack)
+TEST(MultipartDeletion, ByIndexReleasesOneUse)
 {
     const std::tuple<int, int, QList<Deletable>> rows[] = {
         {-1, RemovalRefused, {{"a"}, {"b", 3}, {"c", 0}}},
@@ -320,7 +321,7 @@ TEST(MultipartDeletion, ByIndexTakesOneUseBack)
     }
 }
 
-TEST(MultipartDeletion, ByIndexGoesDownToTheLastUse)
+TEST(MultipartDeletion, ByIndexDeletesThePartWithItsLastUse)
 {
     const QByteArray octets("octets");
     Multipart multipart;
@@ -332,9 +333,9 @@ TEST(MultipartDeletion, ByIndexGoesDownToTheLastUse)
     EXPECT_EQ(multipart.deletePart(0), RemovalRefused);
 }
 
-// The walk visits every part that is left; the place where it works is the number of visits before.
-// After a removal the place is one ahead of the walk.
-TEST(MultipartDeletion, ByReferenceWorksAtThePlaceThatCountsTheVisits)
+// The loop visits every remaining part, but acts on the index that counts the visits so far. After
+// a removal, that index is one ahead of the loop.
+TEST(MultipartDeletion, ByReferenceActsOnTheIndexThatCountsTheVisits)
 {
     const DeletionRow rows[] = {
         {"no parts", {}, Ok, {}},
@@ -346,12 +347,12 @@ TEST(MultipartDeletion, ByReferenceWorksAtThePlaceThatCountsTheVisits)
         {"count 0", {{"a", 0}, {"v"}}, Ok, {{"v"}}},
         {"count below 0", {{"a", -3}, {"v"}}, Ok, {{"v"}}},
         {"in use twice", {{"v"}, {"a", 2}}, Ok, {{"v"}, {"a", 1}}},
-        {"in use twice, another behind it", {{"a", 2}, {"A"}}, Ok, {{"a", 1}, {"A"}}},
-        {"two in a row, another behind", {{"a"}, {"A"}, {"v"}}, Ok, {{"A"}}},
+        {"in use twice, another after it", {{"a", 2}, {"A"}}, Ok, {{"a", 1}, {"A"}}},
+        {"two in a row, another after", {{"a"}, {"A"}, {"v"}}, Ok, {{"A"}}},
         {"two at the end", {{"a"}, {"A"}}, RemovalRefused, {{"A"}}},
-        {"two behind another", {{"v"}, {"a"}, {"A"}}, RemovalRefused, {{"v"}, {"A"}}},
+        {"two after another", {{"v"}, {"a"}, {"A"}}, RemovalRefused, {{"v"}, {"A"}}},
         {"two apart", {{"a"}, {"v"}, {"A"}}, RemovalRefused, {{"v"}, {"A"}}},
-        {"two apart, another behind", {{"a"}, {"v"}, {"A"}, {"w"}}, Ok, {{"v"}, {"A"}}},
+        {"two apart, another after", {{"a"}, {"v"}, {"A"}, {"w"}}, Ok, {{"v"}, {"A"}}},
         {"two, walk goes on", {{"a"}, {"A"}, {"v"}, {"w"}}, Ok, {{"A"}, {"w"}}},
         {"three in a row", {{"a"}, {"A"}, {"<a>"}, {"w"}}, Ok, {{"A"}, {"w"}}},
         {"match removed in the place of another", {{"a"}, {"A"}, {"<a>"}}, Ok, {{"A"}}},
@@ -396,7 +397,7 @@ TEST(MultipartDeletion, EmptyReferenceIsRefused)
     EXPECT_EQ(multipart.getPartCount(), 2);
 }
 
-TEST(MultipartDeletion, ReferenceMayBelongToThePartThatGoes)
+TEST(MultipartDeletion, ReferenceMayBelongToTheDeletedPart)
 {
     Multipart multipart;
     append(multipart, {{"a"}, {"v"}});
@@ -488,7 +489,7 @@ TEST(MultipartSmilPart, IsTheShownStartOrTheFirstPartOfARelatedMessage)
         SCOPED_TRACE(row.name);
         Multipart multipart;
         setType(multipart, row.type, row.subtype);
-        multipart.setStart(row.start); // before the parts are there, so that it takes none
+        multipart.setStart(row.start); // before the parts exist, so that it selects none
         appendParts(multipart, row.parts);
         QList<PartFacts> expected = row.parts;
         if (row.found >= 0)
@@ -498,7 +499,7 @@ TEST(MultipartSmilPart, IsTheShownStartOrTheFirstPartOfARelatedMessage)
     }
 }
 
-TEST(MultipartAttachments, AreThePartsThatNobodyShowsOrAllOfAMixedMessage)
+TEST(MultipartAttachments, AreThePartsNotShownOrAllPartsOfAMixedMessage)
 {
     struct Row
     {

@@ -1,6 +1,7 @@
 /*
- * Body parts in tests: what can be seen of a part as one value, which makes parts, compares with
- * them and is printed when a test fails. What a row does not name is as in a new part.
+ * Body parts in tests: the visible properties of a part as one value, from which parts are created,
+ * and which compares with parts and is printed when a test fails. A field that a row does not set
+ * is as in a new part.
  */
 #pragma once
 

@@ -1,6 +1,6 @@
 /*
- * Looking for parts by reference while the message is indexed: as without, whatever the parts are
- * called.
+ * Finding parts by reference in an indexed message: the result is the same as without the index,
+ * for all names.
  */
 #include "multipart/part_index.h"
 
@@ -43,7 +43,7 @@ void appendAllPairs(Multipart *message)
 
 } // namespace
 
-TEST(PartIndexScope, FindsWhatIsFoundWithout)
+TEST(PartIndexScope, FindsTheSamePartsAsWithoutIndex)
 {
     Multipart message;
     appendAllPairs(&message);
@@ -73,7 +73,7 @@ TEST(PartIndexScope, EndsWithAnyChangeOfTheParts)
     {
         const char *name;
         void (*change)(Multipart &message);
-        int found; ///< index of the part "b" behind the change, or -1
+        int found; ///< index of the part "b" after the change, or -1
     };
     const Row rows[] = {
         {"append", [](Multipart &m) { appendParts(m, {{.location = "d"}}); }, 1},
@@ -102,7 +102,7 @@ TEST(PartIndexScope, FindsAnAppendedPart)
     EXPECT_EQ(message.getBodyPartBySrc("a", Part::Attachment), message.getBodypartByIndex(0));
 }
 
-TEST(PartIndexScope, OfNoMessageDoesNotCrash)
+TEST(PartIndexScope, AcceptsANullMessage)
 {
     const PartIndexScope index(nullptr);
 }

@@ -1,6 +1,6 @@
 /*
- * Names for parts that came without one. The library answers from an index of the names in use;
- * PlainNames below says the rule as plainly as it can be said, and both have to agree.
+ * Names for parts that have none. The library uses an index of the names in use; PlainNames below
+ * is the simplest implementation of the rule, and both must agree.
  */
 #include "multipart/multipart.h"
 
@@ -57,13 +57,13 @@ void expectAttachmentLocations(std::initializer_list<NamingRow> rows)
 
 } // namespace
 
-TEST(PartExists, WhenAPartMatchesOrTheNameIsNotUsable)
+TEST(PartExists, WhenAPartMatchesOrTheNameIsUnusable)
 {
     Multipart multipart;
     appendParts(multipart, {{.location = "Photo.jpg"}, {.id = "<Id>"}, {.location = "<x>"}});
     const std::pair<QString, bool> rows[] = {
         {"photo.JPG", true}, {"id", true},   {"cid:ID", true},
-        {"other", false},    {"x", false}, // the location stands in brackets
+        {"other", false},    {"x", false}, // the location is in brackets
         {"", true}, // no URL
         {":x", true}, // no URL
         {a(99), false},      {a(100), true}, {a(101), true},
@@ -103,14 +103,14 @@ TEST(AttachmentLocation, IsTheFirstFreeNumber)
     });
 }
 
-TEST(AttachmentLocation, ContentIdTakesANameToo)
+TEST(AttachmentLocation, ContentIdOccupiesANameToo)
 {
     Multipart multipart;
     appendParts(multipart, {{.id = "<FILE0.jpg>"}, {.id = "cid:file1.jpg"}});
     EXPECT_EQ(multipart.createUniqueAttchmentLocation("jpg"), "file2.jpg");
 }
 
-TEST(AttachmentLocation, ExtensionThatMakesEveryNameTooLongIsLeftOut)
+TEST(AttachmentLocation, ExtensionThatMakesEveryNameTooLongIsDropped)
 {
     QStringList oneDigit;
     for (int i = 0; i < 10; ++i)
@@ -144,7 +144,7 @@ TEST(UniqueLocation, IsTheNameOrTheFirstFreeNumberBeforeItsExtension)
     });
 }
 
-TEST(UniqueLocation, ContentIdTakesANameToo)
+TEST(UniqueLocation, ContentIdOccupiesANameToo)
 {
     Multipart multipart;
     appendParts(multipart, {{.id = "<PHOTO.jpg>"}, {.id = "photo_0.jpg"}});
@@ -163,7 +163,7 @@ TEST(UniqueLocation, PatternInTheNameIsText)
     });
 }
 
-TEST(UniqueLocation, AmpersandGoesFromTheFirstNameWithoutExtensionOnly)
+TEST(UniqueLocation, AmpersandIsDroppedOnlyFromTheFirstNameWithoutExtension)
 {
     expectLocations({
         {"no extension", {}, "you&me", "youme"},
@@ -179,7 +179,7 @@ TEST(UniqueLocation, AmpersandGoesFromTheFirstNameWithoutExtensionOnly)
     });
 }
 
-TEST(UniqueLocation, NameThatIsNoUrlIsRenamed)
+TEST(UniqueLocation, NameThatIsNotAUrlIsRenamed)
 {
     expectLocations({
         {"empty", {}, "", "renamed_0"},
@@ -192,7 +192,7 @@ TEST(UniqueLocation, NameThatIsNoUrlIsRenamed)
     });
 }
 
-TEST(UniqueLocation, BaseAndExtensionAreCutTo88Characters)
+TEST(UniqueLocation, BaseAndExtensionAreTruncatedTo88Characters)
 {
     expectLocations({
         {"88", {}, a(84) + ".jpeg", a(84) + ".jpeg"},
@@ -211,7 +211,7 @@ TEST(UniqueLocation, BaseAndExtensionAreCutTo88Characters)
     });
 }
 
-TEST(UniqueLocation, NameThatNoNumberMakesUsableIsGivenUp)
+TEST(UniqueLocation, UnusableNameBecomesFileWithANumber)
 {
     const QStringList tenTaken = [] {
         QStringList taken{'.' + a(96)};
@@ -248,15 +248,15 @@ public:
         });
     }
 
-    // Every part takes two numbers at most, by its location and by its Content-ID.
-    QString firstFree(const QString &before, const QString &behind) const
+    // Every part occupies at most two numbers: with its location and with its Content-ID.
+    QString firstFree(const QString &before, const QString &after) const
     {
         for (int n = 0; n <= 2 * m_parts.size(); ++n) {
-            const QString name = before + QString::number(n) + behind;
+            const QString name = before + QString::number(n) + after;
             if (!exists(name))
                 return name;
         }
-        return behind.isEmpty() && before == "file" ? QString() : firstFree("file", "");
+        return after.isEmpty() && before == "file" ? QString() : firstFree("file", "");
     }
 
     QString attachment(const QString &ext) const
@@ -355,7 +355,7 @@ private:
 
 } // namespace
 
-TEST(NamingOfManyParts, IsThePlainRule)
+TEST(NamingOfManyParts, FollowsThePlainRule)
 {
     const QList<PartFacts> rows[] = {
         QList<PartFacts>(255, {.format = "image/jpeg"}), // as many as a body can hold
@@ -375,7 +375,7 @@ TEST(NamingOfManyParts, IsThePlainRule)
     }
 }
 
-TEST(NamingOfManyParts, IsThePlainRuleForGeneratedLists)
+TEST(NamingOfManyParts, FollowsThePlainRuleForGeneratedLists)
 {
     for (unsigned int seed = 1; seed <= 150; ++seed) {
         SCOPED_TRACE(seed);
@@ -383,7 +383,7 @@ TEST(NamingOfManyParts, IsThePlainRuleForGeneratedLists)
     }
 }
 
-TEST(NamingOfManyParts, SingleNamesFollowThePlainRuleToo)
+TEST(NamingOfManyParts, FollowsThePlainRuleForSingleNames)
 {
     for (unsigned int seed = 1; seed <= 20; ++seed) {
         SCOPED_TRACE(seed);

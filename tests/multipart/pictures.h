@@ -1,6 +1,6 @@
 /*
- * Pictures, and octets that are none, for the tests that have an image decoded with and without a
- * running GUI.
+ * Pictures, and octets that are not pictures, for the tests that decode images with and without a
+ * GUI.
  */
 #pragma once
 
@@ -27,7 +27,7 @@ inline const PictureRow Pictures[] = {
     {"nothing", "", false},
 };
 
-/// A part with each picture answers whether it decodes, and again from what it remembers.
+/// Probes a part with each picture twice: the second result is the remembered one.
 inline void expectPicturesProbed()
 {
     for (const PictureRow &row : Pictures) {

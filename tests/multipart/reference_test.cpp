@@ -36,7 +36,7 @@ TEST(Reference, ParseCidDropsBracketsAndThenThePrefix)
     }
 }
 
-TEST(Reference, ContentIdsAreEqualAfterTrimmingAndReducingWithoutCase)
+TEST(Reference, ContentIdsAreComparedTrimmedReducedAndWithoutCase)
 {
     struct Row
     {
@@ -58,7 +58,7 @@ TEST(Reference, ContentIdsAreEqualAfterTrimmingAndReducingWithoutCase)
         {"<>", "<>", false},
         {"cid:", "cid:", false},
         {" ", " ", false},
-        {"abc", "< abc >", false}, // trimmed before the brackets go, not again behind them
+        {"abc", "< abc >", false}, // trimmed before the brackets are removed, but not after that
         {"cid: abc", "abc", false},
         {"cid:<abc>", "abc", false},
         {"<<abc>>", "<abc>", false},
@@ -70,7 +70,7 @@ TEST(Reference, ContentIdsAreEqualAfterTrimmingAndReducingWithoutCase)
     }
 }
 
-TEST(Reference, MatchesContentIdReducedOrLocationAsItStands)
+TEST(Reference, MatchesReducedContentIdOrUnchangedLocation)
 {
     struct Row
     {

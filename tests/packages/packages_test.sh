@@ -1,10 +1,10 @@
 #!/usr/bin/env bash
-# Builds the Debian packages from a copy of the tree, on a Debian that has only what debian/control asks
-# for, checks them with lintian, installs them on another that has nothing else, and uses them: the
-# command shows a message, and the README's first program builds with pkg-config and with CMake.
+# Builds the Debian packages from a copy of the tree, on a Debian with only the build dependencies of
+# debian/control. Checks them with lintian, installs them on another Debian with nothing else, and uses
+# them: the command shows a message, and the README's first program builds with pkg-config and CMake.
 #     tests/packages/packages_test.sh RELEASE            on trixie or bookworm
-#     tests/packages/packages_test.sh RELEASE FOLDER     leaves the packages in FOLDER
-# Run by hand; needs root, the Debian package mmdebstrap, the network and some minutes.
+#     tests/packages/packages_test.sh RELEASE FOLDER     copies the packages to FOLDER
+# This test is run by hand; it needs root, the Debian package mmdebstrap, the network and some minutes.
 set -euo pipefail
 source_dir=$(realpath "$(dirname "$0")/../..")
 message=$source_dir/tests/fixtures/messages/related.mms
@@ -26,13 +26,13 @@ step() {
 on_builder() { # SCRIPT
   quietly in_root "$builder" sh -euc "cd /build/qvlsmilparser; $1"
 }
-on_user() { # SCRIPT: its output is for the caller to compare
+on_user() { # SCRIPT: prints its output, so that the caller can compare it
   in_root "$user" bash -euc "cd /parts; $1"
 }
 install_on_user() { # PACKAGES, which may be a pattern of files
   quietly on_user "apt-get install -q -y --no-install-recommends $1"
 }
-readme_block() { # FENCE: the first block that begins with that line
+readme_block() { # FENCE: prints the first block that begins with this line
   sed -n "/^$1\$/,/^\`\`\`\$/{/^\`\`\`\$/q; /^$1\$/d; p}" "$source_dir/README.md" | grep .
 }
 
@@ -51,7 +51,7 @@ on_builder 'DEB_BUILD_OPTIONS=terse dpkg-buildpackage -us -uc'
 
 step "lintian"
 in_root "$builder" sh -c 'lintian --allow-root --info --fail-on error,warning /build/*.changes' \
-  || fail "lintian finds fault with the packages"
+  || fail "lintian reports problems of the packages"
 
 step "the command"
 mkdir "$user/packages" "$user/parts"
@@ -63,7 +63,7 @@ quietly on_user 'qvlmms compose -o clip.mms --to +4915112345678 --slide --audio 
 on_user 'qvlmms show --json clip.mms' | grep playDuration >/dev/null || fail "qvlmms does not measure a clip"
 quietly on_user 'qvlmms render related.mms . && [ -s slide-1.png ]'
 [ "$(on_user 'qvlmms --version')" = "qvlmms $(on_user "dpkg-query -W -f '\${Version}' qvlmms")" ] \
-  || fail "qvlmms prints another version than its package has"
+  || fail "qvlmms and its package have different versions"
 for file in man/man1/qvlmms.1.gz bash-completion/completions/qvlmms zsh/vendor-completions/_qvlmms; do
   [ -s "$user/usr/share/$file" ] || fail "/usr/share/$file is missing"
 done
@@ -76,6 +76,6 @@ quietly on_user 'g++ -std=c++20 -fPIC main.cpp -o parts $(pkg-config --cflags --
 quietly on_user 'cmake -G Ninja -B build && cmake --build build'
 sed -n '/^\$ build\/parts related.mms$/,/^```$/{/^\$/d; /^```$/d; p}' "$source_dir/README.md" | grep . >"$work/expected"
 for program in ./parts build/parts; do
-  on_user "$program related.mms" | diff -u "$work/expected" - || fail "$program prints something else than the README"
+  on_user "$program related.mms" | diff -u "$work/expected" - || fail "the output of $program differs from the README"
 done
 echo "== the packages work on $release"

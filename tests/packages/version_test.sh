@@ -1,5 +1,5 @@
 #!/usr/bin/env bash
-# The version stands in the CMakeLists.txt; the changelogs begin with the same.
+# The changelogs begin with the version of the CMakeLists.txt.
 #     version_test.sh SOURCE_DIR VERSION
 set -euo pipefail
 source_dir=$1

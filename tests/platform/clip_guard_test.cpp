@@ -1,6 +1,6 @@
 /*
- * Clips that announce more than they hold, octet by octet: they are refused before a demuxer makes
- * room for it, and clips that hold what they announce are not.
+ * Clips that announce more than they contain, octet by octet: they are refused before a demuxer
+ * allocates memory for it. Clips that contain what they announce are opened.
  */
 #include "support/octets.h"
 #include "support/play_length.h"
@@ -31,7 +31,7 @@ QByteArray fullBox(const QByteArray &type, const QByteArray &content)
     return box(type, QByteArray(4, '\0') + content);
 }
 
-/// What an MP4 file with one track of AMR frames says of itself; each frame is an octet.
+/// What an MP4 file with one track of AMR frames announces; each frame is an octet.
 struct Announced
 {
     quint32 samples = 3;
@@ -99,7 +99,7 @@ struct AnnouncedRow
     bool isOpened;
 };
 
-// A tag of ID3v2.4 whose size is written with seven bits an octet.
+// A tag of ID3v2.4 whose size has seven bits per octet.
 QByteArray tag(qsizetype size)
 {
     const char digits[] = {char(size >> 21 & 0x7F), char(size >> 14 & 0x7F), char(size >> 7 & 0x7F),
@@ -120,14 +120,14 @@ QByteArray frames(qsizetype count)
 
 } // namespace
 
-TEST(ClipGuard, OpensAnMp4ThatHoldsWhatItAnnounces)
+TEST(ClipGuard, OpensAnMp4ThatContainsWhatItAnnounces)
 {
     EXPECT_EQ(playLength(movie(Announced()), "3gp"), 60);
     EXPECT_EQ(playLength(movie({.edits = 1}), "3gp"), 60);
     EXPECT_EQ(playLength(movie({.tracks = 2}), "3gp"), 60);
 }
 
-TEST(ClipGuard, RefusesAnMp4ThatAnnouncesOutOfProportion)
+TEST(ClipGuard, RefusesAnMp4ThatAnnouncesTooMuch)
 {
     const AnnouncedRow rows[] = {
         {"samples at the limit", {.samples = 500'000, .samplesPerChunk = 1}, true},
@@ -154,9 +154,9 @@ TEST(ClipGuard, RefusesAnMp4ThatAnnouncesOutOfProportion)
     }
 }
 
-TEST(ClipGuard, RefusesTablesThatLieInOneAnother)
+TEST(ClipGuard, RefusesNestedTables)
 {
-    const QByteArray table = "stsc" + bigEndian({0, 4096}); // its entries are the tables behind it
+    const QByteArray table = "stsc" + bigEndian({0, 4096}); // its entries are the tables after it
     EXPECT_EQ(playLength(movie(track(Announced())) + box("free", table), "3gp"), 60);
     EXPECT_EQ(playLength(movie(track(Announced())) + box("free", table.repeated(3000)), "3gp"),
               std::nullopt);
@@ -169,7 +169,7 @@ TEST(ClipGuard, RefusesCompressedMovieHeaders)
     EXPECT_EQ(playLength(movie(compressed + track(Announced())), "3gp"), std::nullopt);
 }
 
-TEST(ClipGuard, RefusesFragmentsThatAnnounceOutOfProportion)
+TEST(ClipGuard, RefusesFragmentsThatAnnounceTooMuch)
 {
     const auto fragmented = [](quint32 samples) {
         const QByteArray defaults = box("mvex", fullBox("trex", bigEndian({1, 1, 160, 1, 0})));
@@ -184,7 +184,7 @@ TEST(ClipGuard, RefusesFragmentsThatAnnounceOutOfProportion)
 }
 
 // Compressed media may hold any octets.
-TEST(ClipGuard, LooksIntoTheMediaOfAnMp4OnlyWhenAnIndexCanLeadThere)
+TEST(ClipGuard, ChecksTheMediaOfAnMp4OnlyIfAnIndexCanPointThere)
 {
     const QByteArray looksLikeABox = fullBox("stsz", bigEndian({1, 80'000'000}));
     const QByteArray clip = movie(Announced());
@@ -197,7 +197,7 @@ TEST(ClipGuard, LooksIntoTheMediaOfAnMp4OnlyWhenAnIndexCanLeadThere)
     EXPECT_EQ(playLength(clip + bigEndian({0}) + "xxxx" + looksLikeABox, "3gp"), std::nullopt);
 }
 
-TEST(ClipGuard, PassesOverTagsBeforeAClip)
+TEST(ClipGuard, SkipsTagsBeforeAClip)
 {
     const QByteArray mp3 = clipOf("sound.mp3");
     const QByteArray aac = clipOf("sound.aac");
@@ -213,7 +213,7 @@ TEST(ClipGuard, PassesOverTagsBeforeAClip)
     EXPECT_EQ(playLength(withFooter + tag(0) + aac, "aac"), playLength(aac, "aac"));
 }
 
-TEST(ClipGuard, ATagThatIsLongerThanItsClipLeavesNothing)
+TEST(ClipGuard, TagLongerThanItsClipLeavesNothing)
 {
     EXPECT_EQ(playLength(tag(300).chopped(1), "mp3"), std::nullopt);
     EXPECT_EQ(playLength("ID3", "mp3"), std::nullopt);

@@ -1,6 +1,6 @@
 /*
- * Prints the milliseconds that the platform's player engine measures of a clip: 0 when it opens but
- * cannot be measured. Exit code 1 when the engine does not open it, 2 when the file cannot be read.
+ * Prints the milliseconds that the platform's player engine measures for a clip: 0 if it opens but
+ * cannot be measured. Exit code 1 if the engine does not open it, 2 if the file cannot be read.
  *     clip_length FILE EXTENSION
  */
 #include "platform/player_engine.h"

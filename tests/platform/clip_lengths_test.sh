@@ -1,6 +1,6 @@
 #!/usr/bin/env bash
-# Clips of known length that other software makes: what the engine measures is, within one frame,
-# that length and what ffprobe counts.
+# Generates clips of known length with other software. The length that the engine measures must be, within
+# one frame, the known length and the length that ffprobe counts.
 #     clip_lengths_test.sh CLIP_LENGTH
 set -euo pipefail
 for program in ffmpeg ffprobe sox; do
@@ -13,13 +13,13 @@ clip_length=$(realpath "$1")
 source "$(dirname "$0")/../support/script.sh"
 cd "$work"
 
-make() { # ARGUMENT...: what ffmpeg is asked for
+make() { # ARGUMENT...: runs ffmpeg with these arguments
   quietly ffmpeg -nostdin -y "$@"
 }
-sound() { # SECONDS: that much of it, for ffmpeg
+sound() { # SECONDS: prints ffmpeg's arguments for a sound of this length
   echo "-f lavfi -i sine=frequency=440:sample_rate=44100:duration=$1"
 }
-film() { # SECONDS PICTURES: so many pictures a second
+film() { # SECONDS PICTURES: prints ffmpeg's arguments for a film with this many pictures per second
   echo "-f lavfi -i testsrc=size=176x144:rate=$2:duration=$1"
 }
 probe() { # FILE STREAM ENTRIES
@@ -27,12 +27,12 @@ probe() { # FILE STREAM ENTRIES
 }
 
 failed=0
-# FRAME and SECONDS, of the stream that lasts longest, and COUNTED may be calculations.
+# FRAME and SECONDS are those of the longest stream. They and COUNTED may be arithmetic expressions.
 expect() { # FILE FRAME SECONDS COUNTED
   local measured
   measured=$("$clip_length" "$1" "${1##*.}") || measured="no clip"
   awk -v file="$1" -v measured="$measured" "
-    function differs(seconds) { # by more than a frame; the engine's milliseconds are rounded
+    function differs(seconds) { # by more than a frame, because the engine rounds milliseconds
       return measured !~ /^[0-9]+\$/ || (measured - 1000 * (seconds)) ^ 2 > (1000 * $2 + 0.5) ^ 2
     }
     BEGIN {
@@ -42,11 +42,11 @@ expect() { # FILE FRAME SECONDS COUNTED
       exit 1
     }" || failed=1
 }
-# The second of a packet's flags is D when the container wants it to be discarded.
+# The second flag of a packet is D if the container marks it to be discarded.
 expect_frames() { # FILE STREAM FRAME SECONDS
   expect "$1" "$3" "$4" "$(probe "$1" "$2" packet=flags | grep -c '^._') * $3"
 }
-expect_octets() { # FILE STREAM FRAME SECONDS OCTETS: each frame has so many
+expect_octets() { # FILE STREAM FRAME SECONDS OCTETS: each frame has this many octets
   expect "$1" "$3" "$4" "($(probe "$1" "$2" packet=size | tr -cs '0-9\n' '\n' | paste -sd +)) / $5 * $3"
 }
 
@@ -64,7 +64,7 @@ expect_octets ima.wav a 2041/44100 2 1024
 make $(sound 2) -ar 8000 -c:a adpcm_ms ms.wav
 expect_octets ms.wav a 2036/8000 2 1024
 
-# The encoder lets a decoder's 529 samples and its own 576 go ahead and fills the last frame up.
+# The encoder adds a delay of 576 samples and the decoder's 529, and fills the last frame.
 for format in 44100,1152 22050,576 8000,576; do
   IFS=, read -r rate samples <<<"$format"
   length="$(((2 * rate + 529 + 576 + samples - 1) / samples)) * $samples / $rate"
@@ -79,7 +79,7 @@ make $(film 1 1) -frames:v 1 cover.png
 make $(sound 2) -i cover.png -map 0 -map 1 -c:a libmp3lame -c:v copy -metadata title=Sound cover.mp3
 expect_frames cover.mp3 a 1152/44100 "78 * 1152 / 44100"
 
-# The encoder lets one frame go ahead and fills the last one up. Only MP4 can say so.
+# The encoder adds a delay of one frame and fills the last one. Only MP4 stores this.
 for rate in 44100 22050 8000; do
   make $(sound 2) -ar "$rate" -c:a aac sound.aac
   expect_frames sound.aac a "1024/$rate" "$(((2 * rate + 1023) / 1024 + 1)) * 1024 / $rate"

@@ -1,6 +1,6 @@
 /*
- * Parts of file names, and file extensions of media types: what messages carry, both ways, and
- * whatever is unknown.
+ * Parts of file names, and file extensions of media types: known ones in both directions, and
+ * unknown ones.
  */
 #include "platform/comp_util.h"
 
@@ -156,7 +156,7 @@ TEST(MMS_COMP_Util, KnowsEveryRowForwardInAnyCase)
     }
 }
 
-TEST(MMS_COMP_Util, LeadsFromEveryExtensionToTheFirstRowThatListsIt)
+TEST(MMS_COMP_Util, MapsEveryExtensionToTheFirstRowThatListsIt)
 {
     for (const MimeExtensionRow &row : mimeExtensionTable) {
         for (const std::string_view extension : row.extensions.all) {
@@ -173,7 +173,7 @@ TEST(MMS_COMP_Util, LeadsFromEveryExtensionToTheFirstRowThatListsIt)
     }
 }
 
-TEST(MMS_COMP_Util, GivesOnlyPresentationsNoExtension)
+TEST(MMS_COMP_Util, HasAnExtensionForAllExceptPresentations)
 {
     EXPECT_EQ(extensionOf(u"application/smil"_s), QString());
     EXPECT_EQ(extensionOf(u"Application/SMIL"_s), QString());
@@ -183,7 +183,7 @@ TEST(MMS_COMP_Util, GivesOnlyPresentationsNoExtension)
     EXPECT_EQ(std::ranges::count_if(mimeExtensionTable, isNameless), 1);
 }
 
-TEST(MMS_COMP_Util, GivesNoExtensionForOtherMediaTypes)
+TEST(MMS_COMP_Util, HasNoExtensionForOtherMediaTypes)
 {
     const QString tooLong(10000, u'x');
     const QString rows[] = {
@@ -209,7 +209,7 @@ TEST(MMS_COMP_Util, GivesNoExtensionForOtherMediaTypes)
     }
 }
 
-TEST(MMS_COMP_Util, LeavesTheTextsAloneForUnknownExtensions)
+TEST(MMS_COMP_Util, DoesNotChangeTheTextsForUnknownExtensions)
 {
     const QString rows[] = {QString(), u""_s,     u"."_s,        u".jpg"_s,           u"jpg "_s,
                             u"jp"_s,   u"jpgx"_s, u"c\u017fs"_s, QString(10000, u'j')};
@@ -273,7 +273,7 @@ TEST(MMS_COMP_Util, SplitsNamesAtTheLastDot)
     }
 }
 
-TEST(MMS_COMP_Util, TakesNamesWithoutExtensionWhole)
+TEST(MMS_COMP_Util, KeepsNamesWithoutExtension)
 {
     const QString rows[] = {
         u""_s,       u"a"_s,        u"a."_s, u"a.b."_s,           u"."_s, u".."_s, u"dir.d/a"_s,
@@ -284,7 +284,7 @@ TEST(MMS_COMP_Util, TakesNamesWithoutExtensionWhole)
     }
 }
 
-TEST(MMS_COMP_Util, TakeNullTexts)
+TEST(MMS_COMP_Util, AcceptsNullTexts)
 {
     EXPECT_TRUE(MMS_COMP_Util::stripePath(QString()).isEmpty());
     EXPECT_TRUE(MMS_COMP_Util::getExtName(QString()).isEmpty());

@@ -1,5 +1,5 @@
 /*
- * Octets in the debug log: silent unless the category is switched on, then a dump.
+ * Octets in the debug log: a dump if the category is on, else nothing.
  */
 #include "platform/debug_log.h"
 
@@ -72,7 +72,7 @@ TEST_F(MMS_UTIL_ToolTest, CanBeSwitchedOnAndOffAgain)
     EXPECT_THAT(messages, SizeIs(1));
 }
 
-TEST_F(MMS_UTIL_ToolTest, HasNothingToSayAboutNoOctets)
+TEST_F(MMS_UTIL_ToolTest, LogsNothingForNoOctets)
 {
     switchOn();
     MMS_UTIL_Tool::logOut(nullptr, 0);
@@ -90,7 +90,7 @@ TEST_F(MMS_UTIL_ToolTest, DumpsAShortLine)
                 ElementsAre("00000000  48 69 20                                          |Hi |"));
 }
 
-TEST_F(MMS_UTIL_ToolTest, DumpsSixteenOctetsALine)
+TEST_F(MMS_UTIL_ToolTest, DumpsSixteenOctetsPerLine)
 {
     switchOn();
     MMS_UTIL_Tool::logOut("0123456789abcdefGHIJKLMNOPQRSTUVWXYZ", 33);
@@ -109,7 +109,7 @@ TEST_F(MMS_UTIL_ToolTest, EndsWithAFullLine)
     EXPECT_THAT(messages, SizeIs(1));
 }
 
-TEST_F(MMS_UTIL_ToolTest, ShowsOctetsThatAreNoTextAsDots)
+TEST_F(MMS_UTIL_ToolTest, ShowsOtherOctetsAsDots)
 {
     switchOn();
     const char octets[] = {'\x00', '\x1f', ' ', '~', '\x7f', '\x80', '\xff', '\n', '"', '\\'};
@@ -119,7 +119,7 @@ TEST_F(MMS_UTIL_ToolTest, ShowsOctetsThatAreNoTextAsDots)
                             "|.. ~....\"\\|"));
 }
 
-TEST_F(MMS_UTIL_ToolTest, ReadsNoOctetBehindTheEnd)
+TEST_F(MMS_UTIL_ToolTest, ReadsNoOctetPastTheEnd)
 {
     switchOn();
     for (int length = 1; length <= 33; ++length) {

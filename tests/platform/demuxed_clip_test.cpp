@@ -1,6 +1,6 @@
 /*
- * Clips that FFmpeg's demuxers take apart, through the platform's player engine: how long they
- * play, which reader sees them, and what a damaged or hostile one cannot do.
+ * Clips that FFmpeg demuxes, through the platform's player engine: their length, the choice of the
+ * reader, and the limits of damaged and hostile clips.
  */
 #include "platform/player_engine.h"
 #include "support/octets.h"
@@ -44,7 +44,7 @@ EnginePointer newEngine()
     return EnginePointer(MP_CreatePlayerEngine(nullptr, nullptr));
 }
 
-/// Milliseconds of an opened clip; NotOpened when the engine says that there is none.
+/// Milliseconds of an opened clip; NotOpened if the engine has none.
 int lengthIn(MP_PlayerEngine &engine)
 {
     StaticStreamInfo info;
@@ -56,7 +56,7 @@ bool open(MP_PlayerEngine &engine, const QByteArray &clip, const char *extension
     return engine.open(clip.constData(), int(clip.size()), extension);
 }
 
-/// Milliseconds of a clip in a block of exactly its size; NotOpened when it is refused.
+/// Milliseconds of a clip in a block of exactly its size; NotOpened if it is refused.
 int lengthOf(const QByteArray &clip, const char *extension)
 {
     const HeapBlock block(clip);
@@ -165,7 +165,7 @@ QByteArray wav(const PcmFormat &pcm, int milliseconds)
                          + riffChunk("data", pcmSilence(pcm, milliseconds)));
 }
 
-/// Header of an ADTS frame. What stands in the frame is never looked at.
+/// Header of an ADTS frame. The content of the frame is never read.
 struct AdtsFrame
 {
     int rate = 4; ///< index of the sampling rate
@@ -204,8 +204,8 @@ QByteArray longs(std::initializer_list<quint32> values)
     return octets;
 }
 
-/// A movie of AMR frames, one octet each, at @p positions in the data of the file that @p reference
-/// tells. Its own data are @p size octets, each of which would do.
+/// A movie of AMR frames, one octet each, at @p positions in the data of the file named by
+/// @p reference. Its own data are @p size octets that are valid frames, too.
 QByteArray movieOf(const QByteArray &reference, const QList<quint32> &positions, qsizetype size)
 {
     const QByteArray type = box("ftyp", "3gp4" + longs({0}) + "3gp4");
@@ -234,7 +234,7 @@ QByteArray movieOf(const QByteArray &reference, const QList<quint32> &positions,
                   + box("trak", track));
 }
 
-/// 117 frames one behind the other.
+/// 117 consecutive frames.
 QByteArray movieOf(const QByteArray &reference)
 {
     QList<quint32> positions(117);
@@ -249,7 +249,7 @@ QByteArray addressOf(const QString &path)
     return fullBox("url ", "file://" + path.toLocal8Bit() + octet(0));
 }
 
-// An alias as older systems wrote it, of which only the absolute path is filled in.
+// An alias in the form of older systems, with only the absolute path filled in.
 QByteArray aliasOf(const QString &path)
 {
     constexpr quint16 AbsolutePath = 2;
@@ -261,7 +261,7 @@ QByteArray aliasOf(const QString &path)
                        + big(LastField) + big(quint16(0)));
 }
 
-/// A film without pictures: a second of sound, and beside it a stream of subtitles.
+/// A film without pictures: a second of sound and a stream of subtitles.
 QByteArray filmWithSubtitles(const QByteArray &subtitles)
 {
     constexpr PcmFormat Pcm{8000, 1, 8};
@@ -290,7 +290,7 @@ QByteArray filmWithSubtitles(const QByteArray &subtitles)
                             + riffChunk("00wb", pcmSilence(Pcm, 1000))));
 }
 
-/// A folder with a file in it, which notices when somebody opens that.
+/// A folder with a file, which notices when the file is opened.
 class WatchedFolder
 {
 public:
@@ -334,11 +334,11 @@ struct Fixture
 };
 
 // Half a second of sound, a whole one as AMR, and videos of one second and of a fifth. Encoders
-// that start with silence and end with a whole frame make it longer.
+// that start with silence and end with a whole frame add to it.
 constexpr Fixture fixtures[] = {
     {"sound.aac", 640, 128}, // 5 frames of 1024 samples at 8 kHz
     {"sound.amr", 1000, 20}, // 50 frames
-    {"sound.m4a", 500, 1}, // as AAC, but the file tells what to leave out
+    {"sound.m4a", 500, 1}, // as AAC, but the file has what to skip
     {"sound.mp3", 648, 72}, // 9 frames of 576 samples at 8 kHz
     {"sound.ogg", 500, 32}, // frames of up to 256 samples at 8 kHz, and where the last one ends
     {"sound.wav", 510, 256}, // 2 blocks of 2041 samples at 8 kHz
@@ -366,7 +366,7 @@ QByteArray damagedClip()
     return movieOf(SelfContained).replace("stsz", "????");
 }
 
-/// Switches FFmpeg's messages on while it lives.
+/// Switches FFmpeg's messages on during its lifetime.
 class MediaLog
 {
 public:
@@ -450,7 +450,7 @@ TEST(ClipLength, AdtsFramesOfDifferentRatesAddUp)
     EXPECT_EQ(lengthOf(frames, "aac"), 10240 + 56448);
 }
 
-TEST(ClipLength, IsThatOfTheLongestStream)
+TEST(ClipLength, IsTheLengthOfTheLongestStream)
 {
     for (const Fixture &fixture : fixtures) {
         SCOPED_TRACE(fixture.file);
@@ -459,8 +459,8 @@ TEST(ClipLength, IsThatOfTheLongestStream)
     }
 }
 
-// As where a file has its sound behind its pictures: around every frame, much is read anew.
-TEST(ClipLength, CountsFramesThatAreFarFromTheOnesBefore)
+// As in files with all sound after all pictures: much is read again around every frame.
+TEST(ClipLength, CountsFramesFarFromThePreviousOnes)
 {
     constexpr quint32 Half = 100'000;
     QList<quint32> positions;
@@ -469,13 +469,13 @@ TEST(ClipLength, CountsFramesThatAreFarFromTheOnesBefore)
     EXPECT_EQ(lengthOf(movieOf(SelfContained, positions, 2 * Half), "3gp"), 60'000);
 }
 
-TEST(ClipLength, IsUnknownWithMorePacketsThanAreCounted)
+TEST(ClipLength, IsUnknownBeyondTheLimitOfPackets)
 {
     EXPECT_EQ(lengthOf(emptyAmr(499'999), "amr"), 9'999'980);
     EXPECT_EQ(lengthOf(emptyAmr(600'000), "amr"), Unknown);
 }
 
-TEST(ClipReader, IsChosenByTheExtensionAlone)
+TEST(ClipReader, IsChosenOnlyByTheExtension)
 {
     const QByteArray clip = emptyAmr(117);
     for (const char *extension : extensions) {
@@ -485,20 +485,20 @@ TEST(ClipReader, IsChosenByTheExtensionAlone)
     }
 }
 
-TEST(ClipReader, IsFoundInAnyCase)
+TEST(ClipReader, IsFoundForExtensionsInAnyCase)
 {
     EXPECT_EQ(lengthOf(emptyAmr(1), "AMR"), 20);
     EXPECT_EQ(lengthOf(emptyAmr(1), "Amr"), 20);
     EXPECT_EQ(lengthOf(movieOf(SelfContained), "3GP"), 2340);
 }
 
-TEST(ClipReader, IsNotThereForOtherExtensions)
+TEST(ClipReader, IsMissingForOtherExtensions)
 {
     for (const char *extension : {"", ".amr", "amr ", "am", "amrr", "*", "mov,mp4", "txt", "m3u8"})
         EXPECT_EQ(lengthOf(emptyAmr(117), extension), NotOpened) << extension;
 }
 
-TEST(ClipReader, IsNotGivenNothing)
+TEST(ClipReader, IsNotCalledWithoutOctetsOrExtension)
 {
     const QByteArray clip = emptyAmr(117);
     const EnginePointer engine = newEngine();
@@ -524,7 +524,7 @@ TEST(OpenedClip, HasInformationUntilItIsClosed)
     EXPECT_EQ(lengthIn(*engine), NotOpened);
 }
 
-TEST(OpenedClip, GivesWayToTheNextOne)
+TEST(OpenedClip, IsClosedByOpeningTheNextOne)
 {
     const QByteArray clip = emptyAmr(117);
     const QByteArray other = wav({8000, 1, 8}, 500);
@@ -545,13 +545,13 @@ TEST(MediaLog, IsSilentAboutDamagedClips)
     }
 }
 
-TEST(MediaLog, IsLeftAloneWhenItsCategoryIsOn)
+TEST(MediaLog, IsUnchangedWhenItsCategoryIsOn)
 {
     const MediaLog log;
     EXPECT_NE(saidAbout(damagedClip(), DamagedExtension), "");
 }
 
-TEST(MediaLog, HasItsLevelBackBehindTheLastClip)
+TEST(MediaLog, GetsItsLevelBackAfterTheLastClip)
 {
     const int before = av_log_get_level();
     av_log_set_level(AV_LOG_WARNING);
@@ -571,7 +571,7 @@ TEST(MediaLog, HasItsLevelBackBehindTheLastClip)
     av_log_set_level(before);
 }
 
-TEST(HostileClip, DoesNotReachTheFileThatItRefersTo)
+TEST(HostileClip, DoesNotOpenTheFileThatItRefersTo)
 {
     WatchedFolder folder;
     struct Row
@@ -629,14 +629,14 @@ TEST(HostileClip, IsNotReadForTheSubtitlesInIt)
     EXPECT_FALSE(folder.wasVisited());
 }
 
-TEST(DamagedClip, IsNeverLongerWhenItIsCut)
+TEST(DamagedClip, IsNeverLongerWhenTruncated)
 {
     for (const Fixture &fixture : fixtures) {
         const QByteArray clip = contentsOf(fixture);
         for (int percent = 0; percent < 100; ++percent) {
             SCOPED_TRACE(testing::Message() << percent << " % of " << fixture.file);
-            const QByteArray cut = clip.first(clip.size() * percent / 100);
-            EXPECT_LE(lengthOf(cut, extensionOf(fixture)), fixture.length + fixture.frame);
+            const QByteArray truncated = clip.first(clip.size() * percent / 100);
+            EXPECT_LE(lengthOf(truncated, extensionOf(fixture)), fixture.length + fixture.frame);
         }
     }
 }

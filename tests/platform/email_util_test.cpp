@@ -1,6 +1,6 @@
 /*
- * The e-mail system's numbers and texts: the numbers that the system relies on, every row both
- * ways, and whatever is unknown.
+ * The e-mail system's numbers and texts: the numbers that the system relies on, every row in both
+ * directions, and unknown ones.
  */
 #include "platform/email_util.h"
 
@@ -52,7 +52,7 @@ constexpr int unknownCodes[] = {0, -1, 1000, std::numeric_limits<int>::min(),
 
 } // namespace
 
-TEST(EMAIL_Util, KeepsTheCodesThatTheSystemReliesOn)
+TEST(EMAIL_Util, HasTheCodesThatTheSystemReliesOn)
 {
     EXPECT_EQ(textOf(EMAIL_Util::typeEnumToStr, 1), "text");
     EXPECT_EQ(textOf(EMAIL_Util::typeEnumToStr, 4), "application");
@@ -113,14 +113,14 @@ TEST(EMAIL_Util, KnowsTheCharsetsThatMessagesName)
     }
 }
 
-TEST(EMAIL_Util, GivesMinusOneForUnknownTexts)
+TEST(EMAIL_Util, ReturnsMinusOneForUnknownTexts)
 {
     expectUnknownTexts("application", EMAIL_Util::typeStrToEnum);
     expectUnknownTexts("vnd.wap.multipart.related", EMAIL_Util::subTypeStrToEnum);
     expectUnknownTexts("base64", EMAIL_Util::cteStrToEnum);
 }
 
-TEST(EMAIL_Util, KeepsTheFamiliesApart)
+TEST(EMAIL_Util, SeparatesTheFamilies)
 {
     EXPECT_EQ(EMAIL_Util::typeStrToEnum("plain"), -1);
     EXPECT_EQ(EMAIL_Util::subTypeStrToEnum("application"), -1);
@@ -128,7 +128,7 @@ TEST(EMAIL_Util, KeepsTheFamiliesApart)
     EXPECT_EQ(EMAIL_Util::cteStrToEnum("utf-8"), -1);
 }
 
-TEST(EMAIL_Util, LeavesTheTextAloneForUnknownCodes)
+TEST(EMAIL_Util, DoesNotChangeTheTextForUnknownCodes)
 {
     for (const auto lookUp :
          {EMAIL_Util::typeEnumToStr, EMAIL_Util::subTypeEnumToStr, EMAIL_Util::charsetEnumToStr}) {
@@ -140,7 +140,7 @@ TEST(EMAIL_Util, LeavesTheTextAloneForUnknownCodes)
     }
 }
 
-TEST(EMAIL_Util, GivesAnEmptyTransferEncodingForUnknownCodes)
+TEST(EMAIL_Util, ReturnsAnEmptyTransferEncodingForUnknownCodes)
 {
     for (const int code : unknownCodes) {
         const QCString text = EMAIL_Util::cteEnumToStr(code);
@@ -157,7 +157,7 @@ TEST(EMAIL_Util, KnowsBothHalvesOfEveryMediaTypeThatHasAnExtension)
     }
 }
 
-// Stored messages may hold numbers: whoever adds a row must not move the others.
+// Stored messages may contain the numbers: adding a row must not move the others.
 TEST(EMAIL_Util, DoesNotRenumberSubTypes)
 {
     EXPECT_EQ(EMAIL_Util::subTypeStrToEnum("jpeg"), 6);

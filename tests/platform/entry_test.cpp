@@ -1,5 +1,5 @@
 /*
- * Address entries: what they start with, keep and call empty.
+ * Address entries: initial values, setters, and when they are empty.
  */
 #include "platform/entry.h"
 
@@ -25,7 +25,7 @@ TEST(MMS_UTIL_Entry, NumbersItsTypesAsTheFieldCodecsDo)
     EXPECT_EQ(MMS_UTIL_Entry::Absent, 2);
 }
 
-TEST(MMS_UTIL_Entry, KeepsWhatItIsMadeOf)
+TEST(MMS_UTIL_Entry, KeepsItsConstructorArguments)
 {
     const MMS_UTIL_Entry entry(u"Ana"_s, MMS_UTIL_Entry::Plmn, u"+49170"_s);
     EXPECT_EQ(entry.getName(), u"Ana"_s);

@@ -1,7 +1,7 @@
 /*
- * iMelody: what is one, and how long each plays.
+ * iMelody: which files are melodies, and how long they play.
  *
- * Where nothing else is said the beat is 120 a minute, so that a full note lasts 2000 ms and c2, a
+ * Unless stated otherwise, the beat is 120 per minute: a full note lasts 2000 ms, and c2, a
  * quarter, 500 ms.
  */
 #include "support/octets.h"
@@ -17,7 +17,7 @@ namespace {
 
 constexpr int LongestTime = std::numeric_limits<int>::max();
 
-/// Nothing when the clip is not opened.
+/// Nothing if the clip is not opened.
 std::optional<int> playLength(const QByteArray &clip)
 {
     return playLength(clip, "imy");
@@ -91,7 +91,7 @@ TEST(ImelodyClip, LengthensAndShortensBySpecifier)
     });
 }
 
-TEST(ImelodyClip, TakesNoTimeForWhatIsNotPlayed)
+TEST(ImelodyClip, TakesNoTimeForOtherCommands)
 {
     expectMelodies({
         {"#c2&d2", 1000},
@@ -103,7 +103,7 @@ TEST(ImelodyClip, TakesNoTimeForWhatIsNotPlayed)
     });
 }
 
-TEST(ImelodyClip, PassesOverUnknownCharacters)
+TEST(ImelodyClip, SkipsUnknownCharacters)
 {
     expectMelodies({
         {"x!c2 ?d2/h2", 1000},
@@ -133,7 +133,7 @@ TEST(ImelodyClip, PlaysRepeats)
     });
 }
 
-TEST(ImelodyClip, PlaysAnEndlessRepeatOnceAndNothingBehindIt)
+TEST(ImelodyClip, PlaysAnEndlessRepeatOnceAndNothingAfterIt)
 {
     expectMelodies({
         {"(c2@0)", 500},
@@ -143,7 +143,7 @@ TEST(ImelodyClip, PlaysAnEndlessRepeatOnceAndNothingBehindIt)
     });
 }
 
-TEST(ImelodyClip, PlaysOnceWhatIsNoRepeat)
+TEST(ImelodyClip, PlaysMalformedRepeatsOnce)
 {
     expectMelodies({
         {"(c2@3", 500}, // not closed
@@ -180,7 +180,7 @@ TEST(ImelodyClip, FollowsTheBeat)
     });
 }
 
-TEST(ImelodyClip, TakesTheDefaultForABeatThatIsNone)
+TEST(ImelodyClip, UsesTheDefaultForAnInvalidBeat)
 {
     for (const char *beat : {"0", "1", "24", "901", "99999999", "4294967416",
                              "18446744073709551736", "-60", "", "fast", "60 beats", "0x3C"}) {
@@ -232,7 +232,7 @@ TEST(ImelodyClip, IsNotOpenedWithoutItsFirstLine)
     }
 }
 
-TEST(ImelodyClip, StopsAtTheLongestTimeThatCanBeTold)
+TEST(ImelodyClip, StopsAtTheLongestRepresentableTime)
 {
     const auto nested = [](int depth) {
         return QByteArray(depth, '(') + "c0" + QByteArray("@4294967295)").repeated(depth);
@@ -271,12 +271,12 @@ TEST(ImelodyClip, PlaysLongMelodies)
     });
 }
 
-TEST(ImelodyClip, SmallFilePlaysAsLongAsItShould)
+TEST(ImelodyClip, SmallFileHasTheExpectedLength)
 {
     EXPECT_EQ(playLength(smallFile), smallFileLength);
 }
 
-TEST(ImelodyClip, CutFilePlaysWhatIsLeft)
+TEST(ImelodyClip, TruncatedFilePlaysItsRest)
 {
     int before = 0;
     for (qsizetype size = 0; size < smallFile.size(); ++size) {

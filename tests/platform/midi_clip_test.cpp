@@ -1,8 +1,8 @@
 /*
- * Standard MIDI files: what is one, and how long each plays.
+ * Standard MIDI files: which files are valid, and how long they play.
  *
- * Where nothing else is said, a quarter has 500 ticks (01 F4), so that at the default tempo of half
- * a second a tick is a millisecond. 83 74 is 500 ticks later (3 * 128 + 116), 87 68 is 1000 ticks
+ * Unless stated otherwise, a quarter has 500 ticks (01 F4), so that at the default tempo of half a
+ * second a tick is a millisecond. 83 74 is 500 ticks later (3 * 128 + 116), 87 68 is 1000 ticks
  * later, 00 at once.
  */
 #include "support/octets.h"
@@ -20,7 +20,7 @@ namespace {
 
 constexpr int LongestTime = std::numeric_limits<int>::max();
 
-/// Nothing when the clip is not opened.
+/// Nothing if the clip is not opened.
 std::optional<int> playLength(const QByteArray &clip)
 {
     return playLength(clip, "mid");
@@ -44,7 +44,7 @@ QByteArray track(const QByteArray &events)
     return chunk("MTrk", events);
 }
 
-/// A file of format 0 with 500 ticks a quarter.
+/// A file of format 0 with 500 ticks per quarter.
 QByteArray song(const QByteArray &events)
 {
     return header("00 00 00 01 01 F4"_octets) + track(events);
@@ -81,7 +81,7 @@ void expectNotOpened(const std::pair<const char *, QByteArray> (&rows)[N])
     }
 }
 
-// Small files with everything in them. Each plays longer the more of it is there.
+// Small files with all features. Truncation shortens them.
 const Row smallFiles[] = {
     // 500 + 2 * 500 + 1000 / 2 ticks: quarters of 500, 1000 and 250 ms
     {"three tempi",
@@ -117,9 +117,9 @@ TEST(MidiClip, FollowsTheTempo)
         {"the later of two at one tick",
          song("00 FF 51 03 03 D0 90 00 FF 51 03 0F 42 40 83 74 FF 2F 00"_octets), 1000},
         {"a change at the end changes nothing", song("83 74 FF 51 03 0F 42 40"_octets), 500},
-        {"a tempo of 0 is none", song("00 FF 51 03 00 00 00 83 74 FF 2F 00"_octets), 500},
-        {"a tempo of two octets is none", song("00 FF 51 02 0F 42 83 74 FF 2F 00"_octets), 500},
-        {"a tempo of four octets is none", song("00 FF 51 04 0F 42 40 00 83 74 FF 2F 00"_octets),
+        {"a tempo of 0 is ignored", song("00 FF 51 03 00 00 00 83 74 FF 2F 00"_octets), 500},
+        {"a tempo of two octets is ignored", song("00 FF 51 02 0F 42 83 74 FF 2F 00"_octets), 500},
+        {"a tempo of four octets is ignored", song("00 FF 51 04 0F 42 40 00 83 74 FF 2F 00"_octets),
          500},
         // one tick of FF FF FF microseconds
         {"slowest",
@@ -128,7 +128,7 @@ TEST(MidiClip, FollowsTheTempo)
     });
 }
 
-// One tick a quarter, and a tempo of as many microseconds as the row's name says.
+// One tick per quarter, and a tempo of as many microseconds as the row's name.
 TEST(MidiClip, RoundsToTheNearestMillisecond)
 {
     const QByteArray file = header("00 00 00 01 00 01"_octets);
@@ -200,7 +200,7 @@ TEST(MidiClip, CountsFramesInsteadOfQuarters)
 }
 
 // Every row is followed by a quarter.
-TEST(MidiClip, PassesOverEveryKindOfEvent)
+TEST(MidiClip, SkipsEveryKindOfEvent)
 {
     const Row rows[] = {
         {"note off", "00 80 3C 40"_octets, 500},
@@ -247,14 +247,14 @@ TEST(MidiClip, EndsWithTheLastEvent)
 {
     expectLengths({
         {"without an end of track", song("00 90 3C 40 83 74 3C 00"_octets), 500},
-        {"behind the end of the track nothing counts", song("83 74 FF 2F 00 83 74 90 3C 40"_octets),
+        {"after the end of the track nothing counts", song("83 74 FF 2F 00 83 74 90 3C 40"_octets),
          500},
         {"an end of track with data", song("83 74 FF 2F 01 00 83 74 90 3C 40"_octets), 500},
         {"no event", song(""), 0},
     });
 }
 
-// Every row but the last comes after a note of 500 ticks, and would add another 500.
+// Every row except the last follows a note of 500 ticks, and would add another 500.
 TEST(MidiClip, EndsATrackWhereItIsDamaged)
 {
     const std::pair<const char *, QByteArray> rows[] = {
@@ -284,7 +284,7 @@ TEST(MidiClip, EndsATrackWhereItIsDamaged)
     EXPECT_EQ(playLength(song("83 74 3C 40"_octets)), 0) << "data without a status before";
 }
 
-TEST(MidiClip, PlaysTheTracksBehindADamagedOne)
+TEST(MidiClip, PlaysTheTracksAfterADamagedOne)
 {
     expectLengths({
         {"at once",
@@ -298,20 +298,21 @@ TEST(MidiClip, PlaysTheTracksBehindADamagedOne)
     });
 }
 
-TEST(MidiClip, CountsTheTracksThatAreThere)
+TEST(MidiClip, CountsThePresentTracks)
 {
     const QByteArray quarter = track("83 74 FF 2F 00"_octets);
     expectLengths({
         {"65535 announced", header("00 02 FF FF 01 F4"_octets) + quarter, 500},
         {"none announced", header("00 02 00 00 01 F4"_octets) + quarter, 500},
         {"one announced, two there", header("00 02 00 01 01 F4"_octets) + quarter + quarter, 1000},
-        {"the second cut in its type", header("00 02 00 02 01 F4"_octets) + quarter + "MTr", 500},
-        {"the second cut in its length",
+        {"the second truncated in its type", header("00 02 00 02 01 F4"_octets) + quarter + "MTr",
+         500},
+        {"the second truncated in its length",
          header("00 02 00 02 01 F4"_octets) + quarter + "MTrk" + "00 00 00"_octets, 500},
     });
 }
 
-TEST(MidiClip, PassesOverWhatOtherProgramsAdd)
+TEST(MidiClip, SkipsChunksOfOtherPrograms)
 {
     const QByteArray quarter = track("83 74 FF 2F 00"_octets);
     const QByteArray format2 = header("00 02 00 02 01 F4"_octets);
@@ -323,18 +324,18 @@ TEST(MidiClip, PassesOverWhatOtherProgramsAdd)
         {"empty chunk", format2 + chunk("XFIH", "") + quarter, 500},
         {"longer header", header("00 00 00 01 01 F4 4D 54"_octets) + quarter, 500},
         {"in RIFF", riff(song("83 74 FF 2F 00"_octets)), 500},
-        {"in RIFF with more behind",
+        {"in RIFF with more after",
          riff(song("83 74 FF 2F 00"_octets)) + "DISP" + "04 00 00 00 01 00 00 00"_octets, 500},
     });
 }
 
-TEST(MidiClip, TakesNoChunkForLongerThanTheFile)
+TEST(MidiClip, TreatsNoChunkAsLongerThanTheFile)
 {
     const QByteArray endless = "FF FF FF FF"_octets;
     const QByteArray format2 = header("00 02 00 02 01 F4"_octets);
     expectLengths({
         {"track", format2 + "MTrk" + endless + "83 74 FF 2F 00"_octets, 500},
-        {"chunk behind a track",
+        {"chunk after a track",
          format2 + track("83 74 FF 2F 00"_octets) + "XFIH" + endless
              + track("83 74 FF 2F 00"_octets),
          500},
@@ -370,7 +371,7 @@ TEST(MidiClip, IsNotOpenedWithoutAHeaderAndATrack)
     });
 }
 
-TEST(MidiClip, StopsAtTheLongestTimeThatCanBeTold)
+TEST(MidiClip, StopsAtTheLongestRepresentableTime)
 {
     // FF FF FF 7F is 268435455 ticks, 5 ms each.
     const QByteArray format2 = header("00 02 00 02 00 64"_octets);
@@ -394,7 +395,7 @@ TEST(MidiClip, StopsAtTheLongestTimeThatCanBeTold)
     });
 }
 
-TEST(MidiClip, TellsTheSameLengthAgain)
+TEST(MidiClip, ReturnsTheSameLengthAgain)
 {
     const QByteArray clip = smallFiles[2].clip;
     MP_PlayerEngine *engine = MP_CreatePlayerEngine(nullptr, nullptr);
@@ -408,12 +409,12 @@ TEST(MidiClip, TellsTheSameLengthAgain)
     engine->destroy();
 }
 
-TEST(MidiClip, SmallFilesPlayAsLongAsTheyShould)
+TEST(MidiClip, SmallFilesHaveTheExpectedLength)
 {
     expectLengths(smallFiles);
 }
 
-TEST(MidiClip, CutFilePlaysWhatIsLeft)
+TEST(MidiClip, TruncatedFilePlaysItsRest)
 {
     for (const Row &file : smallFiles) {
         const qsizetype firstTrack = file.clip.indexOf("MTrk") + 8;

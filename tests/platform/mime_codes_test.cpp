@@ -1,5 +1,5 @@
 /*
- * Well-known media codes: the assignments themselves, both ways, and whatever is not assigned.
+ * Well-known media codes: the assignments, in both directions, and unassigned codes.
  */
 #include "platform/mime_codes.h"
 
@@ -32,7 +32,7 @@ struct Assignment
     const char *name;
 };
 
-// What phones and their servers exchange, and the first and last code.
+// The codes that phones and servers use, and the first and last code.
 constexpr Assignment knownAssignments[] = {
     {0x00, "*/*"},
     {0x01, "text/*"},
@@ -97,7 +97,7 @@ TEST(MMS_UTIL_Common, KnowsTheAssignedCodesBothWays)
     }
 }
 
-TEST(MMS_UTIL_Common, LeadsFromEveryRowToItselfInAnyCase)
+TEST(MMS_UTIL_Common, FindsEveryRowInAnyCase)
 {
     for (const MimeCodeRow &row : mimeCodeTable) {
         const QString name = nameOf(row.code);
@@ -107,7 +107,7 @@ TEST(MMS_UTIL_Common, LeadsFromEveryRowToItselfInAnyCase)
     }
 }
 
-TEST(MMS_UTIL_Common, GivesEmptyTextsForCodesThatAreNotAssigned)
+TEST(MMS_UTIL_Common, ReturnsEmptyTextsForUnassignedCodes)
 {
     for (int code = 0x5B; code <= 0xFF; ++code) {
         QString type = u"before"_s;
@@ -150,15 +150,15 @@ TEST(MMS_UTIL_Common, DoesNotKnowOtherMediaTypes)
     }
 }
 
-// A receiver would get an ASCII name for a code that it was sent, not the letters of the sender.
-TEST(MMS_UTIL_Common, TakesNoForeignLetterForAnAsciiOne)
+// Otherwise the receiver would get an ASCII name instead of the sender's letters.
+TEST(MMS_UTIL_Common, DoesNotMatchOtherLettersWithAscii)
 {
     EXPECT_EQ(MMS_UTIL_Common::mimeTypeGetValue(u"text"_s, u"c\u017fs"_s), 0xFF) << "long s";
     EXPECT_EQ(MMS_UTIL_Common::mimeTypeGetValue(u"application"_s, u"mi\u212aey"_s), 0xFF)
         << "Kelvin sign";
 }
 
-TEST(MMS_UTIL_Common, ComparesTheSameObjectForBothTexts)
+TEST(MMS_UTIL_Common, AcceptsOneObjectForBothTexts)
 {
     const QString star = u"*"_s;
     EXPECT_EQ(MMS_UTIL_Common::mimeTypeGetValue(star, star), 0x00);

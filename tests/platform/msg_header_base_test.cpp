@@ -1,6 +1,5 @@
 /*
- * Shared header values of a message: what a record starts with, what it keeps, and that it owns its
- * recipients.
+ * Shared header values of a message: initial values, setters, and the ownership of recipients.
  */
 #include "platform/msg_header_base.h"
 
@@ -65,7 +64,7 @@ TEST(MMS_UTIL_MsgHeaderBase, StartsWithNormalPriorityAndNothingElse)
     EXPECT_EQ(header.getContentTypeParams(), QString());
 }
 
-TEST(MMS_UTIL_MsgHeaderBase, KeepsTextsApart)
+TEST(MMS_UTIL_MsgHeaderBase, KeepsTextsSeparate)
 {
     MMS_UTIL_MsgHeaderBase header;
     header.setFrom(emailEntry(u"me@example.org"_s));
@@ -80,7 +79,7 @@ TEST(MMS_UTIL_MsgHeaderBase, KeepsTextsApart)
     EXPECT_EQ(header.getContentTypeParams(), u"type=application/smil;start=<0>"_s);
 }
 
-TEST(MMS_UTIL_MsgHeaderBase, KeepsNumbersAndTimesApart)
+TEST(MMS_UTIL_MsgHeaderBase, KeepsNumbersAndTimesSeparate)
 {
     const QDateTime date(QDate(2004, 2, 29), QTime(23, 59, 59));
     const QDateTime delivery(QDate(2038, 1, 19), QTime(3, 14, 8));
@@ -97,7 +96,7 @@ TEST(MMS_UTIL_MsgHeaderBase, KeepsNumbersAndTimesApart)
     EXPECT_EQ(header.getMessageSize(), 2147483647);
 }
 
-TEST(MMS_UTIL_MsgHeaderBase, KeepsFlagsApart)
+TEST(MMS_UTIL_MsgHeaderBase, KeepsFlagsSeparate)
 {
     for (int flag = 0; flag < 3; ++flag) {
         MMS_UTIL_MsgHeaderBase header;
@@ -138,7 +137,7 @@ TEST(MMS_UTIL_MsgHeaderBase, CopiesTheEntryThatIsAdded)
     EXPECT_EQ(copy->getAddress(), u"+49170"_s);
 }
 
-TEST(MMS_UTIL_MsgHeaderBase, AddsAnEntryOfItsOwnListAgain)
+TEST(MMS_UTIL_MsgHeaderBase, CanAddAnEntryOfItsOwnList)
 {
     MMS_UTIL_MsgHeaderBase header;
     header.addToRecipient(emailEntry(u"first"_s));
@@ -156,7 +155,7 @@ TEST(MMS_UTIL_MsgHeaderBase, OwnsItsRecipients)
     EXPECT_TRUE(header.getBccRecipients().autoDelete());
 }
 
-TEST(MMS_UTIL_MsgHeaderBase, IsReleasedThroughItsBase)
+TEST(MMS_UTIL_MsgHeaderBase, CanBeDeletedThroughItsBase)
 {
     struct Record : MMS_UTIL_MsgHeaderBase
     {

@@ -1,5 +1,5 @@
 /*
- * The desktop's player engine is there, and leaves the place free for a program that has its own.
+ * The desktop's player engine exists, and a program can replace it by its own.
  */
 #include "platform/player_engine.h"
 
@@ -9,7 +9,7 @@
 
 #include <dlfcn.h>
 
-TEST(MP_CreatePlayerEngine, GivesAnEngineOfItsOwnAtEveryCall)
+TEST(MP_CreatePlayerEngine, ReturnsANewEngineAtEveryCall)
 {
     MP_PlayerEngine *first = MP_CreatePlayerEngine(nullptr, nullptr);
     MP_PlayerEngine *second = MP_CreatePlayerEngine(nullptr, nullptr);
@@ -20,7 +20,7 @@ TEST(MP_CreatePlayerEngine, GivesAnEngineOfItsOwnAtEveryCall)
     second->destroy();
 }
 
-// Only a function that the dynamic linker looks up by name gives way to a program's own.
+// A program can replace only a function that the dynamic linker looks up by name.
 TEST(MP_CreatePlayerEngine, IsFoundByNameInThePlatformLibrary)
 {
     void *function = dlsym(

@@ -10,7 +10,7 @@
 
 namespace {
 
-// What the host starts with, read before any test has run.
+// The initial value of the host, read before any test has run.
 const int initialLimit = MMS_UTIL_Setting::getMaxiumMOMMSSize();
 
 } // namespace

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(Handset, HasItsPublishedScreen)
+TEST(Handset, HasThePublishedScreenSize)
 {
     EXPECT_EQ(QvlHandset::ScreenWidth, 120);
     EXPECT_EQ(QvlHandset::ScreenHeight, 160);
@@ -18,7 +18,7 @@ TEST(Handset, HasARegionForTextsAboveOneForImages)
     EXPECT_EQ(QvlHandset::imageRegion().top, 160);
 }
 
-TEST(Handset, GivesAPresentationItsRegionIds)
+TEST(Handset, SetsTheRegionIdsOfAPresentation)
 {
     const MMS_COMP_SMILData data(nullptr);
     EXPECT_EQ(data.getTextRegionId(), "text");

@@ -72,7 +72,7 @@ TEST(Region, SettersTakeAnyNumber)
     }
 }
 
-TEST(Region, IdIsKeptAsItStands)
+TEST(Region, IdIsKeptUnchanged)
 {
     for (const char *id : {"", " ", " Image ", "a\"b"}) {
         MMS_COMP_SMILRegion region;
@@ -229,7 +229,7 @@ TEST(Layout, AppendedRegionHasTheGivenValues)
     EXPECT_EQ(region->getId(), "a");
 }
 
-TEST(Layout, EqualRegionIsGivenBackInsteadOfAppended)
+TEST(Layout, EqualRegionIsReturnedInsteadOfAppended)
 {
     MMS_COMP_SMILLayout layout;
     MMS_COMP_SMILRegion *image = layout.appendRegion(0, 0, 120, 160, "hidden", "Image");
@@ -246,7 +246,7 @@ TEST(Layout, UnknownFitsAreEqual)
     EXPECT_EQ(layout.appendRegion(0, 0, 1, 1, "other", "a"), region);
 }
 
-TEST(Layout, RegionThatDiffersInAnyValueIsAnother)
+TEST(Layout, RegionThatDiffersInAnyValueIsAppended)
 {
     const auto changes = std::to_array<void (*)(MMS_COMP_SMILRegion &)>(
         {[](MMS_COMP_SMILRegion &r) { r.setLeft(0.0001F); },
@@ -277,7 +277,7 @@ TEST(Layout, RegionAppendedTwiceIsKeptOnce)
     EXPECT_EQ(layout.getRegion(0), region);
 }
 
-TEST(Layout, EqualRegionStaysTheCallers)
+TEST(Layout, EqualRegionStaysOwnedByTheCaller)
 {
     MMS_COMP_SMILLayout layout;
     layout.appendRegion(ownRegion().release());
@@ -317,7 +317,7 @@ TEST(Layout, SearchWithoutResultFindsNull)
     EXPECT_EQ(found, nullptr);
 }
 
-TEST(Layout, SearchForNullLeavesWhatWasFound)
+TEST(Layout, SearchForNullDoesNotChangeTheResult)
 {
     MMS_COMP_SMILLayout layout;
     MMS_COMP_SMILRegion other;
@@ -336,7 +336,7 @@ TEST(Layout, RootLayoutIsResizedInPlace)
     EXPECT_EQ(root->getHeight(), 0);
 }
 
-TEST(Layout, SizesOfARootLayoutElement)
+TEST(Layout, SizesOfARootLayoutElementAreRead)
 {
     const std::pair<const char *, int> rows[] = {
         {"176", 176},
@@ -362,7 +362,7 @@ TEST(Layout, SizesOfARootLayoutElement)
         {"auto", 0},
         {"176pt", 0},
         {"176p", 0},
-        {"12px3", 0}, // the last two characters go, wherever "px" stands
+        {"12px3", 0}, // the last two characters are removed, wherever "px" is
         {"px123", 0},
         {"12pxpx", 0},
         {"2147483647", 2147483647},
@@ -392,7 +392,7 @@ TEST(Layout, AbsentSizesAreMinusOne)
     EXPECT_EQ(layout.getRootLayout()->getHeight(), -1);
 }
 
-TEST(Layout, ColorOfARootLayoutElement)
+TEST(Layout, ColorOfARootLayoutElementIsRead)
 {
     const std::pair<const char *, int> rows[] = {
         {"", SMIL_COLOR_NONE},
@@ -410,7 +410,7 @@ TEST(Layout, ColorOfARootLayoutElement)
     }
 }
 
-TEST(Layout, ColorIsTakenAsItStands)
+TEST(Layout, ColorNamesAreCaseSensitive)
 {
     MMS_COMP_SMILLayout layout;
     EXPECT_EQ(setRootLayout(layout, "background-color='#0080ff'"), SmilResult::Ok);
@@ -438,7 +438,7 @@ TEST(Meta, KeepsWhatItIsGiven)
     EXPECT_EQ(meta.getContent(), "\"me\" ");
 }
 
-TEST(LayoutCopies, LeaveOutNullAndWhatIsThere)
+TEST(LayoutCopies, SkipNullAndExistingRegions)
 {
     MMS_COMP_SMILLayout source;
     source.appendRegion(0, 0, 120, 160, "hidden", "a");
@@ -452,7 +452,7 @@ TEST(LayoutCopies, LeaveOutNullAndWhatIsThere)
     EXPECT_EQ(target.getRegion(1)->getId(), "a");
 }
 
-TEST(LayoutCopies, OntoItselfEndEvenWithARegionThatEqualsNone)
+TEST(LayoutCopies, OntoItselfTerminateEvenWithANanRegion)
 {
     MMS_COMP_SMILLayout layout;
     layout.appendRegion(std::numeric_limits<float>::quiet_NaN(), 0, 120, 160, "hidden", "a");

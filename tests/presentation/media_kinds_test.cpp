@@ -2,7 +2,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(MediaKinds, StandAtTheirNumbers)
+TEST(MediaKinds, AreIndexedByTheirNumbers)
 {
     for (int type = 0; type < SMIL_MEDIA_UNKNOWN; ++type) {
         ASSERT_TRUE(qvlMediaKind(type));
@@ -16,7 +16,7 @@ TEST(MediaKinds, HaveNoRowForOtherNumbers)
         EXPECT_EQ(qvlMediaKind(type), nullptr) << type;
 }
 
-TEST(MediaKinds, NameTheMainTypeThatTheirCodeStandsFor)
+TEST(MediaKinds, NameTheMainTypeOfTheirCode)
 {
     for (const QvlMediaKind &kind : qvlMediaKinds) {
         QCString mainType;

@@ -1,6 +1,6 @@
 /*
- * Records of params and media objects in streams, octet by octet, in every version that stored
- * messages have; and streams that are cut or lie about what follows.
+ * Records of params and media objects in streams, octet by octet, in every version of stored
+ * messages; and streams that are truncated or announce too much.
  */
 #include "presentation/media_object.h"
 
@@ -71,7 +71,7 @@ TEST(ParamStream, RecordIsNameValueValueTypeAndType)
     }
 }
 
-TEST(ParamStream, NewParamIsEmptyTextsAndNumberNought)
+TEST(ParamStream, NewParamIsEmptyTextsAndZero)
 {
     for (const int version : StreamVersions)
         EXPECT_EQ(written(Param(), version), octet(0, 16)) << version;
@@ -87,7 +87,7 @@ TEST(ParamStream, ValueTypeIsAnyNumber)
     }
 }
 
-TEST(ParamStream, CutRecordKeepsWhatWasDelivered)
+TEST(ParamStream, TruncatedRecordKeepsCompleteFields)
 {
     const QByteArray record = paramFields().join();
     for (qsizetype size = 0; size < record.size(); ++size) {
@@ -101,7 +101,7 @@ TEST(ParamStream, CutRecordKeepsWhatWasDelivered)
     }
 }
 
-TEST(ParamStream, HostileLengthGivesAnEmptyText)
+TEST(ParamStream, HostileLengthYieldsAnEmptyText)
 {
     for (const QByteArray &length : HostileLengths) {
         SCOPED_TRACE(length.toHex().toStdString());
@@ -111,7 +111,7 @@ TEST(ParamStream, HostileLengthGivesAnEmptyText)
     }
 }
 
-TEST(MediaObjectStream, NewObjectEndsWithTwoNoughts)
+TEST(MediaObjectStream, NewObjectEndsWithTwoZeros)
 {
     for (const int version : StreamVersions)
         EXPECT_EQ(written(Object(nullptr), version), newObjectRecord()) << version;
@@ -129,7 +129,7 @@ TEST(MediaObjectStream, RecordIsAttributesTimesPartAndParams)
     }
 }
 
-TEST(MediaObjectStream, RecordIsReadAsItIsWritten)
+TEST(MediaObjectStream, RecordIsReadBackAsWritten)
 {
     for (const int version : StreamVersions) {
         SCOPED_TRACE(version);
@@ -153,7 +153,7 @@ TEST(MediaObjectStream, ReadingReplacesEveryAttribute)
     EXPECT_EQ(factsOf(object), (ObjectFacts{.params = recordedFacts().params}));
 }
 
-TEST(MediaObjectStream, ReadingDoesNotGoThroughTheSetters)
+TEST(MediaObjectStream, ReadingDoesNotUseTheSetters)
 {
     Object source(nullptr);
     source.setMediaElementType(SMIL_MEDIA_TEXT);
@@ -166,7 +166,7 @@ TEST(MediaObjectStream, ReadingDoesNotGoThroughTheSetters)
     EXPECT_EQ(read.getAlt(), "");
 }
 
-TEST(MediaObjectStream, ReadParamsComeBehindThoseThatAreThere)
+TEST(MediaObjectStream, ReadParamsAreAppended)
 {
     ReadObject read;
     read->appendParamElem("own", "0", SMIL_PARAM_VALUE_DATA, "");
@@ -176,7 +176,7 @@ TEST(MediaObjectStream, ReadParamsComeBehindThoseThatAreThere)
     EXPECT_EQ(paramsOf(*read), QStringList("own|0|0|") + param + param);
 }
 
-TEST(MediaObjectStream, AnyFlagButOneMeansNoPart)
+TEST(MediaObjectStream, AnyFlagExceptOneMeansNoPart)
 {
     for (const QByteArray &flag :
          {"00 00 00 00"_octets, "00 00 00 02"_octets, "FF FF FF FF"_octets, "01 00 00 00"_octets}) {
@@ -190,7 +190,7 @@ TEST(MediaObjectStream, AnyFlagButOneMeansNoPart)
     }
 }
 
-TEST(MediaObjectStream, MessageIsNeitherReadNorGivenThePart)
+TEST(MediaObjectStream, MessageIsNotReadAndDoesNotGetThePart)
 {
     Multipart multipart;
     ReadObject read(&multipart);
@@ -202,7 +202,7 @@ TEST(MediaObjectStream, MessageIsNeitherReadNorGivenThePart)
     EXPECT_EQ(read->getData()->getRefCount(), 1);
 }
 
-TEST(MediaObjectStream, ByteOrderIsTheStreams)
+TEST(MediaObjectStream, UsesTheByteOrderOfTheStream)
 {
     QByteArray octets;
     QDataStream out(&octets, QIODevice::WriteOnly);
@@ -218,7 +218,7 @@ TEST(MediaObjectStream, ByteOrderIsTheStreams)
     EXPECT_EQ(factsOf(read), recordedFacts());
 }
 
-TEST(MediaObjectStream, CutRecordKeepsThePartAndTheParamThatWereBegun)
+TEST(MediaObjectStream, TruncatedRecordKeepsTheStartedPartAndParam)
 {
     const QList<QByteArray> fields = objectFields();
     const QByteArray record = fields.join();
@@ -235,7 +235,7 @@ TEST(MediaObjectStream, CutRecordKeepsThePartAndTheParamThatWereBegun)
     }
 }
 
-TEST(MediaObjectStream, CutRecordKeepsTheAttributesThatWereDelivered)
+TEST(MediaObjectStream, TruncatedRecordKeepsCompleteAttributes)
 {
     const QList<QByteArray> fields = attributeFields();
     for (qsizetype count = 0; count < fields.size(); ++count) {
@@ -253,7 +253,7 @@ TEST(MediaObjectStream, CutRecordKeepsTheAttributesThatWereDelivered)
     }
 }
 
-TEST(MediaObjectStream, HostileParamCountEndsWithTheStream)
+TEST(MediaObjectStream, HostileParamCountStopsAtTheEndOfTheStream)
 {
     for (const auto &[count, begun] : HostileCounts) {
         SCOPED_TRACE(count.toHex().toStdString());
@@ -267,7 +267,7 @@ TEST(MediaObjectStream, HostileParamCountEndsWithTheStream)
     }
 }
 
-TEST(MediaObjectStream, HostileLengthInAnyTextEnds)
+TEST(MediaObjectStream, HostileLengthOfAnyTextTerminates)
 {
     const QList<QByteArray> fields = objectFields();
     for (const QByteArray &length : HostileLengths) {
@@ -277,12 +277,12 @@ TEST(MediaObjectStream, HostileLengthInAnyTextEnds)
             hostile[place] = length;
             ReadObject read;
             readFrom(hostile.join(), &*read);
-            EXPECT_LE(read->getParamCount(), 1 + 3); // no more than there are octets for
+            EXPECT_LE(read->getParamCount(), 1 + 3); // at most as many as there are octets
         }
     }
 }
 
-TEST(MediaObjectStream, CountIsNotBelievedOnceTheStreamHasFailed)
+TEST(MediaObjectStream, CountIsIgnoredOnceTheStreamHasFailed)
 {
     QDataStream stream(objectFields().join());
     stream.setStatus(QDataStream::ReadCorruptData);
@@ -291,7 +291,7 @@ TEST(MediaObjectStream, CountIsNotBelievedOnceTheStreamHasFailed)
     EXPECT_EQ(read->getParamCount(), 0);
 }
 
-TEST(MediaObjectStream, StreamWithoutDeviceEnds)
+TEST(MediaObjectStream, StreamWithoutDeviceTerminates)
 {
     QDataStream stream;
     ReadObject read;

@@ -1,6 +1,6 @@
 /*
- * Media objects and their params: the fields, reading an element, filling with new content,
- * copying. Streams and who deletes what are tested apart.
+ * Media objects and their params: fields, reading an element, new content, copying. Streams and
+ * ownership have their own test files.
  */
 #include "presentation/media_object.h"
 
@@ -114,7 +114,7 @@ const SetterRow SetterRows[] = {
 
 } // namespace
 
-TEST(MediaObject, SettersChangeTheirOwnFieldAndAnswerTrue)
+TEST(MediaObject, SettersChangeTheirOwnFieldAndReturnTrue)
 {
     for (const SetterRow &row : SetterRows) {
         SCOPED_TRACE(row.what);
@@ -124,7 +124,7 @@ TEST(MediaObject, SettersChangeTheirOwnFieldAndAnswerTrue)
     }
 }
 
-TEST(MediaObject, SingleTimeGettersAgreeWithTheWhole)
+TEST(MediaObject, GettersOfSingleTimeFieldsAgreeWithTheTime)
 {
     Object object(nullptr);
     object.setBeginTimeType(SMIL_TIME_EVENT);
@@ -153,7 +153,7 @@ TEST(MediaObject, OnlyTextSetsTheMediaType)
     }
 }
 
-TEST(MediaObject, NewSrcLosesTheAlternativeText)
+TEST(MediaObject, NewSrcResetsTheAlternativeText)
 {
     Object object(nullptr);
     object.setAlt("a picture");
@@ -176,7 +176,7 @@ TEST(MediaObject, BindingAPartDoesNotCountAsAUse)
     EXPECT_EQ(object.getData(), nullptr);
 }
 
-TEST(MediaObject, MessageCanBeChanged)
+TEST(MediaObject, MessageCanBeReplaced)
 {
     Multipart multipart;
     Object object(nullptr);
@@ -231,7 +231,7 @@ TEST(MediaObjectParams, UpdateOfAnUnknownNameAppendsData)
               (QStringList{"other|0|0|", "n|1|1|t", "n|2|0|", "N|new|0|", "|nameless|0|"}));
 }
 
-TEST(MediaObjectParams, ValueIsThatOfTheFirstOfItsName)
+TEST(MediaObjectParams, ValueComesFromTheFirstOfItsName)
 {
     const auto object = objectWithTwoParamsOfOneName();
     const std::pair<const char *, const char *> rows[] = {
@@ -240,7 +240,7 @@ TEST(MediaObjectParams, ValueIsThatOfTheFirstOfItsName)
         EXPECT_EQ(object->getParamValueByName(name), value) << name;
 }
 
-TEST(MediaObjectParams, RemoveTakesTheFirstOfItsName)
+TEST(MediaObjectParams, RemoveRemovesTheFirstOfItsName)
 {
     const auto object = objectWithTwoParamsOfOneName();
     object->removeParamByName("N");
@@ -302,7 +302,7 @@ TEST(MediaObjectFromElement, AbsentAttributesAreNull)
     EXPECT_TRUE(object.getRegionId().isNull());
 }
 
-TEST(MediaObjectFromElement, NullIsNotInTheMessage)
+TEST(MediaObjectFromElement, NullReturnsNotInMessage)
 {
     Multipart multipart;
     addPart(multipart, {});
@@ -323,7 +323,7 @@ TEST(MediaObjectFromElement, ParamsAreNotRead)
     EXPECT_EQ(object.getParamCount(), 0);
 }
 
-TEST(MediaObjectFromElement, WithoutContentKeepsWhatWasReadButNoTimes)
+TEST(MediaObjectFromElement, WithoutContentKeepsAttributesButNoTimes)
 {
     Multipart multipart;
     addPart(multipart, {.location = "b"});
@@ -366,7 +366,7 @@ const BindingRow BindingRows[] = {
 
 } // namespace
 
-TEST(MediaObjectFromElement, BindsAnAttachmentElseAShownPart)
+TEST(MediaObjectFromElement, PrefersAnAttachmentToAShownPart)
 {
     for (const BindingRow &row : BindingRows) {
         SCOPED_TRACE(row.what);
@@ -437,7 +437,7 @@ TEST(MediaObjectFromElement, AbsentOrUnreadableTimeSetsTheKindAndLeavesTheLength
     }
 }
 
-TEST(MediaObjectFromContent, MakesAShownPartAtTheEndOfTheMessage)
+TEST(MediaObjectFromContent, AppendsAShownPartToTheMessage)
 {
     const std::tuple<char, QString, QString> rows[] = {
         {'a', "audio", ""}, {'v', "video", ""},       {'t', "text", "txt"},
@@ -467,7 +467,7 @@ TEST(MediaObjectFromContent, MakesAShownPartAtTheEndOfTheMessage)
     }
 }
 
-TEST(MediaObjectFromContent, OverwritesTheBoundPartWhereItStands)
+TEST(MediaObjectFromContent, OverwritesTheBoundPartInPlace)
 {
     Multipart multipart;
     Multipart other;
@@ -594,7 +594,7 @@ TEST(MediaObjectCopy, NeedsATargetAndAShownPartOfItsSrc)
 {
     const std::tuple<const char *, QList<PartFacts>, bool> rows[] = {
         {"shown", {{.location = "A", .display = 0}}, true},
-        {"shown behind an attachment", {{.location = "a"}, {.location = "a", .display = 0}}, true},
+        {"shown after an attachment", {{.location = "a"}, {.location = "a", .display = 0}}, true},
         {"Content-ID", {{.id = "<cid:a>", .display = 0}}, true},
         {"attachment", {{.location = "a"}}, false},
         {"other name", {{.location = "b", .display = 0}}, false},

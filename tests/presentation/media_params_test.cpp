@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-TEST(MediaParams, KeywordsOfValueTypesStandAtTheirNumbers)
+TEST(MediaParams, KeywordsOfValueTypesAreIndexedByTheirNumbers)
 {
     for (int type = 0; type < SMIL_PARAM_VALUE_UNKNOWN; ++type) {
         const QString keyword = qvlParamValueTypes.at(std::size_t(type));

@@ -1,7 +1,7 @@
 /*
- * The presentation model in tests: what can be seen of a media object as one value that compares
- * and prints, and short ways to make elements, objects and slides. What a row does not name is as
- * in a new object.
+ * The presentation model in tests: the visible properties of a media object as one value that can
+ * be compared and printed, and helpers that create elements, objects and slides. A field that a row
+ * does not set is as in a new object.
  */
 #pragma once
 
@@ -100,7 +100,7 @@ inline void PrintTo(const ObjectFacts &facts, std::ostream *out)
     PrintTo(facts.end, out);
 }
 
-/// A media element of a document of its own. A null value stands for no attribute.
+/// A media element in its own document. A null value means no attribute.
 class Element
 {
 public:
@@ -161,7 +161,7 @@ inline MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kindOf(char letter)
                                             - KindLetters);
 }
 
-/// The kinds of a slide's objects in order: "ti" is a text and behind it an image.
+/// The kinds of a slide's objects in order: "ti" is a text followed by an image.
 inline QString kindsOf(const Slide &slide)
 {
     QString kinds;
@@ -170,7 +170,7 @@ inline QString kindsOf(const Slide &slide)
     return kinds;
 }
 
-/// Appends objects without content; the src of each is its letter and its place, such as "t0".
+/// Appends objects without content. The src of each is its letter and index, such as "t0".
 inline void appendKinds(Slide &slide, const QString &kinds)
 {
     for (const QChar letter : kinds)

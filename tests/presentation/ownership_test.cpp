@@ -1,7 +1,7 @@
 /*
- * Who deletes what when presentation and message are changed and destroyed in any order. Every test
- * first sees the pointer that is about to dangle and then that it answers null; it is worth most
- * under AddressSanitizer, which sees what is read, deleted twice or never.
+ * Ownership when presentation and message are changed and destroyed in any order. Every test checks
+ * that a pointer is set before its target is deleted, and null after that. AddressSanitizer also
+ * detects use after deletion, double deletion and leaks.
  */
 #include "base/durations.h"
 #include "presentation/presentation.h"
@@ -23,7 +23,7 @@ namespace {
 
 using PartPointer = QvlWeakPointer<Part>;
 
-// An object of a message's part, as the reader makes it.
+// An object of a message's part, as the reader creates it.
 std::unique_ptr<Object> objectOf(Multipart &multipart, const QString &src)
 {
     auto object = std::make_unique<Object>(nullptr);
@@ -38,7 +38,7 @@ std::unique_ptr<Object> boundTo(Part *part, Multipart *multipart)
         newObject(SMIL_MEDIA_IMAGE, part->getContentLocation(), multipart, part));
 }
 
-// A part that an object read from a stream and that nobody else has.
+// A part that an object read from a stream and that only the object uses.
 std::unique_ptr<Object> objectFromStream(Multipart *multipart = nullptr)
 {
     auto object = std::make_unique<Object>(multipart);
@@ -49,7 +49,7 @@ std::unique_ptr<Object> objectFromStream(Multipart *multipart = nullptr)
 
 } // namespace
 
-TEST(ClearObject, GivesOneUseBackThroughTheMessage)
+TEST(ClearObject, ReleasesOneUseThroughTheMessage)
 {
     Multipart multipart;
     appendParts(multipart, {{.location = "a"}, {.location = "b"}});
@@ -68,7 +68,7 @@ TEST(ClearObject, GivesOneUseBackThroughTheMessage)
     EXPECT_EQ(locationsOf(multipart), QStringList("b"));
 }
 
-TEST(ClearObject, TwiceGivesBackOnce)
+TEST(ClearObject, TwiceReleasesOnce)
 {
     Multipart multipart;
     appendParts(multipart, {{.location = "a", .display = 0}});
@@ -166,7 +166,7 @@ TEST(ClearObject, OnlyUnbindsAPartOfTheApplicationWhenItsMessageIsGone)
     EXPECT_EQ(part.getContentLocation(), "a");
 }
 
-TEST(ClearObject, OnlyUnbindsAPartOfTheApplicationThatTookThePlaceOfItsOwn)
+TEST(ClearObject, OnlyUnbindsAPartOfTheApplicationThatReplacedItsOwn)
 {
     Multipart multipart;
     const auto object = objectFromStream(&multipart);
@@ -188,7 +188,7 @@ TEST(ClearObject, DeletesAnApplicationsPartWithoutMessage)
     EXPECT_FALSE(object->getData());
 }
 
-TEST(ClearObject, DeletesItsOwnPartAlsoWhenAMessageIsSetLater)
+TEST(ClearObject, DeletesItsOwnPartEvenIfAMessageIsSetLater)
 {
     Multipart multipart;
     const auto read = objectFromStream();
@@ -240,7 +240,7 @@ TEST(DestroyedObject, LeavesThePart)
     delete read.get();
 }
 
-TEST(PartReadFromAStream, BelongsToTheMessageThatItIsHandedTo)
+TEST(PartReadFromAStream, BelongsToTheMessageThatItIsAddedTo)
 {
     Multipart multipart;
     const auto object = objectFromStream();
@@ -252,7 +252,7 @@ TEST(PartReadFromAStream, BelongsToTheMessageThatItIsHandedTo)
     EXPECT_EQ(multipart.getBodypartByIndex(0), part);
 }
 
-TEST(PartReadFromAStream, HandedToTheObjectsMessageIsReleasedThroughIt)
+TEST(PartReadFromAStream, AddedToTheObjectsMessageIsReleasedThroughIt)
 {
     Multipart multipart;
     const auto object = objectFromStream(&multipart);
@@ -263,7 +263,7 @@ TEST(PartReadFromAStream, HandedToTheObjectsMessageIsReleasedThroughIt)
     EXPECT_EQ(multipart.getPartCount(), 0);
 }
 
-TEST(PartReadFromAStream, HandedToAMessageGoesWithIt)
+TEST(PartReadFromAStream, AddedToAMessageIsDeletedWithIt)
 {
     auto multipart = std::make_unique<Multipart>();
     const auto object = objectFromStream();
@@ -311,7 +311,7 @@ TEST(ReadingAgain, OnlyUnbindsAPartOfTheApplication)
     EXPECT_EQ(part.getContentLocation(), "a");
 }
 
-TEST(ReadingAgain, CutStreamDeletesThePartToo)
+TEST(ReadingAgain, TruncatedStreamDeletesThePartToo)
 {
     const auto object = objectFromStream();
     const PartPointer part(object->getData());
@@ -320,7 +320,7 @@ TEST(ReadingAgain, CutStreamDeletesThePartToo)
     EXPECT_FALSE(object->getData());
 }
 
-TEST(SharedPart, DeletedThroughOneObjectIsGoneForTheOther)
+TEST(SharedPart, DeletedThroughOneObjectIsNullInTheOther)
 {
     Multipart multipart;
     Part *part = addPart(multipart, {.location = "a"});
@@ -333,7 +333,7 @@ TEST(SharedPart, DeletedThroughOneObjectIsGoneForTheOther)
     EXPECT_EQ(multipart.getPartCount(), 0);
 }
 
-TEST(SharedPart, CopyGainsNoUseSoTheFirstToGoTakesThePart)
+TEST(SharedPart, CopyGainsNoUseSoTheFirstClearDeletesThePart)
 {
     for (const bool copyFirst : {false, true}) {
         Multipart multipart;
@@ -361,7 +361,7 @@ TEST(SharedPart, ReadByOneObjectAndBoundToAnotherIsDeletedOnce)
     second->clear();
 }
 
-TEST(SharedLocation, SecondPartsObjectTakesTheFirstPartAway)
+TEST(SharedLocation, ObjectOfTheSecondPartDeletesTheFirstPart)
 {
     Multipart multipart;
     Part *small = addPart(multipart, {.location = "a"});
@@ -377,7 +377,7 @@ TEST(SharedLocation, SecondPartsObjectTakesTheFirstPartAway)
     EXPECT_EQ(multipart.getBodypartByIndex(0), capital);
 }
 
-TEST(SharedLocation, PartBehindTheMatchIsDeletedUnderAnotherObject)
+TEST(SharedLocation, PartAfterTheMatchIsDeletedWhileAnotherObjectUsesIt)
 {
     Multipart multipart;
     appendParts(multipart, {{.location = "a"}, {.location = "A"}, {.location = "v"}});
@@ -396,7 +396,7 @@ TEST(SharedLocation, PartBehindTheMatchIsDeletedUnderAnotherObject)
 
 namespace {
 
-// A presentation of a message in which parts share locations and objects share parts.
+// A presentation of a message. Parts share locations, and objects share parts.
 struct Model
 {
     std::unique_ptr<Multipart> message = std::make_unique<Multipart>();
@@ -430,7 +430,7 @@ struct Model
         return all;
     }
 
-    // Reads everything that pointers lead to. A part is in the message or the object's own.
+    // Reads the targets of all pointers. A part is in the message or owned by the object.
     void look() const
     {
         for (Object *object : objects()) {
@@ -479,7 +479,7 @@ const Step Steps[] = {
 
 } // namespace
 
-TEST(AnyOrder, OfThreeStepsLeavesNoPointerThatDangles)
+TEST(AnyOrder, OfThreeStepsLeavesNoDanglingPointer)
 {
     FakePlayerEngine::reset();
     for (const Step &first : Steps) {
@@ -567,7 +567,7 @@ TEST(DestroyedSlide, OnlyUnbindsAPartOfTheApplication)
     EXPECT_EQ(part.getContentLocation(), "a");
 }
 
-TEST(CopyInOneMessage, SharesThePartsAndEitherMayGoFirst)
+TEST(CopyInOneMessage, SharesThePartsAndEitherMayBeDestroyedFirst)
 {
     for (const bool copyFirst : {false, true}) {
         SCOPED_TRACE(copyFirst);
@@ -587,7 +587,7 @@ TEST(CopyInOneMessage, SharesThePartsAndEitherMayGoFirst)
     }
 }
 
-TEST(CopyInOneMessage, DoubledPartsAreReleasedWithoutTouchingEachOthersObjects)
+TEST(CopyInOneMessage, DoubledPartsAreReleasedWithoutChangingEachOthersObjects)
 {
     Multipart message;
     appendParts(message, {{.location = "a"}});
@@ -652,7 +652,7 @@ TEST(FailedElement, ReleasesNothing)
 
 namespace {
 
-// A copy-constructed message, and somebody who deletes its parts at the end unless they are gone.
+// A copy-constructed message, and an owner that deletes its parts at the end if they still exist.
 class NonOwning
 {
 public:
@@ -696,7 +696,7 @@ TEST(NonOwningMessage, PartReleasedThroughItLeavesItAlive)
     EXPECT_EQ(source.getPartCount(), 2);
 }
 
-TEST(NonOwningMessage, MayGoBeforeAndAfterThePresentation)
+TEST(NonOwningMessage, MayBeDestroyedBeforeAndAfterThePresentation)
 {
     for (const bool messageFirst : {false, true}) {
         SCOPED_TRACE(messageFirst);
@@ -710,14 +710,14 @@ TEST(NonOwningMessage, MayGoBeforeAndAfterThePresentation)
         ASSERT_TRUE(data->getMediaObject(1, 0)->getData());
         if (messageFirst)
             message.copy.reset();
-        EXPECT_TRUE(data->getMediaObject(1, 0)->getData()); // nobody has deleted the parts yet
+        EXPECT_TRUE(data->getMediaObject(1, 0)->getData()); // the parts still exist
         data.reset();
         EXPECT_EQ(message.partsAlive(), 2);
         EXPECT_EQ(source.getPartCount(), 2);
     }
 }
 
-TEST(NonOwningMessage, TakerWhoDeletesFirstLeavesNothingToClear)
+TEST(NonOwningMessage, CallerWhoDeletesFirstLeavesNothingToClear)
 {
     Multipart source;
     appendParts(source, {{.location = "a"}});
@@ -744,7 +744,7 @@ TEST(NewContent, AfterThePartWasDeletedByReferenceMakesANewPart)
     EXPECT_EQ(object.getData(), message.getBodypartByIndex(0));
 }
 
-TEST(NewContent, AfterThePartWasDeletedBehindASlide)
+TEST(NewContent, AfterThePartWasDeletedWithoutTheSlide)
 {
     Multipart message;
     Presentation data(&message);
@@ -762,7 +762,7 @@ TEST(NewContent, AfterThePartWasDeletedBehindASlide)
     EXPECT_EQ(message.getPartCount(), 0);
 }
 
-TEST(NewContent, InAPartReadFromAStreamStaysTheObjects)
+TEST(NewContent, InAPartReadFromAStreamStaysOwnedByTheObject)
 {
     Multipart message;
     const auto object = objectFromStream();

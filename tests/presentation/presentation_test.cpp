@@ -1,7 +1,7 @@
 /*
- * The presentation: layout forms, metas, slides, placing elements of a document, colors and text
- * size on their way in and out, what is removed before sending, copying. Names for new content and
- * who deletes what are tested apart.
+ * The presentation: layout forms, metas, slides, placing elements of a document, reading and
+ * writing colors and text size, what is removed before sending, copying. Names for new content and
+ * ownership have their own test files.
  */
 #include "base/durations.h"
 #include "presentation/presentation.h"
@@ -156,7 +156,7 @@ TEST_F(PresentationTest, RegionTextsAreReadByTheirLeadingNumber)
     }
 }
 
-TEST_F(PresentationTest, AnyGeometryTextWithPercentSetsTheUnitForGood)
+TEST_F(PresentationTest, AnyGeometryTextWithPercentSetsTheUnitPermanently)
 {
     for (int place = 0; place < 4; ++place) {
         SCOPED_TRACE(place);
@@ -202,7 +202,7 @@ TEST_F(PresentationTest, MetasAreKeptInOrder)
     EXPECT_EQ(data.getMeta(0xFFFFFFFF), nullptr);
 }
 
-TEST_F(PresentationTest, SlidesAreMadeOnItsMessageWithASignedDuration)
+TEST_F(PresentationTest, SlidesAreCreatedOnItsMessageWithASignedDuration)
 {
     const std::pair<unsigned int, int> rows[] = {
         {0U, 0}, {2300U, 2300}, {0xFFFFFFFFU, -1}, {0xFFFFFFFEU, -2}, {0x7FFFFFFFU, 2147483647}};
@@ -232,7 +232,7 @@ TEST_F(PresentationTest, ObjectOperationsGoToTheSlide)
     EXPECT_EQ(data.getSlide(1)->getDur(), QvlDuration::Default);
     EXPECT_EQ(kindsOf(data), (QStringList{"t", "vta"}));
     EXPECT_TRUE(data.deleteMediaObject(1, 1));
-    EXPECT_TRUE(data.deleteMediaObject(1, 2)); // there is none
+    EXPECT_TRUE(data.deleteMediaObject(1, 2)); // does not exist
     EXPECT_EQ(kindsOf(data), (QStringList{"t", "va"}));
 }
 
@@ -266,7 +266,7 @@ TEST_F(PresentationTest, CleanKeepsLayoutAndUnit)
     EXPECT_EQ(data.getMultiPart(), &message);
 }
 
-TEST_F(PresentationTest, UnitIsWhatItIsSetToAndTheSetterReturnsTrue)
+TEST_F(PresentationTest, UnitIsStoredAndTheSetterReturnsTrue)
 {
     EXPECT_TRUE(data.setLayoutMeasureUnit(SMIL_UNIT_PERCENT));
     EXPECT_EQ(data.getLayoutMeasureUnit(), SMIL_UNIT_PERCENT);
@@ -331,7 +331,7 @@ TEST_F(PresentationTest, ElementGoesToTheLastSlideWhenItHasRoom)
     EXPECT_EQ(FakePlayerEngine::record.created, 0);
 }
 
-TEST_F(PresentationTest, WhatIsNoMediaElementChangesNothing)
+TEST_F(PresentationTest, OtherElementsChangeNothing)
 {
     appendParts(message, {{.location = "a"}});
     for (const char *tag : {"image", "par", "param", "", "texts", "te xt", "meta"}) {
@@ -405,7 +405,7 @@ TEST_F(PresentationTest, FirstObjectOfALocationOrContentIdIsDeleted)
     }
 }
 
-TEST_F(PresentationTest, DeletingByLocationLooksAtThePartAndNotAtTheSrc)
+TEST_F(PresentationTest, DeletingByLocationComparesThePartNotTheSrc)
 {
     appendSlides(data, {"t"});
     data.deleteObjectByDataLocation("t0");
@@ -429,7 +429,7 @@ QStringList paramsOf(const Presentation &presentation, unsigned int slide)
 
 } // namespace
 
-TEST_F(PresentationTest, RootColorBecomesEverySlidesPageColorAndAParam)
+TEST_F(PresentationTest, RootColorBecomesPageColorAndParamOfEverySlide)
 {
     appendSlides(data, {"ti", "a"});
     data.getRootLayout()->setBackgroundColor("red");
@@ -445,7 +445,7 @@ TEST_F(PresentationTest, RootColorBecomesEverySlidesPageColorAndAParam)
     EXPECT_EQ(paramsOf(data, 1), QStringList("background-color|#ff0000|0|"));
 }
 
-TEST_F(PresentationTest, OneSlideGetsItsParamsAlone)
+TEST_F(PresentationTest, OnlyTheGivenSlideGetsItsParams)
 {
     appendSlides(data, {"t", "t"});
     data.getRootLayout()->setBackgroundColor("red");
@@ -455,7 +455,7 @@ TEST_F(PresentationTest, OneSlideGetsItsParamsAlone)
     EXPECT_EQ(paramsOf(data, 1), QStringList("background-color|#ff0000|0|;textsize||0|"));
 }
 
-TEST_F(PresentationTest, RootLayoutWithoutColorTakesThePageColorsAway)
+TEST_F(PresentationTest, RootLayoutWithoutColorClearsThePageColors)
 {
     appendSlides(data, {"ti"});
     data.getSlide(0)->setPageColor({SMIL_COLOR_NAMED, "blue", Qt::blue});
@@ -519,7 +519,7 @@ const EmptyTextRow EmptyTextRows[] = {
 
 } // namespace
 
-TEST_F(PresentationTest, EmptyTextIsRemovedBeforeSendingUnlessItAloneCarriesAColor)
+TEST_F(PresentationTest, EmptyTextIsRemovedBeforeSendingUnlessOnlyItCarriesAColor)
 {
     for (const EmptyTextRow &row : EmptyTextRows) {
         SCOPED_TRACE(row.what);
@@ -537,7 +537,7 @@ TEST_F(PresentationTest, EmptyTextIsRemovedBeforeSendingUnlessItAloneCarriesACol
     }
 }
 
-TEST_F(PresentationTest, TextWithoutPartStaysAndEverySlideIsLookedAt)
+TEST_F(PresentationTest, TextWithoutPartStaysAndEverySlideIsChecked)
 {
     appendSlides(data, {"t", "ti"});
     data.getMediaObject(1, 0)->setData(addPart(message, {.location = "a"}));
@@ -568,7 +568,7 @@ TEST_F(PresentationTest, IsEmptyWithOneEmptyTextButNotWithCharacters)
     EXPECT_FALSE(data.isEmpty());
 }
 
-TEST_F(PresentationTest, MessageIsHandedToEverySlideButNotToObjects)
+TEST_F(PresentationTest, MessageIsSetForEverySlideButNotForObjects)
 {
     appendSlides(data, {"t", "i"});
     Multipart other;
@@ -600,7 +600,7 @@ void fillForCopy(Presentation &data, Multipart &message)
 
 } // namespace
 
-TEST_F(PresentationTest, CopyHasEverythingButTheRootColor)
+TEST_F(PresentationTest, CopyHasEverythingExceptTheRootColor)
 {
     fillForCopy(data, message);
     Multipart target;
@@ -620,7 +620,7 @@ TEST_F(PresentationTest, CopyHasEverythingButTheRootColor)
     EXPECT_EQ(copy.getSlide(1)->getMultiPart(), &target);
 }
 
-TEST_F(PresentationTest, CopyIsAddedToWhatTheTargetHas)
+TEST_F(PresentationTest, CopyIsAppendedToTheTarget)
 {
     fillForCopy(data, message);
     Presentation target(nullptr);

@@ -1,5 +1,5 @@
 /*
- * Regions that are known by their values: the same region is found as by comparing all.
+ * The index of regions by their values finds the same region as a comparison with all.
  */
 #include "presentation/region_index.h"
 

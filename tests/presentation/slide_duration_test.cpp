@@ -1,6 +1,6 @@
 /*
- * Durations of slides whose media differ in length. This program has a player engine of its own: a
- * clip's octets are its length in milliseconds as a decimal number, and anything else cannot be
+ * Durations of slides whose media differ in length. This program has its own player engine: the
+ * octets of a clip are its length in milliseconds as a decimal number, and other octets cannot be
  * opened.
  */
 #include "base/durations.h"
@@ -137,7 +137,7 @@ const Row Rows[] = {
 
 } // namespace
 
-TEST(SlideDuration, IsTheSumOfWhatPlaysElseTheUsersElseTheDefault)
+TEST(SlideDuration, IsTheClipsElseTheUsersElseTheDefault)
 {
     for (const Row &row : Rows) {
         SCOPED_TRACE(std::string(row.video ? row.video : "none") + " and "
@@ -168,7 +168,7 @@ TEST(SlideDuration, OnlyTheFirstVideoAndTheFirstAudioCount)
     EXPECT_EQ(slide.getDur(), 2000);
 }
 
-TEST(SlideDuration, FirstThatIsUnboundCountsAsNone)
+TEST(SlideDuration, UnboundFirstClipCountsAsNone)
 {
     Multipart multipart;
     Slide slide(nullptr);
@@ -179,7 +179,7 @@ TEST(SlideDuration, FirstThatIsUnboundCountsAsNone)
     EXPECT_EQ(timingOf(slide), (Timing{1500, true}));
 }
 
-TEST(SlideDuration, FollowsInsertingTakingAndRemoving)
+TEST(SlideDuration, IsUpdatedByInsertingTakingAndRemoving)
 {
     Multipart multipart;
     Slide slide(nullptr);
@@ -204,7 +204,7 @@ TEST(SlideDuration, RemovingTheOnlyAudioKeepsADurationSetSince)
     EXPECT_EQ(timingOf(slide), (Timing{2500, true}));
 }
 
-TEST(SlideDuration, FollowsNewContent)
+TEST(SlideDuration, IsUpdatedByNewContent)
 {
     Multipart multipart;
     Slide slide(nullptr);

@@ -1,6 +1,5 @@
 /*
- * Records of slides in streams: what they hold and what they do not, and streams that are cut or
- * lie about what follows.
+ * Records of slides in streams: their content, and streams that are truncated or announce too much.
  */
 #include "presentation/slide.h"
 
@@ -20,7 +19,7 @@ QByteArray slideRecord()
 
 } // namespace
 
-TEST(SlideStream, NewSlideIsItsDurationAndNought)
+TEST(SlideStream, NewSlideIsItsDurationAndZero)
 {
     for (const int version : StreamVersions)
         EXPECT_EQ(written(Slide(nullptr), version), "00 00 13 88 00 00 00 00"_octets) << version;
@@ -66,7 +65,7 @@ TEST(SlideStream, FlagColorsAndTextSizeAreNotInTheRecord)
     EXPECT_EQ(slide.getTextSize(), "large");
 }
 
-TEST(SlideStream, ReadObjectsComeBehindThoseThatAreThereAndHaveNoMessage)
+TEST(SlideStream, ReadObjectsAreAppendedAndHaveNoMessage)
 {
     Multipart multipart;
     Slide slide(&multipart);
@@ -78,7 +77,7 @@ TEST(SlideStream, ReadObjectsComeBehindThoseThatAreThereAndHaveNoMessage)
     EXPECT_EQ(multipart.getPartCount(), 0);
 }
 
-TEST(SlideStream, ReadingTakesTheDurationAsItIs)
+TEST(SlideStream, ReadingKeepsTheStoredDuration)
 {
     Slide read(nullptr);
     QByteArray record = newObjectRecord();
@@ -88,7 +87,7 @@ TEST(SlideStream, ReadingTakesTheDurationAsItIs)
     EXPECT_EQ(read.getDur(), 1234);
 }
 
-TEST(SlideStream, CutRecordKeepsTheObjectsThatWereBegun)
+TEST(SlideStream, TruncatedRecordKeepsStartedObjects)
 {
     const QByteArray record = slideRecord();
     const qsizetype firstEnd = 8 + objectFields().join().size();
@@ -103,7 +102,7 @@ TEST(SlideStream, CutRecordKeepsTheObjectsThatWereBegun)
     }
 }
 
-TEST(SlideStream, HostileObjectCountEndsWithTheStream)
+TEST(SlideStream, HostileObjectCountStopsAtTheEndOfTheStream)
 {
     for (const auto &[count, begun] : HostileCounts) {
         SCOPED_TRACE(count.toHex().toStdString());
@@ -116,7 +115,7 @@ TEST(SlideStream, HostileObjectCountEndsWithTheStream)
     }
 }
 
-TEST(SlideStream, HostileLengthInAnObjectStopsTheObjectsBehindIt)
+TEST(SlideStream, HostileLengthInAnObjectStopsTheObjectsAfterIt)
 {
     for (const QByteArray &length : HostileLengths) {
         SCOPED_TRACE(length.toHex().toStdString());
@@ -130,7 +129,7 @@ TEST(SlideStream, HostileLengthInAnObjectStopsTheObjectsBehindIt)
     }
 }
 
-TEST(SlideStream, CountIsNotBelievedOnceTheStreamHasFailed)
+TEST(SlideStream, CountIsIgnoredOnceTheStreamHasFailed)
 {
     QDataStream stream(slideRecord());
     stream.setStatus(QDataStream::ReadPastEnd);
@@ -139,7 +138,7 @@ TEST(SlideStream, CountIsNotBelievedOnceTheStreamHasFailed)
     EXPECT_EQ(read.getMediaObjectCount(), 0U);
 }
 
-TEST(SlideStream, PartThatWasReadGoesWithTheSlide)
+TEST(SlideStream, ReadPartIsDeletedWithTheSlide)
 {
     Multipart multipart;
     auto slide = std::make_unique<Slide>(&multipart);

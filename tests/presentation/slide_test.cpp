@@ -1,6 +1,6 @@
 /*
- * Slides: composing them, what each change does to order and duration, colors as params, copying.
- * How long the media play is told to the player engine; lengths that differ are tested apart.
+ * Slides: composing, the effect of changes on order and duration, colors as params, copying. All
+ * clips have the same length here; slide_duration_test.cpp covers different ones.
  */
 #include "base/durations.h"
 #include "presentation/slide.h"
@@ -53,7 +53,7 @@ TEST_F(SlideTest, NewOneIsEmptyAndLastsFiveSeconds)
     EXPECT_EQ(Slide(nullptr).getMultiPart(), nullptr);
 }
 
-TEST_F(SlideTest, SettersKeepWhatTheyAreGivenAndReturnTrue)
+TEST_F(SlideTest, SettersStoreTheirValueAndReturnTrue)
 {
     Multipart multipart;
     Slide slide(nullptr);
@@ -71,7 +71,7 @@ TEST_F(SlideTest, SettersKeepWhatTheyAreGivenAndReturnTrue)
     EXPECT_EQ(slide.getTextSize(), "Large");
 }
 
-TEST_F(SlideTest, ObjectsAreFoundByTheirPlace)
+TEST_F(SlideTest, ObjectsAreFoundByTheirIndex)
 {
     Slide slide(nullptr);
     appendKinds(slide, "ttv");
@@ -80,7 +80,7 @@ TEST_F(SlideTest, ObjectsAreFoundByTheirPlace)
         EXPECT_EQ(slide.getMediaObject(index), nullptr);
 }
 
-TEST_F(SlideTest, AppendTakesEverythingButNull)
+TEST_F(SlideTest, AppendAcceptsEverythingExceptNull)
 {
     Slide slide(nullptr);
     slide.appendObject(nullptr);
@@ -88,7 +88,7 @@ TEST_F(SlideTest, AppendTakesEverythingButNull)
     EXPECT_EQ(kindsOf(slide), "ttiva?rr");
 }
 
-TEST_F(SlideTest, InsertRefusesNullAndPlacesBeyondTheEnd)
+TEST_F(SlideTest, InsertRefusesNullAndIndicesBeyondTheEnd)
 {
     Slide slide(nullptr);
     appendKinds(slide, "t");
@@ -109,7 +109,7 @@ struct ChangeRow
     QString before;
     std::function<void(Slide &)> change;
     QString after;
-    bool derived; // whether the duration is derived anew
+    bool derived; // whether the duration is updated
 };
 
 void insert(Slide &slide, unsigned int index, char kind)
@@ -143,8 +143,8 @@ const ChangeRow ChangeRows[] = {
     {"remove text", "tv", [](Slide &s) { remove(s, 0); }, "v", false},
     {"remove image", "ia", [](Slide &s) { remove(s, 0); }, "a", false},
     {"remove ref", "r", [](Slide &s) { remove(s, 0); }, "", false},
-    {"remove behind the end", "a", [](Slide &s) { remove(s, 1); }, "a", false},
-    {"remove far behind the end", "a", [](Slide &s) { remove(s, 0xFFFFFFFF); }, "a", false},
+    {"remove after the end", "a", [](Slide &s) { remove(s, 1); }, "a", false},
+    {"remove far after the end", "a", [](Slide &s) { remove(s, 0xFFFFFFFF); }, "a", false},
 
     {"take text", "vtt", [](Slide &s) { delete s.getTextElem(true); }, "vt", false},
     {"take video", "tv", [](Slide &s) { delete s.getVideoElem(true); }, "t", true},
@@ -190,7 +190,7 @@ const ChangeRow ChangeRows[] = {
 
 } // namespace
 
-TEST_F(SlideDuration, IsDerivedAnewWhenWhatPlaysComesOrGoes)
+TEST_F(SlideDuration, IsUpdatedWhenClipsAreAddedOrRemoved)
 {
     for (const ChangeRow &row : ChangeRows) {
         SCOPED_TRACE(row.what);
@@ -204,7 +204,7 @@ TEST_F(SlideDuration, IsDerivedAnewWhenWhatPlaysComesOrGoes)
     }
 }
 
-TEST_F(SlideTest, RemoveBySrcTakesTheFirstOnly)
+TEST_F(SlideTest, RemoveBySrcRemovesOnlyTheFirst)
 {
     Slide slide(nullptr);
     for (const char kind : QByteArray("tia"))
@@ -362,7 +362,7 @@ TEST_F(SlideTest, ReplacedContentStaysInItsPart)
               (ObjectFacts{.type = 1, .src = "b.3gp", .region = "q", .alt = "b.3gp"}));
 }
 
-TEST_F(SlideTest, TextIsBelowTheImageUnlessAPictureComesBehindIt)
+TEST_F(SlideTest, TextIsBelowTheImageUnlessAPictureFollowsIt)
 {
     const std::pair<QString, bool> rows[] = {
         {"", true},    {"t", true},   {"i", true},     {"it", true},   {"tv", false},
@@ -376,7 +376,7 @@ TEST_F(SlideTest, TextIsBelowTheImageUnlessAPictureComesBehindIt)
     }
 }
 
-TEST_F(SlideTest, IsBlankWithNothingButTextsWithoutCharacters)
+TEST_F(SlideTest, IsBlankWithOnlyEmptyTexts)
 {
     const std::tuple<const char *, QString, QList<QByteArray>, bool> rows[] = {
         {"no object", "", {}, true},
@@ -412,7 +412,7 @@ TEST_F(SlideTest, TextWithoutPartIsBlank)
     EXPECT_FALSE(slide.isBlank());
 }
 
-TEST_F(SlideTest, PageSizeIsTheOctetsOfAllObjects)
+TEST_F(SlideTest, PageSizeCountsTheOctetsOfAllObjects)
 {
     Multipart multipart;
     Slide slide(nullptr);
@@ -436,7 +436,7 @@ Part *addClip(Multipart &multipart, const QString &location)
 
 } // namespace
 
-TEST_F(SlideDuration, AudioOf3200MillisecondsMakes3500)
+TEST_F(SlideDuration, AudioOf3200MillisecondsIsRoundedUpTo3500)
 {
     Multipart multipart;
     FakePlayerEngine::behavior.duration = 3200;
@@ -463,7 +463,7 @@ TEST_F(SlideDuration, OnlyTheFirstVideoAndTheFirstAudioAreMeasured)
     EXPECT_EQ(FakePlayerEngine::record.destroyed, 2);
 }
 
-TEST_F(SlideDuration, NothingIsMeasuredForWhatDoesNotPlay)
+TEST_F(SlideDuration, NothingIsMeasuredForOtherMedia)
 {
     Multipart multipart;
     Slide slide(nullptr);
@@ -476,7 +476,7 @@ TEST_F(SlideDuration, NothingIsMeasuredForWhatDoesNotPlay)
     EXPECT_EQ(slide.getDur(), QvlDuration::Default);
 }
 
-TEST_F(SlideDuration, TakenPictureGivesTheDurationOfWhatIsLeft)
+TEST_F(SlideDuration, TakingAPictureLeavesTheDurationOfTheRest)
 {
     Multipart multipart;
     FakePlayerEngine::behavior.duration = 1200;
@@ -576,7 +576,7 @@ TEST_F(SlideTest, TextColorGoesToTheFirstTextOnly)
     }
 }
 
-TEST_F(SlideTest, UsableColorChangesTheValueOfAParamThatIsThere)
+TEST_F(SlideTest, UsableColorChangesTheValueOfAnExistingParam)
 {
     Slide slide(nullptr);
     appendKinds(slide, "t");
@@ -606,7 +606,7 @@ TEST_F(SlideTest, UnusableColorIsRemovedFromEveryObjectOnce)
     }
 }
 
-TEST_F(SlideTest, PageColorIsTheFirstUsableOneOfTextPictureAndAudio)
+TEST_F(SlideTest, PageColorIsTheFirstUsableColorOfTextPictureAndAudio)
 {
     const ColorRow rows[] = {
         {"text", "tia", {"red", "#0000ff", "#00ff00"}, "1|red|#ff0000"},
@@ -630,7 +630,7 @@ TEST_F(SlideTest, PageColorIsTheFirstUsableOneOfTextPictureAndAudio)
     }
 }
 
-TEST_F(SlideTest, TextColorIsThatOfTheFirstText)
+TEST_F(SlideTest, TextColorComesFromTheFirstText)
 {
     const ColorRow rows[] = {
         {"named", "it", {"blue", "red"}, "1|red|#ff0000"},
@@ -651,7 +651,7 @@ TEST_F(SlideTest, TextColorIsThatOfTheFirstText)
     }
 }
 
-TEST_F(SlideTest, TextSizeTravelsWithTheFirstText)
+TEST_F(SlideTest, TextSizeIsAParamOfTheFirstText)
 {
     Slide slide(nullptr);
     appendKinds(slide, "itt");
@@ -663,7 +663,7 @@ TEST_F(SlideTest, TextSizeTravelsWithTheFirstText)
     EXPECT_EQ(slide.getTextSize(), "large");
 }
 
-TEST_F(SlideTest, EmptyTextSizeIsAParamToo)
+TEST_F(SlideTest, EmptyTextSizeIsAParam)
 {
     Slide slide(nullptr);
     appendKinds(slide, "t");
@@ -745,7 +745,7 @@ TEST_F(SlideTest, CopyHasEverything)
     EXPECT_EQ(FakePlayerEngine::record.created, 0);
 }
 
-TEST_F(SlideTest, FailedCopyKeepsWhatCameBeforeTheFailure)
+TEST_F(SlideTest, FailedCopyKeepsTheObjectsBeforeTheFailure)
 {
     Multipart multipart;
     appendParts(multipart, {{.location = "a", .display = 0}, {.location = "b"}});

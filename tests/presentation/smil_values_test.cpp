@@ -1,6 +1,6 @@
 /*
- * Durations, times and colors: every text that a phone may send, the unreadable ones first of all,
- * with what the record holds afterwards.
+ * Durations, times and colors: all forms of texts that phones send, mainly unreadable ones, with
+ * the resulting record.
  */
 #include "base/durations.h"
 #include "smil/smil_parser.h"
@@ -21,7 +21,7 @@ constexpr int Int32Min = std::numeric_limits<int>::min();
 struct DurationRow
 {
     QString text;
-    std::optional<int> milliseconds; // none for a text that is not understood
+    std::optional<int> milliseconds; // none for an unreadable text
 };
 
 // Texts that are values for a duration and for a time alike.
@@ -307,7 +307,7 @@ const TimeRow eventRows[] = {
     {"id(img1)(end)", SMIL_TIME_EVENT, "img1", -1},
     {"id(img1)(3s)", SMIL_TIME_EVENT, "img1", 3000},
     {"id(img1)(x)", SMIL_TIME_INVALID, "img1", Untouched},
-    // the words count wherever they stand
+    // the words count everywhere
     {"id(a)(beginning)", SMIL_TIME_EVENT, "a", 0},
     {"id(a)(ending)", SMIL_TIME_EVENT, "a", -1},
     {"id(a)(weekend)", SMIL_TIME_EVENT, "a", -1},
@@ -322,7 +322,7 @@ const TimeRow eventRows[] = {
     {"id(begin)(2s)", SMIL_TIME_EVENT, "begin", 2000},
     {"id(end)(2s)", SMIL_TIME_EVENT, "end", 2000},
     {"id(end)", SMIL_TIME_INVALID, "end", Untouched},
-    // ids as they stand
+    // ids are not trimmed
     {"id()(begin)", SMIL_TIME_EVENT, "", 0},
     {"id( a )(begin)", SMIL_TIME_EVENT, " a ", 0},
     {"id(a(b)(end)", SMIL_TIME_EVENT, "a(b", -1},
@@ -471,7 +471,7 @@ const ColorRow colorRows[] = {
     {"#ff00000", SMIL_COLOR_INVALID, "old", OldColor},
     {"#ffff0000", SMIL_COLOR_INVALID, "old", OldColor},
     {"#ffffff000000", SMIL_COLOR_INVALID, "old", OldColor},
-    {"# ff", SMIL_COLOR_INVALID, "", OldColor}, // three characters, one of them no digit
+    {"# ff", SMIL_COLOR_INVALID, "", OldColor}, // three characters, one of them not a digit
     {"##ff0000", SMIL_COLOR_INVALID, "old", OldColor},
     // the function never gives a color, but clears the name
     {"rgb(255,0,0)", SMIL_COLOR_INVALID, "", OldColor},
@@ -498,7 +498,7 @@ const ColorRow colorRows[] = {
 
 } // namespace
 
-TEST(SmilDuration, OfValues)
+TEST(SmilDuration, IsReadFromValues)
 {
     for (const DurationRow &row : valueRows) {
         SCOPED_TRACE('"' + row.text.toStdString() + '"');
@@ -507,7 +507,7 @@ TEST(SmilDuration, OfValues)
     }
 }
 
-TEST(SmilDuration, OfWordsAndOfNothing)
+TEST(SmilDuration, IsReadFromWordsAndEmptyTexts)
 {
     const DurationRow rows[] = {
         {"", QvlDuration::None},
@@ -550,7 +550,7 @@ TEST(SmilTime, EmptyTextSetsTheTypeOnly)
     }
 }
 
-TEST(SmilTime, Events)
+TEST(SmilTime, EventsAreRead)
 {
     for (const TimeRow &row : eventRows) {
         SCOPED_TRACE('"' + row.text.toStdString() + '"');
@@ -579,7 +579,7 @@ TEST(SmilTime, KindsHaveTheirNumbers)
     EXPECT_EQ(SMIL_TIME_INVALID, 3);
 }
 
-TEST(SmilColor, Texts)
+TEST(SmilColor, IsReadFromTexts)
 {
     for (const ColorRow &row : colorRows) {
         SCOPED_TRACE('"' + row.text.toStdString() + '"');

@@ -1,6 +1,6 @@
 /*
- * Names for new content. The library answers from an index of the names in use; PlainSources below
- * says the rule as plainly as it can be said, and both have to agree.
+ * Names for new content. The library uses an index of the names in use; PlainSources below is the
+ * simplest implementation of the rule, and both must agree.
  */
 #include "base/durations.h"
 #include "presentation/presentation.h"
@@ -23,7 +23,7 @@ QString a(int count)
     return QString(count, 'a');
 }
 
-// One media object: its src, and the part that it is bound to.
+// A media object: its src, and the part that it is bound to.
 struct ObjectRow
 {
     QString src;
@@ -33,7 +33,7 @@ struct ObjectRow
 };
 
 // A presentation with two slides that share the objects, and the message with the other parts. The
-// objects' parts stand in a message of their own, so that they count only through the objects.
+// objects' parts are in a separate message, so that they count only through the objects.
 class Fixture
 {
 public:
@@ -128,7 +128,7 @@ TEST(UniqueSource, IsTheNameOrTheFirstFreeNumberBeforeItsExtension)
     });
 }
 
-TEST(UniqueSource, OnlyTheFirstCandidateIsWithoutAmpersand)
+TEST(UniqueSource, AmpersandIsDroppedOnlyFromTheFirstCandidate)
 {
     expectNames({
         {"free", {}, "/a/b/p&q.jpg", "pq.jpg"},
@@ -141,11 +141,11 @@ TEST(UniqueSource, OnlyTheFirstCandidateIsWithoutAmpersand)
         {"in the extension", {}, "a.b&c", "a.bc"},
         {"in the extension, taken", {"a.bc"}, "a.b&c", "a_0.b&c"},
         {"nothing else before the extension", {}, "&.jpg", ".jpg"},
-        {"cut, so it comes back", {}, '&' + a(90) + ".jpg", '&' + a(84) + ".jpg"},
+        {"truncated, so it comes back", {}, '&' + a(90) + ".jpg", '&' + a(84) + ".jpg"},
     });
 }
 
-TEST(UniqueSource, NameThatIsNoUrlIsRenamed)
+TEST(UniqueSource, NameThatIsNotAUrlIsRenamed)
 {
     expectNames({
         {"empty", {}, "", "renamed"},
@@ -163,7 +163,7 @@ TEST(UniqueSource, NameThatIsNoUrlIsRenamed)
     });
 }
 
-TEST(UniqueSource, BaseAndExtensionAreCutTo88Characters)
+TEST(UniqueSource, BaseAndExtensionAreTruncatedTo88Characters)
 {
     expectNames({
         {"88", {}, a(84) + ".jpeg", a(84) + ".jpeg"},
@@ -179,7 +179,7 @@ TEST(UniqueSource, BaseAndExtensionAreCutTo88Characters)
     });
 }
 
-TEST(UniqueSource, NameThatNoNumberMakesUsableIsGivenUp)
+TEST(UniqueSource, UnusableNameBecomesFileWithANumber)
 {
     expectNames({
         {"extension of 99", {}, "b." + a(99), "file0"},
@@ -203,7 +203,7 @@ TEST(UniqueSource, CountsPartsOfObjectsAndOfTheMessage)
     EXPECT_EQ(data->createUniqueSrc("pic.jpg"), "pic.jpg");
 }
 
-TEST(UniqueSource, TakesNothingByItself)
+TEST(UniqueSource, DoesNotReserveTheName)
 {
     Fixture data({}, {});
     EXPECT_EQ(data->createUniqueSrc("pic.jpg"), "pic.jpg");
@@ -259,7 +259,7 @@ public:
     }
 
 private:
-    // Every object takes three numbers at most and every part two.
+    // Every object occupies at most three numbers, and every part two.
     int limit() const { return int(3 * m_objects.size() + 2 * m_parts.size()); }
 
     QList<ObjectRow> m_objects;
@@ -336,7 +336,7 @@ private:
 
 } // namespace
 
-TEST(UniqueSource, IsThePlainRuleForGeneratedPresentations)
+TEST(UniqueSource, FollowsThePlainRuleForGeneratedPresentations)
 {
     for (unsigned int seed = 1; seed <= 200; ++seed) {
         Generator generator(seed);
@@ -352,7 +352,7 @@ TEST(UniqueSource, IsThePlainRuleForGeneratedPresentations)
     }
 }
 
-TEST(UniqueSource, ManyOfOneNameAreNumberedInOrder)
+TEST(UniqueSource, EqualNamesAreNumberedInOrder)
 {
     Multipart message;
     Presentation data(&message);

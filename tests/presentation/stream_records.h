@@ -1,6 +1,6 @@
 /*
- * Records in streams, octet by octet: the pieces that records are made of, and ways to write and
- * read one in a version and to cut one anywhere. All numbers are big-endian.
+ * Records in streams, octet by octet: their pieces, and helpers that write and read one in a
+ * version and truncate one anywhere. All numbers are big-endian.
  */
 #pragma once
 
@@ -23,7 +23,7 @@ QByteArray written(const T &object, int version = QDataStream::Qt_6_0)
     return octets;
 }
 
-/// Reads @p octets into @p object and returns the status that the stream is left with.
+/// Reads @p octets into @p object and returns the status of the stream.
 template <typename T>
 QDataStream::Status readFrom(const QByteArray &octets, T *object, int version = QDataStream::Qt_6_0)
 {
@@ -100,8 +100,8 @@ inline QByteArray newObjectRecord()
            " 00 00 00 00 00 00 00 00 00 00 00 00"_octets;
 }
 
-/// Counts that no stream of a few octets can keep, and how many items are begun for them when
-/// there is nothing behind.
+/// Counts that are too large for a stream of a few octets, and how many items are started for them
+/// at the end of the stream.
 inline const std::pair<QByteArray, int> HostileCounts[] = {
     {"FF FF FF FF"_octets, 0},
     {"80 00 00 00"_octets, 0},
@@ -109,7 +109,7 @@ inline const std::pair<QByteArray, int> HostileCounts[] = {
     {"00 01 00 00"_octets, 1},
 };
 
-/// Lengths of a text or an array that is not there.
+/// Lengths of a missing text or array.
 inline const QByteArray HostileLengths[] = {
     "7F FF FF FE"_octets, "7F FF FF FF"_octets, "80 00 00 00"_octets,
     "FF FF FF FE"_octets, "FF FF FF FD"_octets, "00 10 00 00"_octets,

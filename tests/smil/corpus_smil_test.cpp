@@ -1,7 +1,6 @@
 /*
- * The presentations of real messages, where the folder that holds them is there: how many slides
- * and objects the SMIL part gives, what stays an attachment, and whether the text that the writer
- * makes of it can be read again.
+ * The presentations of real messages, if their folder exists: the number of slides and objects,
+ * which parts stay attachments, and whether the text of the writer can be read again.
  */
 #include <qvlsmilparser.h>
 
@@ -24,12 +23,12 @@ struct Expectation
     unsigned int slides;
     int boundObjects;
     int attachments; // parts that no object refers to
-    int resultAgain; // of reading what the writer makes of the presentation
+    int resultAgain; // of reading the text of the writer
 };
 
 constexpr int NoSmilPart = 1000;
 
-// A root layout with a color is written so that it cannot be read again.
+// A root layout with a color is written in a form that cannot be read again.
 constexpr Expectation expectations[] = {
     {88, NoSmilPart, 0, 0, 1, NoSmilPart}, // mixed
     {121, NoSmilPart, 0, 0, 1, NoSmilPart},

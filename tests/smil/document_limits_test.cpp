@@ -1,6 +1,6 @@
 /*
- * Documents that cost more than they should: what is nested too deep or grows too much is refused
- * before a tree is built, whatever tricks hide it, and what only looks so is read.
+ * Expensive documents: documents that nest too deep or grow too much are refused before a tree is
+ * built, even if they hide it. Documents that only look like that are read.
  */
 #include "presentation/smil_result.h"
 #include "smil/presentation_facts.h"
@@ -39,8 +39,8 @@ QByteArray smil(const QByteArray &content)
     return "<smil>" + content + "</smil>";
 }
 
-// A document that declares things. Its root is no smil, or the declarations would be cut off when
-// it is read from octets: NotSmil says that it was let through.
+// A document with declarations. Its root is not smil, because text before "<smil" is dropped. The
+// result NotSmil means that the document was accepted.
 QByteArray declaring(const QByteArray &declarations, const QByteArray &content)
 {
     return "<!DOCTYPE d [" + declarations + "]><d>" + content + "</d>";
@@ -66,8 +66,8 @@ void expectBothForms(std::initializer_list<Row> rows, int result)
     }
 }
 
-// The entities e1, e2, ...: the first is @p first, the others what @p next makes of a reference to
-// the one before.
+// The entities e1, e2, ...: the first is @p first, and each other is @p next of a reference to the
+// previous one.
 template <typename Next>
 QByteArray entityChain(int length, const QByteArray &first, Next next)
 {
@@ -79,13 +79,13 @@ QByteArray entityChain(int length, const QByteArray &first, Next next)
     return declarations;
 }
 
-// Each is the one before and nothing else.
+// Each is only a reference to the previous one.
 QByteArray aliases(int length)
 {
     return entityChain(length, "x", [](const QByteArray &reference) { return reference; });
 }
 
-// Each says ten times the one before: a thousand million characters in the end.
+// Each refers ten times to the previous one: a thousand million characters in the end.
 QByteArray laughs()
 {
     return entityChain(9, "lolololola",
@@ -105,13 +105,13 @@ TEST(DocumentLimits, ReadsTheDeepestNesting)
         SmilResult::Ok);
 }
 
-TEST(DocumentLimits, RefusesOneLevelMore)
+TEST(DocumentLimits, RefusesDeeperNesting)
 {
     expectBothForms(
         {{"elements", smil(nested(DeepestNesting))},
          {"empty innermost", smil(nested(DeepestNesting - 1, "<a>", "<b/>"))},
          {"blanks in the tags", smil(nested(DeepestNesting, "<a \n>"))},
-         {"behind others", smil(nested(100) + nested(DeepestNesting))},
+         {"after others", smil(nested(100) + nested(DeepestNesting))},
          {"in the head", "<smil><head>" + nested(DeepestNesting - 1) + "</head></smil>"}},
         SmilResult::NotWellFormed);
 }
@@ -128,7 +128,7 @@ TEST(DocumentLimits, RefusesBeforeAnyOtherResult)
         SmilResult::SecondHead);
 }
 
-TEST(DocumentLimits, RefusalLeavesThePresentationAlone)
+TEST(DocumentLimits, RefusalDoesNotChangeThePresentation)
 {
     MMS_COMP_SMILData data(nullptr);
     const QByteArray text = "<smil><head><meta name='a'/></head>" + nested(300) + "</smil>";
@@ -145,7 +145,7 @@ TEST(DocumentLimits, RefusesTensOfThousandsOfLevels)
                     SmilResult::NotWellFormed);
 }
 
-TEST(DocumentLimits, DepthOfUtf16Files)
+TEST(DocumentLimits, CountsTheDepthOfUtf16Files)
 {
     for (const auto &[levels, result] : {std::pair(DeepestNesting - 1, SmilResult::Ok),
                                          {DeepestNesting, SmilResult::NotWellFormed}}) {
@@ -189,7 +189,7 @@ TEST(DocumentLimits, ReadsEmptyElementsWhoseValuesLookLikeTheEndOfATag)
                     SmilResult::Ok);
 }
 
-TEST(DocumentLimits, ReadsWhatOnlyLooksLikeElements)
+TEST(DocumentLimits, DoesNotCountTextThatLooksLikeElements)
 {
     const QByteArray tags = QByteArray("<a>").repeated(1000);
     expectBothForms({{"comment", smil("<!--" + tags + "-->")},
@@ -199,7 +199,7 @@ TEST(DocumentLimits, ReadsWhatOnlyLooksLikeElements)
                      {"character data with brackets", smil("<![CDATA[]] ]>" + tags + "]]]>")},
                      {"instruction", smil("<?p " + tags + "?>")},
                      {"instruction with question marks", smil("<?p ? > " + tags + "?\?>")},
-                     {"behind the root", smil("") + "<!--" + tags + "-->"},
+                     {"after the root", smil("") + "<!--" + tags + "-->"},
                      {"comment in character data", smil("<![CDATA[<!--]]>" + nested(9))},
                      {"character data in a comment", smil("<!--<![CDATA[-->" + nested(9))}},
                     SmilResult::Ok);
@@ -211,7 +211,7 @@ TEST(DocumentLimits, ReadsWhatOnlyLooksLikeElements)
                     SmilResult::NotSmil);
 }
 
-TEST(DocumentLimits, CountsElementsBehindWhatOnlyLooksLikeEndTags)
+TEST(DocumentLimits, CountsElementsAfterTextThatLooksLikeEndTags)
 {
     const QByteArray ends = QByteArray("</a>").repeated(300);
     const QByteArray deep = nested(DeepestNesting);
@@ -260,7 +260,7 @@ TEST(DocumentLimits, ReadsOrdinaryEntities)
         SmilResult::NotSmil);
 }
 
-TEST(DocumentLimits, RefusesWhatGrowsTooMuch)
+TEST(DocumentLimits, RefusesDocumentsThatGrowTooMuch)
 {
     const QByteArray longText(4000, 'x');
     expectBothForms(
@@ -305,7 +305,7 @@ TEST(DocumentLimits, GrowthIsMeasuredByTheDocumentsOwnSize)
         SmilResult::NotWellFormed);
 }
 
-TEST(DocumentLimits, ReferencesCountAsWhatTheyStandForAlone)
+TEST(DocumentLimits, ReferencesCountOnlyAsTheirReplacement)
 {
     // 1,616 characters may grow to 91,392: by 181 times the 496 that a reference gives more than it
     // takes.
@@ -321,7 +321,7 @@ TEST(DocumentLimits, ReferencesCountAsWhatTheyStandForAlone)
     }
 }
 
-TEST(DocumentLimits, ElementsGrowByTheirOwnDefaultAttributesOnly)
+TEST(DocumentLimits, ElementsGrowOnlyByTheirOwnDefaultAttributes)
 {
     const QByteArray name(500, 'n');
     expectBothForms(
@@ -334,7 +334,7 @@ TEST(DocumentLimits, ElementsGrowByTheirOwnDefaultAttributesOnly)
         SmilResult::NotSmil);
 }
 
-TEST(DocumentLimits, RefusesEntitiesThatNestTooDeep)
+TEST(DocumentLimits, RefusesTooDeeplyNestedEntities)
 {
     const QByteArray chain = entityChain(
         10, nested(30), [](const QByteArray &reference) { return nested(30, "<a>", reference); });
@@ -344,7 +344,7 @@ TEST(DocumentLimits, RefusesEntitiesThatNestTooDeep)
           declaring(entity("e", nested(100)), nested(DeepestNesting - 100, "<a>", "&e;"))},
          {"entity of entities", declaring(chain, "&e10;")},
          {"65 entities in one another", declaring(aliases(65), "&e65;")},
-         {"behind a harmless use",
+         {"after a harmless use",
           declaring(entity("e", nested(100)), "&e;" + nested(DeepestNesting - 100, "<a>", "&e;"))}},
         SmilResult::NotWellFormed);
 }
@@ -358,7 +358,7 @@ TEST(DocumentLimits, RefusesEntitiesThatReferToThemselves)
                     SmilResult::NotWellFormed);
 }
 
-TEST(DocumentLimits, RefusesWhatHidesBehindReferencesInDeclarations)
+TEST(DocumentLimits, RefusesMarkupHiddenByReferencesInDeclarations)
 {
     const QByteArray hidden =
         QByteArray("&#60;a>").repeated(300) + QByteArray("&#60;/a>").repeated(300);
@@ -395,7 +395,7 @@ TEST(DocumentLimits, ReadsWideAndLongDocuments)
                     SmilResult::Ok);
 }
 
-TEST(DocumentLimits, RefusesWhatHasNoEnd)
+TEST(DocumentLimits, RefusesUnterminatedDocuments)
 {
     for (const char *text : {"<",
                              "<smil",
@@ -454,7 +454,7 @@ TEST(DocumentLimits, RefusesWhatHasNoEnd)
     }
 }
 
-TEST(DocumentLimits, RefusesEveryBeginningOfADocument)
+TEST(DocumentLimits, RefusesEveryPrefixOfADocument)
 {
     const QByteArray text = declaring(entity("e", "<b c='d'>x</b>")
                                           + "<!ATTLIST b d CDATA 'e'>"

@@ -1,9 +1,9 @@
 /*
- * Documents in the manners of many phones and gateways, all of one message: its parts are in
- * parts.txt. A document NNN-name.smil and the files beside it are a test, without code: .model has
- * the result of reading it and the presentation as text; .out the presentation written, and is
- * absent for a refused document; .again what reading and writing .out gives, or the result when
- * that is refused, and is absent when it is .out once more.
+ * Documents in the styles of many phones and gateways, all of one message, whose parts are in
+ * parts.txt. A document NNN-name.smil and the files beside it are a test without code. .model is
+ * the result of reading it and the presentation as text. .out is the written presentation; a
+ * refused document has none. .again is .out read and written again, or the result if it is refused;
+ * it is absent if it equals .out.
  */
 #include "view/model_text.h"
 
@@ -23,7 +23,7 @@ namespace {
 
 const QDir folder(QStringLiteral(QVL_FIXTURES "/smil"));
 
-// Nothing for a file that is absent.
+// Nothing for a missing file.
 QByteArray octetsOf(const QString &name)
 {
     QFile file(folder.filePath(name));
@@ -55,7 +55,7 @@ void appendParts(MMS_COMP_SMILMultipart *multipart)
 
 struct Reading
 {
-    std::string result; // "result N" on a line of its own
+    std::string result; // "result N", the first line
     std::string model;
     QByteArray written; // empty when the document was refused
 };

@@ -1,6 +1,6 @@
 /*
- * Slides for messages that bring no presentation, with the platform's own engine: clips that play
- * get a slide as long as they are, and others stay attachments.
+ * Slides for messages without presentation, with the platform's own engine: playable clips get a
+ * slide of their duration, and others stay attachments.
  */
 #include "multipart/part_facts.h"
 #include "smil/presentation_facts.h"
@@ -24,7 +24,7 @@ QByteArray amr(int frames)
 
 } // namespace
 
-TEST(MixedMessageWithClips, EveryClipThatPlaysGetsASlideAsLongAsItIs)
+TEST(MixedMessageWithClips, EveryPlayableClipGetsASlideOfItsDuration)
 {
     Multipart message;
     message.setSubType("vnd.wap.multipart.mixed");

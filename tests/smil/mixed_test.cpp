@@ -1,6 +1,6 @@
 /*
- * Slides for messages that bring no presentation: which parts get one, what stands in it, and what
- * the message becomes when the presentation is written into it. The engine is the tests' own.
+ * Slides for messages without presentation: which parts get one, its content, and the message after
+ * the presentation was written into it. The tests have their own engine.
  */
 #include "multipart/part_facts.h"
 #include "presentation/presentation.h"
@@ -26,7 +26,7 @@ QByteArray smilOf(const QString &slides)
         .toUtf8();
 }
 
-// A mixed message, and its presentation as far as it was made.
+// A mixed message, and its presentation so far.
 class MixedMessage : public testing::Test
 {
 protected:
@@ -52,7 +52,7 @@ struct KindRow
 {
     const char *format;
     QByteArray data;
-    const char *slide; // null: none is made
+    const char *slide; // null: no slide is created
     const char *region = nullptr;
     const char *mediaType = "";
 };
@@ -73,7 +73,7 @@ TEST_F(MixedMessage, GivesEveryPartThatCanBeShownASlideOfItsKind)
         {"image/jpeg", picture, "5000: img part", "image"},
         {"image/unheard-of", picture, "5000: img part", "image"},
         {"image/jpeg", "no picture", nullptr},
-        {"IMAGE/jpeg", "no picture", "5000: img part", "image"}, // is not looked into
+        {"IMAGE/jpeg", "no picture", "5000: img part", "image"}, // its content is not read
         {"video/3gpp", "clip", "2500: video part", "image"},
         {"Video/3gpp", "clip", "2500: video part", "image"},
         {"audio/amr", "clip", "2500: audio part", "text"},
@@ -111,7 +111,7 @@ TEST_F(MixedMessage, GivesEveryPartThatCanBeShownASlideOfItsKind)
     }
 }
 
-TEST_F(MixedMessage, ShowsTextAndPictureInOrderAndLeavesTheRestAttached)
+TEST_F(MixedMessage, ShowsTextAndPictureInOrderAndKeepsTheRestAttached)
 {
     append({.format = "text/plain", .location = "a.txt", .data = "text"});
     append({.format = "application/pdf", .location = "b.pdf", .data = "document"});
@@ -124,7 +124,7 @@ TEST_F(MixedMessage, ShowsTextAndPictureInOrderAndLeavesTheRestAttached)
     EXPECT_EQ(record.created, 0);
 }
 
-TEST_F(MixedMessage, LeavesOutWhatAPresentationAlreadyShows)
+TEST_F(MixedMessage, SkipsPartsThatAPresentationAlreadyShows)
 {
     append({.format = "text/plain", .location = "a.txt", .display = Part::Shown});
     append({.format = "text/plain", .location = "b.txt"});
@@ -134,7 +134,7 @@ TEST_F(MixedMessage, LeavesOutWhatAPresentationAlreadyShows)
     EXPECT_EQ(message.getBodypartByIndex(2)->getDispFileType(), Part::Shown);
 }
 
-TEST_F(MixedMessage, SecondCallFindsNothingLeft)
+TEST_F(MixedMessage, SecondCallAddsNothing)
 {
     append({.format = "text/plain", .location = "a.txt"});
     append({.format = "image/jpeg", .location = "b.jpg", .data = picture});
@@ -143,7 +143,7 @@ TEST_F(MixedMessage, SecondCallFindsNothingLeft)
     EXPECT_EQ(data.getTotalSlidesNum(), 2U);
 }
 
-TEST_F(MixedMessage, AddsItsSlidesBehindThoseThatAreThere)
+TEST_F(MixedMessage, AppendsItsSlides)
 {
     data.appendSlide(700U);
     append({.format = "text/plain", .location = "a.txt"});
@@ -151,7 +151,7 @@ TEST_F(MixedMessage, AddsItsSlidesBehindThoseThatAreThere)
     EXPECT_EQ(slidesOf(data), (QStringList{"700: ", "5000: text a.txt"}));
 }
 
-TEST_F(MixedMessage, OpensAClipOnceToSeeIfItPlaysAndOnceToMeasureIt)
+TEST_F(MixedMessage, OpensAClipOnceToCheckAndOnceToMeasureIt)
 {
     append({.format = "audio/amr", .location = "a.amr", .data = "clip"});
     EXPECT_EQ(make(), 1);
@@ -173,7 +173,7 @@ TEST_F(MixedMessage, ClipsThatDoNotOpenStayAttached)
     EXPECT_EQ(message.getAttachmentCount(), 2);
 }
 
-TEST_F(MixedMessage, AClipOfUnknownLengthGetsTheUsualDuration)
+TEST_F(MixedMessage, ClipOfUnknownLengthGetsTheDefaultDuration)
 {
     behavior.hasInfo = false;
     append({.format = "video/3gpp", .location = "b.3gp", .data = "clip"});
@@ -181,7 +181,7 @@ TEST_F(MixedMessage, AClipOfUnknownLengthGetsTheUsualDuration)
     EXPECT_EQ(slidesOf(data), QStringList{"5000: video b.3gp"});
 }
 
-TEST_F(MixedMessage, RefusesWhatIsNotThere)
+TEST_F(MixedMessage, RefusesNull)
 {
     EXPECT_EQ(MMS_COMP_SMILParser::makeSmilForMixed(nullptr, &data, true), 0);
     EXPECT_EQ(MMS_COMP_SMILParser::makeSmilForMixed(&message, nullptr, true), 0);
@@ -215,14 +215,14 @@ TEST_F(MixedMessage, WritesThePresentationAsFirstPartOfARelatedMessage)
     EXPECT_EQ(message.getAttachmentCount(), 1);
 }
 
-TEST_F(MixedMessage, WritesAPresentationAlsoWhenNothingCanBeShown)
+TEST_F(MixedMessage, WritesAPresentationEvenIfNothingCanBeShown)
 {
     EXPECT_EQ(make(true), 1);
     ASSERT_EQ(message.getPartCount(), 1);
     EXPECT_EQ(message.getBodypartByIndex(0)->getBodyData(), smilOf(""));
 }
 
-TEST_F(MixedMessage, TheNewPartsLocationIsUniqueAgainstLocationsAndContentIds)
+TEST_F(MixedMessage, NewPartsLocationDiffersFromLocationsAndContentIds)
 {
     append({.format = "application/pdf", .location = "QVLSMIL.smil"});
     append({.format = "application/pdf", .location = "other", .id = "<qvlsmil_0.smil>"});
@@ -234,7 +234,7 @@ TEST_F(MixedMessage, TheNewPartsLocationIsUniqueAgainstLocationsAndContentIds)
     EXPECT_EQ(message.getStart(), "<qvlsmil_1.smil>");
 }
 
-TEST_F(MixedMessage, OnlyTheTextOfASmilPartThatIsThereChanges)
+TEST_F(MixedMessage, OnlyTheTextOfAnExistingSmilPartChanges)
 {
     message.setSubType("vnd.wap.multipart.RELATED");
     message.setExtType("kept");
@@ -261,7 +261,7 @@ TEST_F(MixedMessage, OnlyTheTextOfASmilPartThatIsThereChanges)
 }
 
 // A mixed message has no presentation part unless its start names one.
-TEST_F(MixedMessage, ASmilPartThatNothingNamesIsLeftAndASecondOneMade)
+TEST_F(MixedMessage, SmilPartThatIsNotTheStartStaysAndASecondOneIsAdded)
 {
     append({.format = "application/smil", .location = "s.smil", .data = "<smil/>"});
     append({.format = "text/plain", .location = "a.txt"});
@@ -289,7 +289,7 @@ TEST_F(MixedMessage, LocationsAreWrittenAsUtf8)
                                                                       "e.txt\""));
 }
 
-TEST_F(MixedMessage, WhatWasWrittenReadsBackAsTheSameSlides)
+TEST_F(MixedMessage, WrittenPresentationReadsBackAsTheSameSlides)
 {
     append({.format = "text/plain", .location = "a.txt", .data = "text"});
     append({.format = "image/jpeg", .location = "b.jpg", .data = picture});

@@ -1,6 +1,6 @@
 /*
- * Bringing a layout into the handset's own: which region becomes the text region and which the
- * image region, and where the media objects go.
+ * Normalizing layouts to the handset's: which region becomes the text region and which the image
+ * region, and where the media objects move.
  */
 #include "base/durations.h"
 #include "smil/presentation_facts.h"
@@ -54,12 +54,12 @@ void expectNormalized(const Row &row)
 
 } // namespace
 
-TEST(Normalization, NullIsZero)
+TEST(Normalization, NullReturnsZero)
 {
     EXPECT_EQ(MMS_COMP_SMILParser::updateToCorvaneRegion(nullptr), 0);
 }
 
-TEST(Normalization, NoRegionGetsBothTextFirst)
+TEST(Normalization, WithoutRegionsBothAreAddedTextFirst)
 {
     expectNormalized({"none", {}, {"text 0,0 120x160 0", "image 0,160 120x160 0"}});
 }
@@ -81,9 +81,9 @@ TEST(Normalization, OneRegionKeepsItsPlaceAndFitAndAnImageRegionIsAdded)
         expectNormalized(row);
 }
 
-TEST(Normalization, OfTwoRegionsGeometrySaysWhichIsTheText)
+TEST(Normalization, GeometryDecidesWhichOfTwoRegionsIsTheText)
 {
-    // The fit tells the regions apart afterwards: "fill" (1) was the first, "meet" (2) the second.
+    // The fit identifies the regions afterwards: "fill" (1) was the first, "meet" (2) the second.
     const QStringList firstIsText{"text 0,0 120x160 1", "image 0,160 120x160 2"};
     const QStringList secondIsText{"image 0,160 120x160 1", "text 0,0 120x160 2"};
     struct
@@ -123,7 +123,7 @@ TEST(Normalization, OfTwoRegionsGeometrySaysWhichIsTheText)
     }
 }
 
-TEST(Normalization, OverlapsOfAHundredthStillCountAsBeside)
+TEST(Normalization, OverlapOfAHundredthStillCountsAsBeside)
 {
     const QStringList beside{"image", "text"};
     const QStringList overlapping{"text", "image"};
@@ -230,7 +230,7 @@ TEST(Normalization, ObjectsMoveWithTheirRegions)
     }
 }
 
-TEST(Normalization, PercentLayoutStaysOne)
+TEST(Normalization, PercentLayoutStaysInPercent)
 {
     MMS_COMP_SMILData data(nullptr);
     data.appendRegion(QString("0"), "0", "100%", "50%", "hidden", "a");
@@ -239,7 +239,7 @@ TEST(Normalization, PercentLayoutStaysOne)
     EXPECT_EQ(regionsOf(data), (QStringList{"text 0,0 120x160 0", "image 0,160 120x160 0"}));
 }
 
-TEST(Normalization, IsDoneOnceAndForAll)
+TEST(Normalization, SecondNormalizationChangesNothing)
 {
     MMS_COMP_SMILData data(nullptr);
     addRegions(data, {{60, 0, 50, 50, "a"}});
@@ -264,7 +264,7 @@ TEST(Normalization, RootLayoutIsResizedAndKeepsItsColor)
     MMS_COMP_SMILParser::updateToCorvaneRootLayout(nullptr);
 }
 
-TEST(Normalization, RegionsLeaveTheRootLayoutAlone)
+TEST(Normalization, RegionsDoNotChangeTheRootLayout)
 {
     MMS_COMP_SMILData data(nullptr);
     data.setRootLayout(176, 208);
@@ -283,7 +283,7 @@ TEST(Normalization, ObjectsOfOneIdMoveOnEverySlide)
     MMS_COMP_SMILParser::updateObjectRegionId(nullptr, "a", "b");
 }
 
-TEST(Normalization, LeavesAListThatHoldsNullAsItIs)
+TEST(Normalization, DoesNotChangeAListWithNull)
 {
     MMS_COMP_SMILData data(nullptr);
     addRegions(data, {{1, 2, 3, 4, "a"}});

@@ -1,6 +1,6 @@
 /*
- * Presentations in tests: a message with one part of every kind, and what can be seen of slides,
- * regions, metas and params as lines of text.
+ * Presentations in tests: a message with parts of every kind, and slides, regions, metas and params
+ * as lines of text.
  */
 #pragma once
 
@@ -26,7 +26,7 @@ struct SmilMessage
         }
     }
 
-    /// Reads the text of a document; @p parser tells the last warning.
+    /// Reads the text of a document; @p parser has the last warning.
     int read(const QByteArray &text) { return parser.parse(text, &multipart, &data); }
 
     MMS_COMP_SMILMultipart multipart;
@@ -111,7 +111,7 @@ inline QStringList paramLinesOf(const MMS_COMP_SMILMediaObject &object)
     return params;
 }
 
-// Found by GoogleTest, which would print the characters' codes.
+// Used by GoogleTest, which otherwise prints the characters' codes.
 inline void PrintTo(const QStringList &lines, std::ostream *out)
 {
     PrintTo(lines.join(" | "), out);

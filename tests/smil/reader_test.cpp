@@ -1,6 +1,6 @@
 /*
- * Reading SMIL: the repairs of the text, what is read of head, layout and body, which slide a media
- * element comes to, and every result code.
+ * Reading SMIL: the repairs of the text, reading head, layout and body, the slide of each media
+ * element, and every result code.
  */
 #include "base/durations.h"
 #include "presentation/smil_result.h"
@@ -20,7 +20,7 @@ const QByteArray textLine =
     R"(<region id="text"  height="160"  width="120" left="0" top="0" fit="hidden" />)";
 const QByteArray imageLine =
     R"(<region id="image"  height="160"  width="120" left="0" top="160" fit="hidden" />)";
-// Regions of others, by their ids.
+// Regions that are not the handset's, by their ids.
 const QByteArray a = R"(<region id="a" width="1" height="1"/>)";
 const QByteArray b = R"(<region id="b" width="1" height="1"/>)";
 
@@ -82,7 +82,7 @@ QStringList idsAfterReading(const QByteArray &text)
     return ids;
 }
 
-// A document element to hand to the readers of fragments.
+// A document element for the readers of fragments.
 struct Fragment
 {
     explicit Fragment(const QByteArray &text)
@@ -135,7 +135,7 @@ TEST(SmilReader, MessageMayBeMissing)
     EXPECT_EQ(slidesOf(message.data), QStringList{"-1: "});
 }
 
-TEST(SmilReader, ResultsOfTheStructure)
+TEST(SmilReader, StructureDeterminesTheResult)
 {
     expectResults({
         {"empty smil", "<smil/>", Ok},
@@ -163,7 +163,7 @@ TEST(SmilReader, ResultsOfTheStructure)
     });
 }
 
-TEST(SmilReader, TextThatIsNoDocument)
+TEST(SmilReader, TextThatIsNotADocumentIsRefused)
 {
     expectResults({
         {"letters", "hello", NotWellFormed},
@@ -173,7 +173,7 @@ TEST(SmilReader, TextThatIsNoDocument)
         {"not closed", "<smil>", NotWellFormed},
         {"crossed", "<smil><head><body></head></body></smil>", NotWellFormed},
         {"two roots", "<smil/><smil/>", NotWellFormed},
-        {"text behind", "<smil/>x", NotWellFormed},
+        {"text after", "<smil/>x", NotWellFormed},
         {"bare ampersand", documentOf("<meta name='a&b'/>"), NotWellFormed},
         {"less-than in a value", documentOf("<meta name='a<b'/>"), NotWellFormed},
         {"attribute twice", "<smil a='1' a='2'/>", NotWellFormed},
@@ -186,7 +186,7 @@ TEST(SmilReader, TextThatIsNoDocument)
     });
 }
 
-TEST(SmilReader, OneTrailingZeroOctetIsLeftOut)
+TEST(SmilReader, OneTrailingZeroOctetIsDropped)
 {
     expectResults({
         {"none", "<smil/>", Ok},
@@ -197,7 +197,7 @@ TEST(SmilReader, OneTrailingZeroOctetIsLeftOut)
     });
 }
 
-TEST(SmilReader, WhatStandsBeforeSmilIsLeftOut)
+TEST(SmilReader, TextBeforeSmilIsDropped)
 {
     expectResults({
         {"declaration", "<?xml version='1.0' encoding='UTF-8'?>\n<smil/>", Ok},
@@ -208,7 +208,7 @@ TEST(SmilReader, WhatStandsBeforeSmilIsLeftOut)
         {"one letter", "x<smil/>", Ok},
         {"garbage", "garbage <b & </x> \"<smil/>", Ok},
         {"zero octets", octet(0, 3) + "<smil/>", Ok},
-        {"octets that are no text", "\xFF\xFE\x80<smil/>", Ok},
+        {"octets that are not text", "\xFF\xFE\x80<smil/>", Ok},
         {"wrong encoding in the declaration", "<?xml version='1.0' encoding='x'?><smil/>", Ok},
         {"another case is kept", "garbage <SMIL/>", NotWellFormed},
         {"no smil at all", " <html/>", NotSmil},
@@ -223,11 +223,11 @@ TEST(SmilReader, FirstSmilWinsEvenInsideAComment)
         {"closed in the comment", "<!-- <smil/> --><smil/>", NotWellFormed},
         {"comment without the tag", "<!-- smil --><smil/>", Ok},
         {"longer name first", "<smilx/><smil/>", NotWellFormed},
-        {"comment behind the start", "<smil><!-- <smil> --></smil>", Ok},
+        {"comment after the start", "<smil><!-- <smil> --></smil>", Ok},
     });
 }
 
-TEST(SmilReader, TextIsUtf8)
+TEST(SmilReader, TextIsDecodedAsUtf8)
 {
     SmilMessage message;
     const QByteArray head = "<meta name=\"caf\xC3\xA9\" content=\"\xE4\xB8\xAD\xF0\x9F\x8C\x8D\"/>";
@@ -235,14 +235,14 @@ TEST(SmilReader, TextIsUtf8)
     EXPECT_EQ(metasOf(message.data), QStringList{QString::fromUtf8("café=中🌍")});
 }
 
-TEST(SmilReader, OctetsThatAreNoUtf8AreReplaced)
+TEST(SmilReader, InvalidUtf8IsReplaced)
 {
     SmilMessage message;
     EXPECT_EQ(message.read(documentOf("<meta name=\"a\xFF\"/>")), Ok);
     EXPECT_EQ(metasOf(message.data), QStringList{"a" + QString(QChar(0xFFFD)) + "="});
 }
 
-TEST(SmilReader, EmptySmilGetsTheOwnLayout)
+TEST(SmilReader, EmptySmilGetsTheHandsetsLayout)
 {
     SmilMessage message;
     EXPECT_EQ(message.read("<smil/>"), Ok);
@@ -281,7 +281,7 @@ TEST(SmilReader, OnlyTheExactLineIsRemoved)
     }
 }
 
-TEST(SmilReader, LinesCountInCommentsAndInFrontOfTheDocumentToo)
+TEST(SmilReader, LinesInCommentsAndBeforeTheDocumentCountToo)
 {
     const QStringList firstStays{"text", "image", "b"};
     const QStringList firstGoes{"a", "image", "text"};
@@ -299,7 +299,7 @@ TEST(SmilReader, LinesCountInCommentsAndInFrontOfTheDocumentToo)
     }
 }
 
-TEST(SmilReader, HeadHasMetasThenOneOtherElementThenMetas)
+TEST(SmilReader, HeadHasMetasAroundOneOtherElement)
 {
     const QByteArray m1 = "<meta name='1' content='a'/>";
     const QByteArray m2 = "<meta name='2' content='b'/>";
@@ -320,7 +320,7 @@ TEST(SmilReader, HeadHasMetasThenOneOtherElementThenMetas)
         {"title hides the layout", m1 + "<title/>" + layout + m2, {"1=a"}, 120},
         {"title takes the layout's place", m1 + "<title/>" + m2, {"1=a", "2=b"}, 120},
         {"second layout", layout + m1 + layoutOf("<root-layout width='9'/>") + m2, {"1=a"}, 7},
-        {"title behind", layout + "<title/>" + m1, {}, 7},
+        {"title after", layout + "<title/>" + m1, {}, 7},
         {"capitals", "<META name='1'/>" + m2 + m3, {"2=b", "3=c"}, 120},
         {"no elements between",
          "x<!--c-->" + m1 + "<?p?>" + layout + "<![CDATA[y]]>" + m2,
@@ -337,7 +337,7 @@ TEST(SmilReader, HeadHasMetasThenOneOtherElementThenMetas)
     }
 }
 
-TEST(SmilReader, LayoutHasRegionsThenTheRootLayoutThenRegions)
+TEST(SmilReader, LayoutHasRegionsAroundTheRootLayout)
 {
     const QByteArray root = R"(<root-layout width="7" height="8px" background-color="red"/>)";
     const QByteArray c = R"(<region id="c" width="1" height="1"/>)";
@@ -350,9 +350,9 @@ TEST(SmilReader, LayoutHasRegionsThenTheRootLayoutThenRegions)
     } const rows[] = {
         {"regions around", a + root + b + c, {"text", "image", "c"}, 7},
         {"regions in front", a + b + c + root, {"text", "image", "c"}, 7},
-        {"regions behind", root + a + b + c, {"text", "image", "c"}, 7},
+        {"regions after", root + a + b + c, {"text", "image", "c"}, 7},
         {"no root layout", a + b + c, {"text", "image", "c"}, 120},
-        {"another element behind",
+        {"another element after",
          root + a + b + c + "<x/><region id='d'/>",
          {"text", "image", "c"},
          7},
@@ -402,7 +402,7 @@ TEST(SmilReader, RegionAttributesAreRead)
     EXPECT_EQ(message.data.getLayoutMeasureUnit(), SMIL_UNIT_PIXEL);
 }
 
-TEST(SmilReader, PercentRegionMakesThePresentationOneOfPercents)
+TEST(SmilReader, PercentRegionSetsTheUnitToPercent)
 {
     SmilMessage message;
     EXPECT_EQ(message.read(documentOf(layoutOf("<region id='a' top='50%'/>" + b))), Ok);
@@ -411,7 +411,7 @@ TEST(SmilReader, PercentRegionMakesThePresentationOneOfPercents)
               (QStringList{"text 0,0 120x160 5", "image 0,160 120x160 5"}));
 }
 
-TEST(SmilReader, ObjectsComeToTheOwnRegions)
+TEST(SmilReader, ObjectsMoveToTheHandsetsRegions)
 {
     SmilMessage message;
     const QByteArray regions = R"(<region id="pic" left="9" top="0" width="5" height="5"/>)"
@@ -426,7 +426,7 @@ TEST(SmilReader, ObjectsComeToTheOwnRegions)
     EXPECT_EQ(objectRegionsOf(message.data), (QStringList{"image", "text"}));
 }
 
-TEST(SmilReader, MediaInTheBodyHaveSlidesOfTheirOwn)
+TEST(SmilReader, MediaInTheBodyGetOneSlideEach)
 {
     expectSlides({
         {"nothing", "", {}},
@@ -444,7 +444,7 @@ TEST(SmilReader, MediaInTheBodyHaveSlidesOfTheirOwn)
     });
 }
 
-TEST(SmilReader, SkippedElementIsSkippedWithWhatIsInIt)
+TEST(SmilReader, SkippedElementIsSkippedWithItsContent)
 {
     expectSlides({
         {"link in the body", "<a href='x'><par><img src='i1.jpg'/></par></a>", {}},
@@ -479,7 +479,7 @@ TEST(SmilReader, ParIsASlide)
     });
 }
 
-TEST(SmilReader, DurationOfAPar)
+TEST(SmilReader, DurationOfAParIsRead)
 {
     const std::pair<const char *, int> rows[] = {
         {"", QvlDuration::None},
@@ -505,7 +505,7 @@ TEST(SmilReader, DurationOfAPar)
     }
 }
 
-TEST(SmilReader, WhatHasNoPlaceOnASlideBeginsAnother)
+TEST(SmilReader, MediaWithoutRoomOnASlideBeginANewOne)
 {
     expectSlides({
         {"second text",
@@ -514,7 +514,7 @@ TEST(SmilReader, WhatHasNoPlaceOnASlideBeginsAnother)
         {"second image",
          "<par dur='1s'><img src='i1.jpg'/><img src='i2.jpg'/></par>",
          {"1000: img i1.jpg", "1000: img i2.jpg"}},
-        {"video behind an image",
+        {"video after an image",
          "<par dur='1s'><img src='i1.jpg'/><video src='v.3gp'/></par>",
          {"1000: img i1.jpg", "1000: video v.3gp"}},
         {"second audio",
@@ -527,7 +527,7 @@ TEST(SmilReader, WhatHasNoPlaceOnASlideBeginsAnother)
     });
 }
 
-TEST(SmilReader, SeqGivesEveryMediaElementASlide)
+TEST(SmilReader, SeqHasOneSlidePerMediaElement)
 {
     expectSlides({
         {"empty", "<seq dur='1s'/>", {}},
@@ -545,7 +545,7 @@ TEST(SmilReader, SeqGivesEveryMediaElementASlide)
     });
 }
 
-TEST(SmilReader, MediaBehindANestedElementBeginASlide)
+TEST(SmilReader, MediaAfterANestedElementBeginASlide)
 {
     expectSlides({
         {"par in par",
@@ -589,7 +589,7 @@ TEST(SmilReader, TenLevelsOfParAndSeqAreRead)
     });
 }
 
-TEST(SmilReader, FailureKeepsWhatWasReadAndDoesNotNormalize)
+TEST(SmilReader, FailureKeepsTheSlidesReadAndDoesNotNormalize)
 {
     SmilMessage message;
     EXPECT_EQ(message.read("<smil><head><meta name='1'/>" + layoutOf(a) + "</head><body>"
@@ -657,7 +657,7 @@ TEST(SmilReader, MediaElementIsBoundToItsPart)
     EXPECT_EQ(image->getEndTimeLength(), -1);
 }
 
-TEST(SmilReader, ParamsOfAMediaElement)
+TEST(SmilReader, ParamsOfAMediaElementAreRead)
 {
     SmilMessage message;
     const QByteArray params = "<param name='a' value='1' valuetype='data' type='t/u'/>"
@@ -674,7 +674,7 @@ TEST(SmilReader, ParamsOfAMediaElement)
     EXPECT_EQ(paramLinesOf(*message.data.getMediaObject(1, 0)), read);
 }
 
-TEST(SmilReader, ParamsOfAnElementThatIsSkippedGoNowhere)
+TEST(SmilReader, ParamsOfASkippedElementAreIgnored)
 {
     SmilMessage message;
     EXPECT_EQ(message.read(documentOf("",
@@ -724,7 +724,7 @@ TEST(SmilFragments, NeedAnElementAndAPresentation)
     EXPECT_EQ(results(&smil.element, &message.data), QList<int>(9, Ok));
 }
 
-TEST(SmilFragments, HeadMetaAndRootLayout)
+TEST(SmilFragments, HeadMetaAndRootLayoutAreRead)
 {
     SmilMessage message;
     Fragment head("<head><meta name='1'/><layout><region id='a'/></layout></head>");
@@ -738,7 +738,7 @@ TEST(SmilFragments, HeadMetaAndRootLayout)
     EXPECT_EQ(message.data.getRootLayout()->getWidth(), 5);
 }
 
-TEST(SmilFragments, RegionThatIsThereAlreadyIsNoFailure)
+TEST(SmilFragments, ExistingRegionIsNotAFailure)
 {
     SmilMessage message;
     Fragment region("<region id='a' left='1' fit='fill'/>");
@@ -747,7 +747,7 @@ TEST(SmilFragments, RegionThatIsThereAlreadyIsNoFailure)
     EXPECT_EQ(regionsOf(message.data), QStringList{"a 1,0 -1x-1 1"});
 }
 
-TEST(SmilFragments, Body)
+TEST(SmilFragments, BodyIsRead)
 {
     SmilMessage message;
     Fragment body("<body><par dur='1s'/><text src='t1.txt'/></body>");
@@ -782,7 +782,7 @@ TEST(SmilFragments, ParamsNeedAnElementAndAnObject)
     EXPECT_EQ(paramLinesOf(object), QStringList{"a=1 3 "});
 }
 
-TEST(SmilFragments, ValidBodyElements)
+TEST(SmilFragments, ValidBodyElementsAreKnown)
 {
     for (const char *tag : {"par", "seq", "text", "img", "audio", "video", "ref"}) {
         Fragment fragment(QByteArray("<") + tag + "/>");
@@ -809,7 +809,7 @@ TEST(SmilFragments, NextSiblingIsAnyNode)
     EXPECT_TRUE(MMS_COMP_SMILParser::getNextSibling(QDomNode()).isNull());
 }
 
-TEST(SmilFragments, WordsOfMediaTypes)
+TEST(SmilFragments, WordsOfMediaTypesAreKnown)
 {
     const std::pair<const char *, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE> rows[] = {
         {"audio", SMIL_MEDIA_AUDIO},
@@ -855,7 +855,7 @@ TEST_F(SmilFile, IsReadAndNormalized)
     EXPECT_EQ(message.data.getSlide(0)->getPageColor().name, "red");
 }
 
-TEST_F(SmilFile, Results)
+TEST_F(SmilFile, ContentDeterminesTheResult)
 {
     const std::pair<QByteArray, int> rows[] = {
         {"", NotWellFormed},
@@ -897,7 +897,7 @@ TEST_F(SmilFile, IsNotRepaired)
     EXPECT_EQ(message.data.getRegion(2)->getId(), "b");
 }
 
-TEST_F(SmilFile, EncodingIsFoundInTheFile)
+TEST_F(SmilFile, EncodingIsDeterminedFromTheFile)
 {
     const QString text = QString::fromUtf8("<smil><head><meta name='caf\u00E9'/></head></smil>");
     const QString declared = "<?xml version='1.0' encoding='%1'?>" + text;

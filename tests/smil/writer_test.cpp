@@ -1,6 +1,6 @@
 /*
  * Writing SMIL: every fragment octet for octet, because other handsets and the repairs of the
- * reader know the texts by their blanks, and whole documents there and back again.
+ * reader depend on its blanks; and whole documents written and read back.
  */
 #include "base/durations.h"
 #include "presentation/smil_result.h"
@@ -36,7 +36,7 @@ struct OneObject
         slide->appendObject(object);
     }
 
-    // What is written for the object.
+    // The text written for the object.
     QString written()
     {
         const QString text = MMS_COMP_SMILParser::convertToSMILLang(&data);
@@ -58,7 +58,7 @@ void expectWritten(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE type, const Change &change, 
     EXPECT_EQ(one.written(), text);
 }
 
-// The lines of the layout behind the root layout.
+// The lines of the layout after the root layout.
 QString regionLines(MMS_COMP_SMILData &data)
 {
     const QString text = MMS_COMP_SMILParser::convertToSMILLang(&data);
@@ -68,7 +68,7 @@ QString regionLines(MMS_COMP_SMILData &data)
 
 } // namespace
 
-TEST(Writer, NullIsTheEmptyText)
+TEST(Writer, NullReturnsAnEmptyText)
 {
     const QString text = MMS_COMP_SMILParser::convertToSMILLang(nullptr);
     EXPECT_TRUE(text.isEmpty());
@@ -80,7 +80,7 @@ TEST(Writer, EmptyPresentationHasItsRootLayout)
     EXPECT_EQ(MMS_COMP_SMILParser::convertToSMILLang(&data), documentWith("", plainRoot, ""));
 }
 
-TEST(Writer, ReferenceDocument)
+TEST(Writer, WritesTheReferenceDocument)
 {
     SmilMessage message;
     MMS_COMP_SMILParser::updateToCorvaneRegion(&message.data);
@@ -103,7 +103,7 @@ TEST(Writer, ReferenceDocument)
                     "</par>\n</body>\n</smil>\n");
 }
 
-TEST(Writer, MetasAreStripped)
+TEST(Writer, MetasAreTrimmed)
 {
     MMS_COMP_SMILData data(nullptr);
     data.appendMeta(" author\n", "\t me and you ");
@@ -116,7 +116,7 @@ TEST(Writer, MetasAreStripped)
                            plainRoot, ""));
 }
 
-TEST(Writer, RootLayout)
+TEST(Writer, RootLayoutIsWritten)
 {
     struct
     {
@@ -144,7 +144,7 @@ TEST(Writer, RootLayout)
     }
 }
 
-TEST(Writer, RegionIds)
+TEST(Writer, RegionIdsAreWritten)
 {
     const std::pair<const char *, QString> rows[] = {
         {"text", "<region id=\"text\"  height=\"4\"  width=\"3\" left=\"1\" top=\"2\" />\n"},
@@ -160,7 +160,7 @@ TEST(Writer, RegionIds)
     }
 }
 
-TEST(Writer, NegativeSizesOfRegionsAreLeftOut)
+TEST(Writer, NegativeSizesOfRegionsAreOmitted)
 {
     struct
     {
@@ -181,7 +181,7 @@ TEST(Writer, NegativeSizesOfRegionsAreLeftOut)
     }
 }
 
-TEST(Writer, PercentRegions)
+TEST(Writer, PercentRegionsAreWritten)
 {
     MMS_COMP_SMILData data(nullptr);
     data.setLayoutMeasureUnit(SMIL_UNIT_PERCENT);
@@ -223,7 +223,7 @@ TEST(Writer, RegionNumbersHaveSixDigits)
     }
 }
 
-TEST(Writer, FitsOfRegions)
+TEST(Writer, FitsOfRegionsAreWritten)
 {
     for (const QString fit : {"hidden", "fill", "meet", "scroll", "slice"}) {
         MMS_COMP_SMILData data(nullptr);
@@ -235,7 +235,7 @@ TEST(Writer, FitsOfRegions)
     EXPECT_EQ(regionLines(data), "<region  left=\"0\" top=\"0\" />\n");
 }
 
-TEST(Writer, OpeningOfASlide)
+TEST(Writer, OpeningOfASlideIsWritten)
 {
     const std::pair<int, const char *> rows[] = {
         {5000, "<par dur=\"5000ms\">\n</par>\n"},
@@ -254,7 +254,7 @@ TEST(Writer, OpeningOfASlide)
     }
 }
 
-TEST(Writer, ElementsOfMediaObjects)
+TEST(Writer, ElementsOfMediaObjectsAreWritten)
 {
     const std::pair<MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE, const char *> rows[] = {
         {SMIL_MEDIA_AUDIO, "<audio src=\"s\" alt=\"a\" >\n</audio>\n"},
@@ -279,7 +279,7 @@ TEST(Writer, ElementsOfMediaObjects)
     }
 }
 
-TEST(Writer, UnknownObjectIsLeftOutWithItsParamsAndTheOthersStay)
+TEST(Writer, OnlyUnknownObjectsAreOmittedWithTheirParams)
 {
     OneObject one(SMIL_MEDIA_UNKNOWN);
     one.object->appendParamElem("a", "1", SMIL_PARAM_VALUE_DATA, "");
@@ -289,7 +289,7 @@ TEST(Writer, UnknownObjectIsLeftOutWithItsParamsAndTheOthersStay)
     EXPECT_EQ(one.written(), "<audio >\n</audio>\n");
 }
 
-TEST(Writer, TextsOfAnObjectAreStrippedAndBlankOnesLeftOut)
+TEST(Writer, TextsOfAnObjectAreTrimmedAndBlankOnesOmitted)
 {
     struct
     {
@@ -326,7 +326,7 @@ TEST(Writer, LocationBecomesTheAlternativeText)
         "<audio src=\"a.amr\" alt=\"a.amr\" >\n</audio>\n");
 }
 
-TEST(Writer, Times)
+TEST(Writer, TimesAreWritten)
 {
     struct
     {
@@ -364,7 +364,7 @@ TEST(Writer, Times)
     }
 }
 
-TEST(Writer, AttributesOfAnObjectInTheirOrder)
+TEST(Writer, AttributesOfAnObjectHaveAFixedOrder)
 {
     expectWritten(
         SMIL_MEDIA_TEXT,
@@ -383,7 +383,7 @@ TEST(Writer, AttributesOfAnObjectInTheirOrder)
         "<param name=\"p\" value=\"v\" />\n</text>\n");
 }
 
-TEST(Writer, Params)
+TEST(Writer, ParamsAreWritten)
 {
     struct
     {
@@ -426,7 +426,7 @@ TEST(Writer, Params)
     }
 }
 
-TEST(Writer, TextGetsAParamForItsSizeThatIsWrittenOnceThereIsOne)
+TEST(Writer, TextSizeParamIsAddedToATextAndWrittenOnceItHasAValue)
 {
     OneObject one(SMIL_MEDIA_TEXT);
     EXPECT_EQ(one.written(), "<text >\n</text>\n");
@@ -435,7 +435,7 @@ TEST(Writer, TextGetsAParamForItsSizeThatIsWrittenOnceThereIsOne)
     EXPECT_EQ(one.written(), "<text >\n<param name=\"textsize\" value=\"normal\" />\n</text>\n");
 }
 
-TEST(Writer, ColorOfTheRootLayoutReplacesThatOfEverySlide)
+TEST(Writer, ColorOfTheRootLayoutReplacesThePageColors)
 {
     OneObject one(SMIL_MEDIA_IMAGE);
     one.data.getSlide(0)->setPageColor({SMIL_COLOR_RGB, "", QColor(1, 2, 3)});
@@ -465,7 +465,7 @@ TEST(Writer, MeasuredPercentLayoutIsWrittenInPercentAfterNormalizing)
               "fit=\"hidden\" />\n");
 }
 
-TEST(Writer, RefComesBackOnASlideOfItsOwn)
+TEST(Writer, RefIsReadBackOnItsOwnSlide)
 {
     const QByteArray source = documentOf(
         "<meta name='a' content='b'/>",
@@ -483,7 +483,7 @@ TEST(Writer, RefComesBackOnASlideOfItsOwn)
                            "-1: ", "-1: ref i2.jpg"}));
 }
 
-TEST(Writer, DocumentWithoutRefIsTheSameAfterReadingIt)
+TEST(Writer, DocumentWithoutRefIsReadBackUnchanged)
 {
     const QByteArray text =
         documentWith("<meta name=\"a\" content=\"b\" />\n", plainRoot + ownText + ownImage,
@@ -500,7 +500,7 @@ TEST(Writer, DocumentWithoutRefIsTheSameAfterReadingIt)
     EXPECT_EQ(MMS_COMP_SMILParser::convertToSMILLang(&message.data).toUtf8(), text);
 }
 
-TEST(Writer, WhatCannotBeReadAgainIsWrittenAsItIs)
+TEST(Writer, UnreadableTextsAreWrittenUnchanged)
 {
     const std::pair<const char *, std::function<void(MMS_COMP_SMILData &)>> rows[] = {
         {"color", [](auto &data) { data.getRootLayout()->setBackgroundColor("red"); }},

@@ -27,7 +27,7 @@ bool fails()
 {
     if (!tally.active || !tally.shouldFail)
         return false;
-    tally.active = false; // the judge may take memory
+    tally.active = false; // the callback may allocate memory
     const bool failing = tally.shouldFail();
     tally.active = true;
     return failing;

@@ -1,17 +1,18 @@
 /*
- * What a thread takes from the heap. A program that links allocations.cpp has its allocator
- * counted, Qt's and FFmpeg's blocks included, and can let an allocation fail. Not together with
- * sanitizers, which bring an allocator of their own.
+ * The heap allocations of a thread. A program that links allocations.cpp can count them, including
+ * those of Qt and FFmpeg, and can let one fail. Not with sanitizers, which have their own
+ * allocator.
  */
 #pragma once
 
 #include <cstddef>
 
-/// Counts the allocations of this thread while it lives; one at a time.
+/// Counts the allocations of this thread during its lifetime. Only one may exist at a time.
 class CountedAllocations
 {
 public:
-    /// Told of every allocation; true lets it fail. What it takes itself is not counted.
+    /// Called for every allocation; returns true to let it fail. Its own allocations are not
+    /// counted.
     using Judge = bool (*)();
 
     explicit CountedAllocations(Judge shouldFail = nullptr);
@@ -19,12 +20,12 @@ public:
     CountedAllocations &operator=(const CountedAllocations &) = delete;
     ~CountedAllocations();
 
-    /// How often memory was taken, growth of a block included.
+    /// The number of allocations, including growth of a block.
     long count() const;
-    /// Octets taken in all.
+    /// Octets allocated in total.
     long octets() const;
-    /// The most octets that were held at once, beyond those held at the begin.
+    /// The peak of the octets in use, beyond those in use at the begin.
     long peak() const;
-    /// Blocks taken and not given back; negative when older ones were given back.
+    /// Blocks allocated and not freed; negative if older blocks were freed.
     long balance() const;
 };

@@ -1,6 +1,6 @@
 /*
- * A player engine for tests. A program that links it has this engine instead of the platform's: it
- * decodes nothing, answers as it is told, and keeps a record of what it was asked.
+ * A player engine for tests. A program that links it has this engine instead of the platform's. It
+ * decodes nothing, returns the configured results, and records its calls.
  */
 #pragma once
 
@@ -8,20 +8,21 @@
 
 namespace FakePlayerEngine {
 
-/// What the engine does. Starts as an engine that plays everything.
+/// The configured behavior. Initially, the engine plays everything.
 struct Behavior
 {
     bool exists = true; ///< false: none can be created
     bool opens = true;
     bool hasInfo = true;
-    bool fillsInfo = true; ///< false: says that it has information and leaves the record alone
+    bool fillsInfo =
+        true; ///< false: reports that it has information, but does not change the record
     int duration = 2340; ///< milliseconds
 };
 
-/// What was asked since the last reset().
+/// The calls since the last reset().
 struct Record
 {
-    int created = 0; ///< calls that asked for an engine, whether there was one or not
+    int created = 0; ///< calls that requested an engine, successful or not
     int opened = 0;
     int infos = 0;
     int closed = 0;
@@ -34,7 +35,7 @@ struct Record
 extern Behavior behavior;
 extern Record record;
 
-/// Takes behavior and record back to their start.
+/// Resets behavior and record to their initial values.
 void reset();
 
 } // namespace FakePlayerEngine

@@ -1,11 +1,11 @@
-# A Debian of one release with nothing but its smallest set of packages, for scripts that try out what
-# happens on somebody else's machine. Source it after script.sh.
+# A Debian of one release with only its smallest set of packages, for scripts that test a new system. Source
+# it after script.sh.
 
 # The releases that the project supports, by their names.
 releases=(trixie bookworm)
 
 if [ "$(id -u)" -ne 0 ] || ! command -v mmdebstrap >/dev/null; then
-  echo "This takes root and mmdebstrap; Debian has it in the package of that name." >&2
+  echo "This needs root and the Debian package mmdebstrap." >&2
   exit 77
 fi
 
@@ -13,12 +13,12 @@ is_release() { # WORD
   printf '%s\n' "${releases[@]}" | grep -qxF -- "$1"
 }
 
-# What the host needs to reach the packages, the root may need too: its sources, if they are those of
-# the same release, keys, credentials and proxies. Settings that call programs of the host stay here.
+# The root may need the host's settings to download packages: sources of the same release, keys,
+# credentials and proxies. Settings that call programs of the host are not copied.
 fresh_root() { # RELEASE FOLDER MMDEBSTRAP_OPTION...
   local release=$1 folder=$2 sources
   shift 2
-  chmod 755 "$work" # apt's own user has to get to the folder
+  chmod 755 "$work" # for apt's own user
   apt-config dump --no-empty --format '%F "%v";%n' Acquire | grep -v '^Acquire::IndexTargets' >"$work/apt.conf"
   mapfile -t sources < <(grep -lsw "$release" /etc/apt/sources.list /etc/apt/sources.list.d/*.{list,sources})
   quietly mmdebstrap --mode=root --variant=minbase --include=ca-certificates --aptopt="$work/apt.conf" \
@@ -29,7 +29,7 @@ fresh_root() { # RELEASE FOLDER MMDEBSTRAP_OPTION...
   cp /etc/hosts "$folder/etc/"
 }
 
-# Nothing of the caller's environment but its proxies; the mounts go with the command.
+# Passes only the proxies of the caller's environment. The mounts end with the command.
 in_root() { # FOLDER COMMAND...
   local proxies
   mapfile -t proxies < <(env | grep -i '^[a-z]*_proxy=')

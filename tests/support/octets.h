@@ -1,6 +1,6 @@
 /*
- * Octets in tests: a literal that reads like a dump, blocks and buffers over them, and how octets
- * and texts look in the message of a failed test.
+ * Octets in tests: a literal that looks like a dump, blocks and buffers, and how octets and texts
+ * are printed when a test fails.
  */
 #pragma once
 
@@ -29,7 +29,7 @@ constexpr int digitValue(char c)
     return -1;
 }
 
-/// The text of a literal as a template argument, so that a mistyped one does not compile.
+/// The text of a literal as a template argument, so that a mistyped literal does not compile.
 template <std::size_t N>
 struct HexText
 {
@@ -68,13 +68,13 @@ QByteArray operator""_octets()
     return octets;
 }
 
-/// One octet, or @p count times the same.
+/// @p count times the same octet.
 inline QByteArray octet(int value, qsizetype count = 1)
 {
     return QByteArray(count, static_cast<char>(value));
 }
 
-/// A copy of octets in a block of exactly their size, so that AddressSanitizer sees every overread.
+/// A copy of octets in a block of exactly their size, so that AddressSanitizer detects overreads.
 class HeapBlock
 {
 public:
@@ -111,7 +111,7 @@ private:
     LinearBuffer m_buffer;
 };
 
-/// A cursor for writing into an array of its own; octets() is what was written so far.
+/// A cursor for writing into its own array; octets() returns what was written so far.
 class Output
 {
 public:
@@ -134,7 +134,7 @@ private:
     LinearBuffer m_buffer;
 };
 
-// Found by GoogleTest, which would print characters and their codes.
+// Used by GoogleTest, which otherwise prints characters and their codes.
 inline void PrintTo(const QByteArray &octets, std::ostream *out)
 {
     *out << octets.size() << " octets: " << octets.toHex(' ').toUpper().constData();

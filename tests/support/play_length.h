@@ -1,5 +1,5 @@
 /*
- * How long the platform's player engine says that a clip plays.
+ * The length of a clip, measured by the platform's player engine.
  */
 #pragma once
 
@@ -10,8 +10,8 @@
 
 #include <optional>
 
-/// Milliseconds of a clip in a block of exactly its size, 0 when they are not known; nothing when
-/// the engine does not open it.
+/// Milliseconds of a clip in a block of exactly its size; 0 if the length is unknown, nothing if
+/// the engine does not open the clip.
 inline std::optional<int> playLength(const QByteArray &clip, const char *extension)
 {
     const HeapBlock block(clip);

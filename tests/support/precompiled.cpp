@@ -1,1 +1,1 @@
-// Nothing: the headers that the build precompiles for all tests need a source to go with.
+// Empty: the precompiled headers of all tests need a source file.

@@ -1,12 +1,12 @@
-# What the test scripts share: a folder $work that goes with the script, and how to fail.
+# Shared by the test scripts: a folder $work that is removed at the end, and functions that fail.
 work=$(mktemp -d)
 trap 'rm -rf "$work"' EXIT
-export XDG_RUNTIME_DIR=$work # or Qt remarks that there is none
+export XDG_RUNTIME_DIR=$work # otherwise Qt warns that it is missing
 
 fail() {
   echo "$*" >&2
   exit 1
 }
-quietly() { # COMMAND...: its output is shown only when it fails
+quietly() { # COMMAND...: prints its output only if it fails
   "$@" >"$work/log" 2>&1 || { cat "$work/log"; exit 1; }
 }

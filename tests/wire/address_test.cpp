@@ -1,6 +1,6 @@
 /*
  * Addresses of senders and recipients: phone numbers, plain addresses and display names, in both
- * text forms, and that the reader takes whatever it gets.
+ * text forms. Reading never fails.
  */
 #include "wire/address.h"
 
@@ -76,23 +76,23 @@ TEST(AddressBinary, ReadsADisplayNameWithTheBlankBeforeTheBracket)
     });
 }
 
-TEST(AddressBinary, TakesEverythingBehindABracketThatIsNotClosed)
+TEST(AddressBinary, TakesEverythingAfterAnUnclosedBracket)
 {
     expectRead({
         {"never closed", text("Bob <a@b"), "Bob ", 0, "a@b"},
-        {"nothing behind", text("Bob <"), "Bob ", 0, ""},
+        {"nothing after", text("Bob <"), "Bob ", 0, ""},
         {"closed before only", text("B>ob <a@b"), "B>ob ", 0, "a@b"},
-        {"closed before and behind", text("B>ob <a@b>"), "B>ob ", 0, "a@b>"},
+        {"closed before and after", text("B>ob <a@b>"), "B>ob ", 0, "a@b>"},
     });
 }
 
-TEST(AddressBinary, NeverFailsAndTakesACutAddressAsFarAsItGoes)
+TEST(AddressBinary, NeverFailsAndReadsWhatIsLeftOfATruncatedAddress)
 {
     expectRead({
         {"no terminator", "61 40 62"_octets, "", 0, "a@b"},
         {"no octets", ""_octets, "", 0, ""},
-        {"cut behind the charset", "05 EA 61"_octets, "", 0, ""},
-        {"cut behind the length", "05"_octets, "", 0, ""},
+        {"truncated after the charset", "05 EA 61"_octets, "", 0, ""},
+        {"truncated after the length", "05"_octets, "", 0, ""},
     });
 }
 
@@ -106,9 +106,9 @@ TEST(AddressBinary, NeverFailsPastTheEnd)
     EXPECT_TRUE(entry.isEmpty());
 }
 
-TEST(AddressBinary, GoesOnWhereTheCursorStandsAfterACutAddress)
+TEST(AddressBinary, LeavesTheCursorInsideATruncatedAddress)
 {
-    // The charset form promises more octets than there are: only length and charset are consumed.
+    // The charset form announces more octets than follow: only length and charset are consumed.
     EXPECT_EQ((readValue<AddressBinary, MMS_UTIL_Entry>("05 EA 61"_octets).position), 2);
 }
 
@@ -120,11 +120,11 @@ TEST(AddressBinary, WritesTheAddressWithoutTheDisplayName)
         {"e-mail", text("a@b"), "Ann", 0, "a@b"},
         {"empty", "00"_octets, "Ann", 0, ""},
         {"not ASCII", "07 EA 7F C3 A9 40 78 00"_octets, "", 0, "é@x"},
-        {"not ASCII behind the first", "06 EA 78 40 C3 A9 00"_octets, "", 0, "x@é"},
+        {"not ASCII after the first", "06 EA 78 40 C3 A9 00"_octets, "", 0, "x@é"},
         {"phone that is not ASCII", "7F C3 A9"_octets + text("/TYPE=PLMN"), "", 1, "é"},
         {"highest ASCII", "7F 00"_octets, "", 0, "\x7F"},
         {"up to the first NUL", "61 00"_octets, "", 0, QStringLiteral("a\0b")},
-        {"not ASCII behind a NUL", "61 00"_octets, "", 0, QStringLiteral("a\0\u00E9")},
+        {"not ASCII after a NUL", "61 00"_octets, "", 0, QStringLiteral("a\0\u00E9")},
         {"phone up to the first NUL", "31 00"_octets, "", 1, QStringLiteral("1\0002")},
     };
     for (const AddressRow &row : rows) {
@@ -137,7 +137,7 @@ TEST(AddressBinary, WritesTheAddressWithoutTheDisplayName)
     }
 }
 
-TEST(AddressBinary, CannotWriteAnyOtherType)
+TEST(AddressBinary, CannotWriteOtherTypes)
 {
     for (int type = 2; type < 256; ++type) {
         SCOPED_TRACE(type);

@@ -1,6 +1,5 @@
 /*
- * Calls of value codecs and field codecs over octets of their own: what a test row compares. And
- * the two small things that most rows are made of.
+ * Calls of value codecs and field codecs, with their results as values that test rows compare.
  */
 #pragma once
 
@@ -23,7 +22,7 @@ constexpr unsigned int presenceBit(int code)
     return 1u << (code - 1);
 }
 
-/// What a value codec's readFrom() answered, stored and consumed.
+/// The result of a value codec's readFrom(), the value, and the octets consumed.
 template <typename Value>
 struct ValueReading
 {
@@ -32,7 +31,7 @@ struct ValueReading
     int position;
 };
 
-/// Reads @p octets with @p Codec over the value @p before, which a failed read leaves as it is.
+/// Reads @p octets with @p Codec into the value @p before, which a failed read does not change.
 template <typename Codec, typename Value>
 ValueReading<Value> readValue(const QByteArray &octets, Value before = {})
 {
@@ -41,7 +40,7 @@ ValueReading<Value> readValue(const QByteArray &octets, Value before = {})
     return {result, before, input.position()};
 }
 
-/// What a codec answered and appended.
+/// The result of a codec, and the octets appended.
 struct Writing
 {
     unsigned char result;
@@ -56,14 +55,14 @@ Writing writeValue(const Value &value)
     return {result, output.octets()};
 }
 
-/// Appended octets of a value codec, whose writers always answer the same.
+/// The octets that a value codec appends. Its writers always return the same result.
 template <typename Codec, typename Value>
 QByteArray octetsOf(const Value &value)
 {
     return writeValue<Codec>(value).octets;
 }
 
-/// Makes a field codec, as rows of tables hold it.
+/// Creates a field codec. Rows of tables contain this function.
 using MakeField = std::unique_ptr<FieldBase> (*)();
 
 template <typename Field>
@@ -72,7 +71,7 @@ std::unique_ptr<FieldBase> makeField()
     return std::make_unique<Field>();
 }
 
-/// What readField() answered and consumed.
+/// The result of readField(), and the octets consumed.
 struct FieldReading
 {
     unsigned char result;

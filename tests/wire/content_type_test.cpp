@@ -81,7 +81,7 @@ TEST(ContentTypeValue, ReadsTypeAndStartInAnyOrder)
     });
 }
 
-TEST(ContentTypeValue, HasParametersEvenWhenThereAreNone)
+TEST(ContentTypeValue, SetsEmptyParametersWithoutAny)
 {
     expectRelated({
         {"length 1", "01 B3"_octets, "", "", noParameters},
@@ -90,7 +90,7 @@ TEST(ContentTypeValue, HasParametersEvenWhenThereAreNone)
     });
 }
 
-TEST(ContentTypeValue, DropsAQuoteBeforeStartAlone)
+TEST(ContentTypeValue, DropsAQuoteOnlyBeforeStart)
 {
     expectRelated({
         {"start", "05 B3 8A 22 61 00"_octets, "", "", "type=;start=a"},
@@ -102,20 +102,20 @@ TEST(ContentTypeValue, DropsAQuoteBeforeStartAlone)
     });
 }
 
-TEST(ContentTypeValue, ToleratesAMediaOctetThatWentThroughUtf8)
+TEST(ContentTypeValue, ToleratesAMediaOctetEncodedAsUtf8)
 {
     expectRelated({
         {"before the media octet", "04 C2 B3 8A 61 00"_octets, "", "", "type=;start=a"},
-        {"behind the media octet", "04 B3 C2 8A 61 00"_octets, "", "", "type=;start=a"},
-        {"before and behind", "04 C2 B3 C2 8A 61 00"_octets, "", "", "type=;start=a"},
-        {"behind it without parameters", "01 B3 C2 07"_octets, "", "", noParameters, 1},
-        {"counted in the length it costs an octet behind", "05 C2 B3 8A 61 00 77 66"_octets, "", "",
+        {"after the media octet", "04 B3 C2 8A 61 00"_octets, "", "", "type=;start=a"},
+        {"before and after", "04 C2 B3 C2 8A 61 00"_octets, "", "", "type=;start=a"},
+        {"after it without parameters", "01 B3 C2 07"_octets, "", "", noParameters, 1},
+        {"counted in the length it costs an octet after", "05 C2 B3 8A 61 00 77 66"_octets, "", "",
          "type=;start=a", 1},
         {"not before a parameter", "05 B3 81 C2 8A 00"_octets, "", "", noParameters},
     });
 }
 
-TEST(ContentTypeValue, ConsumesNothingButTheOctetOfAnotherParameter)
+TEST(ContentTypeValue, ConsumesOnlyTheOctetOfAnUnknownParameter)
 {
     expectRelated({
         {"charset", "06 B3 81 EA 8A 61 00"_octets, "", "", "type=;start=a"},
@@ -125,8 +125,7 @@ TEST(ContentTypeValue, ConsumesNothingButTheOctetOfAnotherParameter)
 
 TEST(ContentTypeValue, CountsTextsInCharactersWithoutTheirQuote)
 {
-    // One octet behind the value is taken for a parameter, because the text's quote was not
-    // counted.
+    // The octet after the value is read as a parameter, because the text's quote was not counted.
     expectRelated({
         {"quoted type", "05 B3 89 7F 61 00 77 66"_octets, "", "", "type=a;start=", 1},
         {"quoted start", "05 B3 8A 7F 61 00 77 66"_octets, "", "", "type=;start=a", 1},
@@ -134,7 +133,7 @@ TEST(ContentTypeValue, CountsTextsInCharactersWithoutTheirQuote)
     });
 }
 
-TEST(ContentTypeValue, ReadsALastTextWithoutTerminatorToTheEnd)
+TEST(ContentTypeValue, ReadsATextWithoutTerminatorToTheEnd)
 {
     expectRelated({
         {"type", "04 B3 89 61"_octets, "", "", "type=a;start=", -1},
@@ -148,7 +147,7 @@ struct FailureRow
 {
     const char *name;
     QByteArray octets;
-    QString type; // as the failed read leaves it
+    QString type; // after the failed read
 };
 
 void expectFailure(unsigned char result, const std::vector<FailureRow> &rows)
@@ -171,7 +170,7 @@ TEST(ContentTypeValue, SupportsNoOtherMediaInTheGeneralForm)
                       {"mixed", "01 A3"_octets, ""},
                       {"media in letters", "0B"_octets + text("text/plain"), ""},
                       {"media missing", "03"_octets, ""},
-                      {"media missing behind the stray octet", "03 C2"_octets, ""},
+                      {"media missing after the stray octet", "03 C2"_octets, ""},
                       {"two stray octets", "03 C2 C2 B3"_octets, ""},
                       {"0x80 is a length", "80 A3"_octets, ""},
                   });
@@ -179,24 +178,25 @@ TEST(ContentTypeValue, SupportsNoOtherMediaInTheGeneralForm)
 
 TEST(ContentTypeValue, RunsOutOfData)
 {
-    expectFailure(WireResult::OutOfData,
-                  {
-                      {"nothing", ""_octets, ""},
-                      {"uintvar missing", "1F"_octets, ""},
-                      {"negative length", "1F F8 80 80 80 00 B3"_octets, ""},
-                      {"negative length, other media", "1F FF FF FF FF 7F A3"_octets, ""},
-                      {"parameters missing", "05 B3"_octets, "application"},
-                      {"0x80 is a length", "80 B3 8A 61 00"_octets, "application"},
-                      {"next parameter missing", "08 B3 8A 61 00"_octets, "application"},
-                      {"text missing", "05 B3 89"_octets, "application"},
-                      {"type text cut, more promised", "09 B3 89 61 62"_octets, "application"},
-                      {"start text cut, more promised", "09 B3 8A 61 62"_octets, "application"},
-                      {"quoted start text cut", "09 B3 8A 22"_octets, "application"},
-                      {"largest length", "1F 87 FF FF FF 7F B3 81"_octets, "application"},
-                  });
+    expectFailure(
+        WireResult::OutOfData,
+        {
+            {"nothing", ""_octets, ""},
+            {"uintvar missing", "1F"_octets, ""},
+            {"negative length", "1F F8 80 80 80 00 B3"_octets, ""},
+            {"negative length, other media", "1F FF FF FF FF 7F A3"_octets, ""},
+            {"parameters missing", "05 B3"_octets, "application"},
+            {"0x80 is a length", "80 B3 8A 61 00"_octets, "application"},
+            {"next parameter missing", "08 B3 8A 61 00"_octets, "application"},
+            {"text missing", "05 B3 89"_octets, "application"},
+            {"type text truncated, more promised", "09 B3 89 61 62"_octets, "application"},
+            {"start text truncated, more promised", "09 B3 8A 61 62"_octets, "application"},
+            {"quoted start text truncated", "09 B3 8A 22"_octets, "application"},
+            {"largest length", "1F 87 FF FF FF 7F B3 81"_octets, "application"},
+        });
 }
 
-TEST(ContentTypeValue, RunsOutPastTheEnd)
+TEST(ContentTypeValue, RunsOutOfDataPastTheEnd)
 {
     Input input(""_octets);
     input.buffer()->readByte();
@@ -205,8 +205,8 @@ TEST(ContentTypeValue, RunsOutPastTheEnd)
     EXPECT_EQ(contentType.type, "old");
 }
 
-// The published buffer yields what stands behind its end: here the last octet of each row.
-TEST(ContentTypeValue, RunsOutBehindTheSlackOctet)
+// The published buffer returns the octet past its end: here the last octet of each row.
+TEST(ContentTypeValue, RunsOutOfDataAfterTheSlackOctet)
 {
     const FailureRow rows[] = {
         {"stray octet before the media octet", "04 C2"_octets, ""},
@@ -277,22 +277,22 @@ TEST(ContentTypeValue, WritesTheFieldCodeAndTheValue)
     }
 }
 
-TEST(ContentTypeValue, SizesTheValueWithoutTheFieldCode)
+TEST(ContentTypeValue, ReturnsTheSizeWithoutTheFieldCode)
 {
     for (const WriteRow &row : writeRows())
         EXPECT_EQ(ContentTypeField::sizeOf(row.contentType), row.octets.size() - 1) << row.name;
 }
 
-TEST(ContentTypeValue, SaysWrittenWhenNothingFits)
+TEST(ContentTypeValue, ReturnsWrittenWhenNothingFits)
 {
     Output full(0);
     EXPECT_EQ(ContentTypeField::writeTo(full, relatedWith("type=a;start=b")), WireResult::Written);
     EXPECT_EQ(full.octets(), ""_octets);
 }
 
-TEST(ContentTypeValue, ReadsToTheEndWhatItWroteWithQuotes)
+TEST(ContentTypeValue, ReadsItsOwnQuotedTextsToTheEnd)
 {
-    // Writer and reader leave out the same quotes, so that the cursor ends where the value does.
+    // Writer and reader do not count the same quotes, so the cursor ends at the end of the value.
     const QByteArray octets = octetsOf<ContentTypeField>(relatedWith("type=é;start=é")).mid(1);
     const auto reading = readValue<ContentTypeField, MMS_CONTENT_TYPE_T>(octets);
     EXPECT_EQ(reading.result, WireResult::Read);
@@ -300,7 +300,7 @@ TEST(ContentTypeValue, ReadsToTheEndWhatItWroteWithQuotes)
     EXPECT_EQ(reading.value.parameters, QStringLiteral("type=\u00C3\u00A9;start=\u00C3\u00A9"));
 }
 
-TEST(ContentTypeParameters, AreTheTextUpToTheNextSemicolon)
+TEST(ContentTypeParameters, EndAtTheNextSemicolon)
 {
     struct
     {
@@ -365,7 +365,7 @@ TEST(ContentTypeField, StoresAValueThatHasAType)
     }
 }
 
-TEST(ContentTypeField, WritesAndSizesTheRecordsContentType)
+TEST(ContentTypeField, WritesTheRecordsContentTypeAndReturnsItsSize)
 {
     for (const WriteRow &row : writeRows()) {
         SCOPED_TRACE(row.name);

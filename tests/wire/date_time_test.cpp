@@ -1,6 +1,6 @@
 /*
- * How often the time fields have the C library look at the time zone. This program counts the calls
- * that do so, the library's and Qt's, and sets the clock itself.
+ * How often the time fields read the time zone through the C library. This program counts these
+ * calls of the library and of Qt, and sets the clock itself.
  */
 #include "wire/codec_calls.h"
 #include "wire/field_codecs.h"
@@ -14,7 +14,7 @@
 
 namespace {
 
-int looks = 0;
+int zoneReads = 0;
 std::time_t clockSeconds = 1'000'000;
 
 template <typename Function>
@@ -28,23 +28,23 @@ Function *next(const char *name)
 extern "C" {
 Q_DECL_EXPORT void tzset() noexcept
 {
-    ++looks;
+    ++zoneReads;
     next<void()>("tzset")();
 }
 
 Q_DECL_EXPORT std::tm *localtime(const std::time_t *time) noexcept
 {
-    ++looks;
+    ++zoneReads;
     return next<std::tm *(const std::time_t *)>("localtime")(time);
 }
 
 Q_DECL_EXPORT std::time_t mktime(std::tm *parts) noexcept
 {
-    ++looks;
+    ++zoneReads;
     return next<std::time_t(std::tm *)>("mktime")(parts);
 }
 
-// Every clock stands still.
+// Stops every clock.
 Q_DECL_EXPORT int clock_gettime(clockid_t, timespec *time) noexcept
 {
     *time = {clockSeconds, 0};
@@ -64,27 +64,27 @@ int expiryOfEpoch()
     return msg.getExpiry();
 }
 
-int looksOf(MakeField make, const QByteArray &octets)
+int zoneReadsOf(MakeField make, const QByteArray &octets)
 {
-    const int before = looks;
+    const int before = zoneReads;
     MMS_UA_UAMsg msg;
     EXPECT_EQ(readField(make, octets, msg).result, WireResult::Read);
-    return looks - before;
+    return zoneReads - before;
 }
 
-int looksOfExpiry()
+int zoneReadsOfExpiry()
 {
-    return looksOf(makeField<ExpiryField>, "02 80 80"_octets);
+    return zoneReadsOf(makeField<ExpiryField>, "02 80 80"_octets);
 }
 
-int looksOfDate()
+int zoneReadsOfDate()
 {
-    return looksOf(makeField<MsgDateField>, "04 3B 9A CA 00"_octets);
+    return zoneReadsOf(makeField<MsgDateField>, "04 3B 9A CA 00"_octets);
 }
 
-int looksOfDeliveryTime()
+int zoneReadsOfDeliveryTime()
 {
-    return looksOf(makeField<DeliveryTimeField>, "06 80 04 3B 9A CA 00"_octets);
+    return zoneReadsOf(makeField<DeliveryTimeField>, "06 80 04 3B 9A CA 00"_octets);
 }
 
 } // namespace
@@ -92,13 +92,13 @@ int looksOfDeliveryTime()
 class WithoutZone : public testing::Test
 {
 protected:
-    // With its first date Qt finds out the range of the C library's time.
-    static void SetUpTestSuite() { std::ignore = looksOfDate(); }
+    // For its first date, Qt determines the range of the C library's time.
+    static void SetUpTestSuite() { std::ignore = zoneReadsOfDate(); }
 
     WithoutZone()
     {
         qunsetenv("TZ");
-        ++clockSeconds; // so that no test depends on the one before it
+        ++clockSeconds; // so that tests do not depend on one another
     }
 
     ~WithoutZone() override
@@ -115,58 +115,58 @@ private:
     QByteArray m_before = qgetenv("TZ");
 };
 
-TEST_F(WithoutZone, AnExpiryLooksAtTheZoneOnceASecond)
+TEST_F(WithoutZone, ExpiryReadsTheZoneOnceASecond)
 {
-    EXPECT_EQ(looksOfExpiry(), 1);
-    EXPECT_EQ(looksOfExpiry(), 0);
-    EXPECT_EQ(looksOfExpiry(), 0);
+    EXPECT_EQ(zoneReadsOfExpiry(), 1);
+    EXPECT_EQ(zoneReadsOfExpiry(), 0);
+    EXPECT_EQ(zoneReadsOfExpiry(), 0);
     ++clockSeconds;
-    EXPECT_EQ(looksOfExpiry(), 1);
-    EXPECT_EQ(looksOfExpiry(), 0);
+    EXPECT_EQ(zoneReadsOfExpiry(), 1);
+    EXPECT_EQ(zoneReadsOfExpiry(), 0);
 }
 
-TEST_F(WithoutZone, ADateLooksAtTheZoneOnce)
+TEST_F(WithoutZone, DateReadsTheZoneOnce)
 {
     for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(looksOfDate(), 1);
-        EXPECT_EQ(looksOfDeliveryTime(), 1);
+        EXPECT_EQ(zoneReadsOfDate(), 1);
+        EXPECT_EQ(zoneReadsOfDeliveryTime(), 1);
     }
 }
 
-TEST_F(WithoutZone, AnExpiryAfterADateLooksNoMore)
+TEST_F(WithoutZone, ExpiryAfterADateDoesNotReadTheZone)
 {
-    EXPECT_EQ(looksOfExpiry(), 1);
-    EXPECT_EQ(looksOfDate(), 1);
-    EXPECT_EQ(looksOfExpiry(), 0);
+    EXPECT_EQ(zoneReadsOfExpiry(), 1);
+    EXPECT_EQ(zoneReadsOfDate(), 1);
+    EXPECT_EQ(zoneReadsOfExpiry(), 0);
 }
 
-TEST_F(WithoutZone, AWrittenDateLooksOnceForItsCalendar)
+TEST_F(WithoutZone, WritingADateReadsTheZoneOnce)
 {
     MMS_UA_UAMsg msg;
     msg.setDate(QDateTime(QDate(2001, 9, 9), QTime(1, 46, 40)));
-    std::ignore = looksOfExpiry();
-    const int before = looks;
+    std::ignore = zoneReadsOfExpiry();
+    const int before = zoneReads;
     EXPECT_GT(makeField<MsgDateField>()->fieldSize(&msg), 0);
-    EXPECT_EQ(looks - before, 1);
+    EXPECT_EQ(zoneReads - before, 1);
 }
 
-TEST_F(WithoutZone, AZoneThatIsSetIsLookedAtEveryTime)
+TEST_F(WithoutZone, ZoneOfTheEnvironmentIsReadEveryTime)
 {
     setZone();
     for (int i = 0; i < 2; ++i) {
-        EXPECT_EQ(looksOfExpiry(), 1);
-        EXPECT_EQ(looksOfDate(), 1);
-        EXPECT_EQ(looksOfDeliveryTime(), 1);
+        EXPECT_EQ(zoneReadsOfExpiry(), 1);
+        EXPECT_EQ(zoneReadsOfDate(), 1);
+        EXPECT_EQ(zoneReadsOfDeliveryTime(), 1);
     }
 }
 
-TEST_F(WithoutZone, AChangeTakesEffectWithTheNextField)
+TEST_F(WithoutZone, ChangeTakesEffectWithTheNextField)
 {
     const int without = expiryOfEpoch();
     setZone();
     EXPECT_EQ(expiryOfEpoch(), EpochExpiry + HoursOfShanghai);
     unsetZone();
-    EXPECT_EQ(looksOfExpiry(), 1);
+    EXPECT_EQ(zoneReadsOfExpiry(), 1);
     EXPECT_EQ(expiryOfEpoch(), without);
     setZone();
     EXPECT_EQ(expiryOfEpoch(), EpochExpiry + HoursOfShanghai);
@@ -174,8 +174,8 @@ TEST_F(WithoutZone, AChangeTakesEffectWithTheNextField)
     EXPECT_EQ(expiryOfEpoch(), EpochExpiry);
 }
 
-// Qt then has left the other zone in the C library.
-TEST_F(WithoutZone, AChangeThatTheProgramMadeTakesEffectToo)
+// Then Qt has left the other zone in the C library.
+TEST_F(WithoutZone, ChangeByTheProgramTakesEffect)
 {
     const int without = expiryOfEpoch();
     setZone();
@@ -184,12 +184,12 @@ TEST_F(WithoutZone, AChangeThatTheProgramMadeTakesEffectToo)
     EXPECT_EQ(expiryOfEpoch(), without);
 }
 
-TEST_F(WithoutZone, AChangeThatOnlyADateSawTakesEffectToo)
+TEST_F(WithoutZone, ChangeThatOnlyADateSawTakesEffect)
 {
-    for (const auto looksOfTime : {looksOfDate, looksOfDeliveryTime}) {
+    for (const auto zoneReadsOfTime : {zoneReadsOfDate, zoneReadsOfDeliveryTime}) {
         const int without = expiryOfEpoch();
         setZone();
-        EXPECT_EQ(looksOfTime(), 1);
+        EXPECT_EQ(zoneReadsOfTime(), 1);
         unsetZone();
         EXPECT_EQ(expiryOfEpoch(), without);
     }

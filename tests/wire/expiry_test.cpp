@@ -1,6 +1,6 @@
 /*
- * The Expiry of a decoded header, against numbers that were worked out by hand: the Julian day of
- * the local date times 86,400 plus the seconds of the day, modulo 2^32 and as a signed number.
+ * The Expiry of a decoded header. The expected numbers were calculated by hand: the Julian day of
+ * the local date times 86,400, plus the seconds of the day, modulo 2^32 and as a signed number.
  */
 #include "wire/expiry.h"
 
@@ -13,7 +13,7 @@
 
 namespace {
 
-// The zone of the process, until the end of a test.
+// The zone of the process during a test.
 class Zone
 {
 public:
@@ -57,7 +57,7 @@ TEST(Expiry, IsStoredAsTheLocalDate)
     }
 }
 
-TEST(Expiry, GivesTheSecondsBack)
+TEST(Expiry, ConvertsBackToSeconds)
 {
     for (const Row &row : rows) {
         if (row.seconds == std::numeric_limits<quint32>::max())
@@ -68,13 +68,13 @@ TEST(Expiry, GivesTheSecondsBack)
     }
 }
 
-TEST(Expiry, OfTheLastDayIn32BitsCountsAsBefore1970)
+TEST(Expiry, OnTheLastDayOf32BitsCountsAsBefore1970)
 {
     const Zone zone("UTC");
     EXPECT_EQ(QvlExpiry::toSeconds(413405695), quint32(-1));
 }
 
-TEST(Expiry, IsWhatTheFieldStores)
+TEST(Expiry, EqualsTheStoredValueOfTheField)
 {
     const Zone zone("CET-1");
     MMS_UA_UAMsg header;

@@ -1,6 +1,6 @@
 /*
- * The header field codecs: what each stores and when it counts as present, what it writes, and that
- * its size is what it writes. Content-Type has a test file of its own.
+ * The header field codecs: the value that each stores, when the field is present, the octets
+ * written, and their size. Content-Type has its own test file.
  */
 #include "wire/field_codecs.h"
 
@@ -53,7 +53,7 @@ const OctetRow octetRows[] = {
      &MMS_UA_UAMsg::setPriority},
 };
 
-TEST(OctetFields, StoreAndWriteEveryOctetAsItIs)
+TEST(OctetFields, StoreAndWriteEveryOctetUnchanged)
 {
     for (const OctetRow &row : octetRows) {
         SCOPED_TRACE(row.name);
@@ -112,7 +112,7 @@ const FlagRow flagRows[] = {
      &MMS_UA_UAMsg::setSenderVisibility, 129, 128},
 };
 
-TEST(FlagFields, AreSetByTheOctet128Alone)
+TEST(FlagFields, AreSetOnlyByTheOctet128)
 {
     for (const FlagRow &row : flagRows) {
         SCOPED_TRACE(row.name);
@@ -150,7 +150,7 @@ TEST(FlagFields, ChangeNothingPastTheEnd)
     }
 }
 
-TEST(SenderVisibilityField, WritesTheReverseOfWhatItRead)
+TEST(SenderVisibilityField, WritesTheOppositeOfTheReadValue)
 {
     MMS_UA_UAMsg msg;
     readField(makeField<SenderVisibilityField>, "80"_octets, msg);
@@ -159,7 +159,7 @@ TEST(SenderVisibilityField, WritesTheReverseOfWhatItRead)
     expectWritten(makeField<SenderVisibilityField>, msg, "94 80"_octets);
 }
 
-TEST(VersionField, DropsTheHighBitAndPutsItBack)
+TEST(VersionField, DropsTheHighBitWhenReadAndAddsItWhenWritten)
 {
     for (int value = 0; value < 256; ++value) {
         MMS_UA_UAMsg msg;
@@ -179,10 +179,10 @@ TEST(VersionField, ChangesNothingPastTheEnd)
     EXPECT_EQ(msg.getFieldsPresent(), 0u);
 }
 
-TEST(VersionField, CountsTwoOctetsForAVersionThatTakesThree)
+TEST(VersionField, ReturnsASizeOfTwoForAVersionOfThreeOctets)
 {
     MMS_UA_UAMsg msg;
-    msg.setMMSVersion(0x90); // set by hand with its high bit, which is no version
+    msg.setMMSVersion(0x90); // set directly with its high bit, which no version has
     EXPECT_EQ(writeField(makeField<VersionField>, msg).octets, "8D 01 90"_octets);
     EXPECT_EQ(VersionField().fieldSize(&msg), 2);
 }
@@ -223,7 +223,7 @@ TEST(TextFields, StoreATextThatIsNotEmpty)
     }
 }
 
-TEST(TextFields, TakeAnEmptyTextForAbsent)
+TEST(TextFields, TreatAnEmptyTextAsAbsent)
 {
     for (const TextFieldRow &row : textRows) {
         SCOPED_TRACE(row.name);
@@ -318,7 +318,7 @@ TEST(MsgSizeField, StoresANegativeSizeAndWritesItAsOneOctet)
     expectWritten(makeField<MsgSizeField>, msg, "8E FF"_octets);
 }
 
-TEST(MsgSizeField, TakesASizeOfZeroForAbsent)
+TEST(MsgSizeField, TreatsASizeOfZeroAsAbsent)
 {
     for (const auto &octets : {"80"_octets, "00"_octets, "02 00 00"_octets, ""_octets}) {
         SCOPED_TRACE(testing::PrintToString(octets));
@@ -394,7 +394,7 @@ TEST(RecipientFields, KeepPresenceBitAndRecipientAfterAFailedRead)
     }
 }
 
-TEST(RecipientFields, TouchNoOtherList)
+TEST(RecipientFields, ChangeNoOtherList)
 {
     for (const ListRow &row : listRows) {
         MMS_UA_UAMsg msg;
@@ -429,7 +429,7 @@ TEST(RecipientFields, WriteNothingForAnEmptyList)
     }
 }
 
-TEST(RecipientFields, GoOnAfterARecipientThatCannotBeWritten)
+TEST(RecipientFields, ContinueAfterARecipientThatCannotBeWritten)
 {
     const MMS_UTIL_Entry good("", 0, "a");
     const MMS_UTIL_Entry bad("", 2, "a");
@@ -446,7 +446,7 @@ TEST(RecipientFields, GoOnAfterARecipientThatCannotBeWritten)
     }
 }
 
-TEST(RecipientFields, PassOverNullEntries)
+TEST(RecipientFields, SkipNullEntries)
 {
     for (const ListRow &row : listRows) {
         SCOPED_TRACE(row.name);
@@ -495,8 +495,8 @@ TEST(FromField, ReadsTheSenderOrKeepsThePlaceholder)
         {"another token", "03 82 61 00"_octets, 2, placeholder},
         {"token in the slack octet", "05"_octets, 2, placeholder},
         {"empty address", "02 80 00"_octets, 3, placeholder},
-        {"address cut", "05 80 04 EA 61"_octets, 4, placeholder},
-        {"terminator cut", "05 80 61 40 62"_octets, 6, {"", 0, "a@b"}},
+        {"address truncated", "05 80 04 EA 61"_octets, 4, placeholder},
+        {"terminator truncated", "05 80 61 40 62"_octets, 6, {"", 0, "a@b"}},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(row.name);
@@ -521,7 +521,7 @@ TEST(FromField, ChangesNothingWhenTheTokenCannotBeRead)
     expectEntry(msg.getFrom(), formerSender);
 }
 
-TEST(FromField, WritesTheAddressOrAsksForOne)
+TEST(FromField, WritesTheAddressOrTheInsertToken)
 {
     struct
     {
@@ -553,7 +553,7 @@ TEST(FromField, WritesTheAddressOrAsksForOne)
     }
 }
 
-TEST(FromField, RunsOutWhenTheTokenDoesNotFit)
+TEST(FromField, ReturnsOutOfDataWhenTheTokenDoesNotFit)
 {
     for (const MMS_UTIL_Entry &from : {placeholder, formerSender}) {
         MMS_UA_UAMsg msg;
@@ -564,7 +564,7 @@ TEST(FromField, RunsOutWhenTheTokenDoesNotFit)
     }
 }
 
-TEST(FromField, SaysWrittenWhenTheAddressDoesNotFit)
+TEST(FromField, ReturnsWrittenWhenTheAddressDoesNotFit)
 {
     MMS_UA_UAMsg msg;
     msg.setFrom(formerSender);
@@ -573,7 +573,7 @@ TEST(FromField, SaysWrittenWhenTheAddressDoesNotFit)
     EXPECT_EQ(output.octets(), "89 05 80"_octets);
 }
 
-TEST(MsgDateField, StoresTheMomentOfDecodingWhateverTheDate)
+TEST(MsgDateField, StoresTheTimeOfDecodingForEveryDate)
 {
     struct
     {
@@ -584,7 +584,7 @@ TEST(MsgDateField, StoresTheMomentOfDecodingWhateverTheDate)
         {"2001", "04 3B 9A CA 00"_octets, Read},
         {"0", "80"_octets, Read},
         {"after 2038", "04 FF FF FF FF"_octets, Read},
-        {"cut", "04 3B 9A"_octets, OutOfData},
+        {"truncated", "04 3B 9A"_octets, OutOfData},
     };
     for (const auto &row : rows) {
         SCOPED_TRACE(row.name);
@@ -653,7 +653,7 @@ TEST(DeliveryTimeField, WritesTheAbsoluteForm)
     }
 }
 
-TEST(TimeFields, SizeWhatTheyWriteOfNoDateToo)
+TEST(TimeFields, ReturnTheWrittenSizeEvenForNoDate)
 {
     MMS_UA_UAMsg msg;
     for (MakeField make : {makeField<MsgDateField>, makeField<DeliveryTimeField>})
@@ -672,7 +672,7 @@ TEST(DeliveryTimeField, StoresTheTimeOfBothForms)
     }
 }
 
-TEST(DeliveryTimeField, StoresTheEpochToo)
+TEST(DeliveryTimeField, StoresTheEpoch)
 {
     for (const auto &octets : {"02 80 80"_octets, "06 80 04 3B"_octets, "06"_octets}) {
         SCOPED_TRACE(testing::PrintToString(octets));
@@ -695,7 +695,7 @@ TEST(DeliveryTimeField, StoresNothingWhenTheDataRunsOut)
     EXPECT_EQ(msg.getFieldsPresent(), 0u);
 }
 
-TEST(ExpiryField, StoresLocalSecondsFromItsReference)
+TEST(ExpiryField, StoresLocalSecondsSinceItsReference)
 {
     struct
     {

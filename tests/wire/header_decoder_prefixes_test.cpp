@@ -1,7 +1,7 @@
 /*
- * Headers that were cut off or damaged: every prefix of every valid PDU, and every PDU with one
- * octet replaced, decoded from a block of exactly its size. Whatever comes of it, the result is one
- * of the decoder's and the body lies inside the PDU.
+ * Truncated and damaged headers: every prefix of every valid PDU, and every PDU with one octet
+ * replaced, decoded from a block of exactly its size. The result is always one of the decoder's,
+ * and the body is inside the PDU.
  */
 #include "wire/header_decoder.h"
 #include "wire/header_pdus.h"
@@ -33,7 +33,7 @@ void expectSoundDecoding(const QByteArray &pdu)
     }
 }
 
-TEST(DamagedHeaders, AreDecodedSoundlyWhereverTheyAreCut)
+TEST(DamagedHeaders, AreDecodedSafelyWhereverTheyAreTruncated)
 {
     for (const HeaderPdus::Pdu &pdu : HeaderPdus::validPdus()) {
         SCOPED_TRACE(pdu.name);
@@ -42,7 +42,7 @@ TEST(DamagedHeaders, AreDecodedSoundlyWhereverTheyAreCut)
     }
 }
 
-TEST(DamagedHeaders, AreDecodedSoundlyWhicheverOctetIsReplaced)
+TEST(DamagedHeaders, AreDecodedSafelyWithAnyOctetReplaced)
 {
     for (const HeaderPdus::Pdu &pdu : HeaderPdus::validPdus()) {
         SCOPED_TRACE(pdu.name);
@@ -53,7 +53,7 @@ TEST(DamagedHeaders, AreDecodedSoundlyWhicheverOctetIsReplaced)
     }
 }
 
-TEST(DamagedHeaders, AreDecodedSoundlyWhenCutBehindAReplacedOctet)
+TEST(DamagedHeaders, AreDecodedSafelyWhenTruncatedAfterAReplacedOctet)
 {
     for (const HeaderPdus::Pdu &pdu : HeaderPdus::validPdus()) {
         SCOPED_TRACE(pdu.name);

@@ -1,6 +1,6 @@
 /*
- * The header decoder: which octets it takes for field codes, where the body starts, how fields are
- * numbered, what a failure leaves in the record, and that it never leaves the caller's array.
+ * The header decoder: which octets are field codes, where the body starts, how fields are numbered,
+ * what a failure leaves in the record, and that the caller's array is never overread.
  */
 #include "wire/header_decoder.h"
 
@@ -18,7 +18,7 @@ namespace {
 
 static_assert(std::has_virtual_destructor_v<MMS_UA_Decoder>);
 
-// A record decoded from a block of exactly the PDU's size, kept for its body.
+// A record decoded from a block of exactly the PDU's size. Keeps the block, which holds the body.
 struct Decoding
 {
     explicit Decoding(const QByteArray &pdu) : block(pdu)
@@ -28,7 +28,7 @@ struct Decoding
         lengthAfter = length;
     }
 
-    // The body as an index into the PDU, -1 when there is none.
+    // The body as an index into the PDU; -1 without a body.
     int bodyStart() const
     {
         return msg.getBody() ? static_cast<int>(msg.getBody() - block.data()) : -1;
@@ -91,7 +91,7 @@ TEST(HeaderDecoder, SetsEveryPresenceBitAndPosition)
             << code;
 }
 
-TEST(HeaderDecoder, PutsTheBodyBehindContentType)
+TEST(HeaderDecoder, StartsTheBodyAfterContentType)
 {
     struct
     {
@@ -101,7 +101,7 @@ TEST(HeaderDecoder, PutsTheBodyBehindContentType)
     } const rows[] = {
         {"one octet", "8C 84 84 A3 01 02 03"_octets, 4, 3},
         {"general form", "84 04 B3 8A 61 00 8C 84"_octets, 6, 2},
-        {"fields behind it are body", "84 A3 8C 84"_octets, 2, 2},
+        {"fields after it are body", "84 A3 8C 84"_octets, 2, 2},
         {"no body", "8C 84 84 A3"_octets, 4, 0},
         {"no Content-Type", "8C 80 98 31 00"_octets, 5, 0},
         {"nothing", ""_octets, 0, 0},
@@ -156,7 +156,7 @@ TEST(HeaderDecoder, EndsWithUnknownFieldAtACodeOutsideTheTable)
     });
 }
 
-TEST(HeaderDecoder, TakesATextFieldNameForALength)
+TEST(HeaderDecoder, ReadsATextFieldNameAsALength)
 {
     const QByteArray name = text("X-Extra"); // 'X' is 88 octets of an integer
     expectResults({
@@ -180,21 +180,21 @@ TEST(HeaderDecoder, ReadsCodesThatAreLongIntegers)
 TEST(HeaderDecoder, EndsWithTheResultOfTheFirstFieldThatFails)
 {
     expectResults({
-        {"code cut", "02"_octets, WireResult::OutOfData},
+        {"code truncated", "02"_octets, WireResult::OutOfData},
         {"text missing", "98"_octets, WireResult::Read},
-        {"encoded text cut", "96 05 EA 61"_octets, WireResult::OutOfData},
-        {"From cut", "89"_octets, WireResult::OutOfData},
-        {"Date cut", "85 04 01"_octets, WireResult::OutOfData},
-        {"Expiry cut", "88"_octets, WireResult::OutOfData},
-        {"Delivery-Time cut", "87"_octets, WireResult::OutOfData},
-        {"Message-Size cut", "8E 03 01"_octets, WireResult::OutOfData},
-        {"Content-Type cut", "84"_octets, WireResult::OutOfData},
+        {"encoded text truncated", "96 05 EA 61"_octets, WireResult::OutOfData},
+        {"From truncated", "89"_octets, WireResult::OutOfData},
+        {"Date truncated", "85 04 01"_octets, WireResult::OutOfData},
+        {"Expiry truncated", "88"_octets, WireResult::OutOfData},
+        {"Delivery-Time truncated", "87"_octets, WireResult::OutOfData},
+        {"Message-Size truncated", "8E 03 01"_octets, WireResult::OutOfData},
+        {"Content-Type truncated", "84"_octets, WireResult::OutOfData},
         {"Content-Type not supported", "84 03 83 81 EA"_octets, WireResult::UnsupportedContentType},
-        {"recipient cut, then what follows", "97 05 EA 61"_octets, WireResult::OutOfData},
+        {"recipient truncated, then what follows", "97 05 EA 61"_octets, WireResult::OutOfData},
     });
 }
 
-TEST(HeaderDecoder, KeepsWhatAFailedFieldLeftButGivesItNoPosition)
+TEST(HeaderDecoder, KeepsTheValueOfAFailedFieldWithoutAPosition)
 {
     const Decoding decoding("8C 84 85 04 01"_octets);
     EXPECT_EQ(decoding.result, WireResult::OutOfData);
@@ -203,9 +203,9 @@ TEST(HeaderDecoder, KeepsWhatAFailedFieldLeftButGivesItNoPosition)
     EXPECT_EQ(decoding.msg.getFieldPosition(5), 0);
 }
 
-TEST(HeaderDecoder, GoesOnBehindARecipientThatWasCut)
+TEST(HeaderDecoder, ContinuesInsideATruncatedRecipient)
 {
-    // Length and charset are consumed, then the reader meets an octet that is a field code.
+    // Length and charset are consumed; the next octet is a field code.
     const Decoding decoding("97 1E EA 8C 82"_octets);
     EXPECT_EQ(decoding.result, WireResult::Read);
     EXPECT_EQ(decoding.msg.getMessageType(), QvlMessageType::NotificationInd);
@@ -220,7 +220,7 @@ struct PositionRow
     std::vector<std::pair<int, int>> positions; // code and position
 };
 
-TEST(HeaderDecoder, NumbersFieldsAsTheyAreMet)
+TEST(HeaderDecoder, NumbersFieldsInTheOrderOfTheHeader)
 {
     const std::vector<PositionRow> rows{
         {"each one position", "8C 80 98 31 00 8D 90"_octets, {{12, 1}, {24, 2}, {13, 3}, {4, 0}}},
@@ -234,7 +234,7 @@ TEST(HeaderDecoder, NumbersFieldsAsTheyAreMet)
          "8C 80 98 00 8D 90"_octets,
          {{12, 1}, {24, 2}, {13, 3}}},
         {"Content-Type too", "8C 84 84 A3"_octets, {{12, 1}, {4, 2}}},
-        {"the first field's code is no repetition", "81 61 00"_octets, {{1, 1}}},
+        {"the first field's code is not a repetition", "81 61 00"_octets, {{1, 1}}},
     };
     for (const PositionRow &row : rows) {
         SCOPED_TRACE(row.name);
@@ -246,7 +246,7 @@ TEST(HeaderDecoder, NumbersFieldsAsTheyAreMet)
     }
 }
 
-TEST(HeaderDecoder, KeepsThePositionsUpToTwentyFourHoweverManyFieldsFollow)
+TEST(HeaderDecoder, IgnoresPositionsBeyondTwentyFour)
 {
     for (int pairs : {12, 13, 100, 128, 129, 140, 200}) {
         SCOPED_TRACE(pairs);
@@ -258,7 +258,7 @@ TEST(HeaderDecoder, KeepsThePositionsUpToTwentyFourHoweverManyFieldsFollow)
     }
 }
 
-TEST(HeaderDecoder, FailsTheOrderCheckOfFieldsThatCameBackOrWereEmpty)
+TEST(HeaderDecoder, FailsTheOrderCheckForRepeatedOrEmptyFields)
 {
     struct
     {
@@ -280,7 +280,7 @@ TEST(HeaderDecoder, FailsTheOrderCheckOfFieldsThatCameBackOrWereEmpty)
     }
 }
 
-TEST(HeaderDecoder, RunsNoChecksOfItsOwn)
+TEST(HeaderDecoder, RunsNoChecks)
 {
     const Decoding decoding("8D A1 8C 84"_octets);
     EXPECT_EQ(decoding.result, WireResult::Read);
@@ -303,7 +303,7 @@ TEST(HeaderDecoder, RefusesMissingArguments)
     EXPECT_EQ(msg.getFieldsPresent(), 0u);
 }
 
-TEST(HeaderDecoder, RunsOutAtALengthThatIsNoInt)
+TEST(HeaderDecoder, RunsOutOfDataAtALengthBeyondInt)
 {
     const HeapBlock block("8C 80"_octets);
     for (unsigned int length : {unsigned(INT_MAX) + 1, UINT_MAX}) {
@@ -313,16 +313,16 @@ TEST(HeaderDecoder, RunsOutAtALengthThatIsNoInt)
     }
 }
 
-TEST(HeaderDecoder, TakesTheLargestLengthThatIsAnInt)
+TEST(HeaderDecoder, AcceptsTheLargestInt)
 {
-    const HeapBlock block("84 A3"_octets); // ends the header, so nothing behind it is looked at
+    const HeapBlock block("84 A3"_octets); // ends the header, so nothing after it is read
     unsigned int length = INT_MAX;
     MMS_UA_UAMsg msg;
     EXPECT_EQ(MMS_UA_Decoder().decodeHeader(block.data(), length, &msg), WireResult::Read);
     EXPECT_EQ(msg.getBodyLength(), INT_MAX - 2);
 }
 
-TEST(HeaderDecoder, DecodesOneHeaderAfterTheOther)
+TEST(HeaderDecoder, CanDecodeSeveralHeaders)
 {
     MMS_UA_Decoder decoder;
     for (const auto &[pdu, result] :
@@ -340,7 +340,7 @@ TEST(HeaderDecoder, DecodesOneHeaderAfterTheOther)
     }
 }
 
-TEST(HeaderDecoder, ReadsOnBehindAContentTypeThatWasSelectedOrFailed)
+TEST(HeaderDecoder, DecodesAfterAContentTypeWasSelectedOrFailed)
 {
     MMS_UA_Decoder decoder;
     const HeapBlock failing("84 01 A3"_octets);
@@ -363,14 +363,14 @@ TEST(HeaderDecoder, ReadsOnBehindAContentTypeThatWasSelectedOrFailed)
     }
 }
 
-TEST(HeaderDecoder, LeavesTheCallersArrayAsItWas)
+TEST(HeaderDecoder, DoesNotChangeTheCallersArray)
 {
     const QByteArray pdu = HeaderPdus::validPdus().front().octets;
     const Decoding decoding(pdu);
     EXPECT_EQ(QByteArray(reinterpret_cast<const char *>(decoding.block.data()), pdu.size()), pdu);
 }
 
-TEST(HeaderDecoder, SelectsAReaderForEveryFieldAndNoOther)
+TEST(HeaderDecoder, SelectsAReaderOnlyForFieldCodes)
 {
     MMS_UA_Decoder decoder;
     for (int code = -1; code <= 300; ++code) {

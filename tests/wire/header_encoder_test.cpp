@@ -1,6 +1,6 @@
 /*
- * The header encoder: the fields of every message type in their order, which of them are written,
- * and an array of exactly their size.
+ * The header encoder: the order of the fields of every message type, which fields are written, and
+ * an array of exactly their size.
  */
 #include "wire/header_encoder.h"
 
@@ -33,7 +33,7 @@ Writing encode(MMS_UA_UAMsg &msg)
     return {result, QByteArray(reinterpret_cast<const char *>(out), length)};
 }
 
-// A record whose fields are those of HeaderPdus::allFields(), to be written in UTC.
+// A record with the fields of HeaderPdus::allFields(), written in UTC.
 void fill(MMS_UA_UAMsg &msg, int type)
 {
     const QDateTime epoch(QDate(1970, 1, 1), QTime(0, 0));
@@ -71,7 +71,7 @@ struct TypeRow
 {
     int type;
     std::vector<int> order;
-    QByteArray always; // what is written of a record without any field
+    QByteArray always; // written for a record without any field
 };
 
 const std::vector<TypeRow> &typeRows()
@@ -107,7 +107,7 @@ TEST_F(HeaderEncoder, WritesTheFieldsOfEachTypeInOrder)
     }
 }
 
-TEST_F(HeaderEncoder, WritesVersionAndFromAlways)
+TEST_F(HeaderEncoder, AlwaysWritesVersionAndFrom)
 {
     for (const TypeRow &row : typeRows()) {
         SCOPED_TRACE(row.type);
@@ -135,13 +135,13 @@ TEST_F(HeaderEncoder, LeavesOutEveryOtherFieldThatIsNotPresent)
     }
 }
 
-TEST_F(HeaderEncoder, WritesAFreshRecordAsFiveOctets)
+TEST_F(HeaderEncoder, WritesANewRecordAsFiveOctets)
 {
     MMS_UA_UAMsg msg;
     EXPECT_EQ(encode(msg).octets, "8D 80 89 01 81"_octets);
 }
 
-TEST_F(HeaderEncoder, GivesAnEmptyArrayForAnUnknownType)
+TEST_F(HeaderEncoder, ReturnsAnEmptyArrayForAnUnknownType)
 {
     for (int type : {0, 1, 127, 135, 255}) {
         SCOPED_TRACE(type);
@@ -155,7 +155,7 @@ TEST_F(HeaderEncoder, GivesAnEmptyArrayForAnUnknownType)
 
 TEST_F(HeaderEncoder, WritesWhatTheDecoderReads)
 {
-    // Without the fields that do not survive: Date, Delivery-Time, Expiry and Sender-Visibility.
+    // Without the fields that change: Date, Delivery-Time, Expiry and Sender-Visibility.
     for (const TypeRow &row : typeRows()) {
         SCOPED_TRACE(row.type);
         std::vector<int> order = row.order;
@@ -169,7 +169,7 @@ TEST_F(HeaderEncoder, WritesWhatTheDecoderReads)
     }
 }
 
-TEST_F(HeaderEncoder, GoesOnAfterAFieldThatCannotBeWritten)
+TEST_F(HeaderEncoder, ContinuesAfterAFieldThatCannotBeWritten)
 {
     MMS_UA_UAMsg msg;
     msg.setMessageType(QvlMessageType::DeliveryInd);
@@ -181,7 +181,7 @@ TEST_F(HeaderEncoder, GoesOnAfterAFieldThatCannotBeWritten)
     EXPECT_EQ(writing.octets, "8D 80 98 54 31 00 97 95 80"_octets);
 }
 
-TEST_F(HeaderEncoder, GivesWrittenForEveryTypeWhateverCannotBeWritten)
+TEST_F(HeaderEncoder, ReturnsWrittenEvenIfFieldsCannotBeWritten)
 {
     constexpr unsigned int alone[] = {0, 1u << 0, 1u << 1, 1u << 8, 1u << 22, everyField};
     for (const TypeRow &row : typeRows()) {
@@ -200,7 +200,7 @@ TEST_F(HeaderEncoder, GivesWrittenForEveryTypeWhateverCannotBeWritten)
     }
 }
 
-TEST_F(HeaderEncoder, LosesItsLastOctetToAVersionWithTheHighBit)
+TEST_F(HeaderEncoder, LosesTheLastOctetForAVersionWithTheHighBit)
 {
     MMS_UA_UAMsg msg;
     msg.setMessageType(QvlMessageType::AcknowledgeInd);
@@ -212,7 +212,7 @@ TEST_F(HeaderEncoder, LosesItsLastOctetToAVersionWithTheHighBit)
     EXPECT_EQ(writing.octets, "8C 85 8D 01 90 91"_octets); // and no 80
 }
 
-TEST_F(HeaderEncoder, WritesOneFieldOfEachRecipientAndNoneWithoutAny)
+TEST_F(HeaderEncoder, WritesOneFieldPerRecipient)
 {
     MMS_UA_UAMsg msg;
     msg.setMessageType(QvlMessageType::DeliveryInd);
@@ -237,7 +237,7 @@ TEST_F(HeaderEncoder, RefusesMissingArguments)
     EXPECT_EQ(encoder.sizeOfEncodedHeader(nullptr), 0);
 }
 
-TEST_F(HeaderEncoder, SizesEachFieldOfTheRecordItWasGiven)
+TEST_F(HeaderEncoder, ReturnsTheSizeOfEachField)
 {
     MMS_UA_UAMsg msg;
     fill(msg, 128);
@@ -247,7 +247,7 @@ TEST_F(HeaderEncoder, SizesEachFieldOfTheRecordItWasGiven)
         EXPECT_EQ(encoder.sizeOfField(field.code), field.octets.size()) << field.code;
 }
 
-TEST_F(HeaderEncoder, SizesNoFieldThatIsSkippedOrUnknown)
+TEST_F(HeaderEncoder, ReturnsNoSizeForSkippedOrUnknownFields)
 {
     MMS_UA_UAMsg msg;
     MMS_UA_Encoder encoder;
@@ -258,7 +258,7 @@ TEST_F(HeaderEncoder, SizesNoFieldThatIsSkippedOrUnknown)
     }
 }
 
-TEST_F(HeaderEncoder, KnowsNoFieldBeforeItWasGivenARecord)
+TEST_F(HeaderEncoder, HasNoFieldsWithoutARecord)
 {
     MMS_UA_Encoder encoder;
     for (int code = 1; code <= 24; ++code) {
@@ -270,7 +270,7 @@ TEST_F(HeaderEncoder, KnowsNoFieldBeforeItWasGivenARecord)
     }
 }
 
-TEST_F(HeaderEncoder, EncodesASkippedFieldAsWrittenAndAnUnknownOneAsNotWritable)
+TEST_F(HeaderEncoder, ReturnsWrittenForASkippedFieldAndCannotWriteForAnUnknownOne)
 {
     MMS_UA_UAMsg msg;
     MMS_UA_Encoder encoder;
@@ -294,7 +294,7 @@ TEST_F(HeaderEncoder, WritesNoFieldWithoutAnArray)
     EXPECT_EQ(encoder.encodeByType(135), WireResult::Written);
 }
 
-TEST_F(HeaderEncoder, EncodesOneRecordAfterTheOther)
+TEST_F(HeaderEncoder, CanEncodeSeveralRecords)
 {
     MMS_UA_Encoder encoder;
     for (const TypeRow &row : typeRows()) {
@@ -310,7 +310,7 @@ TEST_F(HeaderEncoder, EncodesOneRecordAfterTheOther)
     }
 }
 
-TEST_F(HeaderEncoder, SelectsAWriterForEveryFieldAndNoOther)
+TEST_F(HeaderEncoder, SelectsAWriterOnlyForFieldCodes)
 {
     MMS_UA_Encoder encoder;
     for (int code = -1; code <= 300; ++code) {

@@ -1,6 +1,6 @@
 /*
- * The table of header fields: every code with its wire octet, name, presence bit and class, written
- * down here a second time, and nothing outside the codes 1..24.
+ * The table of header fields: every code with its wire octet, name, presence bit and class,
+ * compared with a second list here, and no codes outside of 1..24.
  */
 #include "wire/header_fields.h"
 
@@ -77,7 +77,7 @@ TEST(HeaderFields, HasThePublishedPresenceBits)
             << row.name;
 }
 
-TEST(HeaderFields, MakesANewCodecOfTheFieldsClass)
+TEST(HeaderFields, CreatesACodecOfTheFieldsClass)
 {
     for (const FieldRow &row : fieldRows()) {
         SCOPED_TRACE(row.name);

@@ -1,6 +1,6 @@
 /*
- * Valid PDUs, one of each message type and one with all 24 header fields, for the tests of decoder
- * and encoder.
+ * Valid PDUs for the tests of decoder and encoder: one of each message type, and one with all 24
+ * header fields.
  */
 #pragma once
 
@@ -10,7 +10,7 @@
 
 namespace HeaderPdus {
 
-/// One header field as the encoder writes it, code included.
+/// A header field as the encoder writes it, with its code.
 struct Field
 {
     int code;
@@ -49,7 +49,7 @@ inline const std::vector<Field> &allFields()
     return fields;
 }
 
-/// The fields @p codes one after the other, Message-Type as @p type.
+/// The fields @p codes in this order, with @p type as Message-Type.
 inline QByteArray header(int type, const std::vector<int> &codes)
 {
     QByteArray octets;
@@ -66,7 +66,7 @@ struct Pdu
     QByteArray octets;
 };
 
-/// Headers as phones and relays send them, with a body behind those that have one.
+/// Headers as phones and relays send them, followed by a body if the type has one.
 inline const std::vector<Pdu> &validPdus()
 {
     static const std::vector<Pdu> pdus{

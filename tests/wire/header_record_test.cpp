@@ -82,7 +82,7 @@ TEST(HeaderRecord, AddingFieldsKeepsThoseThatArePresent)
     EXPECT_EQ(msg.getFieldsPresent(), 0x04u);
 }
 
-TEST(HeaderRecord, ChecksMajorAndMinorVersionApart)
+TEST(HeaderRecord, ChecksMajorAndMinorVersionSeparately)
 {
     struct
     {
@@ -167,9 +167,9 @@ TEST(MandatoryFields, AreNoneForEveryOtherType)
 struct OrderRow
 {
     const char *name;
-    std::vector<int> order; // codes of the fields in the order in which they were met
+    std::vector<int> order; // codes of the fields in the order of the header
     bool passes;
-    std::vector<int> absent = {}; // of those, the ones without their presence bit
+    std::vector<int> absent = {}; // codes among them without their presence bit
 };
 
 const std::vector<OrderRow> &orderRows()
@@ -216,7 +216,7 @@ TEST(PduOrder, HasTheThreeLeadingFieldsFirstAndContentTypeLast)
     }
 }
 
-TEST(PduOrder, FailsForAPresentFieldThatWasNeverMet)
+TEST(PduOrder, FailsForAPresentFieldWithoutAPosition)
 {
     for (int code : {12, 24, 13}) {
         MMS_UA_UAMsg msg;
@@ -225,7 +225,7 @@ TEST(PduOrder, FailsForAPresentFieldThatWasNeverMet)
     }
 }
 
-TEST(PduOrder, DoesNotCountTheSlotsThatAreNoFields)
+TEST(PduOrder, IgnoresSlotsThatAreNotFields)
 {
     MMS_UA_UAMsg msg;
     msg.setFieldPosition(4, 1);

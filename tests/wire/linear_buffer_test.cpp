@@ -1,6 +1,6 @@
 /*
- * The cursor: what fits and what does not at the end of the array, the one octet of slack behind
- * it, and that a buffer made for reading never looks there and writes nothing.
+ * The cursor: what fits at the end of the array, the one octet of slack after it, and that a buffer
+ * for reading never reads the slack and never writes.
  */
 #include "wire/linear_buffer.h"
 
@@ -73,7 +73,7 @@ TEST(LinearBuffer, ZerolizeClearsTheArrayAndKeepsTheCursor)
     EXPECT_EQ(QByteArray(reinterpret_cast<const char *>(block.data()), 4), "00 00 00 04"_octets);
 }
 
-TEST(LinearBuffer, AppendDataTakesWhatFitsAndNothingElse)
+TEST(LinearBuffer, AppendDataStoresOnlyDataThatFits)
 {
     struct
     {
@@ -125,7 +125,7 @@ TEST(LinearBuffer, UncheckedReadByteAdvancesWithoutABound)
     EXPECT_EQ(buffer.getPosition(), 4);
 }
 
-TEST(LinearBuffer, BoundedReadByteYieldsTheOctetBehindTheEndOnce)
+TEST(LinearBuffer, BoundedReadByteReturnsTheSlackOctetOnce)
 {
     const HeapBlock block("01 02 7E"_octets);
     LinearBuffer buffer = bufferAt(block, 2, 2);
@@ -155,14 +155,14 @@ const std::vector<ReadRow> &readRows()
         {"the last", 2, 1, true, "03"_octets},
         {"past the end", 2, 2, false, ""_octets},
         {"nothing at the end", 3, 0, true, ""_octets},
-        {"nothing behind the slack octet", 4, 0, false, ""_octets},
+        {"nothing after the slack octet", 4, 0, false, ""_octets},
         {"negative count", 1, -1, false, ""_octets},
         {"a count that overflows the sum", 2, INT_MAX, false, ""_octets},
     };
     return rows;
 }
 
-TEST(LinearBuffer, ReadDataTakesWhatIsThereAndNothingElse)
+TEST(LinearBuffer, ReadDataReadsOnlyAvailableOctets)
 {
     const HeapBlock block("01 02 03 04"_octets);
     for (const ReadRow &row : readRows()) {
@@ -176,7 +176,7 @@ TEST(LinearBuffer, ReadDataTakesWhatIsThereAndNothingElse)
     }
 }
 
-TEST(LinearBuffer, ReadViewTakesWhatIsThereInPlace)
+TEST(LinearBuffer, ReadViewReadsAvailableOctetsInPlace)
 {
     const HeapBlock block("01 02 03 04"_octets);
     for (const ReadRow &row : readRows()) {
@@ -233,7 +233,7 @@ TEST(LinearBuffer, ReadingAndWritingShareTheCursor)
     EXPECT_EQ(buffer.readByte(), 0x03);
 }
 
-TEST(LinearBuffer, ReadUntilZeroPassesOverTheZero)
+TEST(LinearBuffer, ReadUntilZeroConsumesTheZero)
 {
     const HeapBlock block("61 62 00 00 63 00"_octets);
     LinearBuffer buffer(block.data(), block.size());
@@ -244,7 +244,7 @@ TEST(LinearBuffer, ReadUntilZeroPassesOverTheZero)
     EXPECT_EQ(buffer.getPosition(), 6);
 }
 
-TEST(LinearBufferForReading, YieldsZeroBehindTheEndOnceThroughTheBoundedRead)
+TEST(LinearBufferForReading, BoundedReadReturnsOneZeroPastTheEnd)
 {
     const HeapBlock block("FF"_octets);
     LinearBuffer buffer = LinearBuffer::forReading(block.data(), block.size());
@@ -257,7 +257,7 @@ TEST(LinearBufferForReading, YieldsZeroBehindTheEndOnceThroughTheBoundedRead)
     EXPECT_EQ(buffer.getPosition(), 2);
 }
 
-TEST(LinearBufferForReading, YieldsZerosBehindTheEndThroughTheUncheckedRead)
+TEST(LinearBufferForReading, UncheckedReadReturnsZerosPastTheEnd)
 {
     const HeapBlock block("FF"_octets);
     LinearBuffer buffer = LinearBuffer::forReading(block.data(), block.size());
@@ -274,7 +274,7 @@ TEST(LinearBufferForReading, EndsATextWithoutTerminatorAtTheEnd)
     EXPECT_EQ(buffer.getPosition(), 3);
 }
 
-TEST(LinearBufferForReading, RefusesEveryWriteAndReadsOn)
+TEST(LinearBufferForReading, RefusesEveryWriteAndStaysReadable)
 {
     static constexpr unsigned char octets[] = {0x01, 0x02, 0x03}; // a write would end the program
     const unsigned char other[] = {0xAA, 0xBB};
@@ -289,7 +289,7 @@ TEST(LinearBufferForReading, RefusesEveryWriteAndReadsOn)
     EXPECT_EQ(buffer.readByte(), 0x03);
 }
 
-TEST(LinearBufferForReading, LetsWritersWriteNothing)
+TEST(LinearBufferForReading, StaysUnchangedByValueWriters)
 {
     static constexpr unsigned char octets[] = {0x01, 0x02, 0x03};
     LinearBuffer buffer = LinearBuffer::forReading(octets, 3);
@@ -301,7 +301,7 @@ TEST(LinearBufferForReading, LetsWritersWriteNothing)
     EXPECT_EQ(buffer.readByte(), 0x01);
 }
 
-TEST(LinearBufferForReading, HoldsNothingWithoutOctets)
+TEST(LinearBufferForReading, IsEmptyWithoutOctets)
 {
     const HeapBlock block(""_octets);
     for (int size : {0, -1, INT_MIN}) {

@@ -1,6 +1,6 @@
 /*
- * The table of message types: what each type demands of a received header and the order in which
- * its fields are written, written down here a second time.
+ * The table of message types: the fields that each type requires and the order in which its fields
+ * are written, compared with a second list here.
  */
 #include "wire/message_types.h"
 
@@ -49,7 +49,7 @@ TEST(MessageTypes, HoldsTheSevenTypesInTheOrderOfTheirValues)
     }
 }
 
-TEST(MessageTypes, DemandsThePublishedFields)
+TEST(MessageTypes, RequiresThePublishedFields)
 {
     for (const TypeRow &row : typeRows())
         EXPECT_EQ(messageTypeInfo(static_cast<unsigned char>(row.type))->mandatoryFields,

@@ -1,7 +1,7 @@
 /*
- * Damaged bodies: every prefix of valid ones, and every octet of them replaced by octets that mean
- * something else. Each is decoded from a block of exactly its size, so that a sanitizer sees any
- * octet read outside. Parts that end before the damage have to be there and unharmed.
+ * Damaged bodies: every prefix of valid bodies, and every octet replaced by octets with another
+ * meaning. Each is decoded from a block of exactly its size, so that a sanitizer detects overreads.
+ * Parts that end before the damage must be complete.
  */
 #include "message/multipart_parser.h"
 #include "multipart/multipart_result.h"
@@ -73,7 +73,7 @@ struct Decoded
     unsigned char result;
 };
 
-// The locations are given by the parser, so only the count of the parts is compared.
+// The parser sets the locations, so only the number of parts is compared.
 struct Parsed
 {
     explicit Parsed(const QByteArray &octets)
@@ -113,7 +113,7 @@ TEST(DamagedMultipart, RowsAreValidBodies)
     }
 }
 
-TEST(DamagedMultipart, PrefixKeepsTheEntriesThatAreWhole)
+TEST(DamagedMultipart, PrefixKeepsItsCompleteEntries)
 {
     for (const Body &body : Bodies) {
         const QByteArray octets = body.octets();
@@ -129,7 +129,7 @@ TEST(DamagedMultipart, PrefixKeepsTheEntriesThatAreWhole)
     }
 }
 
-TEST(DamagedMultipart, ReplacedOctetHarmsNoEntryBeforeIt)
+TEST(DamagedMultipart, ReplacedOctetChangesNoEntryBeforeIt)
 {
     for (const Body &body : Bodies) {
         const Decoded whole(body.octets());
@@ -144,7 +144,7 @@ TEST(DamagedMultipart, ReplacedOctetHarmsNoEntryBeforeIt)
     }
 }
 
-TEST(DamagedMultipart, ReplacedCountReadsAsManyEntriesAsItSays)
+TEST(DamagedMultipart, ReplacedCountIsTheNumberOfEntriesRead)
 {
     for (const Body &body : Bodies) {
         const Decoded whole(body.octets());

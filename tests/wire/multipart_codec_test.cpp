@@ -1,6 +1,6 @@
 /*
- * The codec of a whole multipart body: count, entries in order, and the limits of its output. What
- * stands inside an entry is tested with the entry.
+ * The codec of a whole multipart body: count, order of the entries, and the limits of its output.
+ * The tests of the entry cover its content.
  */
 #include "wire/multipart_codec.h"
 
@@ -67,7 +67,7 @@ private:
 
 } // namespace
 
-TEST(MultipartCodec, BodyOfCountAndEntries)
+TEST(MultipartCodec, BodyIsACountAndEntries)
 {
     struct Row
     {
@@ -104,7 +104,7 @@ TEST(MultipartCodec, FlagMakesNoDifference)
     }
 }
 
-TEST(MultipartDecoder, ResultAndPartsThatStay)
+TEST(MultipartDecoder, KeepsTheEntriesBeforeAFailure)
 {
     struct Row
     {
@@ -116,11 +116,14 @@ TEST(MultipartDecoder, ResultAndPartsThatStay)
     const QByteArray jpeg = "02 01 01 9E 41"_octets;
     const Row rows[] = {
         {"no octets", ""_octets, WireResult::OutOfData, {}},
-        {"count 0 with octets behind it", "00"_octets + jpeg, WireResult::Read, {}},
+        {"count 0 with octets after it", "00"_octets + jpeg, WireResult::Read, {}},
         {"count without entries", "01"_octets, WireResult::OutOfData, {}},
         {"count larger than the entries", "03"_octets + jpeg, WireResult::OutOfData, {Jpeg}},
         {"count smaller than the entries", "01"_octets + jpeg + jpeg, WireResult::Read, {Jpeg}},
-        {"second entry cut", "02"_octets + jpeg + jpeg.chopped(1), WireResult::OutOfData, {Jpeg}},
+        {"second entry truncated",
+         "02"_octets + jpeg + jpeg.chopped(1),
+         WireResult::OutOfData,
+         {Jpeg}},
         {"second entry longer than the rest, not than the body",
          "02"_octets + jpeg + "01 02 9E 42"_octets,
          WireResult::OutOfData,
@@ -129,7 +132,7 @@ TEST(MultipartDecoder, ResultAndPartsThatStay)
          "02"_octets + jpeg + "01 0B 9E 42"_octets,
          WireResult::OutOfData,
          {Jpeg}},
-        {"count is no uintvar", "82 00"_octets + jpeg, WireResult::OutOfData, {}},
+        {"count is not a uintvar", "82 00"_octets + jpeg, WireResult::OutOfData, {}},
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(row.name);
@@ -139,7 +142,7 @@ TEST(MultipartDecoder, ResultAndPartsThatStay)
     }
 }
 
-TEST(MultipartDecoder, AppendsBehindThePartsThatAreThere)
+TEST(MultipartDecoder, AppendsToExistingParts)
 {
     Multipart multipart;
     appendParts(multipart, {Text});
@@ -147,7 +150,7 @@ TEST(MultipartDecoder, AppendsBehindThePartsThatAreThere)
     EXPECT_EQ(factsOf(multipart), (QList<PartFacts>{Text, Jpeg}));
 }
 
-TEST(MultipartDecoder, LeavesTheContentTypeOfTheMessageAlone)
+TEST(MultipartDecoder, KeepsTheContentTypeOfTheMessage)
 {
     Multipart multipart;
     multipart.setMimeType("text");
@@ -174,9 +177,9 @@ TEST(MultipartDecoder, RefusesNullAndImpossibleArguments)
               WireResult::OutOfData);
 }
 
-TEST(MultipartDecoder, TakesTheLargestLengthThatIsAnInt)
+TEST(MultipartDecoder, AcceptsTheLargestInt)
 {
-    const unsigned char zero = 0; // no entries, so nothing behind it is looked at
+    const unsigned char zero = 0; // no entries, so nothing after it is read
     Multipart multipart;
     EXPECT_EQ(MMS_UA_MultiPart_CODEC::decodeMultipart(true, &zero, 0x7FFFFFFF, &multipart),
               WireResult::Read);
@@ -211,9 +214,9 @@ TEST_F(MultipartEncoder, CountIsOneOctetModulo256)
     }
 }
 
-// Without a limit in the settings a body has 4,096 octets beside its data. Three named parts and
-// the count take 3,088 of them, which leaves 1,008.
-TEST_F(MultipartEncoder, BodyHasToStayBelowItsCapacity)
+// Without a limit in the settings, a body has 4,096 octets in addition to its data. Three named
+// parts and the count take 3,088 of them, which leaves 1,008.
+TEST_F(MultipartEncoder, BodyMustStayBelowItsCapacity)
 {
     struct Row
     {
@@ -293,9 +296,9 @@ TEST_F(MultipartEncoder, DataThatDoesNotFitEndsTheEncodingWithoutALength)
     EXPECT_NE(body.array, nullptr);
 }
 
-// The parts share their octets, so that many of them take no memory. The second sum, cut to 32
-// bits, would be a small size.
-TEST_F(MultipartEncoder, BodyWhoseSizeIsNoIntHasNoArray)
+// The parts share their octets, so that many of them take little memory. The second sum, truncated
+// to 32 bits, would be a small size.
+TEST_F(MultipartEncoder, BodyLargerThanIntHasNoArray)
 {
     const QByteArray data(32 * 1024 * 1024, 'd');
     for (const int count : {64, 128}) {

@@ -1,6 +1,6 @@
 /*
- * One entry of a multipart body, read and written. Reading rows hold content type and headers;
- * entryOf() puts the lengths before them unless the lengths are what is tested.
+ * One entry of a multipart body, read and written. Rows for reading contain content type and
+ * headers; entryOf() adds the lengths, unless the test is about the lengths.
  */
 #include "wire/multipart_entry.h"
 
@@ -66,7 +66,7 @@ void expectData(const QByteArray &headers, const PartFacts &common,
 
 } // namespace
 
-TEST(MultipartEntryRead, ContentTypeAsOneOctetIsAWellKnownCode)
+TEST(MultipartEntryRead, ContentTypeOfOneOctetIsAWellKnownCode)
 {
     expectHeaders({
         {"lowest", "80"_octets, {.format = "*/*"}},
@@ -77,21 +77,23 @@ TEST(MultipartEntryRead, ContentTypeAsOneOctetIsAWellKnownCode)
     });
 }
 
-TEST(MultipartEntryRead, ContentTypeAsBareText)
+TEST(MultipartEntryRead, ContentTypeMayBeABareText)
 {
     expectHeaders({
         {"plain", zeroEnded("image/png"), {.format = "image/png"}},
         {"lowest first octet", "20 61 2F 62 00"_octets, {.format = " a/b"}},
         {"quoted", "7F 61 2F 62 00"_octets, {.format = "a/b"}},
         {"quoted and empty", "7F 00"_octets, {.format = "/"}},
-        {"parameters are cut", zeroEnded("text/plain;charset=utf-8"), {.format = "text/plain"}},
-        {"cut at the first", zeroEnded("a/b;c/d;e/f"), {.format = "a/b"}},
+        {"parameters are truncated",
+         zeroEnded("text/plain;charset=utf-8"),
+         {.format = "text/plain"}},
+        {"truncated at the first", zeroEnded("a/b;c/d;e/f"), {.format = "a/b"}},
         {"nothing before the semicolon", zeroEnded(";a/b"), {.format = "/"}},
         {"without slash", zeroEnded("jpeg"), {.format = "/"}},
         {"two slashes", zeroEnded("a/b/c"), {.format = "a/c"}},
         {"case stays", zeroEnded("Image/PNG"), {.format = "Image/PNG"}},
         {"Latin-1", "61 2F E9 00"_octets, {.format = QString::fromLatin1("a/\xE9")}},
-        {"a code behind it is no parameter", "61 2F 62 00 81 EA"_octets, {.format = "a/b"}},
+        {"a code after it is not a parameter", "61 2F 62 00 81 EA"_octets, {.format = "a/b"}},
     });
 }
 
@@ -105,9 +107,9 @@ TEST(MultipartEntryRead, OldNameOfTheMelodyFormatBecomesAudio)
     });
 }
 
-// Behind each content type stands the header C0 78 00: a length that is counted wrongly takes its
-// first octet for a parameter and loses the Content-ID.
-TEST(MultipartEntryRead, ContentTypeInGeneralForm)
+// The header C0 78 00 follows each content type: after a wrong length, its first octet is read as a
+// parameter and the Content-ID is lost.
+TEST(MultipartEntryRead, ContentTypeMayHaveTheGeneralForm)
 {
     expectHeaders({
         {"code", "01 9E C0 78 00"_octets, {.format = "image/jpeg", .id = "x"}},
@@ -128,7 +130,7 @@ TEST(MultipartEntryRead, ContentTypeInGeneralForm)
         {"text with parameter",
          "06 61 2F 62 00 81 EA C0 78 00"_octets,
          {.format = "a/b", .charset = "UTF8", .id = "x"}},
-        {"cut text counts whole",
+        {"truncated text counts whole",
          "08 61 2F 62 3B 63 00 81 EA C0 78 00"_octets,
          {.format = "a/b", .charset = "UTF8", .id = "x"}},
         {"renamed text counts as it was",
@@ -151,7 +153,7 @@ TEST(MultipartEntryRead, LongestShortAndShortestLongValueLength)
     });
 }
 
-TEST(MultipartEntryRead, CharsetParameter)
+TEST(MultipartEntryRead, CharsetParameterIsRead)
 {
     expectHeaders({
         {"UTF-8",
@@ -194,7 +196,7 @@ TEST(MultipartEntryRead, NameParameterIsTheLocation)
         {"goes on past the value-length",
          "02 9E 85 6E 6F 00 C0 78 00"_octets,
          {.format = "image/jpeg", .location = "no", .id = "x"}},
-        {"behind a charset",
+        {"after a charset",
          "06 83 81 EA 85 6E 00 C0 78 00"_octets,
          {.format = "text/plain", .charset = "UTF8", .location = "n", .id = "x"}},
         {"before a charset",
@@ -206,7 +208,7 @@ TEST(MultipartEntryRead, NameParameterIsTheLocation)
     });
 }
 
-TEST(MultipartEntryRead, StrayBeginningOfANameLosesFirstAndLastCharacter)
+TEST(MultipartEntryRead, NameWithAStrayBeginningLosesItsFirstAndLastCharacter)
 {
     const std::pair<QByteArray, QString> rows[] = {
         {")&&locStr.endsWith(", "&&locStr.endsWith"},
@@ -231,7 +233,7 @@ TEST(MultipartEntryRead, StrayBeginningStaysInTheContentLocationHeader)
                     {.format = "image/jpeg", .location = ")&&locStr.endsWith(a)"}}});
 }
 
-TEST(MultipartEntryRead, UnknownParametersArePassedOverOctetByOctet)
+TEST(MultipartEntryRead, UnknownParametersAreSkippedOctetByOctet)
 {
     expectHeaders({
         {"values are parameters again",
@@ -243,7 +245,7 @@ TEST(MultipartEntryRead, UnknownParametersArePassedOverOctetByOctet)
         {"a value may look like a charset",
          "04 9E 89 81 EA C0 78 00"_octets,
          {.format = "image/jpeg", .charset = "UTF8", .id = "x"}},
-        {"headers are no parameters",
+        {"headers are not parameters",
          "04 9E C0 78 00 C0 79 00"_octets,
          {.format = "image/jpeg", .id = "y"}},
     });
@@ -268,7 +270,7 @@ TEST(MultipartEntryRead, ContentLocationHeaderIsUtf8AndReplacesTheName)
          "04 9E 85 6E 00 8E 61 00"_octets,
          {.format = "image/jpeg", .location = "a"}},
         {"replaces it with nothing", "04 9E 85 6E 00 8E 00"_octets, {.format = "image/jpeg"}},
-        {"nothing behind a quote", "04 9E 85 6E 00 8E 7F 00"_octets, {.format = "image/jpeg"}},
+        {"nothing after a quote", "04 9E 85 6E 00 8E 7F 00"_octets, {.format = "image/jpeg"}},
         {"an empty one ends at once",
          "9E 8E 00 C0 78 00"_octets,
          {.format = "image/jpeg", .id = "x"}},
@@ -318,7 +320,7 @@ TEST(MultipartEntryRead, ContentIdHeaderWithAndWithoutQuote)
          "9E C0 C3 A9 00"_octets,
          {.format = "image/jpeg", .id = QString::fromLatin1("\xC3\xA9")}},
         {"empty", "9E C0 00 8E 61 00"_octets, {.format = "image/jpeg", .location = "a"}},
-        {"empty behind the quote",
+        {"empty after the quote",
          "9E C0 22 00 8E 61 00"_octets,
          {.format = "image/jpeg", .location = "a"}},
         {"before a location",
@@ -328,7 +330,7 @@ TEST(MultipartEntryRead, ContentIdHeaderWithAndWithoutQuote)
     });
 }
 
-TEST(MultipartEntryRead, UnknownHeadersArePassedOverOctetByOctet)
+TEST(MultipartEntryRead, UnknownHeadersAreSkippedOctetByOctet)
 {
     expectHeaders({
         {"short value", "9E AE 81 C0 78 00"_octets, {.format = "image/jpeg", .id = "x"}},
@@ -336,11 +338,11 @@ TEST(MultipartEntryRead, UnknownHeadersArePassedOverOctetByOctet)
         {"a value may look like a location",
          "9E AE 8E 62 00"_octets,
          {.format = "image/jpeg", .location = "b"}},
-        {"parameters are no headers", "9E 85 6E 00 81 EA"_octets, {.format = "image/jpeg"}},
+        {"parameters are not headers", "9E 85 6E 00 81 EA"_octets, {.format = "image/jpeg"}},
     });
 }
 
-TEST(MultipartEntryRead, DataStartsWhereTheHeadersStop)
+TEST(MultipartEntryRead, DataStartsWhereTheHeadersEnd)
 {
     expectEntries({
         {"as it should be", "01 02 9E 41 42"_octets, {.format = "image/jpeg", .data = "AB"}},
@@ -348,7 +350,7 @@ TEST(MultipartEntryRead, DataStartsWhereTheHeadersStop)
          "01 03 9E 8E 61 00"_octets,
          {.format = "image/jpeg", .data = "8E 61 00"_octets}},
         {"no data", "01 00 9E"_octets, {.format = "image/jpeg"}},
-        {"octets behind the data", "01 01 9E 41 42"_octets, {.format = "image/jpeg", .data = "A"}},
+        {"octets after the data", "01 01 9E 41 42"_octets, {.format = "image/jpeg", .data = "A"}},
         {"HeadersLen eats an octet",
          "02 01 9E 41 42"_octets,
          {.format = "image/jpeg", .data = "B"}},
@@ -362,13 +364,13 @@ TEST(MultipartEntryRead, DataStartsWhereTheHeadersStop)
     });
 }
 
-TEST(MultipartEntryRead, CursorStopsBehindTheData)
+TEST(MultipartEntryRead, CursorStopsAfterTheData)
 {
     const ReadEntry entry("01 02 9E 41 42 43 44"_octets);
     EXPECT_EQ(entry.input.position(), 5);
 }
 
-// What a length that is refused leaves is a part without even a content type.
+// After a refused length, the part does not even have a content type.
 TEST(MultipartEntryRead, LengthsAreComparedWithTheSizeOfTheWholeBuffer)
 {
     const PartFacts nothing;
@@ -401,7 +403,7 @@ TEST(MultipartEntryRead, NegativeValueLengthIsOutOfData)
               WireResult::OutOfData);
 }
 
-TEST(MultipartEntryRead, RunningOutOfDataAnywhereGivesNine)
+TEST(MultipartEntryRead, ReturnsNineWhereverTheDataRunsOut)
 {
     const QByteArray rows[] = {
         ""_octets, // HeadersLen
@@ -424,9 +426,9 @@ TEST(MultipartEntryRead, RunningOutOfDataAnywhereGivesNine)
     }
 }
 
-// The published buffer yields what stands behind its end: here the last octet of each row. What
-// should follow that octet would replace a value that was read before.
-TEST(MultipartEntryRead, ValueBehindTheSlackOctetReplacesNothing)
+// The published buffer returns the octet past its end: here the last octet of each row. The value
+// that should follow it would replace a value read before.
+TEST(MultipartEntryRead, ValueAfterTheSlackOctetReplacesNothing)
 {
     const PartFacts located = {.format = "image/jpeg", .location = "a"};
     const PartFacts identified = {.format = "image/jpeg", .id = "a"};
@@ -484,7 +486,8 @@ TEST(MultipartEntryRead, Ucs2IsStoredAsUtf8UnderItsName)
                    {"FF FE 41 00"_octets, "A"}, // byte-order mark
                    {"FF FE"_octets, ""},
                    {"FF FE FF FE"_octets, "EF BB BF"_octets}, // only one mark is skipped
-                   {"FE FF 00 41"_octets, "EF BF BE E4 84 80"_octets}, // the other order is none
+                   {"FE FF 00 41"_octets,
+                    "EF BF BE E4 84 80"_octets}, // the other byte order is not a mark
                    {"41 00 FF FE"_octets, "41 EF BB BF"_octets},
                    {"41 00 42"_octets, "A"}, // half a character
                    {"FF FE 41 00 42"_octets, "A"},
@@ -513,7 +516,7 @@ TEST(MultipartEntryRead, Ucs2AppliesToEveryMediaType)
                {{"41 00"_octets, "A"}});
 }
 
-TEST(MultipartEntryRead, CharsetThatIsReplacedLeavesTheOctets)
+TEST(MultipartEntryRead, ReplacedCharsetDoesNotChangeTheOctets)
 {
     expectData("07 9E 81 02 03 E8 81 EA"_octets, {.format = "image/jpeg", .charset = "UTF8"},
                {{"41 00"_octets, "41 00"_octets}});
@@ -542,7 +545,7 @@ QStringList dumpsOfReading(const QByteArray &octets)
 
 } // namespace
 
-TEST(MultipartEntryRead, Ucs2IsLoggedAsItCameAndAsItIsStored)
+TEST(MultipartEntryRead, Ucs2IsLoggedAsReceivedAndAsStored)
 {
     const QStringList dumps =
         dumpsOfReading(entryOf("05 83 81 02 03 E8"_octets, "FF FE E9 00"_octets));
@@ -584,7 +587,7 @@ void expectWritten(const WriteRow &row)
 
 } // namespace
 
-TEST(MultipartEntry, WritesWhatItReadsBack)
+TEST(MultipartEntry, ReadsBackWhatItWrites)
 {
     const WriteRow rows[] = {
         {"media code", {.format = "image/jpeg", .data = "A"}, "02 01 01 9E 41"_octets},
@@ -628,7 +631,7 @@ TEST(MultipartEntry, WritesWhatItReadsBack)
     }
 }
 
-TEST(MultipartEntry, WritesWhatItReadsBackDifferently)
+TEST(MultipartEntry, ReadsBackSomeValuesDifferently)
 {
     const WriteRow rows[] = {
         {"text without charset is UTF-8",
@@ -706,9 +709,9 @@ TEST(MultipartEntryWrite, DataLengthIsAUintvar)
     }
 }
 
-// The array for content type and headers has 1,024 octets. A text goes in as one append, and so
-// does each of the octets around it: what does not fit is left out, what follows may fit again.
-TEST(MultipartEntryWrite, WhatDoesNotFitTheHeadersIsDroppedAppendByAppend)
+// The array for content type and headers has 1,024 octets. A text is one append, and so is each of
+// the octets around it: an append that does not fit is dropped, and the next one may fit again.
+TEST(MultipartEntryWrite, HeadersThatDoNotFitAreDroppedAppendByAppend)
 {
     struct Row
     {
@@ -738,7 +741,7 @@ TEST(MultipartEntryWrite, WhatDoesNotFitTheHeadersIsDroppedAppendByAppend)
     }
 }
 
-TEST(MultipartEntryWrite, QuoteStaysWhereItsTextIsDropped)
+TEST(MultipartEntryWrite, QuoteStaysWhenItsTextIsDropped)
 {
     const QString location(600, QChar(0xE9));
     expectWritten({"quoted",
@@ -746,7 +749,7 @@ TEST(MultipartEntryWrite, QuoteStaysWhereItsTextIsDropped)
                    "08 00 04 9E 85 7F 00 8E 7F 00"_octets});
 }
 
-TEST(MultipartEntryWrite, CharsetIsDroppedWhereOnlyItsParameterFits)
+TEST(MultipartEntryWrite, CharsetIsDroppedWhenOnlyItsParameterFits)
 {
     const QByteArray name = QByteArray(1020, 'a');
     expectWritten({"charset",
@@ -754,14 +757,14 @@ TEST(MultipartEntryWrite, CharsetIsDroppedWhereOnlyItsParameterFits)
                    "88 03 00 1F 88 00 83 85"_octets + name + "00 81"_octets});
 }
 
-TEST(MultipartEntryWrite, MediaTextThatDoesNotFitLeavesItsTerminator)
+TEST(MultipartEntryWrite, MediaTextThatDoesNotFitKeepsItsTerminator)
 {
     expectWritten({"media",
                    {.format = "a/" + QString(2000, 'b'), .id = "x", .data = "A"},
                    "05 01 01 00 C0 78 00 41"_octets});
 }
 
-TEST(MultipartEntryWrite, ResultTellsOnlyWhetherTheDataFits)
+TEST(MultipartEntryWrite, ResultDependsOnlyOnWhetherTheDataFits)
 {
     struct Row
     {

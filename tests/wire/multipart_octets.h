@@ -1,5 +1,5 @@
 /*
- * Pieces of a multipart body for tests whose subject is something else than the lengths in it.
+ * Pieces of a multipart body, for tests that are not about its lengths.
  */
 #pragma once
 
@@ -18,7 +18,7 @@ inline QByteArray uintvar(qsizetype length)
     return value < 0x80 ? octet(value) : octet(value >> 7 | 0x80) + octet(value & 0x7F);
 }
 
-/// An entry with the right lengths; @p headers are the content type and what follows it.
+/// An entry with correct lengths. @p headers begin with the content type.
 inline QByteArray entryOf(const QByteArray &headers, const QByteArray &data = {})
 {
     return uintvar(headers.size()) + uintvar(data.size()) + headers + data;

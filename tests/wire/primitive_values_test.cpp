@@ -1,6 +1,6 @@
 /*
  * The value codecs, octet by octet: both directions at every boundary of the integer forms, texts
- * in both forms, times in several zones, and what a value that was cut off leaves behind.
+ * in both forms, times in several zones, and the effect of truncated values.
  */
 #include "wire/primitive_values.h"
 
@@ -26,7 +26,7 @@ struct IntegerRow
 };
 using IntegerRows = std::vector<IntegerRow>;
 
-// Rows that read back as they were written, and whose size is what was written.
+// Rows that are read back as written, and whose size is the number of octets written.
 template <typename Codec>
 void expectSymmetric(const IntegerRows &rows)
 {
@@ -68,7 +68,7 @@ void expectRead(const IntegerRows &rows)
     }
 }
 
-// Octets that run out, the slack octet included, and leave the value as it was.
+// Octets that run out, even with the slack octet, and do not change the value.
 template <typename Codec>
 void expectRunsOut(const std::vector<QByteArray> &rows)
 {
@@ -148,7 +148,7 @@ TEST(IntegerBinary, ConsumesOneOctetForAZeroLength)
     EXPECT_EQ((readValue<IntegerBinary, int>("00 05 06"_octets).position), 1);
 }
 
-TEST(IntegerBinary, ReadsTheSlackOctetBehindTheEndAsZero)
+TEST(IntegerBinary, ReadsTheSlackOctetAsZero)
 {
     const auto empty = readValue<IntegerBinary, int>(""_octets, -77);
     EXPECT_EQ(empty.result, Read);
@@ -222,7 +222,7 @@ TEST(UIntBinary, StopsAtTheFirstOctetWithoutItsHighBit)
     EXPECT_EQ((readValue<UIntBinary, int>("81 00 7F"_octets).position), 2);
 }
 
-TEST(UIntBinary, ReadsTheSlackOctetBehindTheEndAsItsLast)
+TEST(UIntBinary, ReadsTheSlackOctetAsItsLast)
 {
     const auto cut = readValue<UIntBinary, int>("81 81"_octets, -77);
     EXPECT_EQ(cut.result, Read);
@@ -236,7 +236,7 @@ TEST(UIntBinary, StoresNothingWhenTheDataRunsOut)
     EXPECT_EQ(readPastTheEnd<UIntBinary>(&value), OutOfData);
     EXPECT_EQ(value, -77);
 
-    // The published buffer yields what stands behind its end: here an octet that goes on.
+    // The published buffer returns the octet past its end: here an octet with its high bit.
     const HeapBlock block("81 82"_octets);
     LinearBuffer buffer(block.data(), 1);
     EXPECT_EQ(UIntBinary::readFrom(&buffer, &value), OutOfData);
@@ -272,7 +272,7 @@ TEST(ValueLengthBinary, WritesANegativeValueAsItsLowOctet)
         EXPECT_EQ(ValueLengthBinary::sizeOf(row.value), 1) << row.value;
 }
 
-TEST(ValueLengthBinary, ReadsEveryOctetButThirtyOneAsTheLength)
+TEST(ValueLengthBinary, ReadsEveryOctetExcept31AsTheLength)
 {
     for (int value = 0; value < 256; ++value) {
         if (value != 31)
@@ -280,7 +280,7 @@ TEST(ValueLengthBinary, ReadsEveryOctetButThirtyOneAsTheLength)
     }
 }
 
-TEST(ValueLengthBinary, ReadsAUintvarBehindThirtyOneHoweverSmall)
+TEST(ValueLengthBinary, ReadsAUintvarOfAnySizeAfter31)
 {
     expectRead<ValueLengthBinary>(
         {{0, "1F 00"_octets}, {5, "1F 05"_octets}, {-1, "1F FF FF FF FF 7F"_octets}});
@@ -298,7 +298,7 @@ TEST(ValueLengthBinary, StoresNothingWhenTheDataRunsOut)
     EXPECT_EQ(value, -77);
 }
 
-TEST(WritersOfValues, SayWrittenWhenNothingFits)
+TEST(WritersOfValues, ReturnWrittenWhenNothingFits)
 {
     Output full(0);
     EXPECT_EQ(IntegerBinary::writeTo(full, 300), Written);
@@ -389,7 +389,7 @@ TEST(PlainTextBinary, ReadsEveryOctetAsLatin1)
 {
     expectTextRead<PlainTextBinary>({
         {"UTF-8 is not decoded", QStringLiteral("\u00C3\u00A9"), "C3 A9 00"_octets},
-        {"nor behind a quote", QStringLiteral("\u00C3\u00A9"), "7F C3 A9 00"_octets},
+        {"nor after a quote", QStringLiteral("\u00C3\u00A9"), "7F C3 A9 00"_octets},
         {"the lowest high octet", QStringLiteral("\u0080"), "80 00"_octets},
         {"the highest octet", QStringLiteral("a\u00FF"), "61 FF 00"_octets},
         {"a quote and nothing", "", "7F 00"_octets},
@@ -399,7 +399,7 @@ TEST(PlainTextBinary, ReadsEveryOctetAsLatin1)
     });
 }
 
-TEST(PlainTextBinary, LeavesTheCursorBehindTheTerminator)
+TEST(PlainTextBinary, LeavesTheCursorAfterTheTerminator)
 {
     EXPECT_EQ((readValue<PlainTextBinary, QString>("61 00 62 00"_octets).position), 2);
     EXPECT_EQ((readValue<PlainTextBinary, QString>("00 62 00"_octets).position), 1);
@@ -415,7 +415,7 @@ TEST(PlainTextBinary, ReadsATextWithoutTerminatorToTheEnd)
     }
 }
 
-TEST(PlainTextBinary, ReadsTheSlackOctetBehindTheEndAsAnEmptyText)
+TEST(PlainTextBinary, ReadsTheSlackOctetAsAnEmptyText)
 {
     const auto reading = readValue<PlainTextBinary, QString>(""_octets, "before");
     EXPECT_EQ(reading.result, Read);
@@ -438,7 +438,7 @@ TEST(PlainTextBinary, LeavesTheTextUntouchedPastTheEnd)
     expectTextUntouchedPastTheEnd<PlainTextBinary>();
 }
 
-TEST(EncodedStringBinary, WritesTheCharsetFormAlways)
+TEST(EncodedStringBinary, AlwaysWritesTheCharsetForm)
 {
     expectTextWritten<EncodedStringBinary>({
         {"empty", "", "02 EA 00"_octets},
@@ -526,8 +526,8 @@ TEST(EncodedStringBinary, LeavesTheTextUntouchedWhenTheDataRunsOut)
         {"length alone", "05"_octets},
         {"length of charset alone", "01"_octets},
         {"uintvar missing", "1F"_octets},
-        {"charset cut", "05 03 01"_octets},
-        {"text cut", "05 EA 61 62 63"_octets},
+        {"charset truncated", "05 03 01"_octets},
+        {"text truncated", "05 EA 61 62 63"_octets},
         {"length of 0 in a uintvar", "1F 00 EA 61 00"_octets},
         {"charset longer than the length", "01 02 03 E8 61 00"_octets},
         {"negative length", "1F F8 80 80 80 00 EA 61 00"_octets},
@@ -541,7 +541,7 @@ TEST(EncodedStringBinary, LeavesTheTextUntouchedWhenTheDataRunsOut)
     }
 }
 
-TEST(EncodedStringBinary, LosesNothingOnTheWayThroughAQuotedText)
+TEST(EncodedStringBinary, PreservesAQuotedText)
 {
     const auto reading = readValue<EncodedStringBinary, QString>("05 EA 7F C3 A9 00"_octets);
     EXPECT_EQ(octetsOf<EncodedStringBinary>(reading.value), "05 EA 7F C3 A9 00"_octets);
@@ -552,7 +552,7 @@ QDateTime local(int year, int month, int day, int hour, int minute, int second)
     return QDateTime(QDate(year, month, day), QTime(hour, minute, second));
 }
 
-// Built where the zone holds, because a QDateTime keeps the zone's offset.
+// Created where the zone applies, because a QDateTime keeps the zone's offset.
 template <typename Check>
 void forEachTime(Check check)
 {
@@ -606,14 +606,14 @@ TEST(TimeBinary, ReadsLocalTimeFromBothForms)
     });
 }
 
-TEST(TimeBinary, WritesTheDateAndTimeShownWhateverTheirZone)
+TEST(TimeBinary, WritesDateAndTimeWithoutConvertingTheirZone)
 {
     const TimeZone zone(TimeZone::Shanghai);
     const QDateTime utc(QDate(2001, 9, 9), QTime(1, 46, 40), QTimeZone::utc());
     EXPECT_EQ(octetsOf<TimeBinary>(utc), "06 80 04 3B 9A 59 80"_octets);
 }
 
-TEST(TimeBinary, FollowsATimeZoneThatChanged)
+TEST(TimeBinary, FollowsAChangedTimeZone)
 {
     const TimeZone zone(TimeZone::Utc);
     EXPECT_EQ(octetsOf<TimeBinary>(local(2001, 9, 9, 1, 46, 40)), "06 80 04 3B 9A CA 00"_octets);
@@ -631,7 +631,7 @@ TEST(TimeBinary, WritesOneOctetOfSecondsFrom2038On)
     EXPECT_EQ(TimeBinary::sizeOf(local(2038, 1, 19, 3, 14, 8)), 3);
 }
 
-TEST(TimeBinary, SizesWhatItWritesOfNoDateToo)
+TEST(TimeBinary, ReturnsTheWrittenSizeEvenForNoDate)
 {
     for (const QDateTime &time :
          {QDateTime(), QDateTime(QDate(2001, 9, 9), QTime()), local(1969, 12, 31, 0, 0, 0)})
@@ -648,7 +648,7 @@ TEST(TimeBinary, ReadsSecondsAsUnsigned)
     EXPECT_EQ(last.value.toSecsSinceEpoch(), 4294967295);
 }
 
-TEST(TimeBinary, DoesNotLookAtItsLength)
+TEST(TimeBinary, IgnoresItsLength)
 {
     for (const auto &octets : {"00 80 01 80"_octets, "1E 80 01 80"_octets,
                                "1F 81 00 80 01 80"_octets, "FF 80 01 80"_octets}) {
@@ -660,7 +660,7 @@ TEST(TimeBinary, DoesNotLookAtItsLength)
     }
 }
 
-TEST(TimeBinary, TakesSecondsThatCannotBeReadAsZero)
+TEST(TimeBinary, TreatsUnreadableSecondsAsZero)
 {
     for (const auto &octets : {"06 80 04 3B"_octets, "06 80"_octets, "06"_octets}) {
         SCOPED_TRACE(testing::PrintToString(octets));

@@ -1,6 +1,6 @@
 /*
- * Local time in tests: a zone that holds for one scope. Zones are spelt out in the POSIX form, so
- * that no zone files are needed.
+ * Local time in tests: a zone that applies in one scope. Zones have the POSIX form, which needs no
+ * zone files.
  */
 #pragma once
 

@@ -1,5 +1,5 @@
 /*
- * Result codes: their published numbers, their meanings in words, and a call that provokes each.
+ * Result codes: their published numbers, their meanings in words, and a call that returns each.
  */
 #include "wire/wire_result.h"
 

@@ -1,6 +1,6 @@
 /*
- * The application's own headers are found by the names that they share with the library's, and the
- * library's by the umbrella header.
+ * Headers of the application are found even if they share their names with headers of the library.
+ * The library's headers are found through the umbrella header.
  */
 #include "base/export.h"
 #include "multipart/liveness.h"
@@ -8,7 +8,8 @@
 
 #include <qvlsmilparser.h>
 
-#if !defined(OWN_BASE_EXPORT) || !defined(OWN_MULTIPART_LIVENESS) || !defined(OWN_WIRE_LINEAR_BUFFER)
+#if !defined(OWN_BASE_EXPORT) || !defined(OWN_MULTIPART_LIVENESS) \
+    || !defined(OWN_WIRE_LINEAR_BUFFER)
 #error "a header of the library stands in for one of the application"
 #endif
 

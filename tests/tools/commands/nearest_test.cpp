@@ -35,14 +35,14 @@ const NearestRow nearestRows[] = {
 
 } // namespace
 
-TEST(Nearest, FindsTheWordThatIsFewestLettersAwayIfItIsClose)
+TEST(Nearest, FindsTheClosestWord)
 {
     const QStringList words{"show", "extract", "smil", "render", "rewrite", "--json"};
     for (const NearestRow &row : nearestRows)
         EXPECT_EQ(nearest(row.word, words).toStdString(), row.nearest) << row.word;
 }
 
-TEST(Nearest, TakesTheFirstOfWordsThatAreEquallyNear)
+TEST(Nearest, PrefersTheFirstOfEquallyCloseWords)
 {
     EXPECT_EQ(nearest("--text-file", {"--text-fine", "--text-fire"}), "--text-fine");
 }

@@ -1,5 +1,5 @@
 /*
- * The values of the options of `qvlmms compose`, and how they are read.
+ * Reading the values of the options of `qvlmms compose`.
  */
 #include "compose/values.h"
 
@@ -44,7 +44,7 @@ struct LocationRow
 
 } // namespace
 
-TEST(ComposeValues, TakesPhoneNumbersAndMailAddresses)
+TEST(ComposeValues, AcceptsPhoneNumbersAndMailAddresses)
 {
     const AddressRow rows[] = {
         {"+4915112345678", MMS_UTIL_Entry::Plmn},
@@ -76,7 +76,7 @@ TEST(ComposeValues, TakesPhoneNumbersAndMailAddresses)
     }
 }
 
-TEST(ComposeValues, CountsSecondsOfAnExpiry)
+TEST(ComposeValues, ConvertsAnExpiryToSeconds)
 {
     const NumberRow rows[] = {
         {"7d", 604800},
@@ -106,7 +106,7 @@ TEST(ComposeValues, CountsSecondsOfAnExpiry)
     }
 }
 
-TEST(ComposeValues, CountsMillisecondsOfADuration)
+TEST(ComposeValues, ConvertsADurationToMilliseconds)
 {
     const NumberRow rows[] = {
         {"5s", 5000},
@@ -138,7 +138,7 @@ TEST(ComposeValues, CountsMillisecondsOfADuration)
     }
 }
 
-TEST(ComposeValues, ReadsDatesThatTheWireFormatHolds)
+TEST(ComposeValues, ReadsDatesThatTheWireFormatCanRepresent)
 {
     setenv("TZ", "UTC-2", 1); // two hours ahead of UTC
     tzset();
@@ -165,7 +165,7 @@ TEST(ComposeValues, ReadsDatesThatTheWireFormatHolds)
     }
 }
 
-TEST(ComposeValues, TakesSixteenNamesAndSixDigits)
+TEST(ComposeValues, AcceptsSixteenColorNamesAndSixDigits)
 {
     const ColorRow rows[] = {
         {"aqua", "#00ffff"},    {"black", "#000000"},   {"blue", "#0000ff"},
@@ -187,7 +187,7 @@ TEST(ComposeValues, TakesSixteenNamesAndSixDigits)
     }
 }
 
-TEST(ComposeValues, KeepsMarkupOutOfLocations)
+TEST(ComposeValues, RemovesMarkupFromLocations)
 {
     const LocationRow rows[] = {
         {"/home/anna/beach.jpg", "beach.jpg"}, {"a&b.jpg", "a_b.jpg"},

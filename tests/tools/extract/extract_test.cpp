@@ -1,5 +1,5 @@
 /*
- * File names that are made from the locations of a message.
+ * File names derived from the locations of a message.
  */
 #include "extract/extract.h"
 
@@ -32,7 +32,7 @@ const NameRow nameRows[] = {
 
 } // namespace
 
-TEST(SafeFileName, KeepsOnlyWhatCanDoNoHarm)
+TEST(SafeFileName, KeepsOnlyHarmlessCharacters)
 {
     for (const NameRow &row : nameRows) {
         EXPECT_EQ(
@@ -41,13 +41,13 @@ TEST(SafeFileName, KeepsOnlyWhatCanDoNoHarm)
     }
 }
 
-TEST(SafeFileName, DropsZerosAndHalfCharacters)
+TEST(SafeFileName, ReplacesNuls)
 {
     const QString location = QStringLiteral("a") + QChar(0) + QStringLiteral("b");
     EXPECT_EQ(safeFileName(location, QString()), QStringLiteral("a_b"));
 }
 
-TEST(SafeFileName, ShortensToWhatAFileSystemTakesAndKeepsTheExtension)
+TEST(SafeFileName, IsShortEnoughAndKeepsTheExtension)
 {
     const QString name =
         safeFileName(QString(1000, QChar(0x6E2F)) + QStringLiteral(".jpg"), QString());
@@ -56,7 +56,7 @@ TEST(SafeFileName, ShortensToWhatAFileSystemTakesAndKeepsTheExtension)
     EXPECT_TRUE(name.endsWith(QStringLiteral(".jpg")));
 }
 
-TEST(SafeFileName, ShortensAnExtensionToo)
+TEST(SafeFileName, ShortensALongExtension)
 {
     const QString name =
         safeFileName(QStringLiteral("a.") + QString(1000, QLatin1Char('x')), QString());

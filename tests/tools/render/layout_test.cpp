@@ -1,5 +1,5 @@
 /*
- * Where media stand on the page, in the handset's own layout and in a sender's.
+ * The places of media on the page, in the handset's layout and in a sender's.
  */
 #include "render/layout.h"
 
@@ -31,7 +31,7 @@ QRectF areaOf(const QList<PlacedObject> &places, MMS_COMP_SMIL_MEDIA_ELEMENT_TYP
     return QRectF();
 }
 
-/// A slide with a text and then an image, so that the image is above only where a rule says so.
+/// A slide with a text followed by an image: the image is above only if a rule places it there.
 QList<PlacedObject> placed(Message *message, const Placed &row)
 {
     message->slides().appendSlide(3000u);
@@ -66,7 +66,7 @@ TEST(RenderLayout, HandsetRegionsShareThePageInTheOrderOfTheSlide)
     }
 }
 
-TEST(RenderLayout, TextBehindItsPictureIsBelowIt)
+TEST(RenderLayout, TextAfterItsPictureIsBelowIt)
 {
     Message message;
     MMS_COMP_SMILParser::updateToCorvaneRegion(&message.slides());
@@ -90,7 +90,7 @@ TEST(RenderLayout, OneObjectHasTheWholePage)
     EXPECT_TRUE(places[0].sharesPage);
 }
 
-TEST(RenderLayout, HandsetRegionsAreKnownInPercentToo)
+TEST(RenderLayout, HandsetRegionsAreRecognizedInPercent)
 {
     Message message;
     message.slides().setLayoutMeasureUnit(SMIL_UNIT_PERCENT);
@@ -98,7 +98,7 @@ TEST(RenderLayout, HandsetRegionsAreKnownInPercentToo)
     expectPlaced(&message, {u"text", u"image", LowerHalf, UpperHalf});
 }
 
-TEST(RenderLayout, HandsetRegionsShareALargePageToo)
+TEST(RenderLayout, HandsetRegionsShareALargePage)
 {
     Message message;
     message.slides().setRootLayout(240, 400);
@@ -120,7 +120,7 @@ TEST(RenderLayout, RegionsOfTheSenderStayWhereTheyAre)
     EXPECT_FALSE(places[0].sharesPage);
 }
 
-TEST(RenderLayout, RegionsInPercentArePartsOfThePage)
+TEST(RenderLayout, RegionsInPercentScaleWithThePage)
 {
     Message message;
     message.slides().setRootLayout(200, 400);
@@ -137,7 +137,7 @@ TEST(RenderLayout, ObjectsOfOneRegionShareThePage)
     expectPlaced(&message, {u"a", u"a", LowerHalf, UpperHalf});
 }
 
-TEST(RenderLayout, RegionWithoutAPlaceOnThePageCountsAsNone)
+TEST(RenderLayout, RegionWithoutVisibleAreaIsIgnored)
 {
     constexpr float nan = std::numeric_limits<float>::quiet_NaN();
     constexpr float infinity = std::numeric_limits<float>::infinity();
@@ -155,7 +155,7 @@ TEST(RenderLayout, RegionWithoutAPlaceOnThePageCountsAsNone)
     }
 }
 
-TEST(RenderLayout, PageIsAsLargeAsTheRootLayoutWithinReason)
+TEST(RenderLayout, PageHasTheSizeOfTheRootLayoutWithinLimits)
 {
     constexpr int most = std::numeric_limits<int>::max();
     const struct
@@ -172,7 +172,7 @@ TEST(RenderLayout, PageIsAsLargeAsTheRootLayoutWithinReason)
     }
 }
 
-TEST(RenderLayout, UnitGrowsWithThePageButNeverShrinks)
+TEST(RenderLayout, UnitGrowsWithThePageAndIsAtLeastOne)
 {
     EXPECT_EQ(pageUnit({120, 160}), 1);
     EXPECT_EQ(pageUnit({60, 80}), 1);

@@ -1,5 +1,5 @@
 /*
- * Pictures on the page: fitted into regions, the first of an animation, and refused when too large.
+ * Pictures on the page: fitted into regions, the first of an animation, and refused if too large.
  */
 #include "render/picture.h"
 
@@ -31,7 +31,7 @@ const FitRow fitRows[] = {
     {"slice", {80, 160}, {20, 30, 20, 40}, {40, 30, 20, 40}},
 };
 
-// Made larger or smaller, the two colors run into each other where they meet.
+// Scaling mixes the two colors where they meet.
 void expectNear(const QRect &actual, const QRect &expected, int tolerance = 1)
 {
     EXPECT_EQ(actual.isEmpty(), expected.isEmpty());
@@ -59,7 +59,7 @@ Picture readGreyJpeg(const QSize &size)
     return readPicture(part);
 }
 
-// A JPEG whose camera was held upright, so that its left side is to be shown on top.
+// A JPEG of a camera that was held upright: its left side must be shown on top.
 QByteArray heldUpright(const QImage &image)
 {
     const QByteArray exif = "FF E1 00 22 45 78 69 66 00 00 4D 4D 00 2A 00 00 00 08 00 01"_octets;
@@ -67,7 +67,7 @@ QByteArray heldUpright(const QImage &image)
     return jpeg(image).insert(2, exif + orientation);
 }
 
-// Two pictures of one pixel, a red one and then a blue one.
+// Two pictures of one pixel: red, then blue.
 QByteArray animation()
 {
     const QByteArray screen = "47 49 46 38 39 61 01 00 01 00 80 00 00 FF 00 00 00 00 FF"_octets;
@@ -79,7 +79,7 @@ QByteArray animation()
 
 } // namespace
 
-TEST(RenderPicture, FitsItsRegionAsTheRegionSays)
+TEST(RenderPicture, IsFittedByTheFitOfItsRegion)
 {
     for (const FitRow &row : fitRows) {
         SCOPED_TRACE(std::string(row.fit) + ' ' + testing::PrintToString(row.picture));
@@ -91,7 +91,7 @@ TEST(RenderPicture, FitsItsRegionAsTheRegionSays)
     }
 }
 
-TEST(RenderPicture, IsCutWhereItsRegionLeavesThePage)
+TEST(RenderPicture, IsCroppedAtTheEdgeOfThePage)
 {
     const OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({80, 80}), {80, 130, 80, 80}, "fill");
     const QImage page = pageOf(made.picture());
@@ -100,13 +100,13 @@ TEST(RenderPicture, IsCutWhereItsRegionLeavesThePage)
     EXPECT_TRUE(boundsOfColor(page, Blue).isEmpty());
 }
 
-TEST(RenderPicture, ThinPictureFillsAWideRegionThatCutsIt)
+TEST(RenderPicture, ThinPictureFillsAWideRegionThatCropsIt)
 {
     const OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({2, 30000}), {20, 30, 40, 40}, "slice");
     EXPECT_EQ(boundsOfDrawing(pageOf(made.picture())), QRect(20, 30, 40, 40));
 }
 
-TEST(RenderPicture, OnTheHandsetsOwnPageIsShownWholeAndInTheMiddle)
+TEST(RenderPicture, IsShownWholeAndCenteredOnTheHandsetsPage)
 {
     const struct
     {
@@ -120,7 +120,7 @@ TEST(RenderPicture, OnTheHandsetsOwnPageIsShownWholeAndInTheMiddle)
     }
 }
 
-TEST(RenderPicture, TakesAsManyPixelsAsTheScaleSays)
+TEST(RenderPicture, HasTheResolutionOfTheScale)
 {
     const OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({40, 40}));
     for (int scale = 1; scale <= LargestScale; ++scale)
@@ -134,7 +134,7 @@ TEST(RenderPicture, FirstOfAnAnimationIsShown)
     EXPECT_EQ(boundsOfColor(made.picture(), Red), QRect(20, 30, 40, 40));
 }
 
-TEST(RenderPicture, RegionWithoutBoundsIsDrawnAsFarAsThePageReaches)
+TEST(RenderPicture, UnboundedRegionIsCroppedToThePage)
 {
     for (const char *fit : {"hidden", "meet", "slice", "fill", "scroll"}) {
         SCOPED_TRACE(fit);
@@ -145,7 +145,7 @@ TEST(RenderPicture, RegionWithoutBoundsIsDrawnAsFarAsThePageReaches)
     }
 }
 
-TEST(RenderPicture, IsTurnedAsItsCameraWasHeld)
+TEST(RenderPicture, IsRotatedByItsOrientation)
 {
     const QImage image = QImage::fromData(redAndBlue({32, 16}));
     const OneObject made(SMIL_MEDIA_IMAGE, heldUpright(image));
@@ -155,7 +155,7 @@ TEST(RenderPicture, IsTurnedAsItsCameraWasHeld)
     EXPECT_TRUE(isNear(page.pixel(28, 58), Blue));
 }
 
-TEST(RenderPicture, IsDecodedSmallerWhenItIsHuge)
+TEST(RenderPicture, HugePictureIsDecodedSmaller)
 {
     const Picture picture = readGreyJpeg({8000, 4000});
     EXPECT_EQ(picture.size, QSizeF(8000, 4000));
@@ -168,7 +168,7 @@ TEST(RenderPicture, IsRefusedAboveSixtyFourMillionPixels)
     EXPECT_TRUE(readGreyJpeg({8000, 8001}).image.isNull());
 }
 
-TEST(RenderPicture, LongAndThinPictureKeepsAPixel)
+TEST(RenderPicture, ScaledThinPictureKeepsOnePixel)
 {
     EXPECT_EQ(readGreyJpeg({1, 30000}).image.size(), QSize(1, 2048));
 }

@@ -1,5 +1,5 @@
 /*
- * Whole slides: page, strip, what cannot be shown, and the files that are written.
+ * Whole slides: page, strip, unsupported media, and the files that are written.
  */
 #include "render/render.h"
 
@@ -31,8 +31,8 @@ struct PaperRow
 };
 
 const PaperRow paperRows[] = {
-    {"red", "blue", Red}, {"", "blue", Blue}, {"no colour", "#0000ff", Blue},
-    {"#ff0000", "", Red}, {"", "", White},    {"no colour", "no colour", White},
+    {"red", "blue", Red}, {"", "blue", Blue}, {"no color", "#0000ff", Blue},
+    {"#ff0000", "", Red}, {"", "", White},    {"no color", "no color", White},
 };
 
 /// The names in the folder, in order.
@@ -41,7 +41,7 @@ QStringList namesIn(const QTemporaryDir &directory)
     return QDir(directory.path()).entryList(QDir::Files, QDir::Name);
 }
 
-// Small pages, so that many of them are soon written.
+// Small pages, so that many can be written quickly.
 void addSmallSlides(Message *message, int count)
 {
     message->slides().setRootLayout(4, 4);
@@ -51,7 +51,7 @@ void addSmallSlides(Message *message, int count)
 
 } // namespace
 
-TEST(RenderSlide, IsThePageAndAStripTimesTheScale)
+TEST(RenderSlide, IsThePageAndTheStripTimesTheScale)
 {
     const QSize one = blankPicture().size();
     EXPECT_EQ(one.width(), 120);
@@ -71,7 +71,7 @@ TEST(RenderSlide, IsNullWhenThereIsNoSuchSlide)
     EXPECT_TRUE(renderSlide(message, 1, 1).isNull());
 }
 
-TEST(RenderSlide, HasTheColorOfTheSlideOrElseOfTheRootLayout)
+TEST(RenderSlide, HasTheColorOfTheSlideThenOfTheRootLayout)
 {
     for (const PaperRow &row : paperRows) {
         SCOPED_TRACE(std::string(row.slide) + '/' + row.root);
@@ -83,7 +83,7 @@ TEST(RenderSlide, HasTheColorOfTheSlideOrElseOfTheRootLayout)
     }
 }
 
-TEST(RenderSlide, OfAnySizeCanBeDrawn)
+TEST(RenderSlide, CanHaveAnySize)
 {
     constexpr int most = std::numeric_limits<int>::max();
     const QSize sizes[] = {{1, 1}, {3, 2000}, {2000, 3}, {-1, 0}, {most, 1}, {most, most}};
@@ -101,7 +101,7 @@ TEST(RenderSlide, OfAnySizeCanBeDrawn)
     }
 }
 
-TEST(RenderSlide, OfALargePageIsDrawnAtASmallerScale)
+TEST(RenderSlide, OfALargePageHasASmallerScale)
 {
     const struct
     {
@@ -124,7 +124,7 @@ TEST(RenderSlide, EmptyTextDrawsNothing)
         EXPECT_EQ(OneObject(SMIL_MEDIA_TEXT, octets).picture(), blankPicture());
 }
 
-TEST(RenderSlide, EmptyTextTakesNoRoomFromThePicture)
+TEST(RenderSlide, EmptyTextTakesNoSpaceFromThePicture)
 {
     OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({120, 160}));
     made.object->setRegionId(QStringLiteral("none"));
@@ -132,7 +132,7 @@ TEST(RenderSlide, EmptyTextTakesNoRoomFromThePicture)
     EXPECT_EQ(boundsOfDrawing(pageOf(made.picture())), QRect(QPoint(0, 0), HandsetPage));
 }
 
-TEST(RenderSlide, WhatCannotBeShownIsABoxInItsRegion)
+TEST(RenderSlide, UnsupportedMediumIsABoxInItsRegion)
 {
     const QRect region(10, 20, 100, 60);
     const OneObject noPicture(SMIL_MEDIA_IMAGE, "no picture", region);
@@ -151,7 +151,7 @@ TEST(RenderSlide, WhatCannotBeShownIsABoxInItsRegion)
         EXPECT_EQ(picture, box);
 }
 
-TEST(RenderSlide, BoxHasTheNameOfWhatCannotBeShown)
+TEST(RenderSlide, BoxHasTheNameOfTheUnsupportedMedium)
 {
     OneObject made(SMIL_MEDIA_IMAGE, "no picture", {10, 20, 100, 60});
     const QImage box = made.picture();
@@ -159,7 +159,7 @@ TEST(RenderSlide, BoxHasTheNameOfWhatCannotBeShown)
     EXPECT_NE(made.picture(), box);
 }
 
-TEST(RenderSlide, NothingLeavesItsRegionHoweverSmallThatIs)
+TEST(RenderSlide, MediaStayInsideRegionsOfAnySize)
 {
     for (const auto type : {SMIL_MEDIA_VIDEO, SMIL_MEDIA_REF, SMIL_MEDIA_TEXT, SMIL_MEDIA_IMAGE}) {
         for (const QSize &size : {QSize(1, 1), QSize(5, 5), QSize(30, 10), QSize(2, 100)}) {
@@ -186,7 +186,7 @@ TEST(RenderSlide, VideoIsAFrameWithAPlaySignAndItsName)
     EXPECT_EQ(pageOf(made.picture()).copy(middle), page.copy(middle));
 }
 
-TEST(RenderSlide, AudioIsNamedBelowThePageAndNeverDrawnOnIt)
+TEST(RenderSlide, AudioIsNamedOnlyBelowThePage)
 {
     OneObject made(SMIL_MEDIA_AUDIO, "no text", {0, 0, 120, 160});
     const QImage picture = made.picture();
@@ -198,7 +198,7 @@ TEST(RenderSlide, AudioIsNamedBelowThePageAndNeverDrawnOnIt)
     EXPECT_NE(stripOf(made.picture()), stripOf(blankPicture())) << "no sign without a name";
 }
 
-TEST(RenderSlide, StripTellsNumberAndDuration)
+TEST(RenderSlide, StripShowsNumberAndDuration)
 {
     Message message;
     for (int i = 0; i < 2; ++i)
@@ -253,7 +253,7 @@ TEST(RenderSlides, PutsAHundredSlidesOnASheet)
     EXPECT_GT(first.width(), 2 * second.width());
 }
 
-TEST(RenderSlides, LeavesOutWhatIsBehindAThousandSlides)
+TEST(RenderSlides, StopsAfterAThousandSlides)
 {
     const QTemporaryDir directory;
     Message message;
@@ -265,7 +265,7 @@ TEST(RenderSlides, LeavesOutWhatIsBehindAThousandSlides)
     EXPECT_EQ(namesIn(directory).size(), 1010);
 }
 
-TEST(RenderSlides, SaysWhichFileCannotBeWritten)
+TEST(RenderSlides, ReportsTheFileThatCannotBeWritten)
 {
     const QTemporaryDir directory;
     ASSERT_TRUE(QDir(directory.path()).mkdir("slide-2.png"));

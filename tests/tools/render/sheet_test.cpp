@@ -1,5 +1,5 @@
 /*
- * Contact sheets: where the slides stand on them, and how large they get.
+ * Contact sheets: the places and sizes of the slides.
  */
 #include "render/sheet.h"
 
@@ -42,7 +42,7 @@ TEST(ContactSheet, ShowsEverySlideWhole)
     EXPECT_GT(sixth.top(), second.bottom());
 }
 
-TEST(Thumbnail, IsTheSlideUnlessThatIsTooLarge)
+TEST(Thumbnail, IsTheSlideUnlessItIsTooLarge)
 {
     EXPECT_EQ(thumbnail(picture({240, 352}, Red)).size(), QSize(240, 352));
     EXPECT_EQ(thumbnail(picture({100, 120}, Red)).size(), QSize(100, 120));

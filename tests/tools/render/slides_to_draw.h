@@ -1,5 +1,5 @@
 /*
- * Messages with slides to be drawn, and how the pictures are looked at.
+ * Messages with slides to render, and helpers that examine the pictures.
  */
 #pragma once
 
@@ -14,7 +14,7 @@
 #include <memory>
 #include <ostream>
 
-// Found by GoogleTest, which would print octets.
+// Used by GoogleTest, which otherwise prints octets.
 inline void PrintTo(const QRectF &rect, std::ostream *out)
 {
     *out << rect.x() << ',' << rect.y() << ' ' << rect.width() << 'x' << rect.height();
@@ -118,7 +118,7 @@ inline bool isNear(QRgb a, QRgb b)
         && std::abs(qBlue(a) - qBlue(b)) <= tolerance;
 }
 
-/// The bounds of the pixels of @p image for which @p fits says so.
+/// The bounds of the pixels of @p image for which @p fits returns true.
 template <typename Predicate>
 QRect boundsOf(const QImage &image, Predicate fits)
 {
@@ -137,7 +137,7 @@ inline QRect boundsOfColor(const QImage &image, QRgb color)
     return boundsOf(image, [color](QRgb pixel) { return isNear(pixel, color); });
 }
 
-/// The bounds of what is drawn on @p page, which is white.
+/// The bounds of the pixels of @p page that are not white.
 inline QRect boundsOfDrawing(const QImage &page)
 {
     return boundsOf(page, [](QRgb pixel) { return !isNear(pixel, White); });

@@ -1,6 +1,5 @@
 /*
- * Texts on the page: in their color, inside their region, in every script, and no longer than
- * there is room.
+ * Texts on the page: in their color, inside their region, in every script, and shortened to fit.
  */
 #include "render/text.h"
 
@@ -94,7 +93,7 @@ TEST(ShownText, IsDecodedUpToItsFirstNul)
     }
 }
 
-TEST(ShownText, IsCutWhenNoPageHasRoomForIt)
+TEST(ShownText, IsTruncatedBeyondAnyPage)
 {
     MMS_COMP_SMILMultipartBodypart part;
     part.setBodyData(QByteArray(10'000'000, 'a'));
@@ -111,7 +110,7 @@ TEST(RenderText, IsDrawnInItsColorInsideItsRegion)
     EXPECT_FALSE(boundsOfColor(pageOf(made.picture(4)), Red).isEmpty());
 }
 
-TEST(RenderText, WithoutAColorIsSeenOnAnyPage)
+TEST(RenderText, WithoutAColorContrastsWithThePage)
 {
     OneObject made = textObject(QStringLiteral("WWW"));
     EXPECT_FALSE(boundsOfColor(pageOf(made.picture(4)), qRgb(0, 0, 0)).isEmpty());
@@ -133,7 +132,7 @@ TEST(RenderText, HasThreeSizes)
     EXPECT_EQ(heightFor(""), heightFor("normal"));
 }
 
-TEST(RenderText, GoesOnInTheNextLineAtBlanksAndLineEndsAndWhereAWordIsTooLong)
+TEST(RenderText, BreaksAtBlanksAndLineEndsAndInsideLongWords)
 {
     const int one = boundsOfDrawing(pageOf(textObject(QStringLiteral("MM")).picture())).height();
     for (const char *text : {"MM\nMM", "MM\r\nMM", "MM\rMM", "MMMM MMMM", "MMMMMMMMMMM"}) {
@@ -158,22 +157,22 @@ TEST(RenderText, BreaksIntoTheSameLinesAtEveryScale)
     }
 }
 
-TEST(RenderText, EndsInAnEllipsisWhereItsRegionEnds)
+TEST(RenderText, EndsInAnEllipsisAtTheEndOfItsRegion)
 {
     const QRect line(20, 30, 80, 24);
     const QString text = QStringLiteral("seventeen syllables or so");
     const double width = line.width() - 6; // a margin of three to either side
-    const QString cut = QFontMetricsF(pictureFont(12)).elidedText(text, Qt::ElideRight, width);
-    ASSERT_TRUE(cut.endsWith(QChar(0x2026)));
+    const QString elided = QFontMetricsF(pictureFont(12)).elidedText(text, Qt::ElideRight, width);
+    ASSERT_TRUE(elided.endsWith(QChar(0x2026)));
     const QImage page = pageOf(textObject(text, line).picture());
-    EXPECT_EQ(page, pageOf(textObject(cut, line).picture()));
+    EXPECT_EQ(page, pageOf(textObject(elided, line).picture()));
     EXPECT_EQ(page,
               pageOf(textObject(text + QLatin1Char(' ') + text.repeated(2000), line).picture()));
     EXPECT_EQ(pageOf(textObject(QStringLiteral("two\nlines"), line).picture()),
               pageOf(textObject(QStringLiteral("two\u2026"), line).picture()));
 }
 
-TEST(RenderText, StaysInsideItsRegionHoweverLongItIs)
+TEST(RenderText, StaysInsideItsRegionAtAnyLength)
 {
     for (const char16_t *piece :
          {u"a", u"ab ", u"\n", u"\u0301", u"\u202E", u"\t", u"\u200B", u"港"}) {
@@ -200,7 +199,7 @@ TEST_P(RenderedScript, IsDrawnInsideItsRegionWithoutMissingGlyphs)
 INSTANTIATE_TEST_SUITE_P(RenderText, RenderedScript, testing::ValuesIn(scriptRows),
                          [](const auto &row) { return row.param.name; });
 
-TEST(RenderText, BeginsAtTheRightInAScriptWrittenFromThere)
+TEST(RenderText, StartsAtTheRightInRightToLeftScripts)
 {
     const QRect drawn =
         boundsOfDrawing(pageOf(textObject(QStringLiteral("\u0645\u0631")).picture()));

@@ -1,5 +1,5 @@
 /*
- * Which lines of a shown message are set off, and how.
+ * Which lines of a shown message are highlighted, and how.
  */
 #include "view/highlight.h"
 
@@ -34,13 +34,13 @@ const HighlightRow highlightRows[] = {
 
 } // namespace
 
-TEST(Highlighted, SetsOffTitlesAndRefusals)
+TEST(Highlighted, HighlightsTitlesAndRefusals)
 {
     for (const HighlightRow &row : highlightRows)
         EXPECT_EQ(highlighted(row.line).toStdString(), row.highlighted);
 }
 
-TEST(Highlighted, KeepsTheLines)
+TEST(Highlighted, DoesNotChangeTheLines)
 {
     EXPECT_EQ(highlighted("  To  1\n\n  Body  none\n").toStdString(),
               "  To  1\n\n  \x1B[1mBody\x1B[0m  none\n");

@@ -1,5 +1,5 @@
 /*
- * JSON as QJsonDocument writes it, except for the characters that act on a terminal.
+ * JSON as QJsonDocument writes it, except for characters without a visible form.
  */
 #include "view/json_writer.h"
 
@@ -54,7 +54,7 @@ TEST(JsonWriter, EscapesTextsAsQtDoes)
     EXPECT_EQ(written(QString()), writtenByQt(QString()));
 }
 
-TEST(JsonWriter, EscapesWhatJsonItselfLeavesAlone)
+TEST(JsonWriter, EscapesInvisibleCharacters)
 {
     const QString text = QStringLiteral("\x7F\u009B\u202E\U000E0001é");
     EXPECT_EQ(written(text), "{\"a\":\"\\u007f\\u009b\\u202e\\udb40\\udc01é\"}");

@@ -1,5 +1,5 @@
 /*
- * Text on its way to a terminal: nothing acts on it, and columns line up.
+ * Text for a terminal: control characters are visible, and columns are aligned.
  */
 #include "view/terminal_text.h"
 
@@ -28,13 +28,13 @@ const VisibleRow visibleRows[] = {
 
 } // namespace
 
-TEST(TerminalTextVisible, WritesWhatHasNoFormOfItsOwnAsNumbers)
+TEST(TerminalTextVisible, WritesInvisibleCharactersAsNumbers)
 {
     for (const VisibleRow &row : visibleRows)
         EXPECT_EQ(visible(QString::fromUtf16(row.text)).toStdString(), row.visible);
 }
 
-TEST(TerminalTextVisible, WritesHalfACharacterAsTheReplacementCharacter)
+TEST(TerminalTextVisible, WritesALoneSurrogateAsTheReplacementCharacter)
 {
     EXPECT_EQ(visible(QString(QChar(0xD800))), QString(QChar(0xFFFD)));
 }
@@ -59,14 +59,14 @@ TEST(TerminalTextTable, LinesUpInAnyScript)
     EXPECT_EQ(lines, expected);
 }
 
-TEST(TerminalTextTable, CutsLongCellsWithAnEllipsis)
+TEST(TerminalTextTable, TruncatesLongCellsWithAnEllipsis)
 {
     const QString cell(41, QChar(0x6E2F));
     const QStringList lines = table({{QStringLiteral("T")}}, {{cell}}, QString());
     EXPECT_EQ(lines[1], QString(19, QChar(0x6E2F)) + QChar(0x2026));
 }
 
-TEST(TerminalTextTable, LeavesCellsOfTheFullWidthAlone)
+TEST(TerminalTextTable, DoesNotTruncateCellsOfTheFullWidth)
 {
     const QString cell(40, QLatin1Char('x'));
     EXPECT_EQ(table({{QStringLiteral("T")}}, {{cell}}, QString())[1], cell);
