@@ -84,9 +84,11 @@ QString mistake(const QCommandLineParser &parser, const Description &description
 QString wrongNumber(const QCommandLineParser &parser, const Description &description)
 {
     for (const Option &option : allOptions(description)) {
+        if (!option.isNumber()) // newer Qt ends the process when an option takes no value
+            continue;
         const QString name = QString::fromLatin1(option.name);
         const int number = parser.value(name).toInt(); // 0 when it is not a number
-        if (option.isNumber() && (number < 1 || number > option.numbers.most))
+        if (number < 1 || number > option.numbers.most)
             return dashed(name) + QLatin1Char(' ') + parser.value(name)
                 + QStringLiteral(": a number from 1 to %1 is expected").arg(option.numbers.most);
     }
