@@ -7,7 +7,7 @@
 
 /// Durations with a special meaning, and the unit of all others.
 namespace QvlDuration {
-inline constexpr int None = -1; ///< no duration is given
+inline constexpr int NotGiven = -1; ///< no duration is given
 inline constexpr int Indefinite = -2; ///< until the user continues
 inline constexpr int Default = 5000; ///< of a slide without a duration or with an unreadable one
 inline constexpr int Step = 500; ///< slides last a whole number of steps

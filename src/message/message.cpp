@@ -12,10 +12,14 @@
 #include "smil/smil_part.h"
 #include "wire/header_decoder.h"
 #include "wire/header_encoder.h"
-#include "wire/header_fields.h"
+#include "wire/header_field_codes.h"
+#include "wire/message_types.h"
+#include "wire/octets.h"
 #include "wire/wire_result.h"
 
+#include <algorithm>
 #include <array>
+#include <tuple>
 #include <vector>
 
 using namespace Qt::StringLiterals;
@@ -50,8 +54,9 @@ void keepPageColor(Slide *slide)
     slide->updateTextColorToElem();
     slide->updateTextSizeToElem();
     for (unsigned int i = 0; i < slide->getMediaObjectCount(); ++i) {
-        slide->getMediaObject(i)->updateParamByName(param, color);
-        slide->getMediaObject(i)->appendParamElem(param, color, SMIL_PARAM_VALUE_DATA, QString());
+        std::ignore = slide->getMediaObject(i)->updateParamByName(param, color);
+        std::ignore = slide->getMediaObject(i)->appendParamElem(param, color, SMIL_PARAM_VALUE_DATA,
+                                                                QString());
     }
 }
 
@@ -67,6 +72,40 @@ void moveRootColorToSlides(MMS_COMP_SMILData *slides)
     *root->getBackgroundColor() = MMS_COMP_COLOR();
 }
 
+// The count of parts is one octet.
+constexpr int MostParts = 255;
+
+bool hasBody(unsigned char type)
+{
+    const MessageTypeInfo *info = messageTypeInfo(type);
+    return info
+        && std::ranges::find(info->writeOrder, HeaderFieldCode::ContentType)
+        != info->writeOrder.end();
+}
+
+bool canBeWritten(const MMS_UTIL_Entry &entry)
+{
+    return entry.getType() == MMS_UTIL_Entry::Email || entry.getType() == MMS_UTIL_Entry::Plmn;
+}
+
+bool canBeWritten(const QPtrList<MMS_UTIL_Entry> &entries)
+{
+    return std::ranges::all_of(
+        entries, [](const MMS_UTIL_Entry *entry) { return !entry || canBeWritten(*entry); });
+}
+
+// The encoder returns the result of the last field alone, and takes a version with the high bit for
+// one of two octets.
+bool canBeWritten(const MMS_UA_UAMsg &header)
+{
+    const MMS_UTIL_Entry from = header.getFrom();
+    return messageTypeInfo(header.getMessageType())
+        && !WireOctet::hasHighBit(header.getMMSVersion())
+        && (from.getAddress().isEmpty() || canBeWritten(from))
+        && canBeWritten(header.getToRecipients()) && canBeWritten(header.getCcRecipients())
+        && canBeWritten(header.getBccRecipients());
+}
+
 } // namespace
 
 const char *QvlMessage::Result::layerName() const
@@ -76,7 +115,7 @@ const char *QvlMessage::Result::layerName() const
 
 const char *QvlMessage::Result::meaning() const
 {
-    return layers[layer].meaning(code);
+    return isOk() ? "done" : layers[layer].meaning(code);
 }
 
 QvlMessage::Content::Content() = default;
@@ -98,7 +137,7 @@ bool QvlMessage::renewContent()
         return true;
     });
     if (!isWhole)
-        m_content.emplace();
+        m_content.emplace(); // throws nothing: its members do without what they do not get
     return isWhole;
 }
 
@@ -122,9 +161,13 @@ QvlMessage::Result QvlMessage::receiveBody()
 
 QvlMessage::Result QvlMessage::present()
 {
-    if (!m_content->presented)
-        m_content->presented = readSlides();
-    return *m_content->presented;
+    if (m_content->presented)
+        return *m_content->presented;
+    const Result result = readSlides();
+    // There may be memory, or there may be parts, the next time.
+    if (result.code != SmilResult::OutOfMemory && parts().getPartCount() > 0)
+        m_content->presented = result;
+    return result;
 }
 
 QvlMessage::Result QvlMessage::readSlides()
@@ -156,10 +199,28 @@ QByteArray QvlMessage::smilText()
 
 bool QvlMessage::storeSlides(const QString &location)
 {
+    // A presentation that was not read, or cannot be, is not replaced by slides without it.
+    const bool wasRead = m_content->presented || slides().getTotalSlidesNum() == 0;
+    if (parts().getSmilPart() && wasRead && !present().isOk())
+        return false;
     return unlessOutOfMemory(false, [&]() -> bool {
         SmilPart::store(&parts(), smilText(), location);
         return true;
     });
+}
+
+QvlMessage::Result QvlMessage::encodeBody(QByteArray *body)
+{
+    if (parts().getPartCount() == 0) {
+        if (!isMultipart())
+            *body = header().getBodyOctets(); // such as a single text
+        return {Layer::Body, MultipartResult::Ok};
+    }
+    if (parts().getPartCount() > MostParts)
+        return {Layer::Body, MultipartResult::CannotEncode};
+    *body = MMS_COMP_SMILMultipartParser::assembleBody(&parts(), &header());
+    header().addFieldsPresent(headerFieldMask(HeaderFieldCode::ContentType));
+    return {Layer::Body, body->isEmpty() ? MultipartResult::CannotEncode : MultipartResult::Ok};
 }
 
 QvlMessage::Result QvlMessage::encode(QByteArray *pdu)
@@ -167,19 +228,21 @@ QvlMessage::Result QvlMessage::encode(QByteArray *pdu)
     return unlessOutOfMemory(Result{Layer::Body, MultipartResult::OutOfMemory}, [&]() -> Result {
         if (!pdu)
             return {Layer::Header, WireResult::BadArgument};
+        if (!canBeWritten(header()))
+            return {Layer::Header, WireResult::CannotWrite};
         QByteArray body;
-        if (parts().getPartCount() > 0) {
-            // Determines the content type, so it comes before the header.
-            body = MMS_COMP_SMILMultipartParser::assembleBody(&parts(), &header());
-            if (body.isEmpty())
-                return {Layer::Body, MultipartResult::CannotEncode};
-            header().addFieldsPresent(headerFieldMask(HeaderFieldCode::ContentType));
+        // Settles the content type, so it comes before the header.
+        if (hasBody(header().getMessageType())) {
+            if (const Result result = encodeBody(&body); !result.isOk())
+                return result;
+        } else if (parts().getPartCount() > 0) {
+            return {Layer::Body, MultipartResult::CannotEncode};
         }
         QByteArray octets;
         const unsigned char code = MMS_UA_Encoder().encodeHeader(&header(), &octets);
         if (code != WireResult::Written)
             return {Layer::Header, code};
         *pdu = octets + body;
-        return {};
+        return {Layer::Body, MultipartResult::Ok};
     });
 }

@@ -61,19 +61,28 @@ public:
 
     /**
      * Reads the slides from the SMIL part. A message without one gets a slide for every part that
-     * can be shown, and is not changed itself. Later calls only return the first result.
+     * can be shown, and is not changed itself. Later calls only return the first result, unless
+     * there was no memory, or no part.
      */
     [[nodiscard]] Result present();
 
     /**
      * Stores the slides in the SMIL part. A message without one gets a new first part, named
-     * @p location or a similar free name, and becomes related. False when there is no memory.
+     * @p location or a similar free name, and becomes related. Reads a SMIL part that was not
+     * presented before.
+     *
+     * @return false when there is no memory, or the SMIL part cannot be read; it is not replaced then
      */
     [[nodiscard]] bool storeSlides(const QString &location = QStringLiteral("slides.smil"));
 
     /**
-     * Encodes the message: the header and, if there are parts, the body. Changes of the slides are
-     * sent only after storeSlides(). Sets the content type in the header. Linear in the octets.
+     * Encodes the message: the header, and the parts or a received body without parts. Changes of
+     * the slides are sent only after storeSlides(). Parts settle the content type and mark it as
+     * present; other header fields are written when the application marked them. Linear in the
+     * octets.
+     *
+     * Refuses what would not read back: an unknown message type, parts in a type without a body,
+     * more than 255 parts, addresses that are neither e-mail nor phone, and a version above 0x7F.
      *
      * @param pdu gets the octets; unchanged after a failure
      */
@@ -117,6 +126,7 @@ private:
     QVL_INTERNAL bool renewContent();
     QVL_INTERNAL Result receiveBody();
     QVL_INTERNAL Result readSlides();
+    QVL_INTERNAL Result encodeBody(QByteArray *body);
 
     QByteArray m_pdu; // declared before the header, which points into it
     std::optional<Content> m_content;

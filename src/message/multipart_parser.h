@@ -32,8 +32,8 @@ public:
      * no memory for the data of a part; the parts before it stay
      * @retval MultipartResult::OutOfMemory memory ran out otherwise; the parts before stay
      */
-    [[nodiscard]] static int parse(const QArray<char> &body, MMS_UTIL_MsgHeaderBase *header,
-                                   MMS_COMP_SMILMultipart *multipart);
+    static int parse(const QArray<char> &body, MMS_UTIL_MsgHeaderBase *header,
+                     MMS_COMP_SMILMultipart *multipart);
 
     /**
      * Encodes a body. First determines whether the message is related or mixed, stores this in
@@ -45,8 +45,8 @@ public:
      * @return the octets, or an empty array on any failure, for a null argument and for a multipart
      * with a boundary
      */
-    [[nodiscard]] static QArray<char> assembleBody(MMS_COMP_SMILMultipart *multipart,
-                                                   MMS_UTIL_MsgHeaderBase *header);
+    static QArray<char> assembleBody(MMS_COMP_SMILMultipart *multipart,
+                                     MMS_UTIL_MsgHeaderBase *header);
 
     /**
      * Gives every part without a location a unique one, derived from its display file name or else

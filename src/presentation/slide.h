@@ -37,7 +37,7 @@ public:
     /// Releases the content of the slide's objects, as clear() does.
     ~MMS_COMP_SMILTimingContainer();
 
-    /// How long the slide is shown, in milliseconds, or QvlDuration::None or Indefinite. Starts as
+    /// How long the slide is shown, in milliseconds, or QvlDuration::NotGiven or Indefinite. Starts as
     /// DefaultDuration.
     int getDur() const { return m_dur; }
     /// @copydoc getDur

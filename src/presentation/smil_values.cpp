@@ -196,7 +196,7 @@ void SmilValues::readTime(const QString &text, MMS_COMP_SMIL_TIME *time)
 int SmilValues::readDuration(const QString &text)
 {
     if (text.isEmpty())
-        return QvlDuration::None;
+        return QvlDuration::NotGiven;
     if (text == "indefinite"_L1)
         return QvlDuration::Indefinite;
     return readMilliseconds(text).value_or(QvlDuration::Default);

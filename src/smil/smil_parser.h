@@ -47,12 +47,11 @@ public:
      * @retval SmilResult::NestedTooDeep everything read before the eleventh par or seq stays
      * @retval SmilResult::OutOfMemory everything read before stays
      */
-    [[nodiscard]] int parse(const QArray<char> &smilText, MMS_COMP_SMILMultipart *multipart,
-                            MMS_COMP_SMILData *data);
+    int parse(const QArray<char> &smilText, MMS_COMP_SMILMultipart *multipart,
+              MMS_COMP_SMILData *data);
     /// Reads the file @p fileName likewise. XML's rules determine its encoding, and no other text
     /// may precede the document. SmilResult::FileUnreadable when the file cannot be opened.
-    [[nodiscard]] int parse(const QString &fileName, MMS_COMP_SMILMultipart *multipart,
-                            MMS_COMP_SMILData *data);
+    int parse(const QString &fileName, MMS_COMP_SMILMultipart *multipart, MMS_COMP_SMILData *data);
 
     /// SmilResult::MetaRefused when the last parse() could not keep a meta element, else 0.
     int getLastWarning() const { return m_lastWarning; }
@@ -96,8 +95,8 @@ public:
     /// Reads a begin or end time such as "2500ms", "2.5s", "0:02.500" or "id(other)(end)" into
     /// @p time, which must not be null. An empty or unreadable text leaves the value unchanged.
     static void parseTime(const QString &text, MMS_COMP_SMIL_TIME *time);
-    /// Milliseconds; QvlDuration::None for an empty text, Indefinite for "indefinite", Default for
-    /// an unreadable text.
+    /// Milliseconds; QvlDuration::NotGiven for an empty text, Indefinite for "indefinite", Default
+    /// for an unreadable text.
     static int parseDur(const QString &text);
     /// Reads a color: one of sixteen names in lower case, or "#rrggbb". In "#rgb" the digits are
     /// not doubled: "#fff" is nearly black. For an unreadable text the last color stays, but not
@@ -144,13 +143,11 @@ public:
                                 bool writeSmil);
 
 private:
-    [[nodiscard]] QVL_INTERNAL int readFragment(const QDomElement *element,
-                                                MMS_COMP_SMILMultipart *multipart,
-                                                MMS_COMP_SMILData *data,
-                                                int (SmilReader::*read)(const SmilElement &));
-    [[nodiscard]] QVL_INTERNAL int readDocument(const QByteArray &utf8,
-                                                MMS_COMP_SMILMultipart *multipart,
-                                                MMS_COMP_SMILData *data);
+    QVL_INTERNAL int readFragment(const QDomElement *element, MMS_COMP_SMILMultipart *multipart,
+                                  MMS_COMP_SMILData *data,
+                                  int (SmilReader::*read)(const SmilElement &));
+    QVL_INTERNAL int readDocument(const QByteArray &utf8, MMS_COMP_SMILMultipart *multipart,
+                                  MMS_COMP_SMILData *data);
 
     int m_lastWarning = 0;
 };

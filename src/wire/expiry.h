@@ -15,7 +15,8 @@
  * messages contain such numbers. An application that sets an Expiry sets the seconds themselves.
  *
  * Both operations use the time zone of the process. When clocks are set back, an hour repeats; for
- * one of the two, toSeconds() is an hour off.
+ * one of the two, toSeconds() is an hour off. East of Greenwich, toSeconds() does not give the last
+ * hours before 2^32 back.
  */
 namespace QvlExpiry {
 

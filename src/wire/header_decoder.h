@@ -40,8 +40,7 @@ public:
      * is larger than the largest int
      * @retval WireResult::UnsupportedContentType the content type has no known shape
      */
-    [[nodiscard]] unsigned char decodeHeader(unsigned char *pdu, unsigned int &length,
-                                             MMS_UA_UAMsg *msg);
+    unsigned char decodeHeader(unsigned char *pdu, unsigned int &length, MMS_UA_UAMsg *msg);
 
     /// Decodes the octets of @p pdu without copying or detaching them. The body of @p msg points
     /// into them and must not be modified.

@@ -36,8 +36,7 @@ public:
      * no message type ends with a field that can fail: check the types of the addresses beforehand
      * @retval WireResult::BadArgument an argument is null, or there is no memory; nothing changed
      */
-    [[nodiscard]] unsigned char encodeHeader(MMS_UA_UAMsg *msg, unsigned char **out,
-                                             int *outLength);
+    unsigned char encodeHeader(MMS_UA_UAMsg *msg, unsigned char **out, int *outLength);
 
     /// Replaces the contents of @p out with the encoded header; otherwise the same.
     [[nodiscard]] unsigned char encodeHeader(MMS_UA_UAMsg *msg, QByteArray *out);

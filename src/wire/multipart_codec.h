@@ -26,10 +26,8 @@ public:
      * memory; @p out is null when there is none for the array
      * @retval WireResult::BadArgument an argument is null; nothing changed
      */
-    [[nodiscard]] static unsigned char encodeMultipart(bool related,
-                                                       MMS_COMP_SMILMultipart *multipart,
-                                                       unsigned char **out,
-                                                       unsigned int *outLength);
+    static unsigned char encodeMultipart(bool related, MMS_COMP_SMILMultipart *multipart,
+                                         unsigned char **out, unsigned int *outLength);
 
     /**
      * Decodes a body: appends a part for every entry. Never reads out of bounds. Parts decoded
@@ -45,7 +43,6 @@ public:
      * there is no memory for the data of a part
      * @retval WireResult::BadArgument @p multipart is null, or memory ran out otherwise
      */
-    [[nodiscard]] static unsigned char decodeMultipart(bool related, const unsigned char *data,
-                                                       unsigned int length,
-                                                       MMS_COMP_SMILMultipart *multipart);
+    static unsigned char decodeMultipart(bool related, const unsigned char *data,
+                                         unsigned int length, MMS_COMP_SMILMultipart *multipart);
 };

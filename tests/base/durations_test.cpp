@@ -6,7 +6,7 @@
 
 TEST(Durations, HaveTheirPublishedNumbers)
 {
-    EXPECT_EQ(QvlDuration::None, -1);
+    EXPECT_EQ(QvlDuration::NotGiven, -1);
     EXPECT_EQ(QvlDuration::Indefinite, -2);
     EXPECT_EQ(QvlDuration::Default, 5000);
     EXPECT_EQ(QvlDuration::Step, 500);

@@ -236,7 +236,7 @@ TEST(Message, IsEncodedAsReceived)
     QvlMessage message;
     ASSERT_TRUE(message.receive(MixedPdu).isOk());
     QByteArray pdu;
-    expectResult(message.encode(&pdu), Layer::Header, 0);
+    expectResult(message.encode(&pdu), Layer::Body, 0);
     // From is always written, and the text gets a charset and a location.
     EXPECT_EQ(pdu, "8C 84 8D 90 89 01 81 84 A3 01 0A 01 06 83 85 62 00 81 EA 8E 62 00 42"_octets);
 }
@@ -250,20 +250,100 @@ TEST(Message, WithoutPartsEncodesOnlyItsHeader)
     message.header().addFieldsPresent(headerFieldMask(MessageType)
                                       | headerFieldMask(TransactionId));
     QByteArray pdu;
-    expectResult(message.encode(&pdu), Layer::Header, 0);
+    expectResult(message.encode(&pdu), Layer::Body, 0);
     EXPECT_EQ(pdu, "8C 85 98 54 00 8D 90"_octets);
 }
 
 TEST(Message, FailedEncodingKeepsTheOctets)
 {
     QvlMessage message;
-    message.header().addToRecipient(MMS_UTIL_Entry("", MMS_UTIL_Entry::Absent, "x"));
-    message.header().addFieldsPresent(headerFieldMask(To));
-    message.header().setMessageType(QvlMessageType::DeliveryInd);
     QByteArray pdu = "before";
     appendParts(message.parts(), {{.location = "a"}});
     message.parts().setBoundary("text");
     expectResult(message.encode(&pdu), Layer::Body, MultipartResult::CannotEncode);
     expectResult(message.encode(nullptr), Layer::Header, WireResult::BadArgument);
     EXPECT_EQ(pdu, "before");
+}
+
+TEST(Message, HasNoPartsInATypeWithoutABody)
+{
+    for (int type = 128; type <= 135; ++type) {
+        SCOPED_TRACE(type);
+        QvlMessage message;
+        appendParts(message.parts(), {{.format = "text/plain", .location = "a"}});
+        message.header().setMessageType(static_cast<unsigned char>(type));
+        message.header().addFieldsPresent(headerFieldMask(MessageType));
+        QByteArray pdu;
+        const bool hasBody =
+            type == QvlMessageType::SendReq || type == QvlMessageType::RetrieveConf;
+        EXPECT_EQ(message.encode(&pdu).isOk(), hasBody);
+        EXPECT_EQ(QvlMessage().receive(pdu).isOk(), true) << pdu.toHex(' ').toStdString();
+    }
+}
+
+TEST(Message, KeepsAReceivedBodyThatIsNoMultipart)
+{
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(PicturePdu).isOk());
+    QByteArray pdu;
+    ASSERT_TRUE(message.encode(&pdu).isOk());
+    EXPECT_EQ(pdu, "8C 84 8D 90 89 01 81 84 9D 47 49 46"_octets); // From is always written
+}
+
+TEST(Message, HasAtMost255PartsWhenItIsEncoded)
+{
+    QvlMessage message;
+    message.header().addFieldsPresent(headerFieldMask(MessageType));
+    QByteArray pdu;
+    for (int i = 0; i < 255; ++i)
+        message.parts().appendBodypart(new Part);
+    EXPECT_TRUE(message.encode(&pdu).isOk());
+    message.parts().appendBodypart(new Part);
+    expectResult(message.encode(&pdu), Layer::Body, MultipartResult::CannotEncode);
+}
+
+TEST(Message, WithAnAddressThatHasNoFormOnTheWireIsNotEncoded)
+{
+    const MMS_UTIL_Entry absent("", MMS_UTIL_Entry::Absent, "x");
+    QvlMessage to;
+    to.header().addToRecipient(absent);
+    QvlMessage cc;
+    cc.header().addCcRecipient(absent);
+    QvlMessage bcc;
+    bcc.header().addBccRecipient(absent);
+    QvlMessage from;
+    from.header().setFrom(absent);
+    QvlMessage version;
+    version.header().setMMSVersion(0x90);
+    QByteArray pdu;
+    for (QvlMessage *message : {&to, &cc, &bcc, &from, &version})
+        expectResult(message->encode(&pdu), Layer::Header, WireResult::CannotWrite);
+}
+
+TEST(Message, KeepsAPresentationThatWasNotRead)
+{
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(relatedPdu(Smil)).isOk());
+    ASSERT_TRUE(message.storeSlides());
+    EXPECT_EQ(message.slides().getTotalSlidesNum(), 1U);
+
+    ASSERT_TRUE(message.receive(relatedPdu("<smil>")).isOk());
+    EXPECT_FALSE(message.storeSlides());
+    EXPECT_EQ(message.parts().getSmilPart()->getBodyData(), "<smil>");
+}
+
+TEST(Message, IsPresentedAgainOnceItHasParts)
+{
+    QvlMessage message;
+    ASSERT_TRUE(message.present().isOk());
+    appendParts(message.parts(), {{.format = "text/plain", .location = "a", .data = "A"}});
+    ASSERT_TRUE(message.present().isOk());
+    EXPECT_EQ(message.slides().getTotalSlidesNum(), 1U);
+}
+
+TEST(Message, SaysDoneOfEverySuccess)
+{
+    QvlMessage message;
+    EXPECT_STREQ(message.receive(MixedPdu).meaning(), "done");
+    EXPECT_STREQ(message.present().meaning(), "done");
 }

@@ -97,7 +97,7 @@ const Row Rows[] = {
     {nullptr, nullptr, {2501, true}, {3000, true}},
     {nullptr, nullptr, {1, true}, {500, true}},
     {nullptr, nullptr, {0, true}, {0, true}},
-    {nullptr, nullptr, {QvlDuration::None, true}, {QvlDuration::None, true}},
+    {nullptr, nullptr, {QvlDuration::NotGiven, true}, {QvlDuration::NotGiven, true}},
     {nullptr, nullptr, {QvlDuration::Indefinite, true}, {QvlDuration::Indefinite, true}},
     {nullptr, nullptr, {-2147483647 - 1, true}, {-2147483647 - 1, true}},
     {nullptr, nullptr, {Longest, true}, {Longest, true}},

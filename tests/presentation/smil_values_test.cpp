@@ -510,8 +510,8 @@ TEST(SmilDuration, IsReadFromValues)
 TEST(SmilDuration, IsReadFromWordsAndEmptyTexts)
 {
     const DurationRow rows[] = {
-        {"", QvlDuration::None},
-        {QString(), QvlDuration::None},
+        {"", QvlDuration::NotGiven},
+        {QString(), QvlDuration::NotGiven},
         {"indefinite", QvlDuration::Indefinite},
         {"Indefinite", QvlDuration::Default},
         {"INDEFINITE", QvlDuration::Default},

@@ -482,8 +482,8 @@ TEST(SmilReader, ParIsASlide)
 TEST(SmilReader, DurationOfAParIsRead)
 {
     const std::pair<const char *, int> rows[] = {
-        {"", QvlDuration::None},
-        {"dur=''", QvlDuration::None},
+        {"", QvlDuration::NotGiven},
+        {"dur=''", QvlDuration::NotGiven},
         {"dur='5s'", 5000},
         {"dur='1234ms'", 1234},
         {"dur='0s'", 0},
@@ -493,7 +493,7 @@ TEST(SmilReader, DurationOfAParIsRead)
         {"dur='7s '", QvlDuration::Default},
         {"dur=' 7s'", 7000},
         {"dur='2min'", 120000},
-        {"DUR='7s'", QvlDuration::None},
+        {"DUR='7s'", QvlDuration::NotGiven},
     };
     for (const auto &[attribute, duration] : rows) {
         SCOPED_TRACE(attribute);

@@ -242,7 +242,7 @@ TEST(Writer, OpeningOfASlideIsWritten)
         {0, "<par dur=\"0ms\">\n</par>\n"},
         {1, "<par dur=\"1ms\">\n</par>\n"},
         {2147483647, "<par dur=\"2147483647ms\">\n</par>\n"},
-        {QvlDuration::None, "<par>\n</par>\n"},
+        {QvlDuration::NotGiven, "<par>\n</par>\n"},
         {QvlDuration::Indefinite, "<par dur=\"indefinite\">\n</par>\n"},
         {-3, "<par>\n</par>\n"},
         {std::numeric_limits<int>::min(), "<par>\n</par>\n"},

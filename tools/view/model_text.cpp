@@ -94,7 +94,7 @@ QString ModelText::color(const MMS_COMP_COLOR &color)
 
 QString ModelText::duration(int milliseconds)
 {
-    if (milliseconds == QvlDuration::None)
+    if (milliseconds == QvlDuration::NotGiven)
         return QStringLiteral("none");
     if (milliseconds == QvlDuration::Indefinite)
         return QStringLiteral("indefinite");

@@ -60,7 +60,7 @@ QString durationSource(const Message &message, const Slide &slide)
     const int milliseconds = slide.getDur();
     if (message.areSlidesGenerated())
         return hasMeasuredClip(slide) ? QStringLiteral("measured") : QStringLiteral("by default");
-    if (milliseconds == -1)
+    if (milliseconds == QvlDuration::NotGiven)
         return QStringLiteral("the document gives none");
     if (milliseconds == Slide::DefaultDuration)
         return QStringLiteral("from the document or by default");
