@@ -72,9 +72,6 @@ void moveRootColorToSlides(MMS_COMP_SMILData *slides)
     *root->getBackgroundColor() = MMS_COMP_COLOR();
 }
 
-// The count of parts is one octet.
-constexpr int MostParts = 255;
-
 bool hasBody(unsigned char type)
 {
     const MessageTypeInfo *info = messageTypeInfo(type);

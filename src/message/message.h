@@ -43,6 +43,9 @@ public:
         const char *meaning() const;
     };
 
+    /// Parts that a message can have: a body counts them in one octet.
+    static constexpr int MostParts = 255;
+
     /// A message of type m-send-req without a field, a part or a slide.
     QvlMessage();
     QvlMessage(const QvlMessage &) = delete;
@@ -71,7 +74,8 @@ public:
      * @p location or a similar free name, and becomes related. Reads a SMIL part that was not
      * presented before.
      *
-     * @return false when there is no memory, or the SMIL part cannot be read; it is not replaced then
+     * @return false when there is no memory, or the SMIL part cannot be read; it is not replaced
+     * then
      */
     [[nodiscard]] bool storeSlides(const QString &location = QStringLiteral("slides.smil"));
 

@@ -264,6 +264,10 @@ Outcome Composer::finish()
 
 Outcome Composer::encode()
 {
+    if (partCount() > QvlMessage::MostParts)
+        return refused(QStringLiteral("%1 parts are too many; a message has at most %2")
+                           .arg(partCount())
+                           .arg(QvlMessage::MostParts));
     if (const auto result = m_message.encode(&m_message.octets); !result.isOk())
         return refused(QLatin1String(result.layerName()) + QLatin1String(" cannot be written: ")
                        + QLatin1String(result.meaning()));
