@@ -1,24 +1,31 @@
 #include "wire/header_values.h"
 
-#include <algorithm>
-#include <array>
+#include "base/tables.h"
+#include "wire/value_names.h"
 
 namespace {
 
 const char *nameIn(std::span<const QvlFieldValue> values, unsigned char value)
 {
-    const auto row = std::ranges::find(values, value, &QvlFieldValue::value);
-    return row != values.end() ? row->name : nullptr;
+    const QvlFieldValue *row = rowOf(values, value, &QvlFieldValue::value);
+    return row ? row->name : nullptr;
 }
 
 } // namespace
 
+std::span<const QvlFieldValue> QvlMessageType::values()
+{
+    return ValueNames::messageTypes;
+}
+
+const char *QvlMessageType::nameOf(unsigned char value)
+{
+    return nameIn(values(), value);
+}
+
 std::span<const QvlFieldValue> QvlMessageClass::values()
 {
-    static constexpr std::array rows{
-        QvlFieldValue{Personal, "personal"}, QvlFieldValue{Advertisement, "advertisement"},
-        QvlFieldValue{Informational, "informational"}, QvlFieldValue{Auto, "auto"}};
-    return rows;
+    return ValueNames::messageClasses;
 }
 
 const char *QvlMessageClass::nameOf(unsigned char value)
@@ -28,9 +35,7 @@ const char *QvlMessageClass::nameOf(unsigned char value)
 
 std::span<const QvlFieldValue> QvlPriority::values()
 {
-    static constexpr std::array rows{QvlFieldValue{Low, "low"}, QvlFieldValue{Normal, "normal"},
-                                     QvlFieldValue{High, "high"}};
-    return rows;
+    return ValueNames::priorities;
 }
 
 const char *QvlPriority::nameOf(unsigned char value)
@@ -40,12 +45,7 @@ const char *QvlPriority::nameOf(unsigned char value)
 
 std::span<const QvlFieldValue> QvlStatus::values()
 {
-    static constexpr std::array rows{
-        QvlFieldValue{Expired, "expired"},           QvlFieldValue{Retrieved, "retrieved"},
-        QvlFieldValue{Rejected, "rejected"},         QvlFieldValue{Deferred, "deferred"},
-        QvlFieldValue{Unrecognised, "unrecognised"}, QvlFieldValue{Indeterminate, "indeterminate"},
-        QvlFieldValue{Forwarded, "forwarded"},       QvlFieldValue{Unreachable, "unreachable"}};
-    return rows;
+    return ValueNames::statuses;
 }
 
 const char *QvlStatus::nameOf(unsigned char value)
@@ -55,29 +55,7 @@ const char *QvlStatus::nameOf(unsigned char value)
 
 std::span<const QvlFieldValue> QvlResponseStatus::values()
 {
-    static constexpr std::array rows{
-        QvlFieldValue{Ok, "ok"},
-        QvlFieldValue{ErrorUnspecified, "error-unspecified"},
-        QvlFieldValue{ErrorServiceDenied, "error-service-denied"},
-        QvlFieldValue{ErrorMessageFormatCorrupt, "error-message-format-corrupt"},
-        QvlFieldValue{ErrorSendingAddressUnresolved, "error-sending-address-unresolved"},
-        QvlFieldValue{ErrorMessageNotFound, "error-message-not-found"},
-        QvlFieldValue{ErrorNetworkProblem, "error-network-problem"},
-        QvlFieldValue{ErrorContentNotAccepted, "error-content-not-accepted"},
-        QvlFieldValue{ErrorUnsupportedMessage, "error-unsupported-message"},
-        QvlFieldValue{ErrorTransientFailure, "error-transient-failure"},
-        QvlFieldValue{ErrorTransientSendingAddressUnresolved,
-                      "error-transient-sending-address-unresolved"},
-        QvlFieldValue{ErrorTransientMessageNotFound, "error-transient-message-not-found"},
-        QvlFieldValue{ErrorTransientNetworkProblem, "error-transient-network-problem"},
-        QvlFieldValue{ErrorPermanentFailure, "error-permanent-failure"},
-        QvlFieldValue{ErrorPermanentServiceDenied, "error-permanent-service-denied"},
-        QvlFieldValue{ErrorPermanentMessageFormatCorrupt, "error-permanent-message-format-corrupt"},
-        QvlFieldValue{ErrorPermanentSendingAddressUnresolved,
-                      "error-permanent-sending-address-unresolved"},
-        QvlFieldValue{ErrorPermanentMessageNotFound, "error-permanent-message-not-found"},
-        QvlFieldValue{ErrorPermanentContentNotAccepted, "error-permanent-content-not-accepted"}};
-    return rows;
+    return ValueNames::responseStatuses;
 }
 
 const char *QvlResponseStatus::nameOf(unsigned char value)

@@ -14,9 +14,9 @@ struct QvlFieldValue
     const char *name; ///< as the standard spells it
 };
 
-/// Values of Message-Type. message_types.h has their names.
+/// Values of Message-Type. The library encodes those up to DeliveryInd, see message_types.h.
 namespace QvlMessageType {
-/// The values, without gaps.
+/// The values, without gaps. Those from ReadRecInd on are of MMS 1.1 to 1.3.
 enum : unsigned char {
     SendReq = 128, ///< a message to send
     SendConf = 129, ///< the relay's answer to a send request
@@ -25,7 +25,28 @@ enum : unsigned char {
     RetrieveConf = 132, ///< a fetched message
     AcknowledgeInd = 133, ///< the handset's answer to a fetched message
     DeliveryInd = 134, ///< a delivery report
+    ReadRecInd = 135, ///< a read report, from the recipient's handset
+    ReadOrigInd = 136, ///< a read report, to the sender's handset
+    ForwardReq = 137, ///< forwards a message that waits at the relay
+    ForwardConf = 138, ///< the relay's answer to the request
+    MboxStoreReq = 139, ///< stores a message in the mailbox or changes its state
+    MboxStoreConf = 140, ///< the relay's answer to the request
+    MboxViewReq = 141, ///< asks for the contents of the mailbox
+    MboxViewConf = 142, ///< the relay's answer to the request
+    MboxUploadReq = 143, ///< puts a message of the handset into the mailbox
+    MboxUploadConf = 144, ///< the relay's answer to the request
+    MboxDeleteReq = 145, ///< deletes messages from the mailbox
+    MboxDeleteConf = 146, ///< the relay's answer to the request
+    MboxDescr = 147, ///< describes a message of the mailbox
+    DeleteReq = 148, ///< deletes messages that wait at the relay
+    DeleteConf = 149, ///< the relay's answer to the request
+    CancelReq = 150, ///< asks the handset to cancel a message
+    CancelConf = 151, ///< the handset's answer to the request
 };
+/// The values in their order.
+QVL_EXPORT std::span<const QvlFieldValue> values();
+/// The name of @p value, or null when it has none.
+QVL_EXPORT const char *nameOf(unsigned char value);
 } // namespace QvlMessageType
 
 /// Values of Message-Class.
@@ -93,12 +114,19 @@ enum : unsigned char {
     ErrorTransientSendingAddressUnresolved = 193, ///< as 132
     ErrorTransientMessageNotFound = 194, ///< as 133
     ErrorTransientNetworkProblem = 195, ///< as 134
+    ErrorTransientPartialSuccess = 196, ///< accepted for some recipients only
     ErrorPermanentFailure = 224, ///< any other cause
     ErrorPermanentServiceDenied = 225, ///< as 130
     ErrorPermanentMessageFormatCorrupt = 226, ///< as 131
     ErrorPermanentSendingAddressUnresolved = 227, ///< as 132
     ErrorPermanentMessageNotFound = 228, ///< as 133
     ErrorPermanentContentNotAccepted = 229, ///< as 135
+    ErrorPermanentReplyChargingLimitationsNotMet = 230, ///< a reply exceeds what the sender pays
+    ErrorPermanentReplyChargingRequestNotAccepted = 231, ///< the sender may not pay for replies
+    ErrorPermanentReplyChargingForwardingDenied = 232, ///< a message with a paid reply
+    ErrorPermanentReplyChargingNotSupported = 233, ///< the relay does not know paid replies
+    ErrorPermanentAddressHidingNotSupported = 234, ///< the sender's address cannot be hidden
+    ErrorPermanentLackOfPrepaid = 235, ///< the prepaid account is empty
 };
 /// The values in their order.
 QVL_EXPORT std::span<const QvlFieldValue> values();
@@ -109,4 +137,7 @@ QVL_EXPORT const char *nameOf(unsigned char value);
 /// Values of MMS-Version, without their high bit on the wire.
 namespace QvlMmsVersion {
 inline constexpr unsigned char Version10 = 0x10; ///< MMS 1.0, the version that this library writes
+inline constexpr unsigned char Version11 = 0x11; ///< MMS 1.1
+inline constexpr unsigned char Version12 = 0x12; ///< MMS 1.2
+inline constexpr unsigned char Version13 = 0x13; ///< MMS 1.3
 } // namespace QvlMmsVersion

@@ -2,20 +2,13 @@
 
 #include "wire/header_field_codes.h"
 #include "wire/header_values.h"
+#include "wire/value_names.h"
 
 #include <array>
 
 namespace {
 
 using namespace HeaderFieldCode;
-
-constexpr unsigned int masks(std::initializer_list<unsigned char> codes)
-{
-    unsigned int sum = 0;
-    for (unsigned char code : codes)
-        sum |= headerFieldMask(code);
-    return sum;
-}
 
 constexpr auto sendReqOrder = std::to_array<unsigned char>(
     {MessageType, TransactionId, MmsVersion, Date, From, To, Cc, Bcc, Subject, MessageClass, Expiry,
@@ -37,22 +30,30 @@ constexpr auto acknowledgeIndOrder =
 constexpr auto deliveryIndOrder =
     std::to_array<unsigned char>({MessageType, MmsVersion, TransactionId, To, Date, Status});
 
+constexpr MessageTypeInfo row(unsigned char type, std::initializer_list<unsigned char> mandatory,
+                              std::span<const unsigned char> writeOrder)
+{
+    unsigned int mandatoryFields = 0;
+    for (unsigned char code : mandatory)
+        mandatoryFields |= headerFieldMask(code);
+    return {type, ValueNames::ofMessageType(type), mandatoryFields, writeOrder};
+}
+
 constexpr unsigned char FirstType = QvlMessageType::SendReq;
 constexpr std::array table{
-    MessageTypeInfo{QvlMessageType::SendReq, "m-send-req", 0, sendReqOrder},
-    MessageTypeInfo{QvlMessageType::SendConf, "m-send-conf",
-                    masks({MessageType, MmsVersion, ResponseStatus, TransactionId}), sendConfOrder},
-    MessageTypeInfo{QvlMessageType::NotificationInd, "m-notification-ind",
-                    masks({ContentLocation, Expiry, MessageClass, MessageType, MmsVersion,
-                           MessageSize, TransactionId}),
-                    notificationIndOrder},
-    MessageTypeInfo{QvlMessageType::NotifyRespInd, "m-notifyresp-ind", 0, notifyRespIndOrder},
-    MessageTypeInfo{QvlMessageType::RetrieveConf, "m-retrieve-conf",
-                    masks({ContentType, Date, MessageType, MmsVersion}), retrieveConfOrder},
-    MessageTypeInfo{QvlMessageType::AcknowledgeInd, "m-acknowledge-ind", 0, acknowledgeIndOrder},
-    MessageTypeInfo{QvlMessageType::DeliveryInd, "m-delivery-ind",
-                    masks({Date, MessageId, MessageType, MmsVersion, Status, To}),
-                    deliveryIndOrder},
+    row(QvlMessageType::SendReq, {}, sendReqOrder),
+    row(QvlMessageType::SendConf, {MessageType, MmsVersion, ResponseStatus, TransactionId},
+        sendConfOrder),
+    row(QvlMessageType::NotificationInd,
+        {ContentLocation, Expiry, MessageClass, MessageType, MmsVersion, MessageSize,
+         TransactionId},
+        notificationIndOrder),
+    row(QvlMessageType::NotifyRespInd, {}, notifyRespIndOrder),
+    row(QvlMessageType::RetrieveConf, {ContentType, Date, MessageType, MmsVersion},
+        retrieveConfOrder),
+    row(QvlMessageType::AcknowledgeInd, {}, acknowledgeIndOrder),
+    row(QvlMessageType::DeliveryInd, {Date, MessageId, MessageType, MmsVersion, Status, To},
+        deliveryIndOrder),
 };
 
 constexpr bool everyTypeHasItsRow()

@@ -72,12 +72,34 @@ TEST(ResponseStatus, HasTheNamesOfTheStandard)
                      {193, "error-transient-sending-address-unresolved"},
                      {194, "error-transient-message-not-found"},
                      {195, "error-transient-network-problem"},
+                     {196, "error-transient-partial-success"},
                      {224, "error-permanent-failure"},
                      {225, "error-permanent-service-denied"},
                      {226, "error-permanent-message-format-corrupt"},
                      {227, "error-permanent-sending-address-unresolved"},
                      {228, "error-permanent-message-not-found"},
-                     {229, "error-permanent-content-not-accepted"}}));
+                     {229, "error-permanent-content-not-accepted"},
+                     {230, "error-permanent-reply-charging-limitations-not-met"},
+                     {231, "error-permanent-reply-charging-request-not-accepted"},
+                     {232, "error-permanent-reply-charging-forwarding-denied"},
+                     {233, "error-permanent-reply-charging-not-supported"},
+                     {234, "error-permanent-address-hiding-not-supported"},
+                     {235, "error-permanent-lack-of-prepaid"}}));
+}
+
+TEST(MessageType, HasTheNamesOfTheStandard)
+{
+    EXPECT_EQ(
+        namesBy(QvlMessageType::nameOf, QvlMessageType::values()),
+        (Names{
+            {128, "m-send-req"},         {129, "m-send-conf"},        {130, "m-notification-ind"},
+            {131, "m-notifyresp-ind"},   {132, "m-retrieve-conf"},    {133, "m-acknowledge-ind"},
+            {134, "m-delivery-ind"},     {135, "m-read-rec-ind"},     {136, "m-read-orig-ind"},
+            {137, "m-forward-req"},      {138, "m-forward-conf"},     {139, "m-mbox-store-req"},
+            {140, "m-mbox-store-conf"},  {141, "m-mbox-view-req"},    {142, "m-mbox-view-conf"},
+            {143, "m-mbox-upload-req"},  {144, "m-mbox-upload-conf"}, {145, "m-mbox-delete-req"},
+            {146, "m-mbox-delete-conf"}, {147, "m-mbox-descr"},       {148, "m-delete-req"},
+            {149, "m-delete-conf"},      {150, "m-cancel-req"},       {151, "m-cancel-conf"}}));
 }
 
 TEST(MessageType, IsNamedByTheTableOfMessageTypes)
