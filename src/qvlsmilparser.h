@@ -52,6 +52,7 @@
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
 #include "wire/header_values.h"
+#include "wire/known_fields.h"
 #include "wire/linear_buffer.h"
 #include "wire/message_types.h"
 #include "wire/multipart_codec.h"

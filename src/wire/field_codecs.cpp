@@ -26,10 +26,6 @@ namespace {
 
 using Msg = MMS_UA_UAMsg;
 
-constexpr unsigned char AddressPresent = 128;
-constexpr unsigned char InsertAddress = 129;
-constexpr unsigned char RelativeTime = 129;
-
 // Octets of From's value after its value-length: the token and the address, if any.
 int fromLength(const MMS_UTIL_Entry &from)
 {
@@ -127,7 +123,7 @@ unsigned char FromField::readField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
         return WireResult::OutOfData;
 
     MMS_UTIL_Entry sender;
-    const bool named = length >= 2 && token == AddressPresent;
+    const bool named = length >= 2 && token == WireToken::AddressPresent;
     const unsigned char addressResult = named ? AddressBinary::readFrom(buffer, &sender) : result;
     if (sender.isEmpty())
         sender =
@@ -143,7 +139,7 @@ unsigned char FromField::writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
     const bool known = !from.getAddress().isEmpty();
     writeCode(buffer, HeaderFieldCode::From);
     WireAppend::value<ValueLengthBinary>(buffer, fromLength(from));
-    if (!buffer->appendByte(known ? AddressPresent : InsertAddress))
+    if (!buffer->appendByte(known ? WireToken::AddressPresent : WireToken::InsertAddress))
         return WireResult::OutOfData;
     return known ? AddressBinary::writeTo(buffer, from) : WireResult::Written;
 }
@@ -190,7 +186,7 @@ unsigned char ExpiryField::writeField(LinearBuffer *buffer, MMS_UA_UAMsg *msg)
 {
     writeCode(buffer, HeaderFieldCode::Expiry);
     WireAppend::value<ValueLengthBinary>(buffer, expiryLength(msg));
-    WireAppend::octet(buffer, RelativeTime);
+    WireAppend::octet(buffer, WireToken::RelativeTime);
     return IntegerBinary::writeTo(buffer, msg->getExpiry());
 }
 

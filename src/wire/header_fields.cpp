@@ -2,6 +2,7 @@
 
 #include "wire/content_type.h"
 #include "wire/field_codecs.h"
+#include "wire/known_field_table.h"
 
 #include <array>
 
@@ -17,36 +18,36 @@ FieldBase *create()
 }
 
 template <typename Codec>
-constexpr HeaderFieldInfo row(unsigned char code, const char *name)
+constexpr HeaderFieldInfo row(unsigned char code)
 {
-    return {code, name, &shared<Codec>, create<Codec>};
+    return {code, KnownFields::find(code)->name, &shared<Codec>, create<Codec>};
 }
 
 constexpr std::array table{
-    row<BccField>(HeaderFieldCode::Bcc, "Bcc"),
-    row<CcField>(HeaderFieldCode::Cc, "Cc"),
-    row<ContentLocationField>(HeaderFieldCode::ContentLocation, "Content-Location"),
-    row<ContentTypeField>(HeaderFieldCode::ContentType, "Content-Type"),
-    row<MsgDateField>(HeaderFieldCode::Date, "Date"),
-    row<DeliveryReportField>(HeaderFieldCode::DeliveryReport, "Delivery-Report"),
-    row<DeliveryTimeField>(HeaderFieldCode::DeliveryTime, "Delivery-Time"),
-    row<ExpiryField>(HeaderFieldCode::Expiry, "Expiry"),
-    row<FromField>(HeaderFieldCode::From, "From"),
-    row<MsgClassField>(HeaderFieldCode::MessageClass, "Message-Class"),
-    row<MsgIDField>(HeaderFieldCode::MessageId, "Message-ID"),
-    row<MsgTypeField>(HeaderFieldCode::MessageType, "Message-Type"),
-    row<VersionField>(HeaderFieldCode::MmsVersion, "MMS-Version"),
-    row<MsgSizeField>(HeaderFieldCode::MessageSize, "Message-Size"),
-    row<PriorityField>(HeaderFieldCode::Priority, "Priority"),
-    row<ReadReplyField>(HeaderFieldCode::ReadReply, "Read-Reply"),
-    row<ReportAllowedField>(HeaderFieldCode::ReportAllowed, "Report-Allowed"),
-    row<ResponseStatusField>(HeaderFieldCode::ResponseStatus, "Response-Status"),
-    row<ResponseTextField>(HeaderFieldCode::ResponseText, "Response-Text"),
-    row<SenderVisibilityField>(HeaderFieldCode::SenderVisibility, "Sender-Visibility"),
-    row<MsgStatusField>(HeaderFieldCode::Status, "Status"),
-    row<SubjectField>(HeaderFieldCode::Subject, "Subject"),
-    row<ToField>(HeaderFieldCode::To, "To"),
-    row<TIDField>(HeaderFieldCode::TransactionId, "Transaction-Id"),
+    row<BccField>(HeaderFieldCode::Bcc),
+    row<CcField>(HeaderFieldCode::Cc),
+    row<ContentLocationField>(HeaderFieldCode::ContentLocation),
+    row<ContentTypeField>(HeaderFieldCode::ContentType),
+    row<MsgDateField>(HeaderFieldCode::Date),
+    row<DeliveryReportField>(HeaderFieldCode::DeliveryReport),
+    row<DeliveryTimeField>(HeaderFieldCode::DeliveryTime),
+    row<ExpiryField>(HeaderFieldCode::Expiry),
+    row<FromField>(HeaderFieldCode::From),
+    row<MsgClassField>(HeaderFieldCode::MessageClass),
+    row<MsgIDField>(HeaderFieldCode::MessageId),
+    row<MsgTypeField>(HeaderFieldCode::MessageType),
+    row<VersionField>(HeaderFieldCode::MmsVersion),
+    row<MsgSizeField>(HeaderFieldCode::MessageSize),
+    row<PriorityField>(HeaderFieldCode::Priority),
+    row<ReadReplyField>(HeaderFieldCode::ReadReply),
+    row<ReportAllowedField>(HeaderFieldCode::ReportAllowed),
+    row<ResponseStatusField>(HeaderFieldCode::ResponseStatus),
+    row<ResponseTextField>(HeaderFieldCode::ResponseText),
+    row<SenderVisibilityField>(HeaderFieldCode::SenderVisibility),
+    row<MsgStatusField>(HeaderFieldCode::Status),
+    row<SubjectField>(HeaderFieldCode::Subject),
+    row<ToField>(HeaderFieldCode::To),
+    row<TIDField>(HeaderFieldCode::TransactionId),
 };
 
 constexpr bool everyCodeHasItsRow()

@@ -13,15 +13,8 @@ using namespace WireOctet;
 
 namespace {
 
-constexpr unsigned char LengthFollows = 31; // a uintvar with the length follows
 constexpr int LongestShortLength = 30;
-constexpr unsigned char AbsoluteTime = 128;
 constexpr int CharsetReadAsUtf8 = 0xEA; // only as a Long-integer: as a short one it reads as 106
-
-bool beginsPlainText(unsigned char firstOctet)
-{
-    return firstOctet == 0 || (firstOctet >= 0x20 && firstOctet <= 0x7F);
-}
 
 // Octets after the value-length: charset, text with quote, terminator.
 template <typename Text>
@@ -184,7 +177,7 @@ unsigned char TimeBinary::writeTo(LinearBuffer *buffer, const QDateTime &value)
 {
     const int seconds = DateTime::toSeconds(value);
     WireAppend::value<ValueLengthBinary>(buffer, IntegerBinary::sizeOf(seconds) + 1);
-    WireAppend::octet(buffer, AbsoluteTime);
+    WireAppend::octet(buffer, WireToken::AbsoluteTime);
     return IntegerBinary::writeTo(buffer, seconds);
 }
 
@@ -221,7 +214,7 @@ unsigned char EncodedStringBinary::readFrom(LinearBuffer *buffer, QString *text)
     unsigned char first = 0;
     if (!buffer->readByte(&first))
         return WireResult::OutOfData;
-    if (beginsPlainText(first)) {
+    if (beginsText(first)) {
         *text = QString::fromLatin1(WireText::readRest(buffer, first));
         return WireResult::Read;
     }

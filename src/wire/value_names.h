@@ -5,6 +5,7 @@
 #pragma once
 
 #include "wire/header_values.h"
+#include "wire/octets.h"
 
 #include <array>
 #include <cstddef>
@@ -120,6 +121,92 @@ inline constexpr std::array responseStatuses{
                   "error-permanent-address-hiding-not-supported"},
     QvlFieldValue{QvlResponseStatus::ErrorPermanentLackOfPrepaid,
                   "error-permanent-lack-of-prepaid"},
+};
+
+inline constexpr std::array yesNo{
+    QvlFieldValue{128, "yes"},
+    QvlFieldValue{129, "no"},
+};
+
+inline constexpr std::array visibilities{
+    QvlFieldValue{128, "hide"},
+    QvlFieldValue{129, "show"},
+};
+
+inline constexpr std::array senders{
+    QvlFieldValue{WireToken::AddressPresent, "address-present"},
+    QvlFieldValue{WireToken::InsertAddress, "insert-address"},
+};
+
+inline constexpr std::array times{
+    QvlFieldValue{WireToken::AbsoluteTime, "absolute"},
+    QvlFieldValue{WireToken::RelativeTime, "relative"},
+};
+
+inline constexpr std::array retrieveStatuses{
+    QvlFieldValue{128, "ok"},
+    QvlFieldValue{192, "error-transient-failure"},
+    QvlFieldValue{193, "error-transient-message-not-found"},
+    QvlFieldValue{194, "error-transient-network-problem"},
+    QvlFieldValue{224, "error-permanent-failure"},
+    QvlFieldValue{225, "error-permanent-service-denied"},
+    QvlFieldValue{226, "error-permanent-message-not-found"},
+    QvlFieldValue{227, "error-permanent-content-unsupported"},
+};
+
+inline constexpr std::array readStatuses{
+    QvlFieldValue{128, "read"},
+    QvlFieldValue{129, "deleted-without-being-read"},
+};
+
+inline constexpr std::array replyCharging{
+    QvlFieldValue{128, "requested"},
+    QvlFieldValue{129, "requested-text-only"},
+    QvlFieldValue{130, "accepted"},
+    QvlFieldValue{131, "accepted-text-only"},
+};
+
+inline constexpr std::array mmStates{
+    QvlFieldValue{128, "draft"},     QvlFieldValue{129, "sent"},      QvlFieldValue{130, "new"},
+    QvlFieldValue{131, "retrieved"}, QvlFieldValue{132, "forwarded"},
+};
+
+inline constexpr std::array mmFlags{
+    QvlFieldValue{128, "add"},
+    QvlFieldValue{129, "remove"},
+    QvlFieldValue{130, "filter"},
+};
+
+inline constexpr std::array storeStatuses{
+    QvlFieldValue{128, "success"},
+    QvlFieldValue{192, "error-transient-failure"},
+    QvlFieldValue{193, "error-transient-network-problem"},
+    QvlFieldValue{224, "error-permanent-failure"},
+    QvlFieldValue{225, "error-permanent-service-denied"},
+    QvlFieldValue{226, "error-permanent-message-format-corrupt"},
+    QvlFieldValue{227, "error-permanent-message-not-found"},
+    QvlFieldValue{228, "error-permanent-mmbox-full"},
+};
+
+inline constexpr std::array mboxUnits{
+    QvlFieldValue{128, "messages"},
+    QvlFieldValue{129, "octets"},
+};
+
+inline constexpr std::array retrievalModes{
+    QvlFieldValue{128, "manual"},
+};
+
+inline constexpr std::array contentClasses{
+    QvlFieldValue{128, "text"},          QvlFieldValue{129, "image-basic"},
+    QvlFieldValue{130, "image-rich"},    QvlFieldValue{131, "video-basic"},
+    QvlFieldValue{132, "video-rich"},    QvlFieldValue{133, "megapixel"},
+    QvlFieldValue{134, "content-basic"}, QvlFieldValue{135, "content-rich"},
+};
+
+inline constexpr std::array cancelStatuses{
+    QvlFieldValue{128, "cancel-request-successfully-received"},
+    QvlFieldValue{129, "cancel-request-corrupted"},
 };
 
 } // namespace ValueNames
