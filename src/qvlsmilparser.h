@@ -5,7 +5,8 @@
  * uses are public, too. MMS_UA_Decoder decodes the header into a MMS_UA_UAMsg,
  * MMS_COMP_SMILMultipartParser::parse() the body into a MMS_COMP_SMILMultipart, and
  * MMS_COMP_SMILParser::parse() the presentation into a MMS_COMP_SMILData. convertToSMILLang(),
- * assembleBody() and MMS_UA_Encoder encode them.
+ * assembleBody() and MMS_UA_Encoder encode them. QvlHeaderScanner finds header fields of any
+ * version.
  */
 #pragma once
 
@@ -51,6 +52,7 @@
 #include "wire/header_field_codes.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
+#include "wire/header_scanner.h"
 #include "wire/header_values.h"
 #include "wire/known_fields.h"
 #include "wire/linear_buffer.h"
@@ -58,4 +60,6 @@
 #include "wire/multipart_codec.h"
 #include "wire/multipart_entry.h"
 #include "wire/primitive_values.h"
+#include "wire/scanned_field.h"
+#include "wire/sent_times.h"
 #include "wire/wire_result.h"

@@ -11,6 +11,7 @@
 #include "wire/header_decoder.h"
 #include "wire/header_encoder.h"
 #include "wire/header_record.h"
+#include "wire/header_scanner.h"
 #include "wire/multipart_codec.h"
 #include "wire/wire_result.h"
 
@@ -86,6 +87,20 @@ int encodeHeaderIntoArray(Material &material)
 {
     QByteArray octets;
     return MMS_UA_Encoder().encodeHeader(&material.record, &octets);
+}
+
+int decodeScannedText(Material &material)
+{
+    QvlHeaderScanner scanner(material.pdu);
+    QvlScannedField field;
+    return scanner.next(&field) && field.decoded().isReadable;
+}
+
+int decodeScannedContentType(Material &material)
+{
+    QvlHeaderScanner scanner(material.mixedPdu);
+    QvlScannedField field;
+    return scanner.next(&field) && field.decoded().isReadable;
 }
 
 int receive(Material &material)
@@ -184,6 +199,8 @@ const Row rows[] = {
      WireResult::BadArgument},
     {"decodeMultipart", decodeMultipart, WireResult::Read, WireResult::BadArgument},
     {"encodeMultipart", encodeMultipart, WireResult::Written, WireResult::CannotWrite},
+    {"decoded text", decodeScannedText, true, false},
+    {"decoded content type", decodeScannedContentType, true, false},
     {"receive", receive, true, false},
     {"encode", encode, true, false},
     {"parse", parse, MultipartResult::Ok, MultipartResult::OutOfMemory},

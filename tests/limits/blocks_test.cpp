@@ -9,6 +9,8 @@
 #include "support/octets.h"
 #include "wire/header_decoder.h"
 #include "wire/header_record.h"
+#include "wire/header_scanner.h"
+#include "wire/sent_times.h"
 #include "wire/time_zone.h"
 #include "wire/wire_result.h"
 
@@ -109,6 +111,22 @@ TEST(Blocks, AreTakenForEachTextAndEntryOfAHeader)
         blocksOfHeader(pdu); // from here on, what is created only once exists
         EXPECT_EQ(blocksOfHeader(pdu), blocks);
     }
+}
+
+TEST(Blocks, AreNotTakenForScannedFields)
+{
+    const QByteArray pdu = type + transactionId + version + date + from + subject + expiry
+        + deliveryTime + "58 00 61 00 8E 1F 8F FF FF FF 7F"_octets;
+    const CountedAllocations allocations;
+    QvlHeaderScanner scanner(pdu);
+    QvlScannedField field;
+    int count = 0;
+    while (scanner.next(&field))
+        ++count;
+    EXPECT_TRUE(qvlSentTimes(pdu).expiry.has_value());
+    EXPECT_EQ(allocations.count(), 0);
+    EXPECT_EQ(count, 9);
+    EXPECT_EQ(scanner.result(), QvlHeaderScanner::LengthTooLarge);
 }
 
 TEST(Blocks, AreTakenForEachPartAndTextOfASmallBody)

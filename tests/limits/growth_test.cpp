@@ -12,6 +12,7 @@
 #include "wire/header_encoder.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
+#include "wire/header_scanner.h"
 #include "wire/wire_result.h"
 
 #include <QBuffer>
@@ -81,6 +82,27 @@ Work decoding(const QByteArray &pdu)
         Header header;
         EXPECT_EQ(MMS_UA_Decoder().decodeHeader(pdu, &header), WireResult::Read);
     };
+}
+
+Work scanning(const QByteArray &pdu)
+{
+    return [pdu] {
+        QvlHeaderScanner scanner(pdu);
+        QvlScannedField field;
+        while (scanner.next(&field))
+            EXPECT_TRUE(field.decoded().isReadable);
+        EXPECT_TRUE(scanner.isComplete());
+    };
+}
+
+Work scanningRecipients(int size)
+{
+    return scanning(encoded(headerTo(size).get()));
+}
+
+Work scanningSubject(int size)
+{
+    return scanning(encoded(headerAbout(size).get()));
 }
 
 Work decodingRecipients(int size)
@@ -432,8 +454,10 @@ Work storingSlide(int size)
 constexpr Subject subjects[] = {
     {"header with recipients, decoded", 1000, decodingRecipients},
     {"header with recipients, encoded", 1000, encodingRecipients},
+    {"header with recipients, scanned", 1000, scanningRecipients},
     {"header with a long subject, decoded", 32767, decodingSubject},
     {"header with a long subject, encoded", 32767, encodingSubject},
+    {"header with a long subject, scanned", 32767, scanningSubject},
     {"named parts, parsed", 127, parsingNamedParts},
     {"nameless parts, parsed", 127, parsingNamelessParts},
     {"part with a long name, parsed", 32767, parsingLongName},

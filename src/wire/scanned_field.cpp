@@ -1,0 +1,224 @@
+#include "wire/scanned_field.h"
+
+#include "base/no_memory.h"
+#include "base/tables.h"
+#include "platform/mime_codes.h"
+#include "wire/charset_text.h"
+#include "wire/octets.h"
+#include "wire/read.h"
+
+#include <algorithm>
+#include <limits>
+#include <tuple>
+#include <utility>
+
+namespace {
+
+constexpr int NoCharset = 0;
+
+// integer ::= octet >= 80 | length octet *
+// Only a length of 1 to 30 octets, and a number that fits.
+[[nodiscard]] bool readInteger(LinearBuffer *buffer, qint64 *number)
+{
+    const auto first = WireRead::octet(buffer);
+    if (!first || WireOctet::beginsText(*first) || *first == WireOctet::LengthFollows)
+        return false;
+    if (WireOctet::hasHighBit(*first)) {
+        *number = WireOctet::withoutHighBit(*first);
+        return true;
+    }
+    const auto octets = buffer->readView(*first);
+    if (!octets)
+        return false;
+    qint64 sum = 0;
+    for (const char octet : *octets) {
+        if (sum > std::numeric_limits<qint64>::max() >> 8)
+            return false;
+        sum = (sum << 8) + static_cast<unsigned char>(octet);
+    }
+    *number = sum;
+    return true;
+}
+
+QString mediaType(qint64 code)
+{
+    QString type;
+    QString subtype;
+    if (code <= WireOctet::LowSevenBits)
+        MMS_UTIL_Common::mimeTypeGetName(static_cast<unsigned char>(code), type, subtype);
+    return type.isEmpty() ? QString() : QString(type + QLatin1Char('/') + subtype);
+}
+
+// The readers give false when the octets do not have the form. Each begins at the cursor.
+class ValueReader
+{
+public:
+    explicit ValueReader(const QvlScannedField &field)
+        : m_field(field), m_buffer(WireRead::over(field.value))
+    {
+    }
+
+    QvlScannedValue read();
+
+private:
+    [[nodiscard]] bool readForm(QvlFieldForm form);
+    [[nodiscard]] bool readToken();
+    [[nodiscard]] bool readTime();
+    [[nodiscard]] bool readSender();
+    [[nodiscard]] bool readText();
+    [[nodiscard]] bool readEncodedText();
+    [[nodiscard]] bool readContentType();
+    [[nodiscard]] bool storeText(QByteArrayView octets, int charset);
+    [[nodiscard]] bool countTokens();
+    [[nodiscard]] bool readLength() { return WireRead::valueLength(&m_buffer).has_value(); }
+    [[nodiscard]] bool readNumber() { return readInteger(&m_buffer, &m_value.number); }
+    [[nodiscard]] bool readCount() { return readInteger(&m_buffer, &m_value.count); }
+    [[nodiscard]] bool isAtText();
+    void skipLength();
+
+    const QvlScannedField &m_field;
+    LinearBuffer m_buffer; // over the value
+    QvlScannedValue m_value;
+};
+
+QvlScannedValue ValueReader::read()
+{
+    const bool isInLetters = m_field.code == QvlScannedField::NoCode;
+    m_value.isReadable = isInLetters ? storeText(m_field.value, NoCharset)
+                                     : m_field.known && readForm(m_field.known->form);
+    if (!m_value.isReadable)
+        return {};
+    return std::move(m_value);
+}
+
+bool ValueReader::readForm(QvlFieldForm form)
+{
+    switch (form) {
+    case QvlFieldForm::Opaque:
+        return false;
+    case QvlFieldForm::Token:
+        skipLength();
+        return readToken();
+    case QvlFieldForm::TokenOrText:
+        skipLength();
+        return isAtText() ? readText() : readToken();
+    case QvlFieldForm::Version:
+    case QvlFieldForm::Integer:
+    case QvlFieldForm::Date:
+        return readNumber();
+    case QvlFieldForm::Text:
+        return readText();
+    case QvlFieldForm::EncodedText:
+    case QvlFieldForm::Address:
+        return readEncodedText();
+    case QvlFieldForm::Sender:
+        return readLength() && readSender();
+    case QvlFieldForm::Time:
+        return readLength() && readTime();
+    case QvlFieldForm::TokenAndInteger:
+        return readLength() && readToken() && readNumber();
+    case QvlFieldForm::TokenAndText:
+        return readLength() && readToken() && readEncodedText();
+    case QvlFieldForm::CountAndAddress:
+        return readLength() && readCount() && readEncodedText();
+    case QvlFieldForm::CountAndDate:
+        return readLength() && readCount() && readNumber();
+    case QvlFieldForm::Tokens:
+        skipLength();
+        return countTokens();
+    case QvlFieldForm::TextAndMore:
+        return readLength() && readText();
+    case QvlFieldForm::ContentType:
+        skipLength();
+        return readContentType();
+    }
+    return false;
+}
+
+bool ValueReader::isAtText()
+{
+    const auto next = WireRead::peek(&m_buffer);
+    return next && WireOctet::beginsText(*next);
+}
+
+void ValueReader::skipLength()
+{
+    std::ignore = WireRead::valueLength(&m_buffer); // the value may have none
+}
+
+bool ValueReader::readToken()
+{
+    const auto token = WireRead::octet(&m_buffer);
+    if (!token || !WireOctet::hasHighBit(*token))
+        return false;
+    m_value.token = *token;
+    const QvlFieldValue *row = rowOf(m_field.known->tokens, *token, &QvlFieldValue::value);
+    m_value.tokenName = row ? row->name : nullptr;
+    return true;
+}
+
+bool ValueReader::readTime()
+{
+    return readToken()
+        && (m_value.token == WireToken::AbsoluteTime || m_value.token == WireToken::RelativeTime)
+        && readNumber();
+}
+
+bool ValueReader::readSender()
+{
+    return readToken() && (m_value.token != WireToken::AddressPresent || readEncodedText());
+}
+
+bool ValueReader::readText()
+{
+    return isAtText() && storeText(m_buffer.readUntilZero(), NoCharset);
+}
+
+// encoded-text ::= text | value-length [charset] text
+bool ValueReader::readEncodedText()
+{
+    if (isAtText())
+        return readText();
+    const auto length = WireRead::valueLength(&m_buffer);
+    const auto octets = length ? m_buffer.readView(*length) : std::nullopt;
+    if (!octets)
+        return false;
+    LinearBuffer content = WireRead::over(*octets);
+    const auto first = WireRead::peek(&content);
+    qint64 charset = NoCharset;
+    if (first && !WireOctet::beginsText(*first) && !readInteger(&content, &charset))
+        return false;
+    m_value.charset = int(std::min<qint64>(charset, std::numeric_limits<int>::max()));
+    return storeText(WireRead::rest(&content), m_value.charset);
+}
+
+bool ValueReader::storeText(QByteArrayView octets, int charset)
+{
+    return unlessOutOfMemory(false, [&]() -> bool {
+        m_value.text = CharsetText::decode(octets, charset);
+        return true;
+    });
+}
+
+bool ValueReader::readContentType()
+{
+    if (isAtText())
+        return readText();
+    return readNumber() && unlessOutOfMemory(false, [this]() -> bool {
+               m_value.text = mediaType(m_value.number);
+               return true;
+           });
+}
+
+bool ValueReader::countTokens()
+{
+    m_value.count = WireRead::rest(&m_buffer).size();
+    return m_value.count > 0;
+}
+
+} // namespace
+
+QvlScannedValue QvlScannedField::decoded() const
+{
+    return ValueReader(*this).read();
+}
