@@ -1,6 +1,6 @@
 /*
- * Headers: decodes and encodes every message type, single fields, and a notification. For
- * comparison creates and destroys a text of 16 characters.
+ * Headers: decodes, scans and encodes every message type, decodes and encodes single fields and a
+ * notification. For comparison creates and destroys a text of 16 characters.
  */
 #include "subjects.h"
 #include "support/benchmarks.h"
@@ -22,6 +22,31 @@ auto decoding(const QByteArray &pdu)
     return Work{[pdu] {
                     MMS_UA_UAMsg header;
                     return decodeHeader(pdu, &header);
+                },
+                pdu.size()};
+}
+
+auto scanning(const QByteArray &pdu)
+{
+    return Work{[pdu] {
+                    QvlHeaderScanner scanner(pdu);
+                    QvlScannedField field;
+                    while (scanner.next(&field))
+                        benchmark::DoNotOptimize(field);
+                    return scanner.isComplete();
+                },
+                pdu.size()};
+}
+
+auto scanningWithValues(const QByteArray &pdu)
+{
+    return Work{[pdu] {
+                    QvlHeaderScanner scanner(pdu);
+                    QvlScannedField field;
+                    bool isReadable = true;
+                    while (scanner.next(&field))
+                        isReadable = field.decoded().isReadable && isReadable;
+                    return isReadable && scanner.isComplete();
                 },
                 pdu.size()};
 }
@@ -110,6 +135,10 @@ void addHeaderBenchmarks()
     for (const MessageTypeInfo &type : messageTypes()) {
         addBenchmark(std::string("header/decode/") + type.name,
                      [&type] { return decoding(encodedHeader(headerOf(type).get())); });
+        addBenchmark(std::string("header/scan/") + type.name,
+                     [&type] { return scanning(encodedHeader(headerOf(type).get())); });
+        addBenchmark(std::string("header/values/") + type.name,
+                     [&type] { return scanningWithValues(encodedHeader(headerOf(type).get())); });
         addBenchmark(std::string("header/encode/") + type.name,
                      [&type] { return encoding(headerOf(type)); });
     }
