@@ -11,7 +11,7 @@
 #include "wire/header_decoder.h"
 #include "wire/header_encoder.h"
 #include "wire/header_record.h"
-#include "wire/header_scanner.h"
+#include "scan/header_scanner.h"
 #include "wire/multipart_codec.h"
 #include "wire/wire_result.h"
 

@@ -9,8 +9,8 @@
 #include "support/octets.h"
 #include "wire/header_decoder.h"
 #include "wire/header_record.h"
-#include "wire/header_scanner.h"
-#include "wire/sent_times.h"
+#include "scan/header_scanner.h"
+#include "scan/sent_times.h"
 #include "wire/time_zone.h"
 #include "wire/wire_result.h"
 

@@ -12,7 +12,7 @@
 #include "wire/header_encoder.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
-#include "wire/header_scanner.h"
+#include "scan/header_scanner.h"
 #include "wire/wire_result.h"
 
 #include <QBuffer>

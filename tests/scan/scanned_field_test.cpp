@@ -2,11 +2,11 @@
  * Decoded values of scanned fields: one row for each field of MMS 1.0 to 1.3, and for each form
  * what else occurs and what cannot be read.
  */
-#include "wire/scanned_field.h"
+#include "scan/scanned_field.h"
 
 #include "wire/codec_calls.h"
 #include "wire/header_fields.h"
-#include "wire/scanned_fields.h"
+#include "scan/scanned_fields.h"
 
 #include <gtest/gtest.h>
 

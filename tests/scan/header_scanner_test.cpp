@@ -2,12 +2,12 @@
  * The scanner: where fields and values begin and end, each form of length, how a scan ends, and
  * what holds for headers that break off or lie about their lengths.
  */
-#include "wire/header_scanner.h"
+#include "scan/header_scanner.h"
 
 #include "wire/codec_calls.h"
 #include "wire/header_decoder.h"
 #include "wire/header_pdus.h"
-#include "wire/scanned_fields.h"
+#include "scan/scanned_fields.h"
 
 #include <gtest/gtest.h>
 

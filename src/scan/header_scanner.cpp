@@ -1,4 +1,4 @@
-#include "wire/header_scanner.h"
+#include "scan/header_scanner.h"
 
 #include "base/code_meanings.h"
 #include "wire/known_field_table.h"

@@ -1,7 +1,7 @@
 /*
  * The sender's Date, Expiry and Delivery-Time, absolute and relative.
  */
-#include "wire/sent_times.h"
+#include "scan/sent_times.h"
 
 #include "support/octets.h"
 

@@ -1,9 +1,9 @@
-#include "wire/scanned_field.h"
+#include "scan/scanned_field.h"
 
 #include "base/no_memory.h"
 #include "base/tables.h"
 #include "platform/mime_codes.h"
-#include "wire/charset_text.h"
+#include "scan/charset_text.h"
 #include "wire/octets.h"
 #include "wire/read.h"
 

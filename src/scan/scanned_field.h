@@ -4,7 +4,7 @@
 #pragma once
 
 #include "../base/export.h"
-#include "known_fields.h"
+#include "../wire/known_fields.h"
 
 #include <QByteArrayView>
 #include <QString>

@@ -4,7 +4,7 @@
 #pragma once
 
 #include "support/octets.h"
-#include "wire/header_scanner.h"
+#include "scan/header_scanner.h"
 
 #include <string>
 #include <vector>

@@ -1,4 +1,4 @@
-#include "wire/charset_text.h"
+#include "scan/charset_text.h"
 
 #include "wire/octets.h"
 #include "wire/wire_text.h"

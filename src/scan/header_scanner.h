@@ -4,7 +4,7 @@
 #pragma once
 
 #include "../base/export.h"
-#include "linear_buffer.h"
+#include "../wire/linear_buffer.h"
 #include "scanned_field.h"
 
 #include <QByteArrayView>
