@@ -17,6 +17,8 @@
 #include "wire/octets.h"
 #include "wire/wire_result.h"
 
+#include <QScopeGuard>
+
 #include <algorithm>
 #include <array>
 #include <tuple>
@@ -160,9 +162,10 @@ QvlMessage::Result QvlMessage::present()
 {
     if (m_content->presented)
         return *m_content->presented;
+    const bool hasParts = parts().getPartCount() > 0;
     const Result result = readSlides();
-    // There may be memory, or there may be parts, the next time.
-    if (result.code != SmilResult::OutOfMemory && parts().getPartCount() > 0)
+    // Also after a lack of memory: a second reading would append the same slides again.
+    if (hasParts)
         m_content->presented = result;
     return result;
 }
@@ -173,8 +176,9 @@ QvlMessage::Result QvlMessage::readSlides()
         return {Layer::Presentation,
                 MMS_COMP_SMILParser().parse(smil->getBodyData(), &parts(), &slides())};
     MMS_COMP_SMILParser::updateToCorvaneRegion(&slides());
+    const unsigned int slidesBefore = slides().getTotalSlidesNum();
     const bool generated = MMS_COMP_SMILParser::makeSmilForMixed(&parts(), &slides(), false);
-    m_content->slidesGenerated = slides().getTotalSlidesNum() > 0;
+    m_content->slidesGenerated = slides().getTotalSlidesNum() > slidesBefore;
     return {Layer::Presentation, generated ? SmilResult::Ok : SmilResult::OutOfMemory};
 }
 
@@ -183,14 +187,15 @@ QByteArray QvlMessage::smilText()
     return unlessOutOfMemory(QByteArray(), [&] {
         moveRootColorToSlides(&slides());
         std::vector<MMS_COMP_COLOR> pageColors;
-        for (unsigned int i = 0; i < slides().getTotalSlidesNum(); ++i) {
-            pageColors.push_back(slides().getSlide(i)->getPageColor());
-            keepPageColor(slides().getSlide(i));
-        }
-        const QByteArray smil = MMS_COMP_SMILParser::convertToSMILLang(&slides()).toUtf8();
         for (unsigned int i = 0; i < slides().getTotalSlidesNum(); ++i)
-            slides().getSlide(i)->setPageColor(pageColors[i]);
-        return smil;
+            pageColors.push_back(slides().getSlide(i)->getPageColor());
+        const auto restoreColors = qScopeGuard([&] {
+            for (unsigned int i = 0; i < slides().getTotalSlidesNum(); ++i)
+                slides().getSlide(i)->setPageColor(pageColors[i]);
+        });
+        for (unsigned int i = 0; i < slides().getTotalSlidesNum(); ++i)
+            keepPageColor(slides().getSlide(i));
+        return MMS_COMP_SMILParser::convertToSMILLang(&slides()).toUtf8();
     });
 }
 

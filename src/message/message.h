@@ -65,7 +65,7 @@ public:
     /**
      * Reads the slides from the SMIL part. A message without one gets a slide for every part that
      * can be shown, and is not changed itself. Later calls only return the first result, unless
-     * there was no memory, or no part.
+     * there was no part.
      */
     [[nodiscard]] Result present();
 

@@ -112,7 +112,6 @@ int DateTime::toSeconds(const QDateTime &value)
 
 int DateTime::sinceJulianDayZero(int seconds)
 {
-    constexpr qint64 secondsUntil1970 = qint64(2'440'588) * 24 * 60 * 60;
     const auto unsignedSeconds = quint32(seconds);
-    return static_cast<int>(secondsUntil1970 + unsignedSeconds + offsetFromUtc(unsignedSeconds));
+    return static_cast<int>(JulianSecondsUntil1970 + unsignedSeconds + offsetFromUtc(unsignedSeconds));
 }

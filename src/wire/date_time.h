@@ -8,6 +8,9 @@
 
 namespace DateTime {
 
+/// Seconds from day 0 of the Julian day count to 1970-01-01.
+inline constexpr qint64 JulianSecondsUntil1970 = qint64(2'440'588) * 24 * 60 * 60;
+
 /// The current moment in local time.
 QDateTime now();
 

@@ -6,7 +6,7 @@
 
 quint32 QvlExpiry::toSeconds(int stored)
 {
-    constexpr quint32 storedAt1970 = 413'405'696; // in UTC
+    constexpr auto storedAt1970 = quint32(DateTime::JulianSecondsUntil1970); // in UTC
     constexpr qint64 range = qint64(1) << 32;
     constexpr qint64 day = 24 * 60 * 60;
     qint64 localSeconds = quint32(stored) - storedAt1970;

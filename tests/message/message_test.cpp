@@ -341,6 +341,16 @@ TEST(Message, IsPresentedAgainOnceItHasParts)
     EXPECT_EQ(message.slides().getTotalSlidesNum(), 1U);
 }
 
+TEST(Message, DoesNotCallSlidesOfTheApplicationGenerated)
+{
+    QvlMessage message;
+    appendParts(message.parts(), {{.format = "application/pdf", .location = "a", .data = "A"}});
+    message.slides().appendSlide(new MMS_COMP_SMILTimingContainer(&message.parts()));
+    ASSERT_TRUE(message.present().isOk());
+    EXPECT_EQ(message.slides().getTotalSlidesNum(), 1U);
+    EXPECT_FALSE(message.areSlidesGenerated());
+}
+
 TEST(Message, SaysDoneOfEverySuccess)
 {
     QvlMessage message;
