@@ -2,8 +2,8 @@
 
 #include "base/no_memory.h"
 #include "base/tables.h"
-#include "platform/mime_codes.h"
 #include "scan/charset_text.h"
+#include "scan/wsp_values.h"
 #include "wire/octets.h"
 #include "wire/read.h"
 
@@ -15,39 +15,6 @@
 namespace {
 
 constexpr int NoCharset = 0;
-
-// integer ::= octet >= 80 | length octet *
-// Only a length of 1 to 30 octets, and a number that fits.
-[[nodiscard]] bool readInteger(LinearBuffer *buffer, qint64 *number)
-{
-    const auto first = WireRead::octet(buffer);
-    if (!first || WireOctet::beginsText(*first) || *first == WireOctet::LengthFollows)
-        return false;
-    if (WireOctet::hasHighBit(*first)) {
-        *number = WireOctet::withoutHighBit(*first);
-        return true;
-    }
-    const auto octets = buffer->readView(*first);
-    if (!octets)
-        return false;
-    qint64 sum = 0;
-    for (const char octet : *octets) {
-        if (sum > std::numeric_limits<qint64>::max() >> 8)
-            return false;
-        sum = (sum << 8) + static_cast<unsigned char>(octet);
-    }
-    *number = sum;
-    return true;
-}
-
-QString mediaType(qint64 code)
-{
-    QString type;
-    QString subtype;
-    if (code <= WireOctet::LowSevenBits)
-        MMS_UTIL_Common::mimeTypeGetName(static_cast<unsigned char>(code), type, subtype);
-    return type.isEmpty() ? QString() : QString(type + QLatin1Char('/') + subtype);
-}
 
 // The readers give false when the octets do not have the form. Each begins at the cursor.
 class ValueReader
@@ -71,8 +38,8 @@ private:
     [[nodiscard]] bool storeText(QByteArrayView octets, int charset);
     [[nodiscard]] bool countTokens();
     [[nodiscard]] bool readLength() { return WireRead::valueLength(&m_buffer).has_value(); }
-    [[nodiscard]] bool readNumber() { return readInteger(&m_buffer, &m_value.number); }
-    [[nodiscard]] bool readCount() { return readInteger(&m_buffer, &m_value.count); }
+    [[nodiscard]] bool readNumber() { return WspValues::readInteger(&m_buffer, &m_value.number); }
+    [[nodiscard]] bool readCount() { return WspValues::readInteger(&m_buffer, &m_value.count); }
     [[nodiscard]] bool isAtText();
     void skipLength();
 
@@ -186,7 +153,7 @@ bool ValueReader::readEncodedText()
     LinearBuffer content = WireRead::over(*octets);
     const auto first = WireRead::peek(&content);
     qint64 charset = NoCharset;
-    if (first && !WireOctet::beginsText(*first) && !readInteger(&content, &charset))
+    if (first && !WireOctet::beginsText(*first) && !WspValues::readInteger(&content, &charset))
         return false;
     m_value.charset = int(std::min<qint64>(charset, std::numeric_limits<int>::max()));
     return storeText(WireRead::rest(&content), m_value.charset);
@@ -205,7 +172,7 @@ bool ValueReader::readContentType()
     if (isAtText())
         return readText();
     return readNumber() && unlessOutOfMemory(false, [this]() -> bool {
-               m_value.text = mediaType(m_value.number);
+               m_value.text = WspValues::mediaType(m_value.number);
                return true;
            });
 }
