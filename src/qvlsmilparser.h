@@ -42,6 +42,7 @@
 #include "presentation/smil_result.h"
 #include "presentation/smil_time.h"
 #include "readable/change.h"
+#include "scan/charset_text.h"
 #include "scan/content_type_value.h"
 #include "scan/header_scanner.h"
 #include "scan/scanned_field.h"

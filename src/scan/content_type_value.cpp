@@ -3,6 +3,7 @@
 #include "base/no_memory.h"
 #include "base/tables.h"
 #include "scan/charset_text.h"
+#include "scan/field_text.h"
 #include "scan/wsp_values.h"
 #include "wire/octets.h"
 #include "wire/read.h"
@@ -66,31 +67,9 @@ constexpr Parameter knownParameters[]{
     {0x1D, "path", Form::QuotedText},
 };
 
-struct CharsetName
-{
-    int charset;
-    QByteArrayView name;
-};
-
-constexpr CharsetName charsetNames[]{
-    {Charset::Utf8, "utf-8"},
-    {Charset::UsAscii, "us-ascii"},
-    {Charset::Latin1, "iso-8859-1"},
-    {Charset::Ucs2, "iso-10646-ucs-2"},
-};
-
 bool isSame(QByteArrayView a, QByteArrayView b)
 {
     return a.compare(b, Qt::CaseInsensitive) == 0;
-}
-
-int charsetOf(QByteArrayView name)
-{
-    for (const CharsetName &row : charsetNames) {
-        if (isSame(row.name, name))
-            return row.charset;
-    }
-    return 0;
 }
 
 bool isText(Form form)
@@ -102,7 +81,7 @@ bool isText(Form form)
 QString decodeText(QByteArrayView value)
 {
     if (value.isEmpty() || hasHighBit(static_cast<unsigned char>(value.front())))
-        return CharsetText::decode(value, 0);
+        return FieldText::decode(value, 0);
     constexpr QvlKnownField encodedText{0, "", 0, QvlFieldForm::EncodedText, {}};
     QvlScannedField field;
     field.code = encodedText.code;
@@ -230,7 +209,7 @@ bool ContentTypeReader::readMediaText()
     if (!text)
         return false;
     const QByteArrayView type = upTo(*text, ';');
-    m_type.mediaType = CharsetText::decode(type, 0).trimmed().toLower();
+    m_type.mediaType = FieldText::decode(type, 0).trimmed().toLower();
     readTextParameters(text->sliced(type.size()));
     return true;
 }
@@ -249,7 +228,7 @@ void ContentTypeReader::readTextParameters(QByteArrayView text)
             continue;
         parameter.value =
             parameter.octets.sliced(std::min(name.size() + 1, parameter.octets.size())).trimmed();
-        parameter.text = CharsetText::decode(unquoted(parameter.value), 0);
+        parameter.text = FieldText::decode(unquoted(parameter.value), 0);
         m_type.parameters.push_back(parameter);
     }
 }
@@ -359,7 +338,7 @@ int QvlContentType::charset() const
         return 0;
     if (parameter->number >= 0)
         return int(std::min<qint64>(parameter->number, std::numeric_limits<int>::max()));
-    return unlessOutOfMemory(0, [&] { return charsetOf(parameter->text.toLatin1()); });
+    return unlessOutOfMemory(0, [&] { return qvlCharsetOf(parameter->text.toLatin1()); });
 }
 
 QString QvlContentType::name() const

@@ -2,7 +2,7 @@
 
 #include "base/no_memory.h"
 #include "base/tables.h"
-#include "scan/charset_text.h"
+#include "scan/field_text.h"
 #include "scan/wsp_values.h"
 #include "wire/octets.h"
 #include "wire/read.h"
@@ -162,7 +162,7 @@ bool ValueReader::readEncodedText()
 bool ValueReader::storeText(QByteArrayView octets, int charset)
 {
     return unlessOutOfMemory(false, [&]() -> bool {
-        m_value.text = CharsetText::decode(octets, charset);
+        m_value.text = FieldText::decode(octets, charset);
         return true;
     });
 }

@@ -34,8 +34,7 @@ struct QvlScannedValue
      * The text of all forms that have one, without quote and terminator; the media type of
      * ContentType, empty for a code that is not assigned.
      *
-     * UTF-16 and ISO-8859-1 are decoded as declared. Every other text, and malformed UTF-16, is
-     * read as UTF-8, or as ISO-8859-1 if it is not valid UTF-8.
+     * qvlDecodeText() says how charsets are decoded. Unlike there, the text ends at its first zero.
      */
     QString text;
 };

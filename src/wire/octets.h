@@ -43,11 +43,13 @@ inline constexpr unsigned char RelativeTime = 129; ///< seconds from the sending
 namespace Charset {
 
 inline constexpr int UsAscii = 3;
-inline constexpr int Latin1 = 4;
 inline constexpr int Utf8 = 106;
 inline constexpr int Ucs2 = 1000;
 inline constexpr int Utf16BE = 1013;
 inline constexpr int Utf16LE = 1014;
 inline constexpr int Utf16 = 1015;
+inline constexpr int Utf32 = 1017;
+inline constexpr int Utf32BE = 1018;
+inline constexpr int Utf32LE = 1019;
 
 } // namespace Charset

@@ -4,9 +4,9 @@
  */
 #include "scan/scanned_field.h"
 
+#include "scan/scanned_fields.h"
 #include "wire/codec_calls.h"
 #include "wire/header_fields.h"
-#include "scan/scanned_fields.h"
 
 #include <gtest/gtest.h>
 
@@ -198,6 +198,13 @@ TEST(ScannedField, DecodesTextsByTheirCharset)
         {"96 04 83 C3 BC 00"_octets, "charset 3; \"\u00FC\""},
         {"96 03 83 FC 00"_octets, "charset 3; \"\u00FC\""},
         {"96 04 84 C3 BC 00"_octets, "charset 4; \"\u00C3\u00BC\""},
+        {"96 04 85 BE 6C 00"_octets, "charset 5; \"\u017El\""},
+        {"96 05 91 7F 93 FA 00"_octets, "charset 17; \"\u65E5\""},
+        {"96 06 91 93 FA 00 96 7B"_octets, "charset 17; \"\u65E5\""},
+        {"96 03 91 93 00"_octets, "charset 17; \"\u0093\""},
+        {"81 05 02 08 24 D0 00"_octets, "charset 2084; \"\u043F\""},
+        {"89 07 80 05 02 08 24 D0 00"_octets,
+         "token 128 address-present; charset 2084; \"\u043F\""},
         {"96 05 01 6A C3 BC 00"_octets, "charset 106; \"\u00FC\""},
         {"96 07 03 0F FF FF 61 62 00"_octets, "charset 1048575; \"ab\""},
         {"96 09 05 01 00 00 00 00 61 62 00"_octets, "charset 2147483647; \"ab\""},
@@ -225,6 +232,9 @@ TEST(ScannedField, DecodesUtf16)
         {"96 07 02 03 F5 00 61 00 62"_octets, "charset 1013; \"ab\""},
         {"96 07 02 03 F6 61 00 62 00"_octets, "charset 1014; \"ab\""},
         {"96 09 02 03 F6 FE FF 00 61 00 62"_octets, "charset 1014; \"ab\""},
+        {"96 0C 02 03 F9 7F FF FE 00 00 61 00 00 00"_octets, "charset 1017; \"a\""},
+        {"96 0C 02 03 F9 00 00 00 61 00 00 00 00 00"_octets, "charset 1017; \"a\""},
+        {"96 09 02 03 E8 00 61 00 00 00 62"_octets, "charset 1000; \"a\""},
         {"96 05 02 03 E8 7F 8E"_octets, "charset 1000; \"\u7F8E\""},
         {"96 06 02 03 E8 61 62 63"_octets, "charset 1000; \"abc\""},
         {"96 05 02 03 E8 FE FF"_octets, "charset 1000; \"\""},
