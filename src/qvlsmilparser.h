@@ -45,6 +45,7 @@
 #include "scan/charset_text.h"
 #include "scan/content_type_value.h"
 #include "scan/header_scanner.h"
+#include "scan/part_scanner.h"
 #include "scan/scanned_field.h"
 #include "scan/sent_times.h"
 #include "smil/smil_parser.h"

@@ -4,6 +4,8 @@
 #include "base/tables.h"
 #include "scan/charset_text.h"
 #include "scan/field_text.h"
+#include "scan/part_content_type.h"
+#include "scan/wsp_texts.h"
 #include "scan/wsp_values.h"
 #include "wire/octets.h"
 #include "wire/read.h"
@@ -77,29 +79,6 @@ bool isText(Form form)
     return form == Form::Text || form == Form::QuotedText;
 }
 
-// A text with or without value-length and charset.
-QString decodeText(QByteArrayView value)
-{
-    if (value.isEmpty() || hasHighBit(static_cast<unsigned char>(value.front())))
-        return FieldText::decode(value, 0);
-    constexpr QvlKnownField encodedText{0, "", 0, QvlFieldForm::EncodedText, {}};
-    QvlScannedField field;
-    field.code = encodedText.code;
-    field.known = &encodedText;
-    field.value = value;
-    return field.decoded().text;
-}
-
-// Senders that close the quotation are as common as those that follow the standard.
-QString withoutQuotes(const QString &text)
-{
-    constexpr QLatin1Char quote('"');
-    if (!text.startsWith(quote))
-        return text;
-    const QString rest = text.sliced(1);
-    return rest.endsWith(quote) ? rest.chopped(1) : rest;
-}
-
 // The octets of @p text up to @p end, which does not count within double quotes, or all of them.
 QByteArrayView upTo(QByteArrayView text, char end)
 {
@@ -137,7 +116,7 @@ public:
     {
     }
 
-    std::optional<QvlContentType> read();
+    std::optional<QvlContentType> read(bool mayBeUtf8);
 
 private:
     [[nodiscard]] bool readMedia();
@@ -161,7 +140,7 @@ constexpr unsigned char FirstUtf8Media = 0xA0; // no parameter has this code or 
 constexpr unsigned char LastUtf8Media = 0xBF;
 
 // content-type ::= octet >= 80 | text | value-length media parameter *
-std::optional<QvlContentType> ContentTypeReader::read()
+std::optional<QvlContentType> ContentTypeReader::read(bool mayBeUtf8)
 {
     const auto length = WireRead::valueLength(&m_buffer);
     if (length) {
@@ -170,7 +149,8 @@ std::optional<QvlContentType> ContentTypeReader::read()
         m_type.isComplete = *length <= left;
         m_value = m_value.sliced(start, std::min<qsizetype>(*length, left));
         m_buffer = WireRead::over(m_value);
-        skipUtf8Lead();
+        if (mayBeUtf8)
+            skipUtf8Lead();
     }
     if (!readMedia())
         return std::nullopt;
@@ -273,9 +253,9 @@ void ContentTypeReader::decodeValue(Form form, QvlScannedParameter *parameter)
     }
     const auto first = WireRead::peek(&value);
     if (isText(form) || (first && beginsText(*first))) {
-        parameter->text = decodeText(parameter->value);
-        if (form == Form::QuotedText || form == Form::Untyped)
-            parameter->text = withoutQuotes(parameter->text);
+        const bool mayBeQuoted = form == Form::QuotedText || form == Form::Untyped;
+        parameter->text = mayBeQuoted ? WspTexts::decodeQuoted(parameter->value)
+                                      : WspTexts::decode(parameter->value);
     } else if (WspValues::readInteger(&value, &parameter->number) && form == Form::MediaType) {
         parameter->text = WspValues::mediaType(parameter->number);
     }
@@ -334,11 +314,7 @@ const QvlScannedParameter *QvlContentType::find(QByteArrayView name) const
 int QvlContentType::charset() const
 {
     const QvlScannedParameter *parameter = find("charset");
-    if (!parameter)
-        return 0;
-    if (parameter->number >= 0)
-        return int(std::min<qint64>(parameter->number, std::numeric_limits<int>::max()));
-    return unlessOutOfMemory(0, [&] { return qvlCharsetOf(parameter->text.toLatin1()); });
+    return parameter ? unlessOutOfMemory(0, [parameter] { return charsetOf(*parameter); }) : 0;
 }
 
 QString QvlContentType::name() const
@@ -358,5 +334,17 @@ QString QvlContentType::type() const
 
 std::optional<QvlContentType> qvlReadContentType(QByteArrayView value)
 {
-    return unlessOutOfMemory({}, [value] { return ContentTypeReader(value).read(); });
+    return unlessOutOfMemory({}, [value] { return ContentTypeReader(value).read(true); });
+}
+
+std::optional<QvlContentType> readPartContentType(QByteArrayView value)
+{
+    return ContentTypeReader(value).read(false);
+}
+
+int charsetOf(const QvlScannedParameter &parameter)
+{
+    if (parameter.number < 0)
+        return qvlCharsetOf(parameter.text.toLatin1());
+    return parameter.number <= std::numeric_limits<int>::max() ? int(parameter.number) : 0;
 }

@@ -50,7 +50,7 @@ struct QVL_EXPORT QvlContentType
     /// The first parameter with the standard's @p name, given by its code or in letters, ignoring
     /// case; null when there is none. Linear in the parameters, as are the others below.
     const QvlScannedParameter *find(QByteArrayView name) const;
-    /// The MIBenum of the charset, also when its name is given; 0 when there is none, when the name
+    /// The MIBenum of the charset, also when its name is given; 0 when there is none, when it
     /// is unknown, and for "any charset".
     int charset() const;
     /// The parameter Name; null when there is none.
