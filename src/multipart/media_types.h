@@ -26,6 +26,13 @@ inline QString mixed()
     return QStringLiteral("vnd.wap.multipart.mixed");
 }
 
+/// True for a body of parts. Those of e-mail stand for those of WAP: a PDU has no other.
+inline bool isMultipart(const QString &type, const QString &subtype)
+{
+    return subtype.startsWith(QLatin1String("vnd.wap.multipart."), Qt::CaseInsensitive)
+        || type.compare(QLatin1String("multipart"), Qt::CaseInsensitive) == 0;
+}
+
 /// Media type of a presentation.
 inline QString smil()
 {

@@ -4,6 +4,7 @@
 #include "wire/header_values.h"
 #include "wire/value_names.h"
 
+#include <algorithm>
 #include <array>
 
 namespace {
@@ -66,6 +67,11 @@ constexpr bool everyTypeHasItsRow()
 }
 static_assert(everyTypeHasItsRow(), "a row stands at its type minus the first type");
 
+constexpr std::array typesWithBody{
+    QvlMessageType::SendReq,       QvlMessageType::RetrieveConf, QvlMessageType::MboxViewConf,
+    QvlMessageType::MboxUploadReq, QvlMessageType::MboxDescr,
+};
+
 } // namespace
 
 std::span<const MessageTypeInfo> messageTypes()
@@ -77,4 +83,9 @@ const MessageTypeInfo *messageTypeInfo(unsigned char type)
 {
     const int row = type - FirstType;
     return row >= 0 && row < int(table.size()) ? &table[size_t(row)] : nullptr;
+}
+
+bool messageTypeHasBody(unsigned char type)
+{
+    return std::ranges::find(typesWithBody, type) != typesWithBody.end();
 }

@@ -22,3 +22,6 @@ QVL_EXPORT std::span<const MessageTypeInfo> messageTypes();
 
 /// The row of @p type, or null for any other type.
 QVL_EXPORT const MessageTypeInfo *messageTypeInfo(unsigned char type);
+
+/// True if messages of @p type, one of all types up to MMS 1.3, end with Content-Type and a body.
+QVL_EXPORT bool messageTypeHasBody(unsigned char type);

@@ -1,0 +1,92 @@
+#include "readable/readable_pdu.h"
+
+#include "base/no_memory.h"
+#include "multipart/media_types.h"
+#include "readable/readable_body.h"
+#include "readable/readable_header.h"
+#include "wire/header_decoder.h"
+#include "wire/header_record.h"
+#include "wire/wire_result.h"
+
+#include <limits>
+
+namespace {
+
+unsigned char decode(QByteArrayView octets, MMS_UA_UAMsg *msg)
+{
+    if (octets.size() > std::numeric_limits<int>::max())
+        return WireResult::OutOfData;
+    const char *first = octets.isNull() ? "" : octets.data(); // the decoder takes no null
+    auto *data = reinterpret_cast<unsigned char *>(const_cast<char *>(first));
+    auto size = static_cast<unsigned int>(octets.size());
+    return MMS_UA_Decoder().decodeHeader(data, size, msg);
+}
+
+} // namespace
+
+QvlReadablePdu::QvlReadablePdu(const QByteArray &pdu) : m_pdu(pdu), m_headerSize(pdu.size())
+{
+    asFarAsMemoryGoes([this] { prepareHeader(); });
+}
+
+QvlReadablePdu::~QvlReadablePdu() = default;
+
+void QvlReadablePdu::prepareHeader()
+{
+    {
+        MMS_UA_UAMsg header;
+        if (decode(m_pdu, &header) == WireResult::Read) {
+            m_headerSize = m_pdu.size() - header.getBodyLength();
+            return prepareBody(header);
+        }
+    }
+    ReadableHeader readable = readableHeader(m_pdu);
+    m_headerSize = readable.size;
+    m_header = std::move(readable.octets);
+    m_changes = std::move(readable.changes);
+    MMS_UA_UAMsg header;
+    if (m_header && decodeHeader(&header) == WireResult::Read)
+        prepareBody(header);
+}
+
+void QvlReadablePdu::prepareBody(const MMS_UA_UAMsg &header)
+{
+    if (!MediaTypes::isMultipart(header.getContentType(), header.getContentSubType()))
+        return;
+    ReadableBody readable = readableBody(body(), m_headerSize);
+    m_body = std::move(readable.body);
+    m_changes.insert(m_changes.end(), readable.changes.begin(), readable.changes.end());
+}
+
+QByteArrayView QvlReadablePdu::header() const
+{
+    return m_header ? QByteArrayView(*m_header) : QByteArrayView(m_pdu).first(m_headerSize);
+}
+
+QByteArrayView QvlReadablePdu::body() const
+{
+    return m_body ? QByteArrayView(*m_body) : QByteArrayView(m_pdu).sliced(m_headerSize);
+}
+
+QByteArray QvlReadablePdu::pdu() const
+{
+    if (!m_header && !m_body)
+        return m_pdu;
+    return unlessOutOfMemory(QByteArray(), [this] {
+        QByteArray octets;
+        octets.reserve(header().size() + body().size());
+        octets.append(header());
+        octets.append(body());
+        return octets;
+    });
+}
+
+unsigned char QvlReadablePdu::decodeHeader(MMS_UA_UAMsg *msg) const
+{
+    const unsigned char result = decode(header(), msg);
+    if (result == WireResult::Read) {
+        msg->setBody(reinterpret_cast<unsigned char *>(const_cast<char *>(body().data())));
+        msg->setBodyLength(int(body().size()));
+    }
+    return result;
+}
