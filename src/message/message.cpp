@@ -4,10 +4,16 @@
 #include "message/message.h"
 
 #include "base/no_memory.h"
+#include "message/message_times.h"
 #include "message/multipart_parser.h"
+#include "multipart/media_types.h"
 #include "multipart/multipart_result.h"
 #include "presentation/media_params.h"
 #include "presentation/smil_result.h"
+#include "readable/transfer_encoding.h"
+#include "scan/charset_text.h"
+#include "scan/part_scanner.h"
+#include "scan/sent_content_type.h"
 #include "smil/smil_parser.h"
 #include "smil/smil_part.h"
 #include "wire/header_decoder.h"
@@ -27,6 +33,7 @@
 using namespace Qt::StringLiterals;
 
 using Layer = QvlMessage::Result::Layer;
+using Part = MMS_COMP_SMILMultipartBodypart;
 using Slide = MMS_COMP_SMILTimingContainer;
 
 namespace {
@@ -43,6 +50,21 @@ constexpr std::array layers{
     LayerInfo{"presentation", SmilResult::meaning},
 };
 static_assert(layers.size() == Layer::Presentation + 1, "a row stands at its layer");
+
+// Other decoders refuse a Content-ID without brackets. The start parameter keeps referring to it.
+void putIdsIntoBrackets(MMS_COMP_SMILMultipart *parts)
+{
+    const auto isBare = [](const QString &id) { return !id.isEmpty() && !id.startsWith(u'<'); };
+    for (int i = 0; i < parts->getPartCount(); ++i) {
+        Part *part = parts->getBodypartByIndex(i);
+        const QString id = part->getContentID();
+        if (!isBare(id))
+            continue;
+        if (parts->getStart() == id)
+            parts->setStart(u'<' + id + u'>');
+        part->setContentID(u'<' + id + u'>');
+    }
+}
 
 // Writing slides gives them the root layout's color. As that is none, every object loses its first
 // param with a page color. So there is a second one, after the other params, where it also is when
@@ -72,14 +94,6 @@ void moveRootColorToSlides(MMS_COMP_SMILData *slides)
     for (unsigned int i = 0; i < slides->getTotalSlidesNum(); ++i)
         slides->getSlide(i)->setPageColor(*root->getBackgroundColor());
     *root->getBackgroundColor() = MMS_COMP_COLOR();
-}
-
-bool hasBody(unsigned char type)
-{
-    const MessageTypeInfo *info = messageTypeInfo(type);
-    return info
-        && std::ranges::find(info->writeOrder, HeaderFieldCode::ContentType)
-        != info->writeOrder.end();
 }
 
 bool canBeWritten(const MMS_UTIL_Entry &entry)
@@ -123,9 +137,11 @@ QvlMessage::QvlMessage() : m_content(std::in_place) { }
 
 QvlMessage::~QvlMessage() = default;
 
+QvlMessage::Content::~Content() = default;
+
 bool QvlMessage::isMultipart() const
 {
-    return header().getContentSubType().startsWith("vnd.wap.multipart."_L1, Qt::CaseInsensitive);
+    return MediaTypes::isMultipart(header().getContentType(), header().getContentSubType());
 }
 
 // False when memory ran out. The content then exists, too, but is empty.
@@ -140,22 +156,132 @@ bool QvlMessage::renewContent()
     return isWhole;
 }
 
-QvlMessage::Result QvlMessage::receive(const QByteArray &pdu)
+QvlMessage::Result QvlMessage::receive(const QByteArray &pdu, Reading reading)
 {
     m_pdu = pdu;
     if (!renewContent())
         return {Layer::Header, WireResult::BadArgument};
-    if (const unsigned char code = MMS_UA_Decoder().decodeHeader(m_pdu, &header()))
-        return {Layer::Header, code};
-    return header().getBodyLength() > 0 && isMultipart() ? receiveBody() : Result{};
+    return unlessOutOfMemory(Result{Layer::Body, MultipartResult::OutOfMemory}, [&]() -> Result {
+        if (const unsigned char code = receiveHeader(reading))
+            return {Layer::Header, code};
+        return header().getBodyLength() > 0 ? receiveBody(reading) : Result{};
+    });
 }
 
-QvlMessage::Result QvlMessage::receiveBody()
+unsigned char QvlMessage::receiveHeader(Reading reading)
+{
+    if (reading == Strict)
+        return MMS_UA_Decoder().decodeHeader(m_pdu, &header());
+    const QvlReadablePdu &readable = m_content->readable.emplace(m_pdu);
+    m_content->changes = readable.changes();
+    const unsigned char code = readable.decodeHeader(&header());
+    m_content->times = std::make_unique<MessageTimes>(MessageTimes::of(header()));
+    return code;
+}
+
+QvlMessage::Result QvlMessage::receiveBody(Reading reading)
 {
     parts().setMimeType(header().getContentType());
     parts().setSubType(header().getContentSubType());
-    return {Layer::Body,
-            MMS_COMP_SMILMultipartParser::parse(header().getBodyOctets(), &header(), &parts())};
+    if (!isMultipart()) {
+        if (reading != Strict)
+            receiveSingleBody();
+        return {Layer::Body, MultipartResult::Ok};
+    }
+    const int code =
+        MMS_COMP_SMILMultipartParser::parse(header().getBodyOctets(), &header(), &parts());
+    if (reading != Strict) {
+        receiveDeclarations();
+        receiveRoot();
+    }
+    return {Layer::Body, code};
+}
+
+// A body that is no multipart, such as a single text.
+void QvlMessage::receiveSingleBody()
+{
+    const auto contentType = qvlSentContentType(m_pdu);
+    auto part = std::make_unique<Part>();
+    const QString mediaType = contentType ? contentType->mediaType : QString();
+    part->setContentType(Part::getTypePartFromFormat(mediaType));
+    part->setContentSubType(Part::getSubTypePartFromFormat(mediaType));
+    part->setBodyData(reinterpret_cast<const char *>(header().getBody()), header().getBodyLength());
+    if (contentType) {
+        part->setContentLocation(contentType->name());
+        keepCharset(*part, contentType->charset());
+    }
+    parts().appendBodypart(part.release());
+    MMS_COMP_SMILMultipartParser::checkLocation(&parts());
+}
+
+// Start and Type that the decoder passes over: those in letters, and those of other multiparts.
+void QvlMessage::receiveRoot()
+{
+    const auto contentType = qvlSentContentType(m_pdu);
+    if (!contentType)
+        return;
+    if (parts().getStart().isEmpty() && !contentType->start().isEmpty())
+        parts().setStart(contentType->start());
+    if (parts().getExtType().isEmpty() && !contentType->type().isEmpty())
+        parts().setExtType(contentType->type());
+}
+
+// What the body codec drops: charsets and transfer encodings. They are in the body as it came.
+void QvlMessage::receiveDeclarations()
+{
+    QvlPartScanner scanner(QByteArrayView(m_pdu).sliced(sentBodyOffset()));
+    QvlScannedPart scanned;
+    for (int i = 0; i < parts().getPartCount() && scanner.next(&scanned); ++i) {
+        Part *part = parts().getBodypartByIndex(i);
+        const bool isDecoded = decodeTransfer(part, i, scanned);
+        const int charset = scanned.charset();
+        if (isDecoded || charset != Charset::Ucs2) // which the codec converts itself
+            keepCharset(*part, charset);
+        if (scanned.location().isEmpty() && !scanned.fileName().isEmpty())
+            part->setDispFileName(scanned.fileName());
+    }
+}
+
+bool QvlMessage::decodeTransfer(Part *part, int index, const QvlScannedPart &scanned)
+{
+    const auto octets =
+        TransferEncoding::decode(scanned.data, scanned.transferEncoding().toLatin1());
+    if (!octets)
+        return false;
+    part->setBodyData(*octets);
+    m_content->changes.push_back({.kind = QvlChange::Rewritten,
+                                  .place = QvlChange::PartBody,
+                                  .part = index,
+                                  .octets = scanned.data,
+                                  .offset = scanned.data.data() - m_pdu.constData(),
+                                  .reason = "the part came in a transfer encoding"});
+    return true;
+}
+
+void QvlMessage::keepCharset(const Part &part, int charset)
+{
+    if (charset != 0 && charset != Charset::Utf8 && charset != Charset::UsAscii)
+        m_content->texts.push_back({part.getBodyData(), charset});
+}
+
+qsizetype QvlMessage::sentBodyOffset() const
+{
+    return m_content->readable ? m_content->readable->bodyOffset()
+                               : m_pdu.size() - header().getBodyLength();
+}
+
+int QvlMessage::charset(const Part &part) const
+{
+    for (const DeclaredText &text : m_content->texts) {
+        if (text.octets.constData() == part.getBodyData().constData())
+            return text.charset;
+    }
+    return 0;
+}
+
+QString QvlMessage::text(const Part &part) const
+{
+    return qvlDecodeText(part.getBodyData(), charset(part));
 }
 
 QvlMessage::Result QvlMessage::present()
@@ -211,18 +337,44 @@ bool QvlMessage::storeSlides(const QString &location)
     });
 }
 
+// Texts in UTF-8 are declared as such: the writer declares every named charset as US-ASCII.
+void QvlMessage::prepareTexts()
+{
+    for (int i = 0; i < parts().getPartCount(); ++i) {
+        Part *part = parts().getBodypartByIndex(i);
+        if (part->getMimeFormat() != "text/plain"_L1)
+            continue;
+        const QByteArray octets = part->getBodyData();
+        if (charset(*part) != 0 || !QByteArrayView(octets).isValidUtf8())
+            part->setBodyData(text(*part).toUtf8());
+        if (std::ranges::any_of(octets, WireOctet::hasHighBit))
+            part->setCharset(QString());
+    }
+}
+
 QvlMessage::Result QvlMessage::encodeBody(QByteArray *body)
 {
     if (parts().getPartCount() == 0) {
         if (!isMultipart())
-            *body = header().getBodyOctets(); // such as a single text
+            *body = header().getBodyOctets(); // received with Strict
         return {Layer::Body, MultipartResult::Ok};
     }
     if (parts().getPartCount() > MostParts)
         return {Layer::Body, MultipartResult::CannotEncode};
+    prepareTexts();
+    putIdsIntoBrackets(&parts());
     *body = MMS_COMP_SMILMultipartParser::assembleBody(&parts(), &header());
     header().addFieldsPresent(headerFieldMask(HeaderFieldCode::ContentType));
     return {Layer::Body, body->isEmpty() ? MultipartResult::CannotEncode : MultipartResult::Ok};
+}
+
+unsigned char QvlMessage::encodeHeader(QByteArray *octets)
+{
+    const MessageTimes times = MessageTimes::of(header());
+    const auto restoreTimes = qScopeGuard([&] { times.storeIn(&header()); });
+    if (const auto &decoded = m_content->times)
+        times.replaced(*decoded, decoded->asSent(sentTimes())).storeIn(&header());
+    return MMS_UA_Encoder().encodeHeader(&header(), octets);
 }
 
 QvlMessage::Result QvlMessage::encode(QByteArray *pdu)
@@ -234,14 +386,14 @@ QvlMessage::Result QvlMessage::encode(QByteArray *pdu)
             return {Layer::Header, WireResult::CannotWrite};
         QByteArray body;
         // Settles the content type, so it comes before the header.
-        if (hasBody(header().getMessageType())) {
+        if (messageTypeHasBody(header().getMessageType())) {
             if (const Result result = encodeBody(&body); !result.isOk())
                 return result;
         } else if (parts().getPartCount() > 0) {
             return {Layer::Body, MultipartResult::CannotEncode};
         }
         QByteArray octets;
-        const unsigned char code = MMS_UA_Encoder().encodeHeader(&header(), &octets);
+        const unsigned char code = encodeHeader(&octets);
         if (code != WireResult::Written)
             return {Layer::Header, code};
         *pdu = octets + body;

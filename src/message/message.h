@@ -6,12 +6,19 @@
 #include "../base/export.h"
 #include "../multipart/multipart.h"
 #include "../presentation/presentation.h"
+#include "../readable/readable_pdu.h"
+#include "../scan/sent_times.h"
 #include "../wire/header_record.h"
 
 #include <QByteArray>
 #include <QString>
 
+#include <memory>
 #include <optional>
+#include <vector>
+
+struct MessageTimes;
+struct QvlScannedPart;
 
 /**
  * The PDU, the header, the parts and the slides of one message. They exist as long as the object.
@@ -43,8 +50,15 @@ public:
         const char *meaning() const;
     };
 
-    /// Parts that a message can have: a body counts them in one octet.
-    static constexpr int MostParts = 255;
+    /// What receive() reads.
+    enum Reading : unsigned char {
+        AnyVersion, ///< messages of MMS 1.0 to 1.3, see QvlReadablePdu
+        Strict, ///< what MMS_UA_Decoder and the body codec read without that step: MMS 1.0 only
+    };
+
+    /// Parts that a message can have. The library counts them in one octet; from 128 on everyone
+    /// else takes that for the first of several.
+    static constexpr int MostParts = 127;
 
     /// A message of type m-send-req without a field, a part or a slide.
     QvlMessage();
@@ -55,12 +69,16 @@ public:
 
     /**
      * Discards the contents of the object and reads a PDU: its header, and the parts of a multipart
-     * body. It does not reject a header that fails the checks of MMS_UA_UAMsg. Linear in the
-     * octets.
+     * body. Any other body becomes one part with the media type, charset and name that the header
+     * declares. Parts in base64 or quoted-printable are decoded. It does not reject a header that
+     * fails the checks of MMS_UA_UAMsg. Linear in the octets.
+     *
+     * With Strict, no octet is changed, only a multipart body becomes parts, and no part is
+     * decoded.
      *
      * @param pdu the octets, which are shared and not copied
      */
-    [[nodiscard]] Result receive(const QByteArray &pdu);
+    [[nodiscard]] Result receive(const QByteArray &pdu, Reading reading = AnyVersion);
 
     /**
      * Reads the slides from the SMIL part. A message without one gets a slide for every part that
@@ -80,13 +98,16 @@ public:
     [[nodiscard]] bool storeSlides(const QString &location = QStringLiteral("slides.smil"));
 
     /**
-     * Encodes the message: the header, and the parts or a received body without parts. Changes of
-     * the slides are sent only after storeSlides(). Parts settle the content type and mark it as
-     * present; other header fields are written when the application marked them. Linear in the
-     * octets.
+     * Encodes the message: the header and the parts. Changes of the slides are sent only after
+     * storeSlides(). Parts settle the content type and mark it as present; other header fields are
+     * written when the application marked them. Linear in the octets.
+     *
+     * Date, Expiry and Delivery-Time that the application did not change are written as the sender
+     * meant them, an Expiry counted from the sender's Date. Texts become UTF-8 and are declared as
+     * such; a bare Content-ID gets angle brackets, because others refuse it without.
      *
      * Refuses what would not read back: an unknown message type, parts in a type without a body,
-     * more than 255 parts, addresses that are neither e-mail nor phone, and a version above 0x7F.
+     * more than MostParts, addresses that are neither e-mail nor phone, and a version above 0x7F.
      *
      * @param pdu gets the octets; unchanged after a failure
      */
@@ -94,7 +115,14 @@ public:
 
     /// The received octets; empty for a message that was not received.
     const QByteArray &pdu() const { return m_pdu; }
-    /// The header, whose body points into pdu().
+    /// What receive() changed to read the message; empty when nothing was. The views point into
+    /// pdu().
+    const std::vector<QvlChange> &changes() const { return m_content->changes; }
+    /// Octets before the body in pdu(); all of them when the header was refused.
+    qsizetype sentBodyOffset() const;
+    /// The times of the received header as the sender wrote them.
+    QvlSentTimes sentTimes() const { return qvlSentTimes(m_pdu); }
+    /// The header. Its body points into octets of this object.
     MMS_UA_UAMsg &header() { return m_content->header; }
     /// @copydoc header
     const MMS_UA_UAMsg &header() const { return m_content->header; }
@@ -107,7 +135,13 @@ public:
     /// @copydoc slides
     const MMS_COMP_SMILData &slides() const { return m_content->slides; }
 
-    /// True when the header announces a multipart body, whose parts receive() reads.
+    /// The text of @p part in the charset that its sender declared, see qvlDecodeText().
+    QString text(const MMS_COMP_SMILMultipartBodypart &part) const;
+    /// The charset of the octets of a received text, by its MIBenum, while the part has these
+    /// octets; 0 when none is declared.
+    int charset(const MMS_COMP_SMILMultipartBodypart &part) const;
+
+    /// True when the header announces a multipart body.
     bool isMultipart() const;
     /// True when present() generated the slides because there is no SMIL part.
     bool areSlidesGenerated() const { return m_content->slidesGenerated; }
@@ -116,22 +150,43 @@ public:
     QByteArray smilText();
 
 private:
+    struct DeclaredText
+    {
+        QByteArray octets; // shared with the part, so that no other part gets their address
+        int charset;
+    };
+
     struct Content
     {
         QVL_INTERNAL Content();
+        QVL_INTERNAL ~Content();
 
+        std::optional<QvlReadablePdu> readable; // the header points into it
         MMS_UA_UAMsg header;
         MMS_COMP_SMILMultipart parts;
         MMS_COMP_SMILData slides{&parts};
+        std::vector<QvlChange> changes;
+        std::vector<DeclaredText> texts; // only those that are not in UTF-8
+        std::unique_ptr<MessageTimes> times; // as decoded; null unless a header was received
         bool slidesGenerated = false;
         std::optional<Result> presented;
     };
 
     QVL_INTERNAL bool renewContent();
-    QVL_INTERNAL Result receiveBody();
+    QVL_INTERNAL Result receiveContent(Reading reading);
+    QVL_INTERNAL unsigned char receiveHeader(Reading reading);
+    QVL_INTERNAL Result receiveBody(Reading reading);
+    QVL_INTERNAL void receiveSingleBody();
+    QVL_INTERNAL void receiveRoot();
+    QVL_INTERNAL void receiveDeclarations();
+    QVL_INTERNAL bool decodeTransfer(MMS_COMP_SMILMultipartBodypart *part, int index,
+                                     const QvlScannedPart &scanned);
+    QVL_INTERNAL void keepCharset(const MMS_COMP_SMILMultipartBodypart &part, int charset);
     QVL_INTERNAL Result readSlides();
+    QVL_INTERNAL void prepareTexts();
     QVL_INTERNAL Result encodeBody(QByteArray *body);
+    QVL_INTERNAL unsigned char encodeHeader(QByteArray *octets);
 
-    QByteArray m_pdu; // declared before the header, which points into it
+    QByteArray m_pdu;
     std::optional<Content> m_content;
 };

@@ -23,7 +23,7 @@ static_assert(!std::is_copy_constructible_v<QvlMessage>);
 
 // m-retrieve-conf, version 1.0, and a body of one text "B" with the location "b".
 const QByteArray MixedPdu = "8C 84 8D 90 84 A3 01 05 01 04 83 85 62 00 42"_octets;
-// The same with a text type that no SMIL and no multipart has: image/gif.
+// The same with a body that is no multipart: image/gif.
 const QByteArray PicturePdu = "8C 84 8D 90 84 9D 47 49 46"_octets;
 
 const QByteArray Smil = "<smil><body><par dur=\"2s\"><text src=\"b\"/></par></body></smil>";
@@ -73,17 +73,105 @@ TEST(Message, KeepsTheOctetsOfTheBodyWhenTheCallersArrayIsGone)
 {
     QvlMessage message;
     auto pdu = std::make_unique<QByteArray>(PicturePdu.constData(), PicturePdu.size());
-    expectResult(message.receive(*pdu), Layer::Header, WireResult::Read);
+    expectResult(message.receive(*pdu), Layer::Body, MultipartResult::Ok);
     pdu.reset();
     EXPECT_EQ(message.header().getBodyOctets(), "GIF");
 }
 
-TEST(Message, ReadsNoPartsFromABodyThatIsNotMultipart)
+TEST(Message, TakesABodyThatIsNoMultipartForOnePart)
 {
     QvlMessage message;
-    expectResult(message.receive(PicturePdu), Layer::Header, WireResult::Read);
+    expectResult(message.receive(PicturePdu), Layer::Body, MultipartResult::Ok);
     EXPECT_FALSE(message.isMultipart());
+    ASSERT_EQ(message.parts().getPartCount(), 1);
+    const Part &part = *message.parts().getBodypartByIndex(0);
+    EXPECT_EQ(part.getMimeFormat(), "image/gif");
+    EXPECT_EQ(part.getBodyData(), "GIF");
+    EXPECT_EQ(part.getContentLocation(), "file0.gif");
+}
+
+TEST(Message, KeepsCharsetAndNameOfABodyThatIsNoMultipart)
+{
+    // text/plain, charset ISO-8859-1, name "a.txt", in the general form; then an e with an accent.
+    const QByteArray pdu = "8C 84 8D 90 84 0A 83 81 84 85"_octets + "a.txt" + "00 E9"_octets;
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(pdu).isOk());
+    ASSERT_EQ(message.parts().getPartCount(), 1);
+    const Part &part = *message.parts().getBodypartByIndex(0);
+    EXPECT_EQ(part.getMimeFormat(), "text/plain");
+    EXPECT_EQ(part.getContentLocation(), "a.txt");
+    EXPECT_EQ(message.charset(part), 4);
+    EXPECT_EQ(message.text(part), QString(QChar(0xE9)));
+    ASSERT_EQ(message.changes().size(), 1U);
+    EXPECT_EQ(message.changes()[0].code, ContentType);
+    EXPECT_EQ(message.changes()[0].offset, 4);
+}
+
+TEST(Message, ReadsFieldsOfLaterVersions)
+{
+    QByteArray pdu = MixedPdu;
+    pdu.insert(4, "9B 80 A2 81"_octets);
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(pdu).isOk());
+    EXPECT_EQ(message.parts().getPartCount(), 1);
+    EXPECT_EQ(message.changes().size(), 2U);
+    EXPECT_EQ(message.pdu(), pdu);
+    expectResult(message.receive(pdu, QvlMessage::Strict), Layer::Header, WireResult::UnknownField);
+    EXPECT_TRUE(message.changes().empty());
+}
+
+TEST(Message, StrictlyHasNoPartsInABodyThatIsNoMultipart)
+{
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(PicturePdu, QvlMessage::Strict).isOk());
     EXPECT_EQ(message.parts().getPartCount(), 0);
+    QByteArray pdu;
+    ASSERT_TRUE(message.encode(&pdu).isOk());
+    EXPECT_EQ(pdu, "8C 84 8D 90 89 01 81 84 9D 47 49 46"_octets); // From is always written
+}
+
+TEST(Message, KeepsStartAndTypeInLetters)
+{
+    // Length 33: media octet, "start", "<s>", "type" and "application/smil" with their zeros.
+    QByteArray pdu = "8C 84 8D 90 84 1F 21 B3"_octets + "start" + '\0' + "<s>" + '\0' + "type"
+        + '\0' + "application/smil" + '\0';
+    pdu += relatedPdu(Smil).sliced(30);
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(pdu).isOk());
+    EXPECT_TRUE(message.changes().empty());
+    EXPECT_EQ(message.parts().getStart(), "<s>");
+    EXPECT_EQ(message.parts().getExtType(), "application/smil");
+    EXPECT_EQ(message.parts().getSmilPart(), message.parts().getBodypartByIndex(0));
+}
+
+TEST(Message, DecodesPartsFromTheirTransferEncoding)
+{
+    // One part, text/plain; charset ISO-8859-1; the octets "4Q==" stand for an a with an accent.
+    const QByteArray pdu = "8C 84 8D 90 84 A3 01 25 04 03 83 81 84"_octets
+        + "Content-Transfer-Encoding" + '\0' + "base64" + '\0' + "4Q==";
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(pdu).isOk());
+    const Part &part = *message.parts().getBodypartByIndex(0);
+    EXPECT_EQ(part.getBodyData(), "\xE1");
+    EXPECT_EQ(message.text(part), QString(QChar(0xE1)));
+    ASSERT_EQ(message.changes().size(), 1U);
+    const QvlChange &change = message.changes()[0];
+    EXPECT_EQ(change.kind, QvlChange::Rewritten);
+    EXPECT_EQ(change.place, QvlChange::PartBody);
+    EXPECT_EQ(change.part, 0);
+    EXPECT_EQ(change.offset, pdu.size() - 4);
+    ASSERT_TRUE(message.receive(pdu, QvlMessage::Strict).isOk());
+    EXPECT_EQ(message.parts().getBodypartByIndex(0)->getBodyData(), "4Q==");
+}
+
+TEST(Message, KeepsAMalformedTransferEncoding)
+{
+    const QByteArray pdu = "8C 84 8D 90 84 A3 01 22 04 83"_octets + "Content-Transfer-Encoding"
+        + '\0' + "base64" + '\0' + "4?==";
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(pdu).isOk());
+    EXPECT_EQ(message.parts().getBodypartByIndex(0)->getBodyData(), "4?==");
+    EXPECT_TRUE(message.changes().empty());
 }
 
 TEST(Message, NamesTheLayerThatFailed)
@@ -281,21 +369,85 @@ TEST(Message, HasNoPartsInATypeWithoutABody)
     }
 }
 
-TEST(Message, KeepsAReceivedBodyThatIsNoMultipart)
+TEST(Message, WritesABodyThatIsNoMultipartAsOnePart)
 {
     QvlMessage message;
     ASSERT_TRUE(message.receive(PicturePdu).isOk());
     QByteArray pdu;
     ASSERT_TRUE(message.encode(&pdu).isOk());
-    EXPECT_EQ(pdu, "8C 84 8D 90 89 01 81 84 9D 47 49 46"_octets); // From is always written
+    QvlMessage read;
+    ASSERT_TRUE(read.receive(pdu).isOk());
+    EXPECT_TRUE(read.isMultipart());
+    ASSERT_EQ(read.parts().getPartCount(), 1);
+    EXPECT_EQ(read.parts().getBodypartByIndex(0)->getBodyData(), "GIF");
 }
 
-TEST(Message, HasAtMost255PartsWhenItIsEncoded)
+TEST(Message, WritesTextsInUtf8AndDeclaresIt)
+{
+    // Two parts: text/plain in ISO-8859-1, named "a", and in UTF-8, named "b".
+    const QByteArray pdu = "8C 84 8D 90 84 A3 02"_octets + "07 01 06 83 81 84 85 61 00 E9"_octets
+        + "07 02 06 83 81 EA 85 62 00 C3 A9"_octets;
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(pdu).isOk());
+    QByteArray written;
+    ASSERT_TRUE(message.encode(&written).isOk());
+    // The writer puts the name first and repeats it as the content location.
+    EXPECT_TRUE(written.endsWith("02"_octets + "0A 02 06 83 85 61 00 81 EA 8E 61 00 C3 A9"_octets
+                                 + "0A 02 06 83 85 62 00 81 EA 8E 62 00 C3 A9"_octets))
+        << written.toHex(' ').toStdString();
+    EXPECT_EQ(message.text(*message.parts().getBodypartByIndex(0)), QString(QChar(0xE9)));
+}
+
+TEST(Message, PutsBareContentIdsIntoBrackets)
+{
+    QvlMessage message;
+    message.header().addFieldsPresent(headerFieldMask(MessageType));
+    appendParts(message.parts(), {{.format = "application/smil", .location = "s", .data = "S"}});
+    message.parts().getBodypartByIndex(0)->setContentID("s");
+    message.parts().setStart("s");
+    QByteArray pdu;
+    ASSERT_TRUE(message.encode(&pdu).isOk());
+    EXPECT_EQ(message.parts().getBodypartByIndex(0)->getContentID(), "<s>");
+    EXPECT_EQ(message.parts().getStart(), "<s>");
+    EXPECT_TRUE(pdu.contains("C0 22 3C 73 3E 00"_octets));
+}
+
+TEST(Message, WritesTimesAsTheSenderMeantThem)
+{
+    // m-send-req; Date 1,000,000,000; Expiry 7 days; Delivery-Time one hour after the date.
+    const QByteArray pdu = "8C 80 8D 90 85 04 3B 9A CA 00 89 01 81 88 05 81 03 09 3A 80"_octets
+        + "87 04 81 02 0E 10 84 A3 00"_octets;
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(pdu).isOk());
+    const int decoded = message.header().getExpiry();
+    QByteArray written;
+    ASSERT_TRUE(message.encode(&written).isOk());
+    EXPECT_EQ(written,
+              "8C 80 8D 90 85 04 3B 9A CA 00 89 01 81 88 05 81 03 09 3A 80"_octets
+                  + "87 06 80 04 3B 9A D8 10 84 A3"_octets);
+    EXPECT_EQ(message.header().getExpiry(), decoded);
+    message.header().setExpiry(60);
+    ASSERT_TRUE(message.encode(&written).isOk());
+    EXPECT_TRUE(written.contains("88 02 81 BC"_octets));
+}
+
+TEST(Message, CountsAnAbsoluteExpiryFromTheDate)
+{
+    // m-notification-ind without a date would count from now, so this m-send-req has one.
+    const QByteArray pdu = "8C 80 8D 90 85 04 3B 9A CA 00 88 06 80 04 3B 9A D8 10 84 A3 00"_octets;
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(pdu).isOk());
+    QByteArray written;
+    ASSERT_TRUE(message.encode(&written).isOk());
+    EXPECT_TRUE(written.contains("88 04 81 02 0E 10"_octets)); // 3,600 s
+}
+
+TEST(Message, HasAtMost127PartsWhenItIsEncoded)
 {
     QvlMessage message;
     message.header().addFieldsPresent(headerFieldMask(MessageType));
     QByteArray pdu;
-    for (int i = 0; i < 255; ++i)
+    for (int i = 0; i < 127; ++i)
         message.parts().appendBodypart(new Part);
     EXPECT_TRUE(message.encode(&pdu).isOk());
     message.parts().appendBodypart(new Part);
