@@ -72,6 +72,8 @@ done <<'ROWS'
 --to 1 --from +491|"From":{"address":"+491","kind":"phone","name":""}
 --to 1 --from me@example.org|"From":{"address":"me@example.org","kind":"e-mail","name":""}
 --to 1 --subject "Grüße 港口 ⚓"|"Subject":"Grüße 港口 ⚓"
+--to 1 --subject $'a\u202eb\u200e'|"Subject":"a\u202eb\u200e"
+--to $'a\u200f@b'|"address":"a\u200f@b"
 --to 1 --subject "Übersee"|"Subject":"Übersee
 --to 1 --subject "-o"|"Subject":"-o"
 --to 1 --priority low|"Priority":{"name":"low","value":128}
@@ -241,6 +243,29 @@ for option in '--text x' '--text-file note.txt' '--image harbour.jpg' '--video v
   # shellcheck disable=SC2086
   refuse 2 "${option%% *} applies to a slide: put --slide before it" --to 1 $option --slide --text x
 done
+refuse_text() { # WHAT ARGUMENT...
+  local what=$1
+  shift
+  refuse 2 "$what is expected" --to 1 --slide "$@" --text x
+}
+line='text in UTF-8 without line feeds and other control characters'
+name='text in UTF-8 without control characters and changes of the writing direction'
+refuse_text "--subject a\u{a}b: $line" --subject $'a\nb'
+refuse_text "--subject a\u{d}: $line" --subject $'a\r'
+refuse_text "--subject \u{9}: $line" --subject $'\t'
+refuse_text "--subject \u{85}: $line" --subject $'\u0085'
+refuse_text "--subject \u{2028}: $line" --subject $'\u2028'
+refuse_text "--subject a�: $line" --subject $'a\xff'
+refuse_text "--subject ���: $line" --subject $'\xed\xa0\x80' # a lone surrogate
+refuse_text "--to a\u{202e}@b: $name" --to $'a\u202e@b'
+refuse_text "--cc a\u{7}@b: $name" --cc $'a\a@b'
+refuse_text "--bcc a@b\u{2066}: $name" --bcc $'a@b\u2066'
+refuse_text "--from a�@b: $name" --from $'a\xe4@b'
+for option in attach text-file image video audio; do
+  refuse_text "--$option folder/\u{202e}gpj.exe: $name" "--$option" $'folder/\u202egpj.exe'
+  refuse_text "--$option a\u{a}b.jpg: $name" "--$option" $'a\nb.jpg'
+done
+refuse_text '--text �: text in UTF-8' --text $'\xff'
 refuse 2 '--duration 0: a duration above 0 such as 5s, 2500ms or 2.5 is expected' --to 1 --slide --duration 0
 refuse 2 "--background beige: $color_line" --to 1 --slide --background beige
 refuse 2 "--text-color #fff: $color_line" --to 1 --slide --text-color '#fff'

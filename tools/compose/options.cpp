@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <functional>
 #include <vector>
 
 namespace {
@@ -17,6 +18,11 @@ using Words = std::span<const char *const>;
 constexpr int LargestLimit = 100 * 1024; // kilobytes
 
 constexpr std::array textSizes{"small", "normal", "large"};
+
+// Everyone reads the subject, the addresses and the names of parts.
+constexpr const char *LineText = "text in UTF-8 without line feeds and other control characters";
+constexpr const char *NameText =
+    "text in UTF-8 without control characters and changes of the writing direction";
 
 constexpr ComposeValue Address{"ADDRESS",
                                "a phone number such as +4915112345678 or an e-mail address"};
@@ -49,6 +55,8 @@ void addField(Composer &composer, unsigned char field)
 template <unsigned char Field, auto Set>
 Outcome setAddress(Composer &composer, const QString &text)
 {
+    if (!ComposeValues::isName(text))
+        return expected(NameText);
     const auto entry = ComposeValues::address(text);
     if (!entry)
         return expected(Address.expected);
@@ -93,6 +101,8 @@ Outcome setFlag(Composer &composer, const QString &)
 
 Outcome setSubject(Composer &composer, const QString &text)
 {
+    if (!ComposeValues::isLine(text))
+        return expected(LineText);
     composer.header().setSubject(text);
     if (!text.isEmpty())
         addField(composer, Subject);
@@ -136,23 +146,24 @@ Outcome addSlide(Composer &composer, const QString &)
 
 Outcome addText(Composer &composer, const QString &text)
 {
+    if (text.contains(QChar::ReplacementCharacter)) // replaces octets that are not UTF-8
+        return expected("text in UTF-8");
     return composer.addText(text);
 }
 
-Outcome addTextFile(Composer &composer, const QString &fileName)
+// The name of the file becomes the name of a part.
+template <auto Add>
+Outcome addFile(Composer &composer, const QString &fileName)
 {
-    return composer.addTextFile(fileName);
+    if (!ComposeValues::isName(MMS_COMP_Util::stripePath(fileName)))
+        return expected(NameText);
+    return std::invoke(Add, composer, fileName);
 }
 
 template <MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE Kind>
 Outcome addMedia(Composer &composer, const QString &fileName)
 {
     return composer.addMedia(Kind, fileName);
-}
-
-Outcome attach(Composer &composer, const QString &fileName)
-{
-    return composer.attach(fileName);
 }
 
 Outcome setDuration(Composer &composer, const QString &text)
@@ -224,14 +235,15 @@ constexpr ComposeOption options[] = {
     {"slide", nullptr,
      "begin a new slide; options of a slide apply to the last --slide before them", Content,
      addSlide},
-    {"attach", "FILE", "add a file that is not on a slide", Content, attach},
+    {"attach", "FILE", "add a file that is not on a slide", Content, addFile<&Composer::attach>},
 
     {"text", "TEXT", "text of the slide", OfSlide, addText},
-    {"text-file", "FILE", "text of the slide, from a file in UTF-8", OfSlide, addTextFile},
-    {"image", "FILE", "image of the slide", OfSlide, addMedia<SMIL_MEDIA_IMAGE>},
+    {"text-file", "FILE", "text of the slide, from a file in UTF-8", OfSlide,
+     addFile<&Composer::addTextFile>},
+    {"image", "FILE", "image of the slide", OfSlide, addFile<addMedia<SMIL_MEDIA_IMAGE>>},
     {"video", "FILE", "video of the slide, instead of an image", OfSlide,
-     addMedia<SMIL_MEDIA_VIDEO>},
-    {"audio", "FILE", "audio of the slide", OfSlide, addMedia<SMIL_MEDIA_AUDIO>},
+     addFile<addMedia<SMIL_MEDIA_VIDEO>>},
+    {"audio", "FILE", "audio of the slide", OfSlide, addFile<addMedia<SMIL_MEDIA_AUDIO>>},
     {"duration", "TIME",
      "5s, 2500ms or 2.5; the default is the duration of the slide's clips, or 5 seconds", OfSlide,
      setDuration},

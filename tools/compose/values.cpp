@@ -2,6 +2,7 @@
 
 #include <QRegularExpression>
 
+#include <algorithm>
 #include <limits>
 
 namespace {
@@ -17,7 +18,47 @@ int secondsOf(QStringView unit)
     return unit == QLatin1String("m") ? 60 : 1;
 }
 
+bool fitsOnLine(QChar character)
+{
+    switch (character.category()) {
+    case QChar::Other_Control:
+    case QChar::Separator_Line:
+    case QChar::Separator_Paragraph:
+        return false;
+    default:
+        return character != QChar::ReplacementCharacter;
+    }
+}
+
+bool changesDirection(QChar character)
+{
+    switch (character.direction()) {
+    case QChar::DirLRE:
+    case QChar::DirLRO:
+    case QChar::DirRLE:
+    case QChar::DirRLO:
+    case QChar::DirPDF:
+    case QChar::DirLRI:
+    case QChar::DirRLI:
+    case QChar::DirFSI:
+    case QChar::DirPDI:
+        return true;
+    default:
+        return false;
+    }
+}
+
 } // namespace
+
+bool ComposeValues::isLine(QStringView text)
+{
+    return text.isValidUtf16() && std::ranges::all_of(text, fitsOnLine);
+}
+
+bool ComposeValues::isName(QStringView text)
+{
+    return isLine(text) && std::ranges::none_of(text, changesDirection);
+}
 
 std::optional<MMS_UTIL_Entry> ComposeValues::address(const QString &text)
 {
@@ -77,8 +118,7 @@ std::optional<MMS_COMP_COLOR> ComposeValues::color(const QString &text)
 QString ComposeValues::locationFor(const QString &fileName)
 {
     // No surrogate pairs: the library may shorten a name in the middle of one.
-    static const QRegularExpression unfit(
-        QStringLiteral("[&<>\"\\x00-\\x1F\\x7F-\\x9F\\x{FFFE}-\\x{10FFFF}]"));
+    static const QRegularExpression unfit(QStringLiteral("[&<>\"\\x{FFFE}-\\x{10FFFF}]"));
     // SMIL readers drop blanks around a value.
     return MMS_COMP_Util::stripePath(fileName).replace(unfit, QStringLiteral("_")).trimmed();
 }

@@ -13,6 +13,14 @@
 
 namespace ComposeValues {
 
+/// True for a text on one line: without control characters, and without U+FFFD, which replaces
+/// octets that are not UTF-8.
+bool isLine(QStringView text);
+
+/// True for a line without embeddings, overrides and isolates of the writing direction. They make
+/// "gpj.exe" look like "exe.jpg".
+bool isName(QStringView text);
+
 /// A phone number, digits that may follow a "+", or an e-mail address.
 std::optional<MMS_UTIL_Entry> address(const QString &text);
 
@@ -29,8 +37,8 @@ std::optional<QDateTime> dateTime(const QString &text);
 std::optional<MMS_COMP_COLOR> color(const QString &text);
 
 /**
- * The location for a part with the content of the file @p fileName: its last component, with "_"
- * for characters that a SMIL value cannot have or that shortening would split.
+ * The location for a part with the content of the file @p fileName: its last component, which is a
+ * name, with "_" for characters that a SMIL value cannot have or that shortening would split.
  */
 QString locationFor(const QString &fileName);
 

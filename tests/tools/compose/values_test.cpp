@@ -18,6 +18,13 @@ struct AddressRow
     std::optional<int> type;
 };
 
+struct TextRow
+{
+    const char16_t *text;
+    bool isLine;
+    bool isName;
+};
+
 struct NumberRow
 {
     const char *text;
@@ -74,6 +81,45 @@ TEST(ComposeValues, AcceptsPhoneNumbersAndMailAddresses)
         EXPECT_EQ(entry->getType(), *row.type);
         EXPECT_EQ(entry->getAddress(), QString::fromUtf8(row.text));
     }
+}
+
+TEST(ComposeValues, ChecksTheCharactersOfLinesAndNames)
+{
+    const TextRow rows[] = {
+        {u"", true, true},
+        {u"Grüße 港口 ⚓ 🌊", true, true},
+        {u"\u200E\u200F\u061C\u200D\uFEFF", true, true},
+        {u"a\nb", false, false},
+        {u"a\tb", false, false},
+        {u"\u007F", false, false},
+        {u"\u0085", false, false},
+        {u"\u009F\u00A0", false, false},
+        {u"\u00A0", true, true},
+        {u"\u2028", false, false},
+        {u"\u2029", false, false},
+        {u"\uFFFD", false, false},
+        {u"\u202A", true, false},
+        {u"\u202B", true, false},
+        {u"\u202C", true, false},
+        {u"\u202D", true, false},
+        {u"a\u202Egpj.exe", true, false},
+        {u"\u202F", true, true},
+        {u"\u2065", true, true},
+        {u"\u2066", true, false},
+        {u"\u2067", true, false},
+        {u"\u2068", true, false},
+        {u"\u2069", true, false},
+        {u"\u206A", true, true},
+    };
+    for (const TextRow &row : rows) {
+        const QString text = QString::fromUtf16(row.text);
+        SCOPED_TRACE(text.toStdString());
+        EXPECT_EQ(isLine(text), row.isLine);
+        EXPECT_EQ(isName(text), row.isName);
+    }
+    const QString loneSurrogate(QChar(0xD83C));
+    EXPECT_FALSE(isLine(loneSurrogate));
+    EXPECT_FALSE(isName(loneSurrogate));
 }
 
 TEST(ComposeValues, ConvertsAnExpiryToSeconds)
@@ -191,7 +237,7 @@ TEST(ComposeValues, RemovesMarkupFromLocations)
 {
     const LocationRow rows[] = {
         {"/home/anna/beach.jpg", "beach.jpg"}, {"a&b.jpg", "a_b.jpg"},
-        {"<\"x\">.jpg", "__x__.jpg"},          {"a\nb\x7F\xC2\x85.jpg", "a_b__.jpg"},
+        {"<\"x\">.jpg", "__x__.jpg"},          {"a&&b.jpg", "a__b.jpg"},
         {" blank .jpg ", "blank .jpg"},        {"ünï港口.jpg", "ünï港口.jpg"},
         {"\xF0\x9F\x8C\x8A.jpg", "_.jpg"},     {"it's 100%.jpg", "it's 100%.jpg"},
         {"\xEF\xBF\xBF.jpg", "_.jpg"},         {".hidden", ".hidden"},
