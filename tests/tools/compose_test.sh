@@ -26,8 +26,10 @@ printf 'Grüße\nvon der See' >note.txt
 printf 'Gr\xfc\xdfe' >latin1.txt
 printf 'ends in zero\0' >zero.txt
 printf 'BEGIN:VCARD' >anna.vcf
-printf 'what is this' >strange.xyz
+printf 'what\0is this' >strange.xyz
 : >nothing
+cp harbour.jpg picture
+cp note.txt plain
 mkdir out
 
 complain() {
@@ -159,6 +161,20 @@ done <<'ROWS'
 --text-size small|5000 ms (from the document or by default), text size small
 ROWS
 
+# Texts and media before the first --slide are the first slide. --attach is not on a slide.
+while IFS='|' read -r arguments expected; do
+  eval "compose --to 1 $arguments"
+  has "$(cat printed)" "$expected"
+done <<'ROWS'
+--text x|1 slide, 2 parts
+--text-file note.txt --image harbour.jpg --audio voice.amr|1 slide, 4 parts
+--video video.3gp --duration 3s --background navy|1 slide, 2 parts
+--attach anna.vcf --image harbour.jpg --slide --text x|2 slides, 4 parts
+ROWS
+compose --to 1 --image harbour.jpg --slide --text x --duration 2s
+has "$text" 'slide 1: 5000 ms'
+has "$text" 'slide 2: 2000 ms'
+
 # An empty text is sent only if no other medium carries the page color.
 compose --to 1 --slide --text '' --background navy --slide --text '' --image harbour.jpg
 has "$text" 'page #000080'
@@ -170,6 +186,40 @@ has "$(cat printed)" ', 0 slides, 3 parts'
 has "$json" '"type":"application/vnd.wap.multipart.mixed"'
 has "$json" '"contentType":"application/octet-stream","displayName":"strange.xyz"'
 has_not "$json" application/smil
+
+# A file whose extension says nothing is recognized by its content, and keeps its name.
+recognized() { # TYPE LOCATION OPTION FILE
+  cp "$4" "$2"
+  compose "${to[@]}" "$3" "$2"
+  has "$json" "\"contentType\":\"$1\",\"displayName\":\"$2\",\"kind\":\"shown\",\"location\":\"$2\""
+}
+type_by_extension() { # FILE
+  "$qvlmms" compose -o typed.mms --to 1 --attach "$1" >/dev/null
+  "$qvlmms" show --json typed.mms | sed 's/.*"contentType":"\([^"]*\)".*/\1/'
+}
+recognized image/jpeg photo --image harbour.jpg
+recognized image/jpeg photo.0815 --image harbour.jpg
+recognized image/jpeg photo. --image harbour.jpg
+recognized audio/amr voice --audio voice.amr
+recognized video/3gpp film --video video.3gp
+for format in aac amr mp3 wav ogg m4a; do
+  recognized "$(type_by_extension "$fixtures/clips/sound.$format")" sound --audio "$fixtures/clips/sound.$format"
+done
+for format in 3gp avi mpg; do
+  recognized "$(type_by_extension "$fixtures/clips/video.$format")" film --video "$fixtures/clips/video.$format"
+done
+compose "${to[@]}" --attach plain --attach photo
+has "$json" '"charset":"UTF8","contentId":"","contentType":"text/plain","displayName":"plain"'
+has "$json" '"contentType":"image/jpeg","displayName":"photo"'
+cp latin1.txt old
+compose "${to[@]}" --attach old
+has "$json" '"contentType":"application/octet-stream","displayName":"old"'
+
+# Every Content-ID is in angle brackets: without them the library omits the quote of the text, which other
+# software expects.
+compose "${to[@]}" --image harbour.jpg --text x --attach anna.vcf
+ids=$(grep -o '"contentId":"[^"]*"' <<<"$json" | cut -d'"' -f4 | tr '\n' ' ')
+[ "$ids" = '<slides.smil>    ' ] || complain "Content-IDs: $ids"
 
 # Names
 mkdir -p names/other
@@ -227,7 +277,7 @@ code=0
 # Refusals: wrong usage and files
 color_line='#rrggbb, aqua, black, blue, fuchsia, gray, green, lime, maroon, navy, olive, purple, red, silver, teal, white or yellow is expected'
 refuse 2 'a message needs a recipient: --to, --cc or --bcc' --slide --text x
-refuse 2 'a message needs content: --slide or --attach' --to 1 --subject x
+refuse 2 'a message needs content, such as --text or --attach' --to 1 --subject x
 refuse 2 '--to bob: a phone number such as +4915112345678 or an e-mail address is expected' --to bob
 refuse 2 '--from : a phone number such as +4915112345678 or an e-mail address is expected' --from ''
 refuse 2 '--priority urgent: low, normal or high is expected' --priority urgent
@@ -237,9 +287,8 @@ refuse 2 '--date today: a date from 1970 to 2038-01-19 such as 2026-05-01T12:00:
 refuse 2 '--transaction-id a b: a text of visible ASCII characters is expected' --transaction-id 'a b'
 refuse 2 '--max-size 0: a number of KB from 1 to 102400 is expected' --max-size 0
 refuse 2 '--max-size 102401: a number of KB from 1 to 102400 is expected' --max-size 102401
-for option in '--text x' '--text-file note.txt' '--image harbour.jpg' '--video video.3gp' \
-  '--audio voice.amr' '--duration 1s' '--background red' '--text-color red' '--text-size small' \
-  --text-above --text-below; do
+for option in '--duration 1s' '--background red' '--text-color red' '--text-size small' --text-above \
+  --text-below; do
   # shellcheck disable=SC2086
   refuse 2 "${option%% *} applies to a slide: put --slide before it" --to 1 $option --slide --text x
 done
@@ -285,8 +334,11 @@ refuse 1 'slide 2 has no text, picture or audio; add one, or remove the slide' -
 refuse 1 'slide 1 has no text, picture or audio; add one, or remove the slide' --to 1 --slide --text ''
 refuse 1 'slide 1 has a text color or size, but no text; add one with --text' --to 1 --slide --image harbour.jpg --text-color red
 refuse 1 'slide 1 has a text color or size, but no text; add one with --text' --to 1 --slide --image harbour.jpg --text-size small
-refuse 1 'the type of strange.xyz is not known; the extension, such as .jpg, determines it' --to 1 --slide --image strange.xyz
-refuse 1 'the type of nothing is not known; the extension, such as .jpg, determines it' --to 1 --slide --audio nothing
+unknown='is not known by its extension or its content; give the file the extension of its type, such as .jpg, or send it with --attach'
+refuse 1 "the type of strange.xyz $unknown" --to 1 --slide --image strange.xyz
+refuse 1 "the type of nothing $unknown" --to 1 --slide --audio nothing
+refuse 1 'picture is image/jpeg by its content, not audio; use --image' --to 1 --slide --audio picture
+refuse 1 'plain is text/plain by its content, not image; use --text-file' --to 1 --slide --image plain
 refuse 1 'voice.amr is audio/amr by its extension, not image; use --audio' --to 1 --slide --image voice.amr
 refuse 1 'harbour.jpg is image/jpeg by its extension, not audio; use --image' --to 1 --slide --audio harbour.jpg
 refuse 1 'voice.amr is audio/amr by its extension, not video; use --audio' --to 1 --slide --video voice.amr

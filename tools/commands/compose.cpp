@@ -38,6 +38,8 @@ Outcome apply(const ComposeOption &option, const QString &value, Composer *compo
     if (option.group == Group::OfSlide && composer->slideCount() == 0)
         return Problem{Problem::Usage,
                        name + QLatin1String(" applies to a slide: put --slide before it")};
+    if (option.group == Group::Media && composer->slideCount() == 0)
+        composer->addSlide();
     Outcome outcome = option.apply(*composer, value);
     if (outcome && outcome->kind == Problem::Value)
         outcome->text.prepend(name + QLatin1Char(' ') + value + QLatin1String(": "));
@@ -115,7 +117,7 @@ Command Commands::compose()
                  "be read or written.",
              .groups = {{"Message", output + optionsIn(Group::Fields)},
                         {"Content", optionsIn(Group::Content)},
-                        {"Slide", optionsIn(Group::OfSlide)}},
+                        {"Slide", optionsIn(Group::Media) + optionsIn(Group::OfSlide)}},
              .values = explainedValues(),
              .example =
                  "  qvlmms compose -o holiday.mms --to +4915112345678 --subject Holiday \\\n"

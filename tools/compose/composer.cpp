@@ -5,6 +5,7 @@
 #include "input/files.h"
 
 #include <QFile>
+#include <QMimeDatabase>
 #include <QStringDecoder>
 #include <QUuid>
 
@@ -47,6 +48,13 @@ QLatin1String optionTaking(const QString &type)
     return QLatin1String(kind != mediaKinds.end() ? kind->option : "--attach");
 }
 
+bool isImageOrClip(const QString &type)
+{
+    return std::ranges::any_of(mediaKinds, [&](const MediaKind &kind) {
+        return kind.element != SMIL_MEDIA_TEXT && type == qvlMediaKind(kind.element)->mainType;
+    });
+}
+
 Problem refused(const QString &text)
 {
     return {Problem::Content, text};
@@ -70,12 +78,54 @@ bool isUtf8(const QByteArray &octets)
     return !decode.hasError();
 }
 
-std::unique_ptr<Part> newPart(const QString &type, const QString &subtype, const QString &location,
+// The type of a file, and how it was found.
+struct FileType
+{
+    QString type;
+    QString subtype;
+    QLatin1String source; ///< in words
+
+    bool isKnown() const { return !type.isEmpty(); }
+};
+
+// Finds the type of files with an extension.
+FileType typeByExtension(const QString &extension)
+{
+    FileType found{.type = {}, .subtype = {}, .source = QLatin1String("by its extension")};
+    MMS_COMP_Util::getMIMETypeByExtName(extension, found.type, found.subtype);
+    return found;
+}
+
+// Recognizes texts in UTF-8, images, audio and video. The tables may know a type by another name
+// than the database, or know only the type that it extends.
+FileType typeByContent(const QByteArray &octets)
+{
+    const QMimeType recognized = QMimeDatabase().mimeTypeForData(octets);
+    const bool isText = recognized.name() == QLatin1String("text/plain") && isUtf8(octets);
+    for (const QString &name :
+         QStringList(recognized.name()) + recognized.aliases() + recognized.allAncestors()) {
+        FileType found = typeByExtension(MMS_COMP_Util::getFirstSupportExtNameByMIMEType(
+            Part::getTypePartFromFormat(name), Part::getSubTypePartFromFormat(name)));
+        if (!isText && !isImageOrClip(found.type))
+            continue;
+        found.source = QLatin1String("by its content");
+        return found;
+    }
+    return {};
+}
+
+FileType typeOf(const QString &fileName, const QByteArray &octets)
+{
+    const FileType found = typeByExtension(MMS_COMP_Util::getExtName(fileName));
+    return found.isKnown() ? found : typeByContent(octets);
+}
+
+std::unique_ptr<Part> newPart(const FileType &type, const QString &location,
                               const QByteArray &octets)
 {
     auto part = std::make_unique<Part>();
-    part->setContentType(type);
-    part->setContentSubType(subtype);
+    part->setContentType(type.type);
+    part->setContentSubType(type.subtype);
     part->setContentLocation(location);
     part->setBodyData(octets);
     return part;
@@ -101,12 +151,12 @@ Outcome Composer::attach(const QString &fileName)
     QByteArray octets;
     if (auto problem = read(fileName, &octets))
         return problem;
-    QString type = QStringLiteral("application");
-    QString subtype = QStringLiteral("octet-stream");
-    MMS_COMP_Util::getMIMETypeByExtName(MMS_COMP_Util::getExtName(fileName), type, subtype);
+    FileType type = typeOf(fileName, octets);
+    if (!type.isKnown())
+        type = {QStringLiteral("application"), QStringLiteral("octet-stream"), {}};
     const QString location =
         m_message.parts().createUniqueLocation(ComposeValues::locationFor(fileName));
-    m_message.parts().appendBodypart(newPart(type, subtype, location, octets).release());
+    m_message.parts().appendBodypart(newPart(type, location, octets).release());
     return {};
 }
 
@@ -148,23 +198,23 @@ Outcome Composer::addMedia(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString 
         return problem;
     if (auto problem = read(fileName, &octets))
         return problem;
-    QString type;
-    QString subtype;
-    if (!MMS_COMP_Util::getMIMETypeByExtName(MMS_COMP_Util::getExtName(fileName), type, subtype))
+    const FileType type = typeOf(fileName, octets);
+    if (!type.isKnown())
         return refused(
             QLatin1String("the type of ") + fileName
-            + QLatin1String(" is not known; the extension, such as .jpg, determines it"));
-    const auto part = newPart(type, subtype, fileName, octets);
+            + QLatin1String(" is not known by its extension or its content; give the file the "
+                            "extension of its type, such as .jpg, or send it with --attach"));
+    const auto part = newPart(type, fileName, octets);
     const QLatin1String expected = qvlMediaKind(kind)->mainType;
-    if (type != expected)
-        return refused(fileName + QLatin1String(" is ") + part->getMimeFormat()
-                       + QLatin1String(" by its extension, not ") + expected
-                       + QLatin1String("; use ") + optionTaking(type));
+    if (type.type != expected)
+        return refused(fileName + QLatin1String(" is ") + part->getMimeFormat() + QLatin1Char(' ')
+                       + type.source + QLatin1String(", not ") + expected + QLatin1String("; use ")
+                       + optionTaking(type.type));
     if (!part->isMediaObjectSupported())
         return refused(
             fileName + QLatin1String(" cannot be shown or played as ") + part->getMimeFormat()
             + QLatin1String("; it may be damaged or misnamed; --attach sends it unchanged"));
-    return place(kind, fileName, subtype, octets);
+    return place(kind, fileName, type.subtype, octets);
 }
 
 // Reads no more of a file than a message may have.
@@ -253,7 +303,7 @@ Outcome Composer::finish()
                        QStringLiteral("a message needs a recipient: --to, --cc or --bcc")};
     if (slideCount() == 0 && partCount() == 0)
         return Problem{Problem::Usage,
-                       QStringLiteral("a message needs content: --slide or --attach")};
+                       QStringLiteral("a message needs content, such as --text or --attach")};
     if (slideCount() == 0) {
         m_message.parts().setSubType(QStringLiteral("vnd.wap.multipart.mixed"));
     } else if (auto problem = finishSlides()) {

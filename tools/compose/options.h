@@ -13,6 +13,7 @@ struct ComposeOption
     enum Group {
         Fields, ///< sets a header field; its position does not matter
         Content, ///< adds content, in the order of the options
+        Media, ///< adds to the last slide so far; begins the first slide if there is none
         OfSlide, ///< changes the last slide so far
     };
 
