@@ -32,7 +32,9 @@ constexpr ComposeValue Color{
     "silver, teal, white or yellow"};
 constexpr ComposeValue Moment{"DATE",
                               "a date from 1970 to 2038-01-19 such as 2026-05-01T12:00:00Z"};
-constexpr ComposeValue values[] = {Address, Color, Moment};
+constexpr ComposeValue File{"FILE",
+                            "a file; its extension determines its type, or else its content"};
+constexpr ComposeValue values[] = {Address, Color, Moment, File};
 
 Problem expected(const char *what)
 {
@@ -236,15 +238,15 @@ constexpr ComposeOption options[] = {
      "begin a new slide; options of a slide apply to the last slide before them; the first text, "
      "image, video or audio begins a slide if there is none",
      Content, addSlide},
-    {"attach", "FILE", "add a file that is not on a slide", Content, addFile<&Composer::attach>},
+    {"attach", File.name, "add a file that is not on a slide", Content, addFile<&Composer::attach>},
 
     {"text", "TEXT", "text of the slide", Media, addText},
-    {"text-file", "FILE", "text of the slide, from a file in UTF-8", Media,
+    {"text-file", File.name, "text of the slide, from a file in UTF-8", Media,
      addFile<&Composer::addTextFile>},
-    {"image", "FILE", "image of the slide", Media, addFile<addMedia<SMIL_MEDIA_IMAGE>>},
-    {"video", "FILE", "video of the slide, instead of an image", Media,
+    {"image", File.name, "image of the slide", Media, addFile<addMedia<SMIL_MEDIA_IMAGE>>},
+    {"video", File.name, "video of the slide, instead of an image", Media,
      addFile<addMedia<SMIL_MEDIA_VIDEO>>},
-    {"audio", "FILE", "audio of the slide", Media, addFile<addMedia<SMIL_MEDIA_AUDIO>>},
+    {"audio", File.name, "audio of the slide", Media, addFile<addMedia<SMIL_MEDIA_AUDIO>>},
     {"duration", "TIME",
      "5s, 2500ms or 2.5; the default is the duration of the slide's clips, or 5 seconds", OfSlide,
      setDuration},
