@@ -7,11 +7,12 @@
 #include "multipart/part_facts.h"
 #include "platform/msg_header_base.h"
 #include "presentation/presentation.h"
+#include "scan/charset_text.h"
+#include "scan/header_scanner.h"
 #include "support/allocations.h"
 #include "wire/header_decoder.h"
 #include "wire/header_encoder.h"
 #include "wire/header_record.h"
-#include "scan/header_scanner.h"
 #include "wire/multipart_codec.h"
 #include "wire/wire_result.h"
 
@@ -101,6 +102,21 @@ int decodeScannedContentType(Material &material)
     QvlHeaderScanner scanner(material.mixedPdu);
     QvlScannedField field;
     return scanner.next(&field) && field.decoded().isReadable;
+}
+
+int decodeUtf8(Material &material)
+{
+    return !qvlDecodeText(material.pdu, 106).isNull();
+}
+
+int decodeUtf16(Material &)
+{
+    return !qvlDecodeText(QByteArrayView("\x04\x3F", 2), 1015).isNull();
+}
+
+int decodeUtf32(Material &)
+{
+    return !qvlDecodeText(QByteArrayView("\0\0\x04\x3F", 4), 1017).isNull();
 }
 
 int receive(Material &material)
@@ -201,6 +217,9 @@ const Row rows[] = {
     {"encodeMultipart", encodeMultipart, WireResult::Written, WireResult::CannotWrite},
     {"decoded text", decodeScannedText, true, false},
     {"decoded content type", decodeScannedContentType, true, false},
+    {"text in UTF-8", decodeUtf8, true, false},
+    {"text in UTF-16", decodeUtf16, true, false},
+    {"text in UTF-32", decodeUtf32, true, false},
     {"receive", receive, true, false},
     {"encode", encode, true, false},
     {"parse", parse, MultipartResult::Ok, MultipartResult::OutOfMemory},
@@ -238,4 +257,30 @@ TEST(NoMemory, IsReportedByEveryOperation)
             }
         }
     }
+}
+
+// A converter that gets no memory counts as missing.
+TEST(NoMemory, LeavesTextsWithoutTheirConverter)
+{
+    const QByteArrayView octets("\xD0\xD2", 2);
+    const QString text = qvlDecodeText(octets, 2084); // loads the converter's table
+    const QString latin1 = QString::fromLatin1(octets);
+    int reported = 0;
+    for (long n = 1;; ++n) {
+        SCOPED_TRACE(n);
+        counted = 0;
+        failing = n;
+        QString decoded;
+        {
+            const CountedAllocations allocations(shouldFail);
+            decoded = qvlDecodeText(octets, 2084);
+        }
+        if (counted < n) {
+            EXPECT_EQ(decoded, text);
+            break;
+        }
+        reported += decoded.isNull();
+        EXPECT_TRUE(decoded.isNull() || decoded == latin1 || decoded == text);
+    }
+    EXPECT_GT(reported, 0);
 }
