@@ -12,8 +12,8 @@
 #include "presentation/smil_result.h"
 #include "readable/transfer_encoding.h"
 #include "scan/charset_text.h"
+#include "scan/header_scanner.h"
 #include "scan/part_scanner.h"
-#include "scan/sent_content_type.h"
 #include "smil/smil_parser.h"
 #include "smil/smil_part.h"
 #include "wire/header_decoder.h"
@@ -190,23 +190,24 @@ QvlMessage::Result QvlMessage::receiveBody(Reading reading)
     }
     const int code =
         MMS_COMP_SMILMultipartParser::parse(header().getBodyOctets(), &header(), &parts());
-    if (reading != Strict) {
+    if (reading != Strict)
         receiveDeclarations();
+    if (reading != Strict && code == MultipartResult::Ok)
         receiveRoot();
-    }
     return {Layer::Body, code};
 }
 
 // A body that is no multipart, such as a single text.
 void QvlMessage::receiveSingleBody()
 {
-    const auto contentType = qvlSentContentType(m_pdu);
     auto part = std::make_unique<Part>();
-    const QString mediaType = contentType ? contentType->mediaType : QString();
-    part->setContentType(Part::getTypePartFromFormat(mediaType));
-    part->setContentSubType(Part::getSubTypePartFromFormat(mediaType));
+    part->setContentType(header().getContentType());
+    part->setContentSubType(header().getContentSubType());
     part->setBodyData(reinterpret_cast<const char *>(header().getBody()), header().getBodyLength());
-    if (contentType) {
+    if (const auto contentType = sentContentType();
+        contentType && !contentType->mediaType.isEmpty()) {
+        part->setContentType(Part::getTypePartFromFormat(contentType->mediaType));
+        part->setContentSubType(Part::getSubTypePartFromFormat(contentType->mediaType));
         part->setContentLocation(contentType->name());
         keepCharset(*part, contentType->charset());
     }
@@ -214,10 +215,22 @@ void QvlMessage::receiveSingleBody()
     MMS_COMP_SMILMultipartParser::checkLocation(&parts());
 }
 
+// Content-Type as it came, unless the scanner ends the header elsewhere than the decoder.
+std::optional<QvlContentType> QvlMessage::sentContentType() const
+{
+    QvlHeaderScanner scanner(m_pdu);
+    QvlScannedField field;
+    while (scanner.next(&field)) { }
+    return scanner.result() == QvlHeaderScanner::ContentTypeRead
+            && scanner.position() == sentBodyOffset()
+        ? qvlReadContentType(field.value)
+        : std::nullopt;
+}
+
 // Start and Type that the decoder passes over: those in letters, and those of other multiparts.
 void QvlMessage::receiveRoot()
 {
-    const auto contentType = qvlSentContentType(m_pdu);
+    const auto contentType = sentContentType();
     if (!contentType)
         return;
     if (parts().getStart().isEmpty() && !contentType->start().isEmpty())

@@ -18,6 +18,7 @@
 #include <vector>
 
 struct MessageTimes;
+struct QvlContentType;
 struct QvlScannedPart;
 
 /**
@@ -177,6 +178,7 @@ private:
     QVL_INTERNAL unsigned char receiveHeader(Reading reading);
     QVL_INTERNAL Result receiveBody(Reading reading);
     QVL_INTERNAL void receiveSingleBody();
+    QVL_INTERNAL std::optional<QvlContentType> sentContentType() const;
     QVL_INTERNAL void receiveRoot();
     QVL_INTERNAL void receiveDeclarations();
     QVL_INTERNAL bool decodeTransfer(MMS_COMP_SMILMultipartBodypart *part, int index,

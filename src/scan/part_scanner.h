@@ -79,9 +79,9 @@ public:
     const char *meaning() const;
 
 private:
-    Result skipPages();
-    Result readName(QvlScannedHeader *header);
-    bool skipValue(const QvlScannedHeader &header);
+    QVL_INTERNAL Result skipPages();
+    QVL_INTERNAL Result readName(QvlScannedHeader *header);
+    QVL_INTERNAL bool skipValue(const QvlScannedHeader &header);
 
     QByteArrayView m_headers;
     LinearBuffer m_buffer; // over m_headers
@@ -168,7 +168,7 @@ public:
     int countSize() const { return m_countSize; }
 
 private:
-    Result readPart(QvlScannedPart *part);
+    QVL_INTERNAL Result readPart(QvlScannedPart *part);
 
     QByteArrayView m_body;
     LinearBuffer m_buffer; // over m_body

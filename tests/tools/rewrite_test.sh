@@ -51,6 +51,22 @@ for name in related mixed colored; do
 done
 "$qvlmms" rewrite - - <"$work/colored.mms" | cmp - "$work/colored.mms" || complain "standard streams differ"
 
+# A message without a body; an Expiry of 7 days stays one.
+printf '\x8c\x82\x98T\x00\x8d\x90\x8e\x01\x80\x88\x05\x81\x03\x09\x3a\x80\x83h\x00' >"$work/notification.mms"
+"$qvlmms" rewrite "$work/notification.mms" - 2>"$work/error" | cmp - <(
+  printf '\x8c\x82\x98T\x00\x8d\x90\x89\x01\x81\x8e\x01\x80\x88\x05\x81\x03\x09\x3a\x80\x83h\x00') \
+  || complain "a notification is not rewritten"
+
+# Fields of later versions and unknown headers of parts are not written, and said so.
+{
+  printf '\x8c\x80\x98T\x00\x8d\x92\x89\x01\x81\x9c\x80\x84\xa3\x01'
+  printf '\x0d\x02\x06\x83\x81\xea\x85a\x00\xae\x02\x80\x00\xb0\x80\xc3\xbc'
+} >"$work/later.mms"
+"$qvlmms" rewrite "$work/later.mms" "$work/written.mms" >/dev/null 2>"$work/error"
+[ "$(cat "$work/error")" = "qvlmms: $work/later.mms: not written: Reply-Charging, the header Content-Disposition of parts, the header X-Wap-Content-URI of parts" ] \
+  || complain "not said to be dropped: $(cat "$work/error")"
+"$qvlmms" show "$work/written.mms" | grep -qE '^    1  text/plain +2 +UTF8 +a +shown' || complain "the text is lost"
+
 # A sender who hides stays hidden.
 "$qvlmms" show "$fixtures/show/colored-root.mms" >"$work/colored-before.txt"
 diff <(grep Sender-Visibility "$work/colored-before.txt") <(grep Sender-Visibility "$work/colored.txt") \
@@ -63,7 +79,12 @@ refuse() { # CODE PATTERN ARGUMENT...
   [ "$code" -eq "$expected" ] && grep -q "$pattern" "$work/error" \
     || complain "$*: $code, $(cat "$work/error")"
 }
-refuse 1 'the message has no parts, so there is nothing to write$' "$fixtures/messages/notification.mms" "$work/none.mms"
+printf '\x8c\x80\x8d\x90\x84\xa3' >"$work/no-parts.mms"
+refuse 1 'the message has no parts, so there is nothing to write$' "$work/no-parts.mms" "$work/none.mms"
+printf '\x8d\x90' >"$work/no-type.mms"
+refuse 1 'the message has no type, so there is nothing to write$' "$work/no-type.mms" "$work/none.mms"
+printf '\x8c\x87\x8d\x91' >"$work/read-report.mms"
+refuse 1 'messages of the type m-read-rec-ind (135) cannot be written, only those of MMS 1.0$' "$work/read-report.mms" "$work/none.mms"
 refuse 1 'REFUSED' "$fixtures/show/truncated-body.mms" "$work/none.mms"
 refuse 2 'there is no such file; check its name$' "$work/missing.mms" "$work/none.mms"
 refuse 2 'cannot write .*/folder/none.mms: there is no folder .*/folder; create it first$' "$work/mixed.mms" "$work/folder/none.mms"

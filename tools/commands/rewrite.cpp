@@ -1,6 +1,8 @@
 #include "commands/commands.h"
 
 #include "commands/message_command.h"
+#include "rewrite/dropped.h"
+#include "view/header_view.h"
 
 #include <QCommandLineParser>
 
@@ -20,18 +22,49 @@ bool encode(Message *message, QByteArray *octets)
     return message->encode(octets).isOk();
 }
 
+// The reason why the message cannot be written; "" if it can.
+QString whyNotWritten(const Message &message)
+{
+    const MMS_UA_UAMsg &header = message.header();
+    if (!header.fieldsPresent(headerFieldMask(HeaderFieldCode::MessageType)))
+        return QStringLiteral("the message has no type, so there is nothing to write");
+    const unsigned char type = header.getMessageType();
+    if (!messageTypeInfo(type))
+        return QStringLiteral("messages of the type %1 cannot be written, only those of MMS 1.0")
+            .arg(messageTypeText(type));
+    const int parts = message.parts().getPartCount();
+    if (messageTypeHasBody(type) && parts == 0)
+        return QStringLiteral("the message has no parts, so there is nothing to write");
+    if (parts > QvlMessage::MostParts)
+        return QStringLiteral("the message has %1 parts; at most %2 can be written, because other "
+                              "software reads no more")
+            .arg(parts)
+            .arg(QvlMessage::MostParts);
+    return QString();
+}
+
+void printDropped(const Message &message)
+{
+    const QStringList dropped = droppedItems(message);
+    if (!dropped.isEmpty())
+        printError(message.fileName + QLatin1String(": not written: ")
+                   + dropped.join(QLatin1String(", ")));
+}
+
 int rewriteMessage(Message &message, const QCommandLineParser &arguments)
 {
     if (message.isRefused())
         return refuse(message);
-    if (message.parts().getPartCount() == 0)
-        return refuse(message,
-                      QStringLiteral("the message has no parts, so there is nothing to write"));
+    if (const QString why = whyNotWritten(message); !why.isEmpty())
+        return refuse(message, why);
     QByteArray octets;
     if (!encode(&message, &octets))
         return refuse(message, QStringLiteral("the message cannot be written"));
-    return writeOutput(octets, arguments.positionalArguments().at(1),
-                       QStringLiteral(" (%1 octets)").arg(octets.size()));
+    const int exitCode = writeOutput(octets, arguments.positionalArguments().at(1),
+                                     QStringLiteral(" (%1 octets)").arg(octets.size()));
+    if (exitCode == AllDecoded)
+        printDropped(message);
+    return exitCode;
 }
 
 } // namespace
@@ -44,11 +77,12 @@ Command Commands::rewrite()
              .summary = "write a message as the library would send it",
              .purpose =
                  "Reads a message and writes it as the library would send it: with slides in the "
-                 "handset's layout, names for all parts, and the fields of its type. A message "
-                 "without SMIL gets slides generated from its parts.",
+                 "handset's layout, names for all parts, and the fields of its type in MMS 1.0. A "
+                 "message without SMIL gets slides generated from its parts. Texts become UTF-8. "
+                 "Lists on standard error what is not written, such as fields of later versions.",
              .exitCodes =
-                 "0 written, 1 the message was refused or has no parts, 2 wrong usage or a "
-                 "file that cannot be read or written.",
+                 "0 written, 1 the message was refused, has no parts, or has a type that MMS 1.0 "
+                 "lacks, 2 wrong usage or a file that cannot be read or written.",
              .arguments = {{"FILE", "file with one message; - is standard input"},
                            {"OUT", "file to write; - is standard output"}}},
         .run = onMessage(rewriteMessage),

@@ -9,6 +9,8 @@
 #include <QFile>
 #include <QFileInfo>
 
+#include <algorithm>
+
 namespace {
 
 constexpr int LongestFileName = 200; // octets; file systems allow 255, and a number may be added
@@ -69,6 +71,16 @@ QString fallbackName(const Part &part, int index)
     return withExtension(QStringLiteral("part-%1").arg(index), ext);
 }
 
+QString decodingText(const Message &message, int part)
+{
+    const auto isDecoding = [part](const QvlChange &change) {
+        return change.part == part && change.place == QvlChange::PartBody;
+    };
+    return std::ranges::any_of(message.changes(), isDecoding)
+        ? QStringLiteral(", decoded from base64 or quoted-printable")
+        : QString();
+}
+
 } // namespace
 
 QString safeFileName(const QString &location, const QString &fallback)
@@ -92,14 +104,15 @@ bool extractParts(const Message &message, const QString &directory, QStringList 
     for (int i = 0; i < message.parts().getPartCount(); ++i) {
         const Part &part = *message.parts().getBodypartByIndex(i);
         QFile file;
-        if (!createNew(dir, safeFileName(part.getContentLocation(), fallbackName(part, i)), &file)
+        if (!createNew(dir, safeFileName(part.getDispFileName(), fallbackName(part, i)), &file)
             || !writeOrRemove(&file, part.getBodyData())) {
             *error = cannotWrite(file.fileName(), file.errorString());
             return false;
         }
         *report += writtenFileText(file.fileName(),
                                    QStringLiteral(" (%1 octets, ").arg(part.getBodyDataLen())
-                                       + part.getMimeFormat() + QLatin1Char(')'));
+                                       + part.getMimeFormat() + decodingText(message, i)
+                                       + QLatin1Char(')'));
     }
     return true;
 }

@@ -33,6 +33,7 @@ constexpr QRgb VideoFrame = qRgb(0x20, 0x24, 0x2A);
 /// How a slide is drawn.
 struct Style
 {
+    const Message *message;
     QColor paper;
     QColor ink; ///< contrasts with the paper
     QColor faintInk;
@@ -63,9 +64,11 @@ double textHeight(const QString &size)
     return size.compare(QLatin1String("large"), Qt::CaseInsensitive) == 0 ? 16 : 12;
 }
 
-Style styleOf(const MMS_COMP_SMILData &slides, const Slide &slide)
+Style styleOf(const Message &message, const Slide &slide)
 {
+    const MMS_COMP_SMILData &slides = message.slides();
     Style style;
+    style.message = &message;
     style.unit = pageUnit(pageSize(slides));
     style.paper = paperOf(slides, slide);
     style.ink = qGray(style.paper.rgb()) < 128 ? Qt::white : Qt::black;
@@ -76,18 +79,18 @@ Style styleOf(const MMS_COMP_SMILData &slides, const Slide &slide)
     return style;
 }
 
-bool isEmptyText(const Object &object)
+bool isEmptyText(const Message &message, const Object &object)
 {
     return object.getMediaElementType() == SMIL_MEDIA_TEXT && object.getData()
-        && shownText(*object.getData()).isEmpty();
+        && shownText(message, *object.getData()).isEmpty();
 }
 
-QList<const Object *> objectsOnPage(const Slide &slide)
+QList<const Object *> objectsOnPage(const Message &message, const Slide &slide)
 {
     QList<const Object *> objects;
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i) {
         const Object *object = slide.getMediaObject(i);
-        if (object->getMediaElementType() != SMIL_MEDIA_AUDIO && !isEmptyText(*object))
+        if (object->getMediaElementType() != SMIL_MEDIA_AUDIO && !isEmptyText(message, *object))
             objects += object;
     }
     return objects;
@@ -158,7 +161,8 @@ void drawTextOf(QPainter *painter, const Style &style, const PlacedObject &place
     const double top = place.sharesPage ? margin : 0;
     painter->setFont(pictureFont(style.textHeight));
     painter->setPen(style.textInk);
-    drawText(painter, area.adjusted(margin, top, -margin, 0), shownText(*place.object->getData()));
+    drawText(painter, area.adjusted(margin, top, -margin, 0),
+             shownText(*style.message, *place.object->getData()));
 }
 
 void drawMedia(QPainter *painter, const Style &style, const QSize &page, const PlacedObject &place,
@@ -225,7 +229,7 @@ QImage renderSlide(const Message &message, unsigned int index, int scale)
     const Slide *slide = message.slides().getSlide(index);
     if (!slide)
         return QImage();
-    const Style style = styleOf(message.slides(), *slide);
+    const Style style = styleOf(message, *slide);
     const QSize page = pageSize(message.slides());
     const QSize whole = page + QSize(0, stripHeight(style.unit));
     scale = scaleWithin(page, scale);
@@ -235,7 +239,7 @@ QImage renderSlide(const Message &message, unsigned int index, int scale)
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
                            | QPainter::SmoothPixmapTransform);
     painter.scale(scale, scale);
-    for (const PlacedObject &place : placeObjects(message.slides(), objectsOnPage(*slide)))
+    for (const PlacedObject &place : placeObjects(message.slides(), objectsOnPage(message, *slide)))
         drawObject(&painter, style, page, place);
     drawStrip(&painter, QRectF(QPointF(0, page.height()), whole - QSize(0, page.height())),
               style.unit, index + 1, *slide);

@@ -2,7 +2,6 @@
 
 #include "view/terminal_text.h"
 
-#include <QStringDecoder>
 #include <QTextLayout>
 
 #include <algorithm>
@@ -11,18 +10,6 @@ namespace {
 
 constexpr qsizetype LongestText = 10000; // characters; more than fit on any page
 constexpr qsizetype LongestDrawnName = 200;
-
-// The library labels every received text as UTF-8. A text that is not UTF-8 comes from a phone that
-// uses Latin-1.
-QString decoded(const QByteArray &octets, const QString &charset)
-{
-    const auto encoding = QStringConverter::encodingForName(charset.toLatin1().constData())
-                              .value_or(QStringConverter::Utf8);
-    QStringDecoder decode(encoding);
-    const QString text = decode(octets);
-    return decode.hasError() && encoding == QStringConverter::Utf8 ? QString::fromLatin1(octets)
-                                                                   : text;
-}
 
 QString withLineSeparators(QString text)
 {
@@ -68,11 +55,9 @@ QString elidedAt(const QString &text, qsizetype lineStart, const QFont &font, do
 
 } // namespace
 
-QString shownText(const MMS_COMP_SMILMultipartBodypart &part)
+QString shownText(const QvlMessage &message, const MMS_COMP_SMILMultipartBodypart &part)
 {
-    constexpr qsizetype LongestCharacter = 4; // octets
-    QString text =
-        decoded(part.getBodyData().left(LongestText * LongestCharacter), part.getCharset());
+    QString text = message.text(part);
     if (const qsizetype end = text.indexOf(QChar(0)); end >= 0)
         text.truncate(end);
     text.truncate(LongestText);

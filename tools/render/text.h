@@ -12,8 +12,8 @@
 /// Height of the font of names, in handset pixels on the handset's page.
 constexpr int LabelHeight = 9;
 
-/// The text of @p part up to its first NUL; "" if it has only blanks.
-QString shownText(const MMS_COMP_SMILMultipartBodypart &part);
+/// The text of @p part, a part of @p message, up to its first NUL; "" if it has only blanks.
+QString shownText(const QvlMessage &message, const MMS_COMP_SMILMultipartBodypart &part);
 
 /// The font of all pictures, @p pixels high.
 QFont pictureFont(double pixels);

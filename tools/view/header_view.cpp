@@ -191,8 +191,7 @@ void write(const ContentType &content, JsonWriter *json)
 
 Named messageType(unsigned char type)
 {
-    const MessageTypeInfo *info = messageTypeInfo(type);
-    return {type, info ? info->name : ""};
+    return named(type, QvlMessageType::nameOf);
 }
 
 using Msg = MMS_UA_UAMsg;

@@ -21,12 +21,12 @@ int indexOfPart(const MMS_COMP_SMILMultipart &body, const Part *part)
     return -1;
 }
 
-QString firstLine(const Object &object)
+QString firstLine(const Message &message, const Object &object)
 {
     const Part *part = object.getData();
     if (!part || object.getMediaElementType() != SMIL_MEDIA_TEXT)
         return QString();
-    const QString text = QString::fromUtf8(part->getBodyData().constData()); // up to the first NUL
+    const QString text = message.text(*part).section(QChar(0), 0, 0);
     return text.section(QLatin1Char('\n'), 0, 0).trimmed();
 }
 
@@ -67,7 +67,7 @@ QString durationSource(const Message &message, const Slide &slide)
     return QStringLiteral("from the document");
 }
 
-QString slideText(const MMS_COMP_SMILMultipart &body, const Slide &slide)
+QString slideText(const Message &message, const Slide &slide)
 {
     QList<QStringList> rows;
     bool hasClips = false;
@@ -77,9 +77,9 @@ QString slideText(const MMS_COMP_SMILMultipart &body, const Slide &slide)
         rows += {ModelText::mediaName(object),
                  object.getSrc(),
                  object.getRegionId(),
-                 part ? QString::number(indexOfPart(body, part)) : QString(),
+                 part ? QString::number(indexOfPart(message.parts(), part)) : QString(),
                  part ? QString::number(part->getBodyDataLen()) : QString(),
-                 firstLine(object),
+                 firstLine(message, object),
                  playText(object)};
         hasClips = hasClips || !rows.back().back().isEmpty();
     }
@@ -122,7 +122,7 @@ void writeParams(const Object &object, JsonWriter *json)
     json->endArray();
 }
 
-void writeObject(const MMS_COMP_SMILMultipart &body, const Object &object, JsonWriter *json)
+void writeObject(const Message &message, const Object &object, JsonWriter *json)
 {
     const Part *const part = object.getData();
     json->beginObject();
@@ -130,13 +130,13 @@ void writeObject(const MMS_COMP_SMILMultipart &body, const Object &object, JsonW
     json->member("begin", ModelText::time(object.getBegin()));
     json->member("end", ModelText::time(object.getEnd()));
     if (object.getMediaElementType() == SMIL_MEDIA_TEXT)
-        json->member("firstLine", firstLine(object));
+        json->member("firstLine", firstLine(message, object));
     json->member("kind", ModelText::mediaName(object));
     if (part)
         json->member("octets", part->getBodyDataLen());
     writeParams(object, json);
     if (part)
-        json->member("part", indexOfPart(body, part));
+        json->member("part", indexOfPart(message.parts(), part));
     if (const int milliseconds = playDuration(object); milliseconds >= 0)
         json->member("playDuration", milliseconds);
     json->member("region", object.getRegionId());
@@ -152,7 +152,7 @@ void writeSlide(const Message &message, const Slide &slide, JsonWriter *json)
     json->key("media");
     json->beginArray();
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
-        writeObject(message.parts(), *slide.getMediaObject(i), json);
+        writeObject(message, *slide.getMediaObject(i), json);
     json->endArray();
     json->member("pageColor", ModelText::color(slide.getPageColor()));
     json->member("textColor", ModelText::color(slide.getTextColor()));
@@ -190,7 +190,7 @@ QString slidesText(const Message &message)
     QString text;
     for (unsigned int i = 0; i < message.slides().getTotalSlidesNum(); ++i) {
         const Slide &slide = *message.slides().getSlide(i);
-        text += slideTitle(message, i, slide) + slideText(message.parts(), slide);
+        text += slideTitle(message, i, slide) + slideText(message, slide);
     }
     return text;
 }
