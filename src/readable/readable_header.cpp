@@ -43,7 +43,8 @@ public:
 private:
     void handle(const QvlScannedField &field);
     void handleEnd(const QvlHeaderScanner &scanner);
-    void keep(QByteArrayView octets) { m_octets.append(octets); }
+    void keep(QByteArrayView octets);
+    void beginCopy(qsizetype size);
     void replace(const QvlScannedField &field, const QByteArray &octets);
     void leaveOut(const QvlScannedField &field, const char *reason);
     void note(QvlChange::Kind kind, const QvlScannedField &field, const char *reason);
@@ -54,8 +55,27 @@ private:
     bool m_mayHaveBody = true;
 };
 
+// Nothing is copied before the first change.
+void HeaderRewriter::keep(QByteArrayView octets)
+{
+    if (!m_changes.empty())
+        m_octets.append(octets);
+}
+
+// The octets before the first change, with room for those after it.
+void HeaderRewriter::beginCopy(qsizetype size)
+{
+    QvlHeaderScanner scanner(m_pdu);
+    QvlScannedField field;
+    while (scanner.next(&field)) { }
+    m_octets.reserve(scanner.isComplete() ? scanner.position() : m_pdu.size());
+    m_octets.append(QByteArrayView(m_pdu).first(size));
+}
+
 void HeaderRewriter::note(QvlChange::Kind kind, const QvlScannedField &field, const char *reason)
 {
+    if (m_changes.empty())
+        beginCopy(field.offset);
     m_changes.push_back({.kind = kind,
                          .place = QvlChange::HeaderField,
                          .code = field.code,
@@ -99,6 +119,8 @@ void HeaderRewriter::handleEnd(const QvlHeaderScanner &scanner)
     const QByteArrayView rest = QByteArrayView(m_pdu).sliced(scanner.position());
     if (m_mayHaveBody || rest.size() > LongestEnd)
         return keep(rest);
+    if (m_changes.empty())
+        beginCopy(scanner.position());
     m_changes.push_back({.kind = QvlChange::LeftOut,
                          .place = QvlChange::HeaderEnd,
                          .octets = rest,

@@ -9,6 +9,7 @@
 #include "support/octets.h"
 #include "wire/header_decoder.h"
 #include "wire/header_record.h"
+#include "readable/readable_pdu.h"
 #include "scan/header_scanner.h"
 #include "scan/sent_times.h"
 #include "wire/time_zone.h"
@@ -127,6 +128,26 @@ TEST(Blocks, AreNotTakenForScannedFields)
     EXPECT_EQ(allocations.count(), 0);
     EXPECT_EQ(count, 9);
     EXPECT_EQ(scanner.result(), QvlHeaderScanner::LengthTooLarge);
+}
+
+TEST(Blocks, AreTakenForOneCopyOfAHeaderThatChanges)
+{
+    QByteArray fields;
+    for (int i = 0; i < 1000; ++i)
+        fields += "8F 80"_octets; // Priority, whose codec takes no memory
+    const QByteArray same = type + fields + "84 83 61"_octets;
+    const QByteArray changed = type + fields + "9B 80 84 83 61"_octets;
+    const auto octetsFor = [](const QByteArray &pdu) {
+        const CountedAllocations allocations;
+        const QvlReadablePdu readable(pdu);
+        EXPECT_TRUE(readable.body().endsWith("a"));
+        return allocations.octets();
+    };
+    octetsFor(changed); // from here on, what is created only once exists
+    EXPECT_EQ(octetsFor(same), 0);
+    constexpr long most = 200; // the list of changes, and what an array adds to its octets
+    EXPECT_LE(octetsFor(changed), changed.size() + most);
+    EXPECT_GE(octetsFor(changed), same.size() - 1);
 }
 
 TEST(Blocks, AreTakenForEachPartAndTextOfASmallBody)

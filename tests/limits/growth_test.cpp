@@ -12,6 +12,7 @@
 #include "wire/header_encoder.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
+#include "readable/readable_pdu.h"
 #include "scan/header_scanner.h"
 #include "wire/wire_result.h"
 
@@ -103,6 +104,19 @@ Work scanningRecipients(int size)
 Work scanningSubject(int size)
 {
     return scanning(encoded(headerAbout(size).get()));
+}
+
+// Every other field is of a later version.
+Work preparingHeader(int size)
+{
+    QByteArray pdu = QByteArray::fromHex("8c808d92");
+    for (int i = 0; i < size; ++i)
+        pdu += QByteArray::fromHex("9b80970461406200");
+    return [pdu] {
+        const QvlReadablePdu readable(pdu);
+        MMS_UA_UAMsg header;
+        EXPECT_EQ(readable.decodeHeader(&header), WireResult::Read);
+    };
 }
 
 Work decodingRecipients(int size)
@@ -455,6 +469,7 @@ constexpr Subject subjects[] = {
     {"header with recipients, decoded", 1000, decodingRecipients},
     {"header with recipients, encoded", 1000, encodingRecipients},
     {"header with recipients, scanned", 1000, scanningRecipients},
+    {"header with later fields, prepared", 1000, preparingHeader},
     {"header with a long subject, decoded", 32767, decodingSubject},
     {"header with a long subject, encoded", 32767, encodingSubject},
     {"header with a long subject, scanned", 32767, scanningSubject},
