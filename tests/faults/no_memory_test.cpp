@@ -6,6 +6,7 @@
  * Qt's readers of pictures end the process, or wait for ever, when memory runs out within them, so
  * their allocations succeed here. FFmpeg's demuxer of Ogg ends the process, too, and is left out.
  */
+#include "message/message.h"
 #include "message/multipart_parser.h"
 #include "multipart/multipart_result.h"
 #include "presentation/presentation.h"

@@ -9,6 +9,7 @@
 #include "presentation/presentation.h"
 #include "scan/charset_text.h"
 #include "scan/header_scanner.h"
+#include "scan/part_scanner.h"
 #include "support/allocations.h"
 #include "wire/header_decoder.h"
 #include "wire/header_encoder.h"
@@ -46,6 +47,10 @@ struct Material
 
     QByteArray pdu = "98 61 00 84 A3"_octets;
     QByteArray mixedPdu = "84 A3 01 02 00 01 9E"_octets;
+    QByteArray partType =
+        "1B 83"_octets + QByteArray("charset\0us-ascii", 17) + "85 6E 61 6D 65 00 8A 73 00"_octets;
+    QByteArray partHeaders =
+        "AE 81 8E 78 00"_octets + QByteArray("Content-Transfer-Encoding\0base64", 33);
     QvlMessage whole;
     // Without data, for which a lack of memory is OutOfData.
     QByteArray body = "01 02 00 01 9E"_octets;
@@ -117,6 +122,47 @@ int decodeUtf16(Material &)
 int decodeUtf32(Material &)
 {
     return !qvlDecodeText(QByteArrayView("\0\0\x04\x3F", 4), 1017).isNull();
+}
+
+int readContentType(Material &material)
+{
+    return qvlReadContentType(material.partType).has_value();
+}
+
+// The texts of a part, all of which fail in the same way.
+int lookUp(const Material &material, QString (QvlScannedPart::*text)() const)
+{
+    QvlScannedPart part;
+    part.contentTypeOctets = material.partType;
+    part.headers = material.partHeaders;
+    return !(part.*text)().isNull();
+}
+
+int scannedDisposition(Material &material)
+{
+    return lookUp(material, &QvlScannedPart::disposition);
+}
+
+int scannedFileName(Material &material)
+{
+    return lookUp(material, &QvlScannedPart::fileName);
+}
+
+int scannedEncoding(Material &material)
+{
+    return lookUp(material, &QvlScannedPart::transferEncoding);
+}
+
+int scannedLocation(Material &material)
+{
+    return lookUp(material, &QvlScannedPart::location);
+}
+
+int scannedCharset(Material &material)
+{
+    QvlScannedPart part;
+    part.contentTypeOctets = material.partType;
+    return part.charset() != 0;
 }
 
 int receive(Material &material)
@@ -220,6 +266,12 @@ const Row rows[] = {
     {"text in UTF-8", decodeUtf8, true, false},
     {"text in UTF-16", decodeUtf16, true, false},
     {"text in UTF-32", decodeUtf32, true, false},
+    {"qvlReadContentType", readContentType, true, false},
+    {"charset of a scanned part", scannedCharset, true, false},
+    {"disposition of a scanned part", scannedDisposition, true, false},
+    {"fileName of a scanned part", scannedFileName, true, false},
+    {"transferEncoding of a scanned part", scannedEncoding, true, false},
+    {"location of a scanned part", scannedLocation, true, false},
     {"receive", receive, true, false},
     {"encode", encode, true, false},
     {"parse", parse, MultipartResult::Ok, MultipartResult::OutOfMemory},

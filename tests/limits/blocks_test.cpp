@@ -5,13 +5,15 @@
 #include "message/multipart_parser.h"
 #include "multipart/multipart.h"
 #include "multipart/multipart_result.h"
+#include "readable/readable_body.h"
+#include "readable/readable_pdu.h"
+#include "scan/header_scanner.h"
+#include "scan/part_scanner.h"
+#include "scan/sent_times.h"
 #include "support/allocations.h"
 #include "support/octets.h"
 #include "wire/header_decoder.h"
 #include "wire/header_record.h"
-#include "readable/readable_pdu.h"
-#include "scan/header_scanner.h"
-#include "scan/sent_times.h"
 #include "wire/time_zone.h"
 #include "wire/wire_result.h"
 
@@ -148,6 +150,49 @@ TEST(Blocks, AreTakenForOneCopyOfAHeaderThatChanges)
     constexpr long most = 200; // the list of changes, and what an array adds to its octets
     EXPECT_LE(octetsFor(changed), changed.size() + most);
     EXPECT_GE(octetsFor(changed), same.size() - 1);
+}
+
+TEST(Blocks, AreNotTakenForScannedParts)
+{
+    const QByteArray body = bodyOf(true);
+    const CountedAllocations allocations;
+    QvlPartScanner scanner(body);
+    QvlScannedPart part;
+    QvlScannedHeader header;
+    int count = 0;
+    while (scanner.next(&part)) {
+        QvlPartHeaderScanner headers(part.headers);
+        while (headers.next(&header))
+            ++count;
+    }
+    EXPECT_EQ(allocations.count(), 0);
+    EXPECT_EQ(count,
+              2 * PictureCount + 1); // location and Content-ID; the presentation has no location
+    EXPECT_EQ(scanner.result(), QvlPartScanner::PartsRead);
+}
+
+TEST(Blocks, AreNotTakenForABodyThatIsReadable)
+{
+    const QByteArray data(1000000, 'x');
+    const QByteArray headers = "9E 8B 80 8E 61 00"_octets;
+    const QByteArray body = "01 06 BD 84 40"_octets + headers + data;
+    readableBody(body, 0); // from here on, what is created only once exists
+    const CountedAllocations allocations;
+    EXPECT_FALSE(readableBody(body, 0).body);
+    EXPECT_LT(allocations.octets(), 1000);
+}
+
+// The media type grows from three octets to 25 in each part.
+TEST(Blocks, AreTakenOnceForABodyThatIsMadeReadable)
+{
+    const QByteArray part = "04 8D 20 03 02 03 05"_octets + octet('x', 1696);
+    const QByteArray body = octet(100) + part.repeated(100);
+    readableBody(body, 0); // from here on, what is created only once exists
+    const CountedAllocations allocations;
+    const ReadableBody readable = readableBody(body, 0);
+    ASSERT_TRUE(readable.body);
+    EXPECT_EQ(readable.changes.size(), 100u);
+    EXPECT_LT(allocations.peak(), body.size() * 12 / 10);
 }
 
 TEST(Blocks, AreTakenForEachPartAndTextOfASmallBody)

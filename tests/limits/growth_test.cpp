@@ -7,13 +7,17 @@
 #include "multipart/multipart_result.h"
 #include "presentation/presentation.h"
 #include "presentation/smil_result.h"
+#include "readable/readable_body.h"
+#include "readable/readable_pdu.h"
+#include "scan/header_scanner.h"
+#include "scan/part_scanner.h"
 #include "smil/smil_parser.h"
+#include "support/octets.h"
 #include "wire/header_decoder.h"
 #include "wire/header_encoder.h"
 #include "wire/header_fields.h"
 #include "wire/header_record.h"
-#include "readable/readable_pdu.h"
-#include "scan/header_scanner.h"
+#include "wire/multipart_octets.h"
 #include "wire/wire_result.h"
 
 #include <QBuffer>
@@ -94,6 +98,36 @@ Work scanning(const QByteArray &pdu)
             EXPECT_TRUE(field.decoded().isReadable);
         EXPECT_TRUE(scanner.isComplete());
     };
+}
+
+// A part with @p size unknown parameters and as many headers, which the codec would misread.
+QByteArray misreadPart(int size)
+{
+    const QByteArray parameters = "9E"_octets + "A0 02 81 85"_octets.repeated(size);
+    const QByteArray length = octet(0x1F) + uintvar(parameters.size());
+    return octet(1) + entryOf(length + parameters + "8B 8E"_octets.repeated(size));
+}
+
+Work scanningPartHeaders(int size)
+{
+    return [body = misreadPart(size)] {
+        QvlPartScanner scanner(body);
+        QvlScannedPart part;
+        EXPECT_TRUE(scanner.next(&part));
+        EXPECT_TRUE(part.contentType());
+        EXPECT_TRUE(part.location().isNull());
+    };
+}
+
+Work makingReadable(int size)
+{
+    return [body = misreadPart(size)] { EXPECT_TRUE(readableBody(body, 0).body); };
+}
+
+Work scanningTypeInText(int size)
+{
+    const QByteArray type = "a/b" + QByteArray("; n=\"x;\"").repeated(size) + '\0';
+    return [type] { EXPECT_TRUE(qvlReadContentType(type)); };
 }
 
 Work scanningRecipients(int size)
@@ -473,6 +507,9 @@ constexpr Subject subjects[] = {
     {"header with a long subject, decoded", 32767, decodingSubject},
     {"header with a long subject, encoded", 32767, encodingSubject},
     {"header with a long subject, scanned", 32767, scanningSubject},
+    {"part headers, scanned", 1000, scanningPartHeaders},
+    {"part headers, made readable", 1000, makingReadable},
+    {"parameters in text, scanned", 1000, scanningTypeInText},
     {"named parts, parsed", 127, parsingNamedParts},
     {"nameless parts, parsed", 127, parsingNamelessParts},
     {"part with a long name, parsed", 32767, parsingLongName},
