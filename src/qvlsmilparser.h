@@ -6,7 +6,7 @@
  * MMS_COMP_SMILMultipartParser::parse() the body into a MMS_COMP_SMILMultipart, and
  * MMS_COMP_SMILParser::parse() the presentation into a MMS_COMP_SMILData. convertToSMILLang(),
  * assembleBody() and MMS_UA_Encoder encode them. QvlHeaderScanner finds header fields of any
- * version.
+ * version, QvlPartScanner parts with all their headers.
  */
 #pragma once
 
