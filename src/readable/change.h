@@ -27,7 +27,9 @@ struct QvlChange
         Parts, ///< whole parts
     };
 
+    /// What was done.
     Kind kind = LeftOut;
+    /// Where it was done.
     Place place = HeaderField;
     /// Index of the part, from 0; -1 in the header.
     int part = -1;
