@@ -8,6 +8,7 @@
 #include "scan/part_content_type.h"
 
 #include <algorithm>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -27,6 +28,20 @@ bool hasLength(QByteArrayView value)
 QByteArrayView rawText(QByteArrayView value)
 {
     return value.sliced(value.front() == 0x7F ? 1 : 0).chopped(1);
+}
+
+// The octets after a value-length.
+QByteArrayView withoutLength(QByteArrayView octets)
+{
+    if (!hasLength(octets))
+        return octets;
+    qsizetype size = 1;
+    if (octets.front() == 31) {
+        while (octets[size] & 0x80)
+            ++size;
+        ++size;
+    }
+    return octets.sliced(size);
 }
 
 struct ScannedBody
@@ -116,18 +131,11 @@ Facts::Facts(const QvlScannedPart &part)
     if (!isWellFormed)
         return;
     type = *read;
-    const auto first = static_cast<unsigned char>(part.contentTypeOctets.front());
-    const bool isInText = first >= 32 && first < 128;
-    const QByteArrayView octets = part.contentTypeOctets;
-    const QByteArrayView shortest = type.code >= 0 ? octets : octets.sliced(octets.indexOf('\0'));
-    // A media type as a long integer follows the value-length.
-    isPlain = type.code < 0
-        || std::any_of(octets.begin(), octets.begin() + std::min<qsizetype>(octets.size(), 8),
-                       [this](char octet) {
-                           return static_cast<unsigned char>(octet) == (type.code | 0x80);
-                       });
+    const QByteArrayView media = withoutLength(part.contentTypeOctets);
+    isPlain = !hasLength(media);
+    const qsizetype mediaSize = type.code < 0 ? media.indexOf('\0') : 1; // at least
     for (const QvlScannedParameter &parameter : type.parameters) {
-        if (!isInText && parameter.octets.data() >= shortest.data())
+        if (parameter.octets.data() >= media.data() + mediaSize)
             addParameter(parameter);
     }
     qsizetype size = 0;
@@ -138,8 +146,17 @@ Facts::Facts(const QvlScannedPart &part)
     isPlain = isPlain && size == part.headers.size();
 }
 
+// The codec passes over all others.
+bool hasAny(QByteArrayView octets, QByteArrayView wanted)
+{
+    return std::any_of(wanted.begin(), wanted.end(),
+                       [octets](char octet) { return octets.contains(octet); });
+}
+
 void Facts::addParameter(const QvlScannedParameter &parameter)
 {
+    if (!hasAny(parameter.octets, "\x81\x85"))
+        return;
     const QByteArrayView name = parameter.name ? parameter.name : parameter.letters;
     if (name.compare("charset", Qt::CaseInsensitive) == 0) {
         const int number = charsetOf(parameter);
@@ -156,6 +173,10 @@ void Facts::addParameter(const QvlScannedParameter &parameter)
 
 void Facts::addHeader(const QvlScannedHeader &header)
 {
+    if (!hasAny(header.octets, "\x8E\xC0")) {
+        isPlain = isPlain && header.page != 0x8E && header.page != 0xC0;
+        return;
+    }
     const bool isForeign = header.page == 0x8E || header.page == 0xC0;
     const bool isCoded = header.code >= 0 && !hasLength(header.value);
     if (header.isNamed("Content-Location")) {

@@ -20,6 +20,7 @@
 #include "wire/header_encoder.h"
 #include "wire/header_field_codes.h"
 #include "wire/message_types.h"
+#include "wire/multipart_codec.h"
 #include "wire/octets.h"
 #include "wire/wire_result.h"
 
@@ -50,6 +51,20 @@ constexpr std::array layers{
     LayerInfo{"presentation", SmilResult::meaning},
 };
 static_assert(layers.size() == Layer::Presentation + 1, "a row stands at its layer");
+
+// Names in forms that the codec passes over, such as those in letters.
+void receiveNames(Part *part, const QvlScannedPart &scanned)
+{
+    if (part->getContentID().isEmpty())
+        part->setContentID(scanned.id());
+    if (!part->getContentLocation().isEmpty())
+        return;
+    const auto contentType = scanned.contentType();
+    const QString location = scanned.location();
+    part->setContentLocation(location.isEmpty() && contentType ? contentType->name() : location);
+    if (part->getContentLocation().isEmpty())
+        part->setDispFileName(scanned.fileName());
+}
 
 // Other decoders refuse a Content-ID without brackets. The start parameter keeps referring to it.
 void putIdsIntoBrackets(MMS_COMP_SMILMultipart *parts)
@@ -188,13 +203,24 @@ QvlMessage::Result QvlMessage::receiveBody(Reading reading)
             receiveSingleBody();
         return {Layer::Body, MultipartResult::Ok};
     }
-    const int code =
-        MMS_COMP_SMILMultipartParser::parse(header().getBodyOctets(), &header(), &parts());
-    if (reading != Strict)
-        receiveDeclarations();
-    if (reading != Strict && code == MultipartResult::Ok)
-        receiveRoot();
-    return {Layer::Body, code};
+    const QByteArray body = header().getBodyOctets();
+    return {Layer::Body,
+            reading == Strict ? MMS_COMP_SMILMultipartParser::parse(body, &header(), &parts())
+                              : receiveParts(body)};
+}
+
+// As the parser does, with what the codec drops.
+int QvlMessage::receiveParts(const QByteArray &body)
+{
+    const auto *octets = reinterpret_cast<const unsigned char *>(body.constData());
+    const unsigned char result =
+        MMS_UA_MultiPart_CODEC::decodeMultipart(true, octets, unsigned(body.size()), &parts());
+    receiveDeclarations();
+    if (result != WireResult::Read)
+        return MMS_COMP_SMILMultipartParser::handleErr(result);
+    MMS_COMP_SMILMultipartParser::checkLocation(&parts());
+    receiveRoot();
+    return MultipartResult::Ok;
 }
 
 // A body that is no multipart, such as a single text.
@@ -227,19 +253,21 @@ std::optional<QvlContentType> QvlMessage::sentContentType() const
         : std::nullopt;
 }
 
-// Start and Type that the decoder passes over: those in letters, and those of other multiparts.
+// The decoder passes over Start and Type in letters, and those of other multiparts than related.
 void QvlMessage::receiveRoot()
 {
-    const auto contentType = sentContentType();
-    if (!contentType)
-        return;
-    if (parts().getStart().isEmpty() && !contentType->start().isEmpty())
-        parts().setStart(contentType->start());
-    if (parts().getExtType().isEmpty() && !contentType->type().isEmpty())
-        parts().setExtType(contentType->type());
+    const QString params = header().getContentTypeParams();
+    QString start = MMS_COMP_SMILMultipartParser::parseStart(params);
+    QString type = MMS_COMP_SMILMultipartParser::parseExtType(params);
+    if (const auto contentType = sentContentType()) {
+        start = start.isEmpty() ? contentType->start() : start;
+        type = type.isEmpty() ? contentType->type() : type;
+    }
+    parts().setStart(start);
+    parts().setExtType(type);
 }
 
-// What the body codec drops: charsets and transfer encodings. They are in the body as it came.
+// What the body codec drops: charsets, transfer encodings, and names in forms that it passes over.
 void QvlMessage::receiveDeclarations()
 {
     QvlPartScanner scanner(QByteArrayView(m_pdu).sliced(sentBodyOffset()));
@@ -247,11 +275,9 @@ void QvlMessage::receiveDeclarations()
     for (int i = 0; i < parts().getPartCount() && scanner.next(&scanned); ++i) {
         Part *part = parts().getBodypartByIndex(i);
         const bool isDecoded = decodeTransfer(part, i, scanned);
-        const int charset = scanned.charset();
-        if (isDecoded || charset != Charset::Ucs2) // which the codec converts itself
-            keepCharset(*part, charset);
-        if (scanned.location().isEmpty() && !scanned.fileName().isEmpty())
-            part->setDispFileName(scanned.fileName());
+        if (isDecoded || part->getCharset() != "UCS2"_L1) // which the codec converts itself
+            keepCharset(*part, scanned.charset());
+        receiveNames(part, scanned);
     }
 }
 

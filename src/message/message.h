@@ -177,6 +177,7 @@ private:
     QVL_INTERNAL Result receiveContent(Reading reading);
     QVL_INTERNAL unsigned char receiveHeader(Reading reading);
     QVL_INTERNAL Result receiveBody(Reading reading);
+    QVL_INTERNAL int receiveParts(const QByteArray &body);
     QVL_INTERNAL void receiveSingleBody();
     QVL_INTERNAL std::optional<QvlContentType> sentContentType() const;
     QVL_INTERNAL void receiveRoot();

@@ -18,17 +18,20 @@ using namespace WireOctet;
 
 namespace {
 
-// What the codec recognizes.
+// What the codec recognizes
+
 namespace ParameterCode {
 constexpr int Charset = 0x01;
 constexpr int Name = 0x05;
 } // namespace ParameterCode
+
 namespace HeaderCode {
 constexpr int ContentLocation = 0x0E;
 constexpr int ContentId = 0x40;
 } // namespace HeaderCode
-constexpr QByteArrayView ParameterOctets("\x81\x85");
-constexpr QByteArrayView HeaderOctets("\x8E\xC0");
+
+constexpr QByteArrayView ParameterOctets("\x81\x85"); // the two codes with their high bit
+constexpr QByteArrayView HeaderOctets("\x8E\xC0"); // likewise
 constexpr qsizetype LongestLocation = 1024; // octets without quote and terminator
 constexpr int MostParts = 255;
 
@@ -40,7 +43,6 @@ namespace Reason {
 constexpr char UnknownParameter[] = "octets of an unknown parameter look like a known one";
 constexpr char UnknownHeader[] = "octets of an unknown header look like a known one";
 constexpr char OtherPage[] = "headers of another page look like known ones";
-constexpr char CharsetName[] = "the charset is given by its name";
 constexpr char UnknownCharset[] = "the charset is unknown";
 constexpr char OtherForm[] = "the codec does not read this form";
 constexpr char Unreadable[] = "the value has no text";
@@ -106,12 +108,6 @@ QByteArrayView withoutQuote(QByteArrayView value)
     return value.sliced(isQuoted ? 1 : 0).chopped(1);
 }
 
-// The text after a first zero would be read as further headers.
-QString upToZero(const QString &text)
-{
-    return text.left(text.indexOf(QChar::Null));
-}
-
 // Octets with replacements, which come in the order of the octets. Copies with the first one.
 class Edit
 {
@@ -133,7 +129,8 @@ void Edit::replace(QByteArrayView octets, QByteArrayView by)
 {
     if (!m_result) {
         m_result.emplace();
-        m_result->reserve(m_original.size() + by.size());
+        // Longer replacements may follow; with room for them a long body is copied once.
+        m_result->reserve(m_original.size() + m_original.size() / 64 + by.size());
     }
     const qsizetype start = octets.data() - m_original.data();
     m_result->append(m_original.sliced(m_done, start - m_done));
@@ -291,14 +288,17 @@ void BodyRewriter::readMedia(QByteArrayView media, qint64 code)
     m_contentType.replace(media, octets);
 }
 
+// A parameter that the codec passes over stays, so that a body it reads is not changed.
 void BodyRewriter::readParameter(const QvlScannedParameter &parameter)
 {
+    if (!containsAny(parameter.octets, ParameterOctets))
+        return;
     const QByteArrayView name = parameter.name ? parameter.name : parameter.letters;
     if (name.compare("charset", Qt::CaseInsensitive) == 0)
         readCharset(parameter);
     else if (name.compare("name", Qt::CaseInsensitive) == 0)
         readName(parameter);
-    else if (containsAny(parameter.octets, ParameterOctets))
+    else
         replaceParameter(parameter, {}, Reason::UnknownParameter);
 }
 
@@ -316,7 +316,7 @@ void BodyRewriter::readCharset(const QvlScannedParameter &parameter)
     QByteArray octets;
     appendCode(&octets, ParameterCode::Charset);
     append<IntegerBinary>(&octets, charset);
-    replaceParameter(parameter, octets, Reason::CharsetName);
+    replaceParameter(parameter, octets, Reason::OtherForm);
 }
 
 void BodyRewriter::readName(const QvlScannedParameter &parameter)
@@ -329,7 +329,7 @@ void BodyRewriter::readName(const QvlScannedParameter &parameter)
     }
     QByteArray octets;
     appendCode(&octets, ParameterCode::Name);
-    appendText(&octets, latin1OrUtf8(upToZero(parameter.text)));
+    appendText(&octets, latin1OrUtf8(parameter.text));
     replaceParameter(parameter, octets, Reason::OtherForm);
 }
 
@@ -371,21 +371,26 @@ void BodyRewriter::readPages(QByteArrayView octets, int page)
     m_headers.replace(octets, shift);
 }
 
+// A header that the codec passes over stays. Those in letters are never known on other pages, where
+// the code of the same header means something else.
 void BodyRewriter::readHeader(const QvlScannedHeader &header)
 {
-    if (header.isNamed("Content-Location"))
+    if (!containsAny(header.octets, HeaderOctets))
+        return;
+    const bool mayBeKnown = header.page == DefaultPage;
+    if (mayBeKnown && header.isNamed("Content-Location"))
         readLocation(header);
-    else if (header.isNamed("Content-ID"))
+    else if (mayBeKnown && header.isNamed("Content-ID"))
         readId(header);
-    else if (containsAny(header.octets, HeaderOctets))
+    else
         replaceHeader(header, {}, Reason::UnknownHeader);
 }
 
 void BodyRewriter::readLocation(const QvlScannedHeader &header)
 {
     const bool isCoded = header.code == HeaderCode::ContentLocation && !hasLength(header.value);
-    const QByteArray octets =
-        isCoded ? withoutQuote(header.value).toByteArray() : upToZero(header.text()).toUtf8();
+    const QByteArray rewritten = isCoded ? QByteArray() : header.text().toUtf8();
+    const QByteArrayView octets = isCoded ? withoutQuote(header.value) : rewritten;
     if (octets.size() > LongestLocation)
         replaceHeader(header, {}, Reason::LongLocation);
     else if (!isCoded)
@@ -395,7 +400,7 @@ void BodyRewriter::readLocation(const QvlScannedHeader &header)
 void BodyRewriter::readId(const QvlScannedHeader &header)
 {
     if (header.code != HeaderCode::ContentId || hasLength(header.value))
-        rewriteText(HeaderCode::ContentId, header, latin1OrUtf8(upToZero(header.text())));
+        rewriteText(HeaderCode::ContentId, header, latin1OrUtf8(header.text()));
 }
 
 void BodyRewriter::rewriteText(int code, const QvlScannedHeader &header, QByteArrayView text)

@@ -144,6 +144,25 @@ TEST(Message, KeepsStartAndTypeInLetters)
     EXPECT_EQ(message.parts().getSmilPart(), message.parts().getBodypartByIndex(0));
 }
 
+TEST(Message, FindsNamesThatTheCodecPassesOver)
+{
+    // Four pictures: Name as 97, Content-Location and Content-ID in letters, a file name, nothing.
+    const QByteArray pdu = "8C 84 8D 90 84 A3 04"_octets
+        + "07 01 06 9E 97 61 2E 61 00 31"_octets // a.a
+        + "23 01 9E"_octets + "Content-Location" + '\0' + "b.b" + '\0' + "Content-ID" + '\0' + "<"
+        + "00 32"_octets + "0C 01 9E AE 09 81 98"_octets + "c.c" + "00 85 64 00 33"_octets
+        + "01 01 9E 34"_octets;
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(pdu).isOk());
+    EXPECT_TRUE(message.changes().empty());
+    ASSERT_EQ(message.parts().getPartCount(), 4);
+    EXPECT_EQ(message.parts().getBodypartByIndex(0)->getContentLocation(), "a.a");
+    EXPECT_EQ(message.parts().getBodypartByIndex(1)->getContentLocation(), "b.b");
+    EXPECT_EQ(message.parts().getBodypartByIndex(1)->getContentID(), "<");
+    EXPECT_EQ(message.parts().getBodypartByIndex(2)->getContentLocation(), "c.c");
+    EXPECT_EQ(message.parts().getBodypartByIndex(3)->getContentLocation(), "file0.jpg");
+}
+
 TEST(Message, DecodesPartsFromTheirTransferEncoding)
 {
     // One part, text/plain; charset ISO-8859-1; the octets "4Q==" stand for an a with an accent.

@@ -85,30 +85,38 @@ void expectChanges(const std::vector<Row> &rows)
 
 TEST(ReadableBody, LeavesAloneWhatTheCodecReads)
 {
-    for (const QByteArray &headers : {"9E"_octets,
-                                      "FF"_octets,
-                                      "61 2F 62 00"_octets,
-                                      "7F 61 2F 62 00"_octets,
-                                      "01 9E"_octets,
-                                      "1F 01 9E"_octets,
-                                      "03 83 81 EA"_octets,
-                                      "05 83 81 02 03 E8"_octets,
-                                      "03 83 81 80"_octets,
-                                      "04 9E 85 61 00"_octets,
-                                      "05 9E 85 7F FC 00"_octets,
-                                      "05 9E 85 C3 BC 00"_octets,
-                                      "03 9E 85 00"_octets,
-                                      "06 61 2F 62 00 81 EA"_octets,
-                                      "06 61 2F 3B 78 3D 00"_octets,
-                                      "9E 8E 61 00"_octets,
-                                      "9E 8E C3 BC 00"_octets,
-                                      "9E 8E 7F C3 8E 00"_octets,
-                                      "9E 8E 00"_octets,
-                                      "9E C0 22 3C 61 3E 00"_octets,
-                                      "9E C0 C0 8E 00"_octets,
-                                      "9E AE 02 81 80"_octets,
-                                      "9E 58 00 59 00"_octets,
-                                      "9E 05 8B 80 7F 06 8B 80"_octets}) {
+    for (const QByteArray &headers :
+         {"9E"_octets,
+          "FF"_octets,
+          "61 2F 62 00"_octets,
+          "7F 61 2F 62 00"_octets,
+          "01 9E"_octets,
+          "1F 01 9E"_octets,
+          "03 83 81 EA"_octets,
+          "05 83 81 02 03 E8"_octets,
+          "03 83 81 80"_octets,
+          "04 9E 85 61 00"_octets,
+          "05 9E 85 7F FC 00"_octets,
+          "05 9E 85 C3 BC 00"_octets,
+          "03 9E 85 00"_octets,
+          "06 61 2F 62 00 81 EA"_octets,
+          "06 61 2F 3B 78 3D 00"_octets,
+          "9E 8E 61 00"_octets,
+          "9E 8E C3 BC 00"_octets,
+          "9E 8E 7F C3 8E 00"_octets,
+          "9E 8E 00"_octets,
+          "9E C0 22 3C 61 3E 00"_octets,
+          "9E C0 C0 8E 00"_octets,
+          "9E AE 02 81 80"_octets,
+          "9E 58 00 59 00"_octets,
+          "9E 05 8B 80 7F 06 8B 80"_octets,
+          "9E 02"_octets + text("Content-ID") + text("<a>"),
+          "9E"_octets + text("Content-ID") + text("<a>"),
+          "9E"_octets + text("Content-Location") + text("a"),
+          "05 9E 97 22 61 00"_octets,
+          "08 9E"_octets + text("name") + text("a"),
+          "11 83"_octets + text("charset") + text("utf-8") + "A0 80"_octets,
+          "0D 83"_octets + text("charset") + text("xyz")}) {
         SCOPED_TRACE(headers.toHex(' ').toStdString());
         expectUnchanged(octet(1) + entryOf(headers, "8E C0 81 85"_octets));
     }
@@ -124,6 +132,7 @@ TEST(ReadableBody, LeavesOutUnknownHeadersThatLookLikeKnownOnes)
         {"9E AE 06 81 86 C3 8E 78 00 8E 61 00"_octets, "9E 8E 61 00"_octets,
          "-header(46)@4+8 of 0"},
         {"9E 58 00 C3 C0 00"_octets, "9E"_octets, "-header@4+5 of 0"},
+        {"9E 58 C0 00 61 00"_octets, "9E"_octets, "-header@4+5 of 0"},
         {"9E C8 8E C9 80"_octets, "9E C9 80"_octets, "-header(72)@4+2 of 0"},
         {"03 83 81 EA 8F C0"_octets, "03 83 81 EA"_octets, "-header(15)@7+2 of 0"},
         {"9E 8B 8E 8C C0"_octets, "9E"_octets, "-header(11)@4+2 of 0; -header(12)@6+2 of 0"},
@@ -147,6 +156,7 @@ TEST(ReadableBody, LeavesOutUnknownParametersThatLookLikeKnownOnes)
 {
     expectChanges({
         {"05 9E A0 02 81 01"_octets, "01 9E"_octets, "-parameter(32)@5+4 of 0"},
+        {"06 9E 61 81 00 61 00"_octets, "01 9E"_octets, "-parameter@5+5 of 0"},
         {"06 9E 91 85 85 61 00"_octets, "04 9E 85 61 00"_octets, "-parameter(17)@5+2 of 0"},
         {"08 83 78 00 61 81 00 81 EA"_octets, "03 83 81 EA"_octets, "-parameter@5+5 of 0"},
         {"1F 04 9E 86 81 00"_octets, "01 9E"_octets, "-parameter(6)@6+3 of 0"},
@@ -157,15 +167,10 @@ TEST(ReadableBody, LeavesOutUnknownParametersThatLookLikeKnownOnes)
 TEST(ReadableBody, WritesCharsetsAsNumbers)
 {
     expectChanges({
-        {"11 83"_octets + text("charset") + text("utf-8") + "A0 80"_octets,
-         "05 83 81 EA A0 80"_octets, "~parameter@5+14 of 0"},
         {"08 83 81"_octets + text("utf-8"), "03 83 81 EA"_octets, "~parameter(1)@5+7 of 0"},
-        {"19 83"_octets + text("Charset") + text("ISO-10646-UCS-2"), "05 83 81 02 03 E8"_octets,
-         "~parameter@5+24 of 0"},
-        {"0A 83"_octets + text("charset") + "EA"_octets, "03 83 81 EA"_octets,
+        {"0A 83"_octets + text("charset") + "85"_octets, "03 83 81 85"_octets,
          "~parameter@5+9 of 0"},
         {"06 83 81"_octets + text("xyz"), "01 83"_octets, "-parameter(1)@5+5 of 0"},
-        {"0D 83"_octets + text("charset") + text("xyz"), "01 83"_octets, "-parameter@5+12 of 0"},
         {"08 83 81 05 01 00 00 03 E8"_octets, "01 83"_octets, "-parameter(1)@5+7 of 0"},
     });
 }
@@ -175,18 +180,20 @@ TEST(ReadableBody, WritesNamesSoThatTheCodecReadsThem)
     expectChanges({
         {"06 9E 85 03 EA 61 00"_octets, "04 9E 85 61 00"_octets, "~parameter(5)@5+5 of 0"},
         {"07 9E 85 04 EA C3 BC 00"_octets, "05 9E 85 7F FC 00"_octets, "~parameter(5)@5+6 of 0"},
-        {"05 9E 97 22 61 00"_octets, "04 9E 85 61 00"_octets, "~parameter(23)@5+4 of 0"},
-        {"08 9E"_octets + text("name") + text("a"), "04 9E 85 61 00"_octets, "~parameter@5+7 of 0"},
+        {"05 9E 97 C3 85 00"_octets, "05 9E 85 7F C5 00"_octets, "~parameter(23)@5+4 of 0"},
+        {"0A 9E"_octets + text("name") + "7F C3 85 00"_octets, "05 9E 85 7F C5 00"_octets,
+         "~parameter@5+9 of 0"},
         {"04 9E 85 01 81"_octets, "03 9E 85 00"_octets, "~parameter(5)@5+3 of 0"},
         {"05 9E 85 02 1E 61"_octets, "01 9E"_octets, "-parameter(5)@5+4 of 0"},
         {"9E 8E 03 EA 61 00"_octets, "9E 8E 61 00"_octets, "~header(14)@4+5 of 0"},
         {"9E 8E 04 EA C3 BC 00"_octets, "9E 8E 7F C3 BC 00"_octets, "~header(14)@4+6 of 0"},
-        {"9E"_octets + text("Content-Location") + text("a"), "9E 8E 61 00"_octets,
-         "~header@4+19 of 0"},
+        {"9E"_octets + text("Content-Location") + "C5 8E 00"_octets, "9E 8E 7F C5 8E 00"_octets,
+         "~header@4+20 of 0"},
+        {"9E 8E 05 EA 7F 7F 61 00"_octets, "9E 8E 7F 7F 61 00"_octets, "~header(14)@4+7 of 0"},
         {"9E 8E 02 1E 61"_octets, "9E"_octets, "-header(14)@4+4 of 0"},
         {"9E C0 03 EA 61 00"_octets, "9E C0 22 61 00"_octets, "~header(64)@4+5 of 0"},
-        {"9E"_octets + text("content-id") + text("<a>"), "9E C0 22 3C 61 3E 00"_octets,
-         "~header@4+15 of 0"},
+        {"9E"_octets + text("content-id") + "C5 8E 00"_octets, "9E C0 22 7F C5 8E 00"_octets,
+         "~header@4+14 of 0"},
         {"9E C0 02 1E 61"_octets, "9E"_octets, "-header(64)@4+4 of 0"},
     });
 }
@@ -288,7 +295,7 @@ Multipart decoded(const QByteArray &body)
 TEST(ReadableBody, LetsTheCodecReadWhatTheSenderWrote)
 {
     const QByteArray body = octet(2)
-        + entryOf("16 83"_octets + text("charset") + text("utf-8") + "97"_octets + text("a.txt"),
+        + entryOf("0F 83 81"_octets + text("utf-8") + "97"_octets + text("a.txt"),
                   "68 69 00"_octets)
         + entryOf("06 9E A0 03 85 78 00 AE 05 81 86 C0 8E 00 8E"_octets + text("b.jpg")
                       + "C0"_octets + text("\"<b>"),
@@ -300,7 +307,6 @@ TEST(ReadableBody, LetsTheCodecReadWhatTheSenderWrote)
     const Part &text = *multipart.getBodypartByIndex(0);
     EXPECT_EQ(text.getMimeFormat(), "text/plain");
     EXPECT_EQ(text.getCharset(), "UTF8");
-    EXPECT_EQ(text.getContentLocation(), "a.txt");
     EXPECT_EQ(text.getBodyData(), "hi");
     const Part &picture = *multipart.getBodypartByIndex(1);
     EXPECT_EQ(picture.getMimeFormat(), "image/jpeg");
