@@ -51,6 +51,11 @@ auto scanningWithValues(const QByteArray &pdu)
                 pdu.size()};
 }
 
+auto preparing(const QByteArray &pdu)
+{
+    return Work{[pdu] { return QvlReadablePdu(pdu).changes().empty(); }, pdu.size()};
+}
+
 // Measures the operation that applications call; does not copy the array.
 auto encoding(std::shared_ptr<MMS_UA_UAMsg> header)
 {
@@ -139,6 +144,8 @@ void addHeaderBenchmarks()
                      [&type] { return scanning(encodedHeader(headerOf(type).get())); });
         addBenchmark(std::string("header/values/") + type.name,
                      [&type] { return scanningWithValues(encodedHeader(headerOf(type).get())); });
+        addBenchmark(std::string("header/prepare/") + type.name,
+                     [&type] { return preparing(encodedHeader(headerOf(type).get())); });
         addBenchmark(std::string("header/encode/") + type.name,
                      [&type] { return encoding(headerOf(type)); });
     }

@@ -1,16 +1,13 @@
 #include "readable/field_forms.h"
 
-#include "multipart/media_types.h"
-#include "platform/mime_codes.h"
+#include "readable/append_octets.h"
 #include "readable/media_type_forms.h"
 #include "wire/header_field_codes.h"
-#include "wire/linear_buffer.h"
 #include "wire/octets.h"
 #include "wire/primitive_values.h"
 
 #include <QtEndian>
 
-#include <algorithm>
 #include <limits>
 
 namespace {
@@ -18,9 +15,8 @@ namespace {
 template <typename Codec, typename Value>
 QByteArray encoded(const Value &value)
 {
-    QByteArray octets(Codec::sizeOf(value), '\0');
-    LinearBuffer buffer(reinterpret_cast<unsigned char *>(octets.data()), int(octets.size()));
-    Codec::writeTo(&buffer, value);
+    QByteArray octets;
+    AppendOctets::value<Codec>(&octets, value);
     return octets;
 }
 
@@ -115,7 +111,10 @@ QByteArray senderOf(const QvlScannedField &field, const QvlScannedValue &value)
 QByteArray plainTextOf(const QvlScannedField &field)
 {
     const QString text = readAs(HeaderFieldCode::Subject, field).text;
-    return text.isEmpty() ? QByteArray() : encoded<PlainTextBinary>(text);
+    QByteArray octets;
+    if (!text.isEmpty())
+        AppendOctets::text(&octets, text.toUtf8());
+    return octets;
 }
 
 QByteArray timeOf(const QvlScannedValue &value)

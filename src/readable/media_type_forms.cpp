@@ -2,9 +2,9 @@
 
 #include "multipart/media_types.h"
 #include "platform/mime_codes.h"
+#include "readable/append_octets.h"
 #include "scan/content_type_value.h"
 #include "wire/content_type.h"
-#include "wire/linear_buffer.h"
 #include "wire/octets.h"
 #include "wire/primitive_values.h"
 #include "wire/read.h"
@@ -57,10 +57,8 @@ QByteArray related(const QvlContentType &contentType)
         + parameter(TypeParameter, contentType.type());
     if (parameters.isEmpty())
         return media;
-    const int length = int(media.size() + parameters.size());
-    QByteArray octets(ValueLengthBinary::sizeOf(length), '\0');
-    LinearBuffer buffer(reinterpret_cast<unsigned char *>(octets.data()), int(octets.size()));
-    ValueLengthBinary::writeTo(&buffer, length);
+    QByteArray octets;
+    AppendOctets::value<ValueLengthBinary>(&octets, int(media.size() + parameters.size()));
     return octets + media + parameters;
 }
 

@@ -1,5 +1,6 @@
 #include "readable/readable_body.h"
 
+#include "readable/append_octets.h"
 #include "scan/part_content_type.h"
 #include "scan/part_scanner.h"
 #include "scan/wsp_values.h"
@@ -10,7 +11,6 @@
 #include "wire/wire_text.h"
 
 #include <algorithm>
-#include <array>
 #include <tuple>
 #include <utility>
 
@@ -68,29 +68,6 @@ bool hasLength(QByteArrayView value)
 {
     const unsigned char first = firstOf(value);
     return first != 0 && first <= LengthFollows;
-}
-
-template <typename Codec>
-void append(QByteArray *octets, int value)
-{
-    std::array<unsigned char, 8> array;
-    LinearBuffer buffer(array.data(), int(array.size()));
-    std::ignore = Codec::writeTo(&buffer, value); // it fits
-    octets->append(reinterpret_cast<const char *>(array.data()), buffer.getPosition());
-}
-
-void appendCode(QByteArray *octets, int code)
-{
-    octets->append(static_cast<char>(HighBit | code));
-}
-
-void appendText(QByteArray *octets, QByteArrayView text)
-{
-    const unsigned char first = firstOf(text);
-    if (!text.isEmpty() && (first <= LengthFollows || first >= WireText::Quote))
-        octets->append(static_cast<char>(WireText::Quote));
-    octets->append(text);
-    octets->append('\0');
 }
 
 // The codec reads Name and Content-ID as Latin-1.
@@ -242,14 +219,14 @@ void BodyRewriter::writePart(const QvlScannedPart &part)
     QByteArray type = part.contentTypeOctets.toByteArray();
     if (const auto changed = m_contentType.takeResult()) {
         type.clear();
-        append<ValueLengthBinary>(&type, int(changed->size()));
+        AppendOctets::value<ValueLengthBinary>(&type, int(changed->size()));
         type += *changed;
     }
     const auto changedHeaders = m_headers.takeResult();
     const QByteArrayView headers = changedHeaders ? QByteArrayView(*changedHeaders) : part.headers;
     QByteArray octets;
-    append<UIntBinary>(&octets, int(type.size() + headers.size()));
-    append<UIntBinary>(&octets, int(part.data.size()));
+    AppendOctets::value<UIntBinary>(&octets, int(type.size() + headers.size()));
+    AppendOctets::value<UIntBinary>(&octets, int(part.data.size()));
     octets.append(type).append(headers);
     m_body.replace(part.octets.chopped(part.data.size()), octets);
 }
@@ -281,9 +258,9 @@ void BodyRewriter::readMedia(QByteArrayView media, qint64 code)
         return;
     QByteArray octets;
     if (code <= LowSevenBits)
-        appendCode(&octets, int(code));
+        AppendOctets::code(&octets, int(code));
     else
-        appendText(&octets, UnknownType);
+        AppendOctets::text(&octets, UnknownType);
     report(QvlChange::PartType, QvlScannedField::NoCode, media, octets, Reason::LongMedia);
     m_contentType.replace(media, octets);
 }
@@ -314,8 +291,8 @@ void BodyRewriter::readCharset(const QvlScannedParameter &parameter)
         return;
     }
     QByteArray octets;
-    appendCode(&octets, ParameterCode::Charset);
-    append<IntegerBinary>(&octets, charset);
+    AppendOctets::code(&octets, ParameterCode::Charset);
+    AppendOctets::value<IntegerBinary>(&octets, charset);
     replaceParameter(parameter, octets, Reason::OtherForm);
 }
 
@@ -328,8 +305,8 @@ void BodyRewriter::readName(const QvlScannedParameter &parameter)
         return;
     }
     QByteArray octets;
-    appendCode(&octets, ParameterCode::Name);
-    appendText(&octets, latin1OrUtf8(parameter.text));
+    AppendOctets::code(&octets, ParameterCode::Name);
+    AppendOctets::text(&octets, latin1OrUtf8(parameter.text));
     replaceParameter(parameter, octets, Reason::OtherForm);
 }
 
@@ -410,10 +387,10 @@ void BodyRewriter::rewriteText(int code, const QvlScannedHeader &header, QByteAr
         return;
     }
     QByteArray octets;
-    appendCode(&octets, code);
+    AppendOctets::code(&octets, code);
     if (code == HeaderCode::ContentId)
         octets.append('"');
-    appendText(&octets, text);
+    AppendOctets::text(&octets, text);
     replaceHeader(header, octets, Reason::OtherForm);
 }
 

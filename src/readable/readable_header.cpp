@@ -9,6 +9,7 @@
 #include "wire/header_record.h"
 #include "wire/header_values.h"
 #include "wire/message_types.h"
+#include "wire/octets.h"
 #include "wire/read.h"
 #include "wire/wire_result.h"
 
@@ -24,6 +25,54 @@ bool mayHaveBody(int type)
 {
     const auto octet = static_cast<unsigned char>(type);
     return !QvlMessageType::nameOf(octet) || messageTypeHasBody(octet);
+}
+
+// integer ::= octet >= 80 | count octet *
+bool skipInteger(LinearBuffer *buffer)
+{
+    const auto first = WireRead::octet(buffer);
+    return first && (WireOctet::hasHighBit(*first) || buffer->readView(*first));
+}
+
+// encoded-text ::= text | length integer octet *, where a length may be any octet but those of
+// texts
+bool skipEncodedText(LinearBuffer *buffer)
+{
+    const auto first = WireRead::octet(buffer);
+    if (!first)
+        return false;
+    if (WireOctet::beginsText(*first)) {
+        buffer->rewind(1);
+        return WireRead::text(buffer).has_value();
+    }
+    const bool isLong = *first == WireOctet::LengthFollows;
+    const auto length = isLong ? WireRead::uintvar(buffer) : std::optional<int>(*first);
+    const auto octets = length ? buffer->readView(*length) : std::nullopt;
+    if (!octets)
+        return false;
+    LinearBuffer content = WireRead::over(*octets);
+    return skipInteger(&content);
+}
+
+// Some codecs ignore that an inner value is longer than the data. They would read on in the fields
+// that follow.
+bool areLengthsWithin(const QvlScannedField &field)
+{
+    LinearBuffer buffer = WireRead::over(field.value);
+    const auto skipToken = [&buffer] {
+        return WireRead::octet(&buffer) == WireToken::AddressPresent;
+    };
+    switch (field.known->form) {
+    case QvlFieldForm::EncodedText:
+    case QvlFieldForm::Address:
+        return skipEncodedText(&buffer);
+    case QvlFieldForm::Sender:
+        return WireRead::valueLength(&buffer) && (!skipToken() || skipEncodedText(&buffer));
+    case QvlFieldForm::Time:
+        return WireRead::valueLength(&buffer) && WireRead::octet(&buffer) && skipInteger(&buffer);
+    default:
+        return true;
+    }
 }
 
 // The decoder passes over parameters in letters.
@@ -149,7 +198,7 @@ ReadableHeader HeaderRewriter::rewrite()
 bool decoderTakes(const QvlScannedField &field, QByteArrayView pdu)
 {
     const HeaderFieldInfo *info = headerFieldInfo(field.code);
-    if (!info)
+    if (!info || !areLengthsWithin(field))
         return false;
     // The reader of Content-Type looks at the octet after the value.
     const qsizetype size = field.code == HeaderFieldCode::ContentType

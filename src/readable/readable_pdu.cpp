@@ -45,8 +45,12 @@ void QvlReadablePdu::prepareHeader()
     m_header = std::move(readable.octets);
     m_changes = std::move(readable.changes);
     MMS_UA_UAMsg header;
-    if (m_header && decodeHeader(&header) == WireResult::Read)
-        prepareBody(header);
+    if (!m_header || decode(*m_header, &header) != WireResult::Read)
+        return;
+    // The decoder may find an end in octets that are malformed for the scanner.
+    m_header->chop(header.getBodyLength());
+    m_headerSize -= header.getBodyLength();
+    prepareBody(header);
 }
 
 void QvlReadablePdu::prepareBody(const MMS_UA_UAMsg &header)

@@ -105,6 +105,9 @@ const std::vector<Row> rows{
     leftOut("TimeWithoutToken", "88 02 01 3C"_octets, Expiry),
     rewritten("SenderWithoutToken", "89 61 40 62 00"_octets, "89 07 80 05 EA 61 40 62 00"_octets),
     rewritten("AbsentSenderWithMoreOctets", "89 02 81 00"_octets, "89 01 81"_octets),
+    leftOut("SenderWhoseAddressIsLongerThanTheField", "89 04 80 0F 01 00"_octets, From),
+    leftOut("TextThatIsLongerThanItsField", "96 03 41 61 00"_octets, Subject),
+    rewritten("IdThatBeginsWithAControlCharacter", "8B 02 EA 1B"_octets, "8B 7F 1B 00"_octets),
     rewritten("IdWithCharset", "8B 02 EA 61"_octets, "8B 61 00"_octets),
     leftOut("TextThatIsANumber", "96 85"_octets, Subject),
     leftOut("IdThatIsANumber", "8B 85"_octets, MessageId),
@@ -187,6 +190,16 @@ TEST(ReadablePdu, SharesTheBodyWhenOnlyTheHeaderChanges)
     MMS_UA_UAMsg header;
     ASSERT_EQ(readable.decodeHeader(&header), WireResult::Read);
     EXPECT_EQ(header.getBodyOctets(), "01 02 01 83 85 41"_octets);
+}
+
+TEST(ReadablePdu, HasTheBodyThatTheDecoderFindsInAMalformedHeader)
+{
+    // For the scanner the octet 00 begins no field. The decoder takes 01 04 for Content-Type.
+    const QByteArray pdu = Retrieve + "9B 80 01 04 A3 00"_octets;
+    const QvlReadablePdu readable(pdu);
+    EXPECT_EQ(readable.header().toByteArray(), Retrieve + "01 04 A3"_octets);
+    EXPECT_EQ(readable.bodyOffset(), 9);
+    EXPECT_EQ(readable.body().toByteArray(), "00"_octets);
 }
 
 TEST(ReadablePdu, KeepsMoreThan16OctetsThatAreNoField)
