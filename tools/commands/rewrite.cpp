@@ -32,12 +32,13 @@ QString whyNotWritten(const Message &message)
     if (!messageTypeInfo(type))
         return QStringLiteral("messages of the type %1 cannot be written, only those of MMS 1.0")
             .arg(messageTypeText(type));
-    const int parts = message.parts().getPartCount();
-    if (messageTypeHasBody(type) && parts == 0)
+    const int received = message.parts().getPartCount();
+    if (messageTypeHasBody(type) && received == 0)
         return QStringLiteral("the message has no parts, so there is nothing to write");
+    const int parts = received + (message.areSlidesGenerated() ? 1 : 0); // one for the SMIL
     if (parts > QvlMessage::MostParts)
-        return QStringLiteral("the message has %1 parts; at most %2 can be written, because other "
-                              "software reads no more")
+        return QStringLiteral("the message would have %1 parts; at most %2 can be written, because "
+                              "other software reads no more")
             .arg(parts)
             .arg(QvlMessage::MostParts);
     return QString();
