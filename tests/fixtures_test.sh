@@ -23,6 +23,7 @@ partners() { # FOLDER REQUIRED_SUFFIXES OPTIONAL_SUFFIXES OTHERS
   done
 }
 partners show 'mms txt json commands' '' ''
+partners versions 'octets txt json strict' '' ''
 partners messages 'mms tshark' '' ''
 partners smil 'smil model' 'out again' 'parts.txt every-document.commands'
 for file in smil/*.again; do

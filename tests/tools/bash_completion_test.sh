@@ -36,7 +36,7 @@ help e|extract
 help -|
 show ''|a b.jpg a.mms folder
 show a.|a.mms
-show -|--help --jobs --json
+show -|--help --jobs --json --strict
 show --js|--json
 show --jobs ''|
 show --json a|a b.jpg a.mms

@@ -113,9 +113,9 @@ compose "${to[@]}" --slide --image harbour.jpg --text 'At the <sea> & "港口"' 
 has "$(cat printed)" "wrote out/message.mms, $(stat -c %s out/message.mms) octets, 3 slides, 7 parts"
 has "$json" '"start":"<slides.smil>"'
 has "$json" '"type":"application/vnd.wap.multipart.related"'
-has "$json" '"parts":[{"charset":"","contentId":"<slides.smil>","contentType":"application/smil","displayName":"slides.smil","kind":"shown"'
-has "$json" '"contentType":"text/x-vCard","displayName":"anna.vcf","kind":"attachment"'
-has "$json" '"charset":"UTF8","contentId":"","contentType":"text/plain","displayName":"note.txt","kind":"shown"'
+has "$json" '"parts":[{"charset":"","contentId":"<slides.smil>","contentType":"application/smil","declaredCharset":"","displayName":"slides.smil","fileName":"slides.smil","kind":"shown"'
+has "$json" '"contentType":"text/x-vCard","declaredCharset":"","displayName":"anna.vcf","fileName":"anna.vcf","kind":"attachment"'
+has "$json" '"charset":"UTF8","contentId":"","contentType":"text/plain","declaredCharset":"UTF-8","displayName":"note.txt","fileName":"note.txt","kind":"shown"'
 has "$json" '"firstLine":"At the <sea> & \"港口\""'
 has "$json" '"firstLine":"Grüße"'
 has "$json" '"pageColor":"#ff8000"'
@@ -184,7 +184,7 @@ has_not "$json" slide2.txt
 compose "${to[@]}" --attach anna.vcf --attach strange.xyz --attach nothing
 has "$(cat printed)" ', 0 slides, 3 parts'
 has "$json" '"type":"application/vnd.wap.multipart.mixed"'
-has "$json" '"contentType":"application/octet-stream","displayName":"strange.xyz"'
+has "$json" '"contentType":"application/octet-stream","declaredCharset":"","displayName":"strange.xyz"'
 has_not "$json" application/smil
 
 # A file whose extension says nothing is recognized by its content, and keeps its name.

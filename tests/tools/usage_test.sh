@@ -66,7 +66,7 @@ expect 2 '^qvlmms: cannot read standard input: ' bash -c '"$1" show - <"$2"' - "
 expect 1 'the message has no presentation; qvlmms show lists its contents$' "$qvlmms" smil "$2/messages/notification.mms"
 expect 1 'the message was refused; qvlmms show prints the reason$' "$qvlmms" smil "$work/refused"
 expect 1 'there is nothing to read \(result -6\)' "$qvlmms" smil -
-expect 1 'REFUSED.*unknown header field \(result 3\)' "$qvlmms" show "$work/refused"
+expect 1 'REFUSED.*octet 2: field 127 \(FF\): the data ends before a value \(result 3\)' "$qvlmms" show "$work/refused"
 expect 0 ', 0 octets' "$qvlmms" show -
 expect 0 '^qvlmms: -: the file is empty$' "$qvlmms" show -
 printf 'HTTP/1.1 200 OK' >"$work/response"

@@ -14,10 +14,10 @@ namespace {
 
 constexpr int MostJobs = 256;
 
-ShownFile showFile(const QString &fileName, bool json)
+ShownFile showFile(const QString &fileName, QvlMessage::Reading reading, bool json)
 {
     ShownFile shown;
-    if (const auto message = readMessage(fileName, &shown.error)) {
+    if (const auto message = readMessage(fileName, reading, &shown.error)) {
         shown.text = json ? messageJson(*message) : linesFor(stdout, messageText(*message));
         shown.advice = json ? QString() : whyNoMessage(*message);
         shown.refused = message->isRefused();
@@ -83,9 +83,11 @@ int showFiles(const QCommandLineParser &arguments)
 {
     const QStringList names = arguments.positionalArguments();
     const bool wantsJson = arguments.isSet(QStringLiteral("json"));
+    const auto reading =
+        arguments.isSet(QStringLiteral("strict")) ? QvlMessage::Strict : QvlMessage::AnyVersion;
     Printer printer(names.size(), wantsJson);
     ShownFiles files(
-        names, [&](const QString &name) { return showFile(name, wantsJson); },
+        names, [&](const QString &name) { return showFile(name, reading, wantsJson); },
         [&](const QString &name, const ShownFile &shown) { printer.print(name, shown); });
     files.printAll(arguments.value(QStringLiteral("jobs")).toInt());
     return printer.finish();
@@ -105,6 +107,8 @@ Command Commands::show()
              .arguments = {{"FILE...", "files with one message each; - is standard input"}},
              .groups = {{"Options",
                          {{.name = "json", .help = "print one JSON object per line"},
+                          {.name = "strict",
+                           .help = "read messages of MMS 1.0 only, as the decoder alone does"},
                           {.name = "jobs",
                            .value = "N",
                            .help = "process N files in parallel and print them in their order",

@@ -11,10 +11,10 @@ namespace {
 void decode(Message *message)
 {
     using Layer = QvlMessage::Result::Layer;
-    const QvlMessage::Result received = message->receive(message->octets);
+    const QvlMessage::Result received = message->receive(message->octets, message->reading);
     if (received.layer == Layer::Header)
         message->headerResult = static_cast<unsigned char>(received.code);
-    else
+    else if (message->isMultipart())
         message->bodyResult = received.code;
     if (received.layer == Layer::Header || !received.isOk())
         return;
@@ -86,9 +86,17 @@ std::unique_ptr<Message> decodeMessage(const QByteArray &octets)
 
 std::unique_ptr<Message> readMessage(const QString &fileName, QString *error)
 {
+    return readMessage(fileName, QvlMessage::AnyVersion, error);
+}
+
+std::unique_ptr<Message> readMessage(const QString &fileName, QvlMessage::Reading reading,
+                                     QString *error)
+{
     auto message = openFile(fileName, error);
-    if (message)
+    if (message) {
+        message->reading = reading;
         decode(message.get());
+    }
     return message;
 }
 

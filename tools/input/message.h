@@ -16,6 +16,7 @@ struct Message : QvlMessage
 {
     QString fileName; ///< as on the command line
     QByteArray octets; ///< of the file
+    Reading reading = AnyVersion;
     unsigned char headerResult = WireResult::Read;
     std::optional<int> bodyResult; ///< nothing when there is no multipart body to parse
     QByteArray smil; ///< text of the SMIL part
@@ -26,8 +27,6 @@ struct Message : QvlMessage
         return headerResult != WireResult::Read || bodyResult.value_or(MultipartResult::Ok) != 0
             || smilResult.value_or(SmilResult::Ok) != 0;
     }
-    /// Offset of the body, when the header was decoded.
-    qsizetype bodyOffset() const { return octets.size() - header().getBodyLength(); }
 };
 
 /// Decodes the PDU @p octets.
@@ -38,6 +37,9 @@ std::unique_ptr<Message> decodeMessage(const QByteArray &octets);
  * @p error, if it cannot be read.
  */
 std::unique_ptr<Message> readMessage(const QString &fileName, QString *error);
+/// @copydoc readMessage
+std::unique_ptr<Message> readMessage(const QString &fileName, QvlMessage::Reading reading,
+                                     QString *error);
 
 /**
  * Reads a message as readMessage() does, or a SMIL document. The message of a document gets an

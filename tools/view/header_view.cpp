@@ -1,43 +1,26 @@
 #include "view/header_view.h"
 
+#include "view/field_values.h"
 #include "view/json_writer.h"
 
 #include <qvlsmilparser.h>
 
-#include <QTimeZone>
-
 #include <algorithm>
 #include <array>
-#include <span>
+#include <iterator>
+#include <optional>
 #include <string_view>
+#include <type_traits>
 
 namespace {
 
-/// An octet and its name in the standard; "" if it has none.
-struct Named
-{
-    unsigned char value;
-    const char *name;
-};
+using namespace FieldValue;
+using FieldValue::textOf;
+using FieldValue::write;
 
-Named named(unsigned char value, const char *(*nameOf)(unsigned char))
+Named namedBy(unsigned char value, const char *(*nameOf)(unsigned char))
 {
-    const char *name = nameOf(value);
-    return {value, name ? name : ""};
-}
-
-QString textOf(const Named &named)
-{
-    const QString name = QString::fromLatin1(*named.name ? named.name : "unknown");
-    return QStringLiteral("%1 (%2)").arg(name).arg(named.value);
-}
-
-void write(const Named &named, JsonWriter *json)
-{
-    json->beginObject();
-    json->member("name", named.name);
-    json->member("value", named.value);
-    json->endObject();
+    return named(value, nameOf(value));
 }
 
 QString textOf(bool flag)
@@ -56,39 +39,38 @@ void write(const auto &value, JsonWriter *json)
     json->value(value);
 }
 
-struct Size
+// The record has the moment of decoding.
+struct Date
 {
-    int octets;
+    std::optional<QvlSentTime> sent;
+    QDateTime decoded;
 };
 
-QString textOf(Size size)
+QString textOf(const Date &date)
 {
-    return QString::number(size.octets) + QLatin1String(" octets");
+    const QString decoded = isoDate(date.decoded) + QLatin1String(" (when it was decoded)");
+    return date.sent ? textOf(*date.sent) + QLatin1String(" (sent), ") + decoded : decoded;
 }
 
-void write(Size size, JsonWriter *json)
+void write(const Date &date, JsonWriter *json)
 {
-    json->value(size.octets);
+    json->value(isoDate(date.decoded));
 }
 
-QString isoDate(const QDateTime &time)
+struct DeliveryTime
 {
-    return time.toOffsetFromUtc(time.offsetFromUtc()).toString(Qt::ISODate);
-}
-
-struct DecodingTime
-{
-    QDateTime time;
+    std::optional<QvlSentTime> sent;
+    QDateTime decoded;
 };
 
-QString textOf(const DecodingTime &moment)
+QString textOf(const DeliveryTime &time)
 {
-    return isoDate(moment.time) + QLatin1String(" (when it was decoded)");
+    return time.sent ? textOf(*time.sent) : isoDate(time.decoded);
 }
 
-void write(const DecodingTime &moment, JsonWriter *json)
+void write(const DeliveryTime &time, JsonWriter *json)
 {
-    json->value(isoDate(moment.time));
+    json->value(isoDate(time.decoded));
 }
 
 QString addressKind(unsigned char type)
@@ -141,29 +123,24 @@ void write(const Recipients &recipients, JsonWriter *json)
     json->endArray();
 }
 
-// Phones also send relative times, which look like dates soon after 1970.
+// A record does not say whether the time is relative, so it looks like a date soon after 1970.
 struct Expiry
 {
+    std::optional<QvlSentTime> sent;
     int stored;
     quint32 seconds;
 };
 
-QString dateOf(const Expiry &expiry)
-{
-    return isoDate(QDateTime::fromSecsSinceEpoch(expiry.seconds));
-}
-
 QString textOf(const Expiry &expiry)
 {
-    return QvlExpiry::isRelative(expiry.seconds)
-        ? QStringLiteral("%1 s after it was sent").arg(expiry.seconds)
-        : dateOf(expiry);
+    const QvlSentTime guessed{expiry.seconds, QvlExpiry::isRelative(expiry.seconds)};
+    return textOf(expiry.sent.value_or(guessed));
 }
 
 void write(const Expiry &expiry, JsonWriter *json)
 {
     json->beginObject();
-    json->member("dateTime", dateOf(expiry));
+    json->member("dateTime", isoDate(QDateTime::fromSecsSinceEpoch(expiry.seconds)));
     json->member("seconds", qint64(expiry.seconds));
     json->member("stored", expiry.stored);
     json->endObject();
@@ -191,7 +168,7 @@ void write(const ContentType &content, JsonWriter *json)
 
 Named messageType(unsigned char type)
 {
-    return named(type, QvlMessageType::nameOf);
+    return namedBy(type, QvlMessageType::nameOf);
 }
 
 using Msg = MMS_UA_UAMsg;
@@ -200,11 +177,6 @@ ContentType contentType(const Msg &header)
 {
     return {header.getContentType() + QLatin1Char('/') + header.getContentSubType(),
             header.getContentTypeParams()};
-}
-
-QString version(unsigned char octet)
-{
-    return QStringLiteral("%1.%2").arg(octet >> 4).arg(octet & 0x0F);
 }
 
 // The decoder sets the flag for Hide.
@@ -217,19 +189,32 @@ QString visibility(bool hides)
 struct FieldRow
 {
     unsigned char code;
-    QString (*text)(const Msg &);
+    QString (*text)(const Msg &, const QvlSentTimes &);
     void (*write)(const Msg &, JsonWriter *);
 
     const char *name() const { return headerFieldInfo(code)->name; }
     bool isIn(const Msg &header) const { return header.fieldsPresent(headerFieldMask(code)); }
 };
 
+// Calls a getter that takes the times of the message only if it shows one.
+template <typename Getter>
+decltype(auto) got(const Msg &header, const QvlSentTimes &sent)
+{
+    if constexpr (std::is_invocable_v<Getter, const Msg &>)
+        return Getter()(header);
+    else
+        return Getter()(header, sent);
+}
+
 // @p Getter returns a value that textOf() and write() take.
 template <typename Getter>
 constexpr FieldRow row(unsigned char code, Getter)
 {
-    return {code, [](const Msg &header) { return textOf(Getter()(header)); },
-            [](const Msg &header, JsonWriter *json) { write(Getter()(header), json); }};
+    return {code,
+            [](const Msg &header, const QvlSentTimes &sent) {
+                return textOf(got<Getter>(header, sent));
+            },
+            [](const Msg &header, JsonWriter *json) { write(got<Getter>(header, {}), json); }};
 }
 
 constexpr FieldRow fieldRows[] = {
@@ -239,37 +224,44 @@ constexpr FieldRow fieldRows[] = {
         HeaderFieldCode::Cc, [](const Msg &m) -> auto & { return m.getCcRecipients(); }),
     row(HeaderFieldCode::ContentLocation, [](const Msg &m) { return m.getContentLocation(); }),
     row(HeaderFieldCode::ContentType, [](const Msg &m) { return contentType(m); }),
-    row(HeaderFieldCode::Date, [](const Msg &m) { return DecodingTime{m.getDate()}; }),
+    row(HeaderFieldCode::Date,
+        [](const Msg &m, const QvlSentTimes &sent) {
+            return Date{sent.date, m.getDate()};
+        }),
     row(HeaderFieldCode::DeliveryReport, [](const Msg &m) { return m.getDeliveryReport(); }),
-    row(HeaderFieldCode::DeliveryTime, [](const Msg &m) { return isoDate(m.getDeliveryTime()); }),
+    row(HeaderFieldCode::DeliveryTime,
+        [](const Msg &m, const QvlSentTimes &sent) {
+            return DeliveryTime{sent.deliveryTime, m.getDeliveryTime()};
+        }),
     row(HeaderFieldCode::Expiry,
-        [](const Msg &m) {
-            return Expiry{m.getExpiry(), QvlExpiry::toSeconds(m.getExpiry())};
+        [](const Msg &m, const QvlSentTimes &sent) {
+            return Expiry{sent.expiry, m.getExpiry(), QvlExpiry::toSeconds(m.getExpiry())};
         }),
     row(HeaderFieldCode::From, [](const Msg &m) { return m.getFrom(); }),
     row(HeaderFieldCode::MessageClass,
-        [](const Msg &m) { return named(m.getMessageClass(), QvlMessageClass::nameOf); }),
+        [](const Msg &m) { return namedBy(m.getMessageClass(), QvlMessageClass::nameOf); }),
     row(HeaderFieldCode::MessageId, [](const Msg &m) { return m.getMessageId(); }),
     row(HeaderFieldCode::MessageType, [](const Msg &m) { return messageType(m.getMessageType()); }),
     row(HeaderFieldCode::MmsVersion, [](const Msg &m) { return version(m.getMMSVersion()); }),
     row(HeaderFieldCode::MessageSize, [](const Msg &m) { return Size{m.getMessageSize()}; }),
     row(HeaderFieldCode::Priority,
-        [](const Msg &m) { return named(m.getPriority(), QvlPriority::nameOf); }),
+        [](const Msg &m) { return namedBy(m.getPriority(), QvlPriority::nameOf); }),
     row(HeaderFieldCode::ReadReply, [](const Msg &m) { return m.getReadReply(); }),
     row(HeaderFieldCode::ReportAllowed, [](const Msg &m) { return m.getReportAllowed(); }),
     row(HeaderFieldCode::ResponseStatus,
-        [](const Msg &m) { return named(m.getResponseStatus(), QvlResponseStatus::nameOf); }),
+        [](const Msg &m) { return namedBy(m.getResponseStatus(), QvlResponseStatus::nameOf); }),
     row(HeaderFieldCode::ResponseText, [](const Msg &m) { return m.getResponseText(); }),
     row(HeaderFieldCode::SenderVisibility,
         [](const Msg &m) { return visibility(m.getSenderVisibility()); }),
     row(HeaderFieldCode::Status,
-        [](const Msg &m) { return named(m.getStatus(), QvlStatus::nameOf); }),
+        [](const Msg &m) { return namedBy(m.getStatus(), QvlStatus::nameOf); }),
     row(HeaderFieldCode::Subject, [](const Msg &m) { return m.getSubject(); }),
     row(
         HeaderFieldCode::To, [](const Msg &m) -> auto & { return m.getToRecipients(); }),
     row(HeaderFieldCode::TransactionId, [](const Msg &m) { return m.getTransactionId(); }),
 };
 static_assert(std::size(fieldRows) == HeaderFieldCode::TransactionId, "one row for each field");
+static_assert(std::ranges::is_sorted(fieldRows, {}, &FieldRow::code), "a row stands at its code");
 
 auto rowsByName()
 {
@@ -289,8 +281,13 @@ QList<FieldView> headerView(const MMS_UA_UAMsg &header)
         rows, {}, [&](const FieldRow &row) { return header.getFieldPosition(row.code); });
     QList<FieldView> views;
     for (const FieldRow &row : rows)
-        views += {QString::fromLatin1(row.name()), row.text(header)};
+        views += {QString::fromLatin1(row.name()), row.text(header, {})};
     return views;
+}
+
+QString recordText(unsigned char code, const MMS_UA_UAMsg &header, const QvlSentTimes &sent)
+{
+    return fieldRows[code - 1].text(header, sent);
 }
 
 void writeHeader(const MMS_UA_UAMsg &header, JsonWriter *json)

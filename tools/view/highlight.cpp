@@ -18,14 +18,14 @@ constexpr const char *Faint = "2";
 constexpr const char *BoldRed = "1;31";
 
 // The first match in a line counts. Values from a message never match, because they follow a name
-// in their line.
+// in their line; names from a message are in quotes.
 const QList<Highlight> &highlights()
 {
     static const QList<Highlight> rows{
         {QRegularExpression(QStringLiteral("^(\\S.*)")), Bold},
         {QRegularExpression(QStringLiteral("^  (REFUSED .*)")), BoldRed},
         {QRegularExpression(QStringLiteral("^  (Checks .*FAILED.*)")), BoldRed},
-        {QRegularExpression(QStringLiteral("^  (Body|Presentation|Checks) ")), Bold},
+        {QRegularExpression(QStringLiteral("^  (Body|Presentation|Checks|Changes) ")), Bold},
         {QRegularExpression(QStringLiteral("^    (slide \\d+:)")), Bold},
         {QRegularExpression(QStringLiteral("^ {4,}(#  Content type .*|Media  .*)")), Faint},
     };

@@ -2,6 +2,7 @@
 
 #include "view/terminal_text.h"
 
+#include <QByteArray>
 #include <QJsonValue>
 #include <QLocale>
 #include <QVariant>

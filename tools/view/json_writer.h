@@ -4,9 +4,11 @@
  */
 #pragma once
 
-#include <QByteArray>
+#include <QByteArrayView>
 #include <QStringView>
 
+#include <array>
+#include <charconv>
 #include <concepts>
 #include <string>
 
@@ -25,7 +27,12 @@ public:
 
     void value(QStringView text);
     void value(const char *text); ///< printable ASCII that needs no escape
-    void value(std::integral auto number) { element(QByteArray::number(number)); }
+    void value(std::integral auto number)
+    {
+        std::array<char, 24> digits; // all of 64 bits, and a sign
+        const char *end = std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr;
+        element(QByteArrayView(digits.data(), end));
+    }
     void value(bool flag) { element(flag ? "true" : "false"); }
     void value(double number);
 

@@ -2,19 +2,26 @@
 
 #include "input/message.h"
 #include "input/smil_diagnosis.h"
+#include "view/changes_view.h"
+#include "view/field_values.h"
 #include "view/header_view.h"
 #include "view/json_writer.h"
+#include "view/message_fields.h"
+#include "view/parts_view.h"
 #include "view/result_view.h"
+#include "view/scanned_field_view.h"
 #include "view/slides_view.h"
 #include "view/terminal_text.h"
 
 #include <algorithm>
 #include <array>
+#include <optional>
 #include <string_view>
+
+using namespace Qt::StringLiterals;
 
 namespace {
 
-using Part = MMS_COMP_SMILMultipartBodypart;
 using TerminalText::visible;
 
 struct Check
@@ -37,10 +44,11 @@ constexpr std::array checksByKey = [] {
     return sorted;
 }();
 
-QString line(const QString &name, const QString &text)
+constexpr qsizetype TitleWidth = 18;
+
+QString line(const QString &title, const QString &text, qsizetype width = TitleWidth)
 {
-    return QLatin1String("  ") + name.leftJustified(18) + QLatin1Char(' ') + visible(text)
-        + QLatin1Char('\n');
+    return "  "_L1 + title.leftJustified(width) + u' ' + visible(text) + u'\n';
 }
 
 QString checksText(const MMS_UA_UAMsg &header)
@@ -53,52 +61,55 @@ QString checksText(const MMS_UA_UAMsg &header)
     return texts.join(QLatin1String(", "));
 }
 
-QString refusedHeaderText(const Message &message, const QList<FieldView> &fields)
+// The fields of the record have the sender's times in place of decoded ones.
+QList<FieldView> fieldViews(const Message &message)
 {
-    const QString meaning =
-        resultText(WireResult::meaning(message.headerResult), message.headerResult);
-    return fields.isEmpty() ? QLatin1String("header, at its first field: ") + meaning
-                            : QLatin1String("header, at or after ") + fields.back().name
-            + QLatin1String(": ") + meaning;
-}
-
-QString displayKind(const Part &part)
-{
-    return part.getDispFileType() == Part::Shown ? QStringLiteral("shown")
-                                                 : QStringLiteral("attachment");
-}
-
-QString partsTable(const MMS_COMP_SMILMultipart &body)
-{
-    QList<QStringList> rows;
-    for (int i = 0; i < body.getPartCount(); ++i) {
-        const Part &part = *body.getBodypartByIndex(i);
-        rows +=
-            {QString::number(i), part.getMimeFormat(),      QString::number(part.getBodyDataLen()),
-             part.getCharset(),  part.getContentLocation(), part.getContentID(),
-             displayKind(part)};
+    const QvlSentTimes sent = message.sentTimes();
+    QList<FieldView> views;
+    for (const MessageField &field : messageFields(message)) {
+        const unsigned char code = field.recordCode;
+        if (code != 0)
+            views += {QString::fromLatin1(headerFieldInfo(code)->name),
+                      recordText(code, message.header(), sent)};
+        else if (!field.isListed)
+            views += {visible(fieldName(*field.scanned)), fieldText(*field.scanned)};
     }
-    const QList<TerminalText::Column> columns{
-        {QStringLiteral("#"), true},      {QStringLiteral("Content type")},
-        {QStringLiteral("Octets"), true}, {QStringLiteral("Charset")},
-        {QStringLiteral("Location")},     {QStringLiteral("Content-ID")},
-        {QStringLiteral("Kind")}};
-    return TerminalText::table(columns, rows, QStringLiteral("    ")).join(QLatin1Char('\n'))
-        + QLatin1Char('\n');
+    return views;
 }
 
-QString bodyText(const Message &message)
+QString fieldsText(const Message &message)
 {
-    const int octets = message.header().getBodyLength();
-    if (octets == 0)
-        return line(QStringLiteral("Body"), QStringLiteral("none"));
-    QString text = QStringLiteral("%1 octets from octet %2").arg(octets).arg(message.bodyOffset());
-    if (!message.bodyResult)
-        return line(QStringLiteral("Body"), text + QLatin1String(", not a multipart"));
-    const int parts = message.parts().getPartCount();
-    text += parts == 1 ? QStringLiteral(", 1 part") : QStringLiteral(", %1 parts").arg(parts);
-    return line(QStringLiteral("Body"), text)
-        + (parts > 0 ? partsTable(message.parts()) : QString());
+    constexpr qsizetype Widest = 32; // names of the standard have up to 31 characters
+    const QList<FieldView> views = fieldViews(message);
+    qsizetype width = TitleWidth;
+    for (const FieldView &view : views) {
+        if (view.name.size() <= Widest)
+            width = std::max(width, view.name.size());
+    }
+    QString text;
+    for (const FieldView &view : views)
+        text += line(view.name, view.text, width);
+    return text;
+}
+
+QString refusedHeaderText(const Message &message)
+{
+    const int code = message.headerResult;
+    const auto refused = refusedField(message);
+    const QString why = refused ? refusedFieldText(*refused) + u" (result %1)"_s.arg(code)
+                                : resultText(WireResult::meaning(message.headerResult), code);
+    return "header, "_L1 + why;
+}
+
+QString bodyText(const Message &message, const SentParts &parts)
+{
+    const QString text = line(u"Body"_s, bodySummary(message)) + partsTable(message, parts);
+    const int code = message.bodyResult.value_or(MultipartResult::Ok);
+    if (code == MultipartResult::Ok)
+        return text;
+    return text
+        + line(u"REFUSED"_s,
+               resultText(MultipartResult::meaning(code), code) + whyBodyRefused(message));
 }
 
 QString presentationText(const Message &message)
@@ -125,34 +136,50 @@ void writeChecks(const MMS_UA_UAMsg &header, JsonWriter *json)
     json->endObject();
 }
 
-void writePart(const Part &part, JsonWriter *json)
+QString changesText(const Message &message, const SentParts &parts)
 {
+    if (message.changes().empty())
+        return QString();
+    QString text =
+        line(u"Changes"_s, changesSummary(message) + ", to read the message as MMS 1.0"_L1);
+    for (const QString &change : changeLines(message, parts))
+        text += visible(change) + u'\n';
+    return text;
+}
+
+void writeFields(const Message &message, JsonWriter *json)
+{
+    json->key("fields");
+    json->beginArray();
+    for (const MessageField &field : messageFields(message)) {
+        if (field.scanned)
+            writeField(*field.scanned, json);
+        else
+            writeField(field.recordCode, json);
+    }
+    json->endArray();
+}
+
+void writeTime(const char *key, const std::optional<QvlSentTime> &time, JsonWriter *json)
+{
+    if (!time)
+        return;
+    json->key(key);
     json->beginObject();
-    json->member("charset", part.getCharset());
-    json->member("contentId", part.getContentID());
-    json->member("contentType", part.getMimeFormat());
-    json->member("displayName", part.getDispFileName());
-    json->member("kind", displayKind(part));
-    json->member("location", part.getContentLocation());
-    json->member("octets", part.getBodyDataLen());
+    if (!time->isRelative)
+        json->member("dateTime", FieldValue::dateText(time->seconds));
+    json->member("relative", time->isRelative);
+    json->member("seconds", time->seconds);
     json->endObject();
 }
 
-void writeBody(const Message &message, JsonWriter *json)
+void writeSentTimes(const QvlSentTimes &times, JsonWriter *json)
 {
-    json->key("body");
+    json->key("sent");
     json->beginObject();
-    json->member("octets", message.header().getBodyLength());
-    json->member("offset", message.bodyOffset());
-    if (message.bodyResult) {
-        json->key("parts");
-        json->beginArray();
-        for (int i = 0; i < message.parts().getPartCount(); ++i)
-            writePart(*message.parts().getBodypartByIndex(i), json);
-        json->endArray();
-        writeResult(MultipartResult::meaning(*message.bodyResult), *message.bodyResult, json);
-        json->member("start", message.parts().getStart());
-    }
+    writeTime("date", times.date, json);
+    writeTime("deliveryTime", times.deliveryTime, json);
+    writeTime("expiry", times.expiry, json);
     json->endObject();
 }
 
@@ -161,19 +188,17 @@ void writeBody(const Message &message, JsonWriter *json)
 QString messageText(const Message &message)
 {
     const MMS_UA_UAMsg &header = message.header();
-    const QList<FieldView> fields = headerView(header);
     const bool typed = header.fieldsPresent(headerFieldMask(HeaderFieldCode::MessageType));
-    QString text = visible(message.fileName) + QLatin1String(": ")
-        + (typed ? messageTypeText(header.getMessageType()) : QStringLiteral("no message type"))
-        + QStringLiteral(", %1 octets\n").arg(message.octets.size());
-    for (const FieldView &field : fields)
-        text += line(field.name, field.text);
-    if (message.headerResult != WireResult::Read)
-        return text + line(QStringLiteral("REFUSED"), refusedHeaderText(message, fields));
-    text += line(QStringLiteral("Checks"), checksText(header)) + bodyText(message);
-    if (const int code = message.bodyResult.value_or(MultipartResult::Ok))
-        text += line(QStringLiteral("REFUSED"), resultText(MultipartResult::meaning(code), code));
-    return text + presentationText(message);
+    const SentParts parts = sentParts(message);
+    QString text = visible(message.fileName) + ": "_L1
+        + (typed ? messageTypeText(header.getMessageType()) : u"no message type"_s)
+        + u", %1 octets\n"_s.arg(message.octets.size()) + fieldsText(message);
+    if (message.headerResult == WireResult::Read)
+        text += line(u"Checks"_s, checksText(header)) + bodyText(message, parts)
+            + presentationText(message);
+    else
+        text += line(u"REFUSED"_s, refusedHeaderText(message));
+    return text + changesText(message, parts);
 }
 
 QString refusedSmilText(const Message &message)
@@ -188,19 +213,25 @@ QString refusedSmilText(const Message &message)
 QByteArray messageJson(const Message &message)
 {
     const bool isDecoded = message.headerResult == WireResult::Read;
+    const SentParts parts = sentParts(message);
     JsonWriter json;
     json.beginObject();
-    if (isDecoded && message.header().getBodyLength() > 0)
-        writeBody(message, &json);
+    if (isDecoded && message.sentBodyOffset() < message.octets.size())
+        writeBody(message, parts, &json);
+    writeChanges(message, parts, &json);
     if (isDecoded)
         writeChecks(message.header(), &json);
+    writeFields(message, &json);
     json.member("file", message.fileName);
     writeHeader(message.header(), &json);
     json.member("octets", message.octets.size());
     if (message.smilResult || message.areSlidesGenerated())
         writePresentation(message, &json);
     json.member("refused", message.isRefused());
+    if (const auto refused = refusedField(message))
+        writeRefusedField(*refused, &json);
     writeResult(WireResult::meaning(message.headerResult), message.headerResult, &json);
+    writeSentTimes(message.sentTimes(), &json);
     json.endObject();
     return QByteArray::fromStdString(json.json()) + '\n';
 }

@@ -21,6 +21,8 @@ const HighlightRow highlightRows[] = {
      "  \x1B[1;31mChecks             version FAILED, order ok\x1B[0m"},
     {"  Subject            Checks FAILED", "  Subject            Checks FAILED"},
     {"  Subject            REFUSED", "  Subject            REFUSED"},
+    {"  Changes            1 left out", "  \x1B[1mChanges\x1B[0m            1 left out"},
+    {"  \"REFUSED\"          body", "  \"REFUSED\"          body"},
     {"  Body               none", "  \x1B[1mBody\x1B[0m               none"},
     {"    #  Content type  Octets", "    \x1B[2m#  Content type  Octets\x1B[0m"},
     {"     #  Content type  Octets", "     \x1B[2m#  Content type  Octets\x1B[0m"},
