@@ -31,7 +31,7 @@ files() { # FOLDER: prints size, checksum and name of each file in it
 body() { # FILE: prints the body; the header has the time of decoding
   local octets
   octets=$("$qvlmms" show "$1" | sed -n 's/^  Body  *\([0-9]*\) octets.*/\1/p' || true)
-  tail -c "$octets" "$1"
+  tail -c "${octets:-0}" "$1"
 }
 documents_transcript() {
   cp "$fixtures"/smil/*.smil .
