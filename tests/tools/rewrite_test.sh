@@ -65,6 +65,10 @@ printf '\x8c\x82\x98T\x00\x8d\x90\x8e\x01\x80\x88\x05\x81\x03\x09\x3a\x80\x83h\x
 "$qvlmms" rewrite "$work/later.mms" "$work/written.mms" >/dev/null 2>"$work/error"
 [ "$(cat "$work/error")" = "qvlmms: $work/later.mms: not written: Reply-Charging, the header Content-Disposition of parts, the header X-Wap-Content-URI of parts" ] \
   || complain "not said to be dropped: $(cat "$work/error")"
+printf '\x8c\x84\x8d\x90\x85\x01\x05\xc0\x80\x84\x83text' >"$work/text.mms" # a text alone
+"$qvlmms" rewrite "$work/text.mms" "$work/text-written.mms" >/dev/null 2>"$work/error"
+[ "$(cat "$work/error")" = "qvlmms: $work/text.mms: not written: field C0" ] \
+  || complain "not said to be dropped: $(cat "$work/error")"
 "$qvlmms" show "$work/written.mms" | grep -qE '^    1  text/plain +2 +UTF8 +a +shown' || complain "the text is lost"
 
 # A sender who hides stays hidden.

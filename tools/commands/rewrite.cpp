@@ -44,9 +44,8 @@ QString whyNotWritten(const Message &message)
     return QString();
 }
 
-void printDropped(const Message &message)
+void printDropped(const Message &message, const QStringList &dropped)
 {
-    const QStringList dropped = droppedItems(message);
     if (!dropped.isEmpty())
         printError(message.fileName + QLatin1String(": not written: ")
                    + dropped.join(QLatin1String(", ")));
@@ -58,13 +57,14 @@ int rewriteMessage(Message &message, const QCommandLineParser &arguments)
         return refuse(message);
     if (const QString why = whyNotWritten(message); !why.isEmpty())
         return refuse(message, why);
+    const QStringList dropped = droppedItems(message); // encoding changes the content type
     QByteArray octets;
     if (!encode(&message, &octets))
         return refuse(message, QStringLiteral("the message cannot be written"));
     const int exitCode = writeOutput(octets, arguments.positionalArguments().at(1),
                                      QStringLiteral(" (%1 octets)").arg(octets.size()));
     if (exitCode == AllDecoded)
-        printDropped(message);
+        printDropped(message, dropped);
     return exitCode;
 }
 

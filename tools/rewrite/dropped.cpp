@@ -37,13 +37,17 @@ bool isLeftOut(const Message &message, const QvlScannedField &field)
     });
 }
 
+QString wireCode(int code)
+{
+    return QString::number(code | 0x80, 16).toUpper();
+}
+
 QString fieldName(const QvlScannedField &field)
 {
     if (field.known)
         return QString::fromLatin1(field.known->name);
-    return field.code == QvlScannedField::NoCode
-        ? QString::fromUtf8(field.letters)
-        : u"the field with the code %1"_s.arg(field.code | 0x80, 2, 16).toUpper();
+    return field.code == QvlScannedField::NoCode ? QString::fromUtf8(field.letters)
+                                                 : "field "_L1 + wireCode(field.code);
 }
 
 void addFields(const Message &message, Items *items)
@@ -77,7 +81,7 @@ QString nameOf(const Item &item)
 {
     return item.name                           ? QString::fromLatin1(item.name)
         : item.code == QvlScannedField::NoCode ? QString::fromUtf8(item.letters)
-                                               : QString::number(item.code | 0x80, 16).toUpper();
+                                               : wireCode(item.code);
 }
 
 bool isOneOf(std::span<const QLatin1StringView> names, const QString &name)
