@@ -191,7 +191,7 @@ has_not "$json" application/smil
 recognized() { # TYPE LOCATION OPTION FILE
   cp "$4" "$2"
   compose "${to[@]}" "$3" "$2"
-  has "$json" "\"contentType\":\"$1\",\"displayName\":\"$2\",\"kind\":\"shown\",\"location\":\"$2\""
+  has "$json" "\"contentType\":\"$1\",\"declaredCharset\":\"\",\"displayName\":\"$2\",\"fileName\":\"$2\",\"kind\":\"shown\",\"location\":\"$2\""
 }
 type_by_extension() { # FILE
   "$qvlmms" compose -o typed.mms --to 1 --attach "$1" >/dev/null
@@ -209,11 +209,11 @@ for format in 3gp avi mpg; do
   recognized "$(type_by_extension "$fixtures/clips/video.$format")" film --video "$fixtures/clips/video.$format"
 done
 compose "${to[@]}" --attach plain --attach photo
-has "$json" '"charset":"UTF8","contentId":"","contentType":"text/plain","displayName":"plain"'
-has "$json" '"contentType":"image/jpeg","displayName":"photo"'
+has "$json" '"charset":"UTF8","contentId":"","contentType":"text/plain","declaredCharset":"UTF-8","displayName":"plain"'
+has "$json" '"contentType":"image/jpeg","declaredCharset":"","displayName":"photo"'
 cp latin1.txt old
 compose "${to[@]}" --attach old
-has "$json" '"contentType":"application/octet-stream","displayName":"old"'
+has "$json" '"contentType":"application/octet-stream","declaredCharset":"","displayName":"old"'
 
 # Every Content-ID is in angle brackets: without them the library omits the quote of the text, which other
 # software expects.

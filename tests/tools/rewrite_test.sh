@@ -69,7 +69,7 @@ printf '\x8c\x84\x8d\x90\x85\x01\x05\xc0\x80\x84\x83text' >"$work/text.mms" # a 
 "$qvlmms" rewrite "$work/text.mms" "$work/text-written.mms" >/dev/null 2>"$work/error"
 [ "$(cat "$work/error")" = "qvlmms: $work/text.mms: not written: field C0" ] \
   || complain "not said to be dropped: $(cat "$work/error")"
-"$qvlmms" show "$work/written.mms" | grep -qE '^    1  text/plain +2 +UTF8 +a +shown' || complain "the text is lost"
+"$qvlmms" show "$work/written.mms" | grep -qE '^    1  text/plain +2 +UTF-8 +a +shown' || complain "the text is lost"
 
 # A sender who hides stays hidden.
 "$qvlmms" show "$fixtures/show/colored-root.mms" >"$work/colored-before.txt"
