@@ -1,37 +1,25 @@
 /*
- * A message on its way through the library: header, parts, slides, and back.
+ * A message on its way through the library: its contents, its texts and its slides. receiving.cpp
+ * and encoding.cpp have the ways in and out.
  */
 #include "message/message.h"
 
 #include "base/no_memory.h"
 #include "message/message_times.h"
-#include "message/multipart_parser.h"
 #include "multipart/media_types.h"
 #include "multipart/multipart_result.h"
 #include "presentation/media_params.h"
 #include "presentation/smil_result.h"
-#include "readable/transfer_encoding.h"
 #include "scan/charset_text.h"
-#include "scan/header_scanner.h"
-#include "scan/part_scanner.h"
 #include "smil/smil_parser.h"
 #include "smil/smil_part.h"
-#include "wire/header_decoder.h"
-#include "wire/header_encoder.h"
-#include "wire/header_field_codes.h"
-#include "wire/message_types.h"
-#include "wire/multipart_codec.h"
-#include "wire/octets.h"
 #include "wire/wire_result.h"
 
 #include <QScopeGuard>
 
-#include <algorithm>
 #include <array>
 #include <tuple>
 #include <vector>
-
-using namespace Qt::StringLiterals;
 
 using Layer = QvlMessage::Result::Layer;
 using Part = MMS_COMP_SMILMultipartBodypart;
@@ -51,35 +39,6 @@ constexpr std::array layers{
     LayerInfo{"presentation", SmilResult::meaning},
 };
 static_assert(layers.size() == Layer::Presentation + 1, "a row stands at its layer");
-
-// Names in forms that the codec passes over, such as those in letters.
-void receiveNames(Part *part, const QvlScannedPart &scanned)
-{
-    if (part->getContentID().isEmpty())
-        part->setContentID(scanned.id());
-    if (!part->getContentLocation().isEmpty())
-        return;
-    const auto contentType = scanned.contentType();
-    const QString location = scanned.location();
-    part->setContentLocation(location.isEmpty() && contentType ? contentType->name() : location);
-    if (part->getContentLocation().isEmpty())
-        part->setDispFileName(scanned.fileName());
-}
-
-// Other decoders refuse a Content-ID without brackets. The start parameter keeps referring to it.
-void putIdsIntoBrackets(MMS_COMP_SMILMultipart *parts)
-{
-    const auto isBare = [](const QString &id) { return !id.isEmpty() && !id.startsWith(u'<'); };
-    for (int i = 0; i < parts->getPartCount(); ++i) {
-        Part *part = parts->getBodypartByIndex(i);
-        const QString id = part->getContentID();
-        if (!isBare(id))
-            continue;
-        if (parts->getStart() == id)
-            parts->setStart(u'<' + id + u'>');
-        part->setContentID(u'<' + id + u'>');
-    }
-}
 
 // Writing slides gives them the root layout's color. As that is none, every object loses its first
 // param with a page color. So there is a second one, after the other params, where it also is when
@@ -109,29 +68,6 @@ void moveRootColorToSlides(MMS_COMP_SMILData *slides)
     for (unsigned int i = 0; i < slides->getTotalSlidesNum(); ++i)
         slides->getSlide(i)->setPageColor(*root->getBackgroundColor());
     *root->getBackgroundColor() = MMS_COMP_COLOR();
-}
-
-bool canBeWritten(const MMS_UTIL_Entry &entry)
-{
-    return entry.getType() == MMS_UTIL_Entry::Email || entry.getType() == MMS_UTIL_Entry::Plmn;
-}
-
-bool canBeWritten(const QPtrList<MMS_UTIL_Entry> &entries)
-{
-    return std::ranges::all_of(
-        entries, [](const MMS_UTIL_Entry *entry) { return !entry || canBeWritten(*entry); });
-}
-
-// The encoder returns the result of the last field alone, and takes a version with the high bit for
-// one of two octets.
-bool canBeWritten(const MMS_UA_UAMsg &header)
-{
-    const MMS_UTIL_Entry from = header.getFrom();
-    return messageTypeInfo(header.getMessageType())
-        && !WireOctet::hasHighBit(header.getMMSVersion())
-        && (from.getAddress().isEmpty() || canBeWritten(from))
-        && canBeWritten(header.getToRecipients()) && canBeWritten(header.getCcRecipients())
-        && canBeWritten(header.getBccRecipients());
 }
 
 } // namespace
@@ -169,138 +105,6 @@ bool QvlMessage::renewContent()
     if (!isWhole)
         m_content.emplace(); // throws nothing: its members do without what they do not get
     return isWhole;
-}
-
-QvlMessage::Result QvlMessage::receive(const QByteArray &pdu, Reading reading)
-{
-    m_pdu = pdu;
-    if (!renewContent())
-        return {Layer::Header, WireResult::BadArgument};
-    return unlessOutOfMemory(Result{Layer::Body, MultipartResult::OutOfMemory}, [&]() -> Result {
-        if (const unsigned char code = receiveHeader(reading))
-            return {Layer::Header, code};
-        return header().getBodyLength() > 0 ? receiveBody(reading) : Result{};
-    });
-}
-
-unsigned char QvlMessage::receiveHeader(Reading reading)
-{
-    if (reading == Strict)
-        return MMS_UA_Decoder().decodeHeader(m_pdu, &header());
-    const QvlReadablePdu &readable = m_content->readable.emplace(m_pdu);
-    m_content->changes = readable.changes();
-    const unsigned char code = readable.decodeHeader(&header());
-    m_content->times = std::make_unique<MessageTimes>(MessageTimes::of(header()));
-    return code;
-}
-
-QvlMessage::Result QvlMessage::receiveBody(Reading reading)
-{
-    parts().setMimeType(header().getContentType());
-    parts().setSubType(header().getContentSubType());
-    if (!isMultipart()) {
-        if (reading != Strict)
-            receiveSingleBody();
-        return {Layer::Body, MultipartResult::Ok};
-    }
-    const QByteArray body = header().getBodyOctets();
-    return {Layer::Body,
-            reading == Strict ? MMS_COMP_SMILMultipartParser::parse(body, &header(), &parts())
-                              : receiveParts(body)};
-}
-
-// As the parser does, with what the codec drops.
-int QvlMessage::receiveParts(const QByteArray &body)
-{
-    const auto *octets = reinterpret_cast<const unsigned char *>(body.constData());
-    const unsigned char result =
-        MMS_UA_MultiPart_CODEC::decodeMultipart(true, octets, unsigned(body.size()), &parts());
-    receiveDeclarations();
-    if (result != WireResult::Read)
-        return MMS_COMP_SMILMultipartParser::handleErr(result);
-    MMS_COMP_SMILMultipartParser::checkLocation(&parts());
-    receiveRoot();
-    return MultipartResult::Ok;
-}
-
-// A body that is no multipart, such as a single text.
-void QvlMessage::receiveSingleBody()
-{
-    auto part = std::make_unique<Part>();
-    part->setContentType(header().getContentType());
-    part->setContentSubType(header().getContentSubType());
-    part->setBodyData(reinterpret_cast<const char *>(header().getBody()), header().getBodyLength());
-    if (const auto contentType = sentContentType();
-        contentType && !contentType->mediaType.isEmpty()) {
-        part->setContentType(Part::getTypePartFromFormat(contentType->mediaType));
-        part->setContentSubType(Part::getSubTypePartFromFormat(contentType->mediaType));
-        part->setContentLocation(contentType->name());
-        keepCharset(*part, contentType->charset());
-    }
-    parts().appendBodypart(part.release());
-    MMS_COMP_SMILMultipartParser::checkLocation(&parts());
-}
-
-// Content-Type as it came, unless the scanner ends the header elsewhere than the decoder.
-std::optional<QvlContentType> QvlMessage::sentContentType() const
-{
-    QvlHeaderScanner scanner(m_pdu);
-    QvlScannedField field;
-    while (scanner.next(&field)) { }
-    return scanner.result() == QvlHeaderScanner::ContentTypeRead
-            && scanner.position() == sentBodyOffset()
-        ? qvlReadContentType(field.value)
-        : std::nullopt;
-}
-
-// The decoder passes over Start and Type in letters, and those of other multiparts than related.
-void QvlMessage::receiveRoot()
-{
-    const QString params = header().getContentTypeParams();
-    QString start = MMS_COMP_SMILMultipartParser::parseStart(params);
-    QString type = MMS_COMP_SMILMultipartParser::parseExtType(params);
-    if (const auto contentType = sentContentType()) {
-        start = start.isEmpty() ? contentType->start() : start;
-        type = type.isEmpty() ? contentType->type() : type;
-    }
-    parts().setStart(start);
-    parts().setExtType(type);
-}
-
-// What the body codec drops: charsets, transfer encodings, and names in forms that it passes over.
-void QvlMessage::receiveDeclarations()
-{
-    QvlPartScanner scanner(QByteArrayView(m_pdu).sliced(sentBodyOffset()));
-    QvlScannedPart scanned;
-    for (int i = 0; i < parts().getPartCount() && scanner.next(&scanned); ++i) {
-        Part *part = parts().getBodypartByIndex(i);
-        const bool isDecoded = decodeTransfer(part, i, scanned);
-        if (isDecoded || part->getCharset() != "UCS2"_L1) // which the codec converts itself
-            keepCharset(*part, scanned.charset());
-        receiveNames(part, scanned);
-    }
-}
-
-bool QvlMessage::decodeTransfer(Part *part, int index, const QvlScannedPart &scanned)
-{
-    const auto octets =
-        TransferEncoding::decode(scanned.data, scanned.transferEncoding().toLatin1());
-    if (!octets)
-        return false;
-    part->setBodyData(*octets);
-    m_content->changes.push_back({.kind = QvlChange::Rewritten,
-                                  .place = QvlChange::PartBody,
-                                  .part = index,
-                                  .octets = scanned.data,
-                                  .offset = scanned.data.data() - m_pdu.constData(),
-                                  .reason = "the part came in a transfer encoding"});
-    return true;
-}
-
-void QvlMessage::keepCharset(const Part &part, int charset)
-{
-    if (charset != 0 && charset != Charset::Utf8 && charset != Charset::UsAscii)
-        m_content->texts.push_back({part.getBodyData(), charset});
 }
 
 qsizetype QvlMessage::sentBodyOffset() const
@@ -373,69 +177,5 @@ bool QvlMessage::storeSlides(const QString &location)
     return unlessOutOfMemory(false, [&]() -> bool {
         SmilPart::store(&parts(), smilText(), location);
         return true;
-    });
-}
-
-// Texts in UTF-8 are declared as such: the writer declares every named charset as US-ASCII.
-void QvlMessage::prepareTexts()
-{
-    for (int i = 0; i < parts().getPartCount(); ++i) {
-        Part *part = parts().getBodypartByIndex(i);
-        if (part->getMimeFormat() != "text/plain"_L1)
-            continue;
-        const QByteArray octets = part->getBodyData();
-        if (charset(*part) != 0 || !QByteArrayView(octets).isValidUtf8())
-            part->setBodyData(text(*part).toUtf8());
-        if (std::ranges::any_of(octets, WireOctet::hasHighBit))
-            part->setCharset(QString());
-    }
-}
-
-QvlMessage::Result QvlMessage::encodeBody(QByteArray *body)
-{
-    if (parts().getPartCount() == 0) {
-        if (!isMultipart())
-            *body = header().getBodyOctets(); // received with Strict
-        return {Layer::Body, MultipartResult::Ok};
-    }
-    if (parts().getPartCount() > MostParts)
-        return {Layer::Body, MultipartResult::CannotEncode};
-    prepareTexts();
-    putIdsIntoBrackets(&parts());
-    *body = MMS_COMP_SMILMultipartParser::assembleBody(&parts(), &header());
-    header().addFieldsPresent(headerFieldMask(HeaderFieldCode::ContentType));
-    return {Layer::Body, body->isEmpty() ? MultipartResult::CannotEncode : MultipartResult::Ok};
-}
-
-unsigned char QvlMessage::encodeHeader(QByteArray *octets)
-{
-    const MessageTimes times = MessageTimes::of(header());
-    const auto restoreTimes = qScopeGuard([&] { times.storeIn(&header()); });
-    if (const auto &decoded = m_content->times)
-        times.replaced(*decoded, decoded->asSent(sentTimes())).storeIn(&header());
-    return MMS_UA_Encoder().encodeHeader(&header(), octets);
-}
-
-QvlMessage::Result QvlMessage::encode(QByteArray *pdu)
-{
-    return unlessOutOfMemory(Result{Layer::Body, MultipartResult::OutOfMemory}, [&]() -> Result {
-        if (!pdu)
-            return {Layer::Header, WireResult::BadArgument};
-        if (!canBeWritten(header()))
-            return {Layer::Header, WireResult::CannotWrite};
-        QByteArray body;
-        // Settles the content type, so it comes before the header.
-        if (messageTypeHasBody(header().getMessageType())) {
-            if (const Result result = encodeBody(&body); !result.isOk())
-                return result;
-        } else if (parts().getPartCount() > 0) {
-            return {Layer::Body, MultipartResult::CannotEncode};
-        }
-        QByteArray octets;
-        const unsigned char code = encodeHeader(&octets);
-        if (code != WireResult::Written)
-            return {Layer::Header, code};
-        *pdu = octets + body;
-        return {Layer::Body, MultipartResult::Ok};
     });
 }

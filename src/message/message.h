@@ -138,8 +138,8 @@ public:
 
     /// The text of @p part in the charset that its sender declared, see qvlDecodeText().
     QString text(const MMS_COMP_SMILMultipartBodypart &part) const;
-    /// The charset of the octets of a received text, by its MIBenum, while the part has these
-    /// octets; 0 when none is declared.
+    /// The charset that was declared for the octets of @p part, by its MIBenum; 0 for UTF-8 and
+    /// US-ASCII, when none was declared, and after the application gave the part other octets.
     int charset(const MMS_COMP_SMILMultipartBodypart &part) const;
 
     /// True when the header announces a multipart body.
