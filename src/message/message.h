@@ -78,6 +78,7 @@ public:
      * decoded.
      *
      * @param pdu the octets, which are shared and not copied
+     * @param reading whether later versions are read, too
      */
     [[nodiscard]] Result receive(const QByteArray &pdu, Reading reading = AnyVersion);
 

@@ -42,8 +42,11 @@ class QVL_EXPORT QvlReadablePdu
 public:
     /// Prepares @p pdu, which is shared and not copied.
     explicit QvlReadablePdu(const QByteArray &pdu);
+    /// Shares the octets with the other object.
     QvlReadablePdu(const QvlReadablePdu &) = default;
+    /// Shares the octets with the other object.
     QvlReadablePdu &operator=(const QvlReadablePdu &) = default;
+    /// Views of header and body become invalid.
     ~QvlReadablePdu();
 
     /// What was changed, in the order of the octets; empty when nothing was.
