@@ -23,6 +23,21 @@ using Part = MMS_COMP_SMILMultipartBodypart;
 
 namespace {
 
+// The writer drops what exceeds the octets for content type and headers of a part: the media type,
+// the location twice, the Content-ID, and some octets between them.
+bool haveShortNames(const MMS_COMP_SMILMultipart &parts)
+{
+    constexpr qsizetype most = 1024 - 16;
+    for (int i = 0; i < parts.getPartCount(); ++i) {
+        const Part &part = *parts.getBodypartByIndex(i);
+        const qsizetype octets = part.getMimeFormat().toUtf8().size()
+            + 2 * part.getContentLocation().toUtf8().size() + part.getContentID().toUtf8().size();
+        if (octets > most)
+            return false;
+    }
+    return true;
+}
+
 // Other decoders refuse a Content-ID without brackets. The start parameter keeps referring to it.
 void putIdsIntoBrackets(MMS_COMP_SMILMultipart *parts)
 {
@@ -38,9 +53,16 @@ void putIdsIntoBrackets(MMS_COMP_SMILMultipart *parts)
     }
 }
 
+// A control character at the beginning would be a length.
+bool canBeWritten(const QString &text)
+{
+    return text.isEmpty() || text.front() >= u' ';
+}
+
 bool canBeWritten(const MMS_UTIL_Entry &entry)
 {
-    return entry.getType() == MMS_UTIL_Entry::Email || entry.getType() == MMS_UTIL_Entry::Plmn;
+    return (entry.getType() == MMS_UTIL_Entry::Email || entry.getType() == MMS_UTIL_Entry::Plmn)
+        && canBeWritten(entry.getAddress());
 }
 
 bool canBeWritten(const QPtrList<MMS_UTIL_Entry> &entries)
@@ -55,7 +77,8 @@ bool canBeWritten(const MMS_UA_UAMsg &header)
 {
     const MMS_UTIL_Entry from = header.getFrom();
     return messageTypeInfo(header.getMessageType())
-        && !WireOctet::hasHighBit(header.getMMSVersion())
+        && !WireOctet::hasHighBit(header.getMMSVersion()) && canBeWritten(header.getTransactionId())
+        && canBeWritten(header.getMessageId()) && canBeWritten(header.getContentLocation())
         && (from.getAddress().isEmpty() || canBeWritten(from))
         && canBeWritten(header.getToRecipients()) && canBeWritten(header.getCcRecipients())
         && canBeWritten(header.getBccRecipients());
@@ -73,7 +96,7 @@ void QvlMessage::prepareTexts()
         const QByteArray octets = part->getBodyData();
         if (charset(*part) != 0 || !QByteArrayView(octets).isValidUtf8())
             part->setBodyData(text(*part).toUtf8());
-        if (std::ranges::any_of(octets, WireOctet::hasHighBit))
+        if (std::ranges::any_of(part->getBodyData(), WireOctet::hasHighBit))
             part->setCharset(QString());
     }
 }
@@ -85,7 +108,7 @@ QvlMessage::Result QvlMessage::encodeBody(QByteArray *body)
             *body = header().getBodyOctets(); // received with Strict
         return {Layer::Body, MultipartResult::Ok};
     }
-    if (parts().getPartCount() > MostParts)
+    if (parts().getPartCount() > MostParts || !haveShortNames(parts()))
         return {Layer::Body, MultipartResult::CannotEncode};
     prepareTexts();
     putIdsIntoBrackets(&parts());

@@ -71,7 +71,8 @@ public:
     /**
      * Discards the contents of the object and reads a PDU: its header, and the parts of a multipart
      * body. Any other body becomes one part with the media type, charset and name that the header
-     * declares. Parts in base64 or quoted-printable are decoded. It does not reject a header that
+     * declares. Parts in base64 or quoted-printable are decoded, texts of the header by the charset
+     * that they declare. It does not reject a header that
      * fails the checks of MMS_UA_UAMsg. Linear in the octets.
      *
      * With Strict, no octet is changed, only a multipart body becomes parts, and no part is
@@ -109,7 +110,9 @@ public:
      * such; a bare Content-ID gets angle brackets, because others refuse it without.
      *
      * Refuses what would not read back: an unknown message type, parts in a type without a body,
-     * more than MostParts, addresses that are neither e-mail nor phone, and a version above 0x7F.
+     * more than MostParts, parts whose names or media type are too long, addresses that are neither
+     * e-mail nor phone, texts that begin with a control character, and a version above 0x7F. Dates
+     * after 2038-01-19 have no form on the wire and are written as others.
      *
      * @param pdu gets the octets; unchanged after a failure
      */
@@ -175,7 +178,6 @@ private:
     };
 
     QVL_INTERNAL bool renewContent();
-    QVL_INTERNAL Result receiveContent(Reading reading);
     QVL_INTERNAL unsigned char receiveHeader(Reading reading);
     QVL_INTERNAL Result receiveBody(Reading reading);
     QVL_INTERNAL int receiveParts(const QByteArray &body);

@@ -3,6 +3,7 @@
  * what both of them drop.
  */
 #include "base/no_memory.h"
+#include "message/header_texts.h"
 #include "message/message.h"
 #include "message/message_times.h"
 #include "message/multipart_parser.h"
@@ -57,6 +58,7 @@ unsigned char QvlMessage::receiveHeader(Reading reading)
     const QvlReadablePdu &readable = m_content->readable.emplace(m_pdu);
     m_content->changes = readable.changes();
     const unsigned char code = readable.decodeHeader(&header());
+    storeDeclaredTexts(m_pdu, &header());
     m_content->times = std::make_unique<MessageTimes>(MessageTimes::of(header()));
     return code;
 }

@@ -79,12 +79,11 @@ QByteArray MediaTypeForms::readable(QByteArrayView value)
     return *code({MediaTypes::application(), u"*"_s});
 }
 
-bool MediaTypeForms::areAlike(QByteArrayView a, QByteArrayView b)
+bool MediaTypeForms::haveSameParameters(QByteArrayView a, QByteArrayView b)
 {
     MMS_CONTENT_TYPE_T types[2];
     LinearBuffer buffers[]{WireRead::over(a), WireRead::over(b)};
     for (int i = 0; i < 2; ++i)
         std::ignore = ContentTypeField::readFrom(&buffers[i], &types[i]);
-    return types[0].type == types[1].type && types[0].subtype == types[1].subtype
-        && types[0].parameters == types[1].parameters;
+    return types[0].parameters == types[1].parameters;
 }

@@ -17,8 +17,7 @@ namespace MediaTypeForms {
  */
 QByteArray readable(QByteArrayView value);
 
-/// True if the decoder gets the same media type and parameters from @p a as from @p b, both of
-/// which it reads.
-bool areAlike(QByteArrayView a, QByteArrayView b);
+/// True if the decoder gets the same parameters from @p a as from @p b, both of which it reads.
+bool haveSameParameters(QByteArrayView a, QByteArrayView b);
 
 } // namespace MediaTypeForms

@@ -79,7 +79,7 @@ bool areLengthsWithin(const QvlScannedField &field)
 bool losesParameters(const QvlScannedField &field)
 {
     return field.code == HeaderFieldCode::ContentType
-        && !MediaTypeForms::areAlike(field.value, MediaTypeForms::readable(field.value));
+        && !MediaTypeForms::haveSameParameters(field.value, MediaTypeForms::readable(field.value));
 }
 
 class HeaderRewriter

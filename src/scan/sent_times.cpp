@@ -1,7 +1,7 @@
 #include "scan/sent_times.h"
 
-#include "wire/header_field_codes.h"
 #include "scan/header_scanner.h"
+#include "wire/header_field_codes.h"
 #include "wire/octets.h"
 
 namespace {

@@ -113,5 +113,6 @@ int DateTime::toSeconds(const QDateTime &value)
 int DateTime::sinceJulianDayZero(int seconds)
 {
     const auto unsignedSeconds = quint32(seconds);
-    return static_cast<int>(JulianSecondsUntil1970 + unsignedSeconds + offsetFromUtc(unsignedSeconds));
+    return static_cast<int>(JulianSecondsUntil1970 + unsignedSeconds
+                            + offsetFromUtc(unsignedSeconds));
 }

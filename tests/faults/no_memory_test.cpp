@@ -235,7 +235,8 @@ void failEachAllocation(Make make, Outcome &outcome)
 
 } // namespace
 
-/// A message in one object, with changes of its header and body: received, presented twice, encoded.
+/// A message in one object, with changes of its header and body: received, presented twice,
+/// encoded.
 class WholeMessage
 {
 public:

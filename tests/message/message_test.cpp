@@ -417,6 +417,66 @@ TEST(Message, WritesTextsInUtf8AndDeclaresIt)
     EXPECT_EQ(message.text(*message.parts().getBodypartByIndex(0)), QString(QChar(0xE9)));
 }
 
+TEST(Message, DeclaresTextsInUtf8ThatCameInACharsetOfSevenBits)
+{
+    // ISO-2022-JP, number 39; the text is one hiragana character, U+3053.
+    const QByteArray pdu = "8C 84 8D 90 84 A3 01 07 08 06 83 81 A7 85 61 00"_octets
+        + "1B 24 42 24 33 1B 28 42"_octets;
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(pdu).isOk());
+    QByteArray written;
+    ASSERT_TRUE(message.encode(&written).isOk());
+    EXPECT_TRUE(written.endsWith("0A 03 06 83 85 61 00 81 EA 8E 61 00 E3 81 93"_octets))
+        << written.toHex(' ').toStdString();
+    QByteArray again;
+    ASSERT_TRUE(message.encode(&again).isOk());
+    EXPECT_EQ(again, written);
+}
+
+TEST(Message, ReadsTextsOfTheHeaderInTheirCharset)
+{
+    // From, To twice, Subject and Response-Text in ISO-8859-1; the second To declares no charset.
+    const QByteArray pdu = "8C 84 8D 90 89 07 80 05 84 E4 40 62 00 97 05 84 E4 40 63 00"_octets
+        + "97 64 40 65 00 96 04 84 70 E4 00 93 03 84 E4 00 84 83 68"_octets;
+    QvlMessage message;
+    ASSERT_TRUE(message.receive(pdu).isOk());
+    const MMS_UA_UAMsg &header = message.header();
+    EXPECT_EQ(header.getFrom().getAddress(), "ä@b");
+    ASSERT_EQ(header.getToRecipients().count(), 2U);
+    EXPECT_EQ(header.getToRecipients().at(0)->getAddress(), "ä@c");
+    EXPECT_EQ(header.getToRecipients().at(1)->getAddress(), "d@e");
+    EXPECT_EQ(header.getSubject(), "pä");
+    EXPECT_EQ(header.getResponseText(), "ä");
+    QByteArray written;
+    ASSERT_TRUE(message.encode(&written).isOk());
+    EXPECT_TRUE(written.contains("96 05 EA 70 C3 A4 00"_octets)) << written.toHex(' ').toStdString();
+}
+
+TEST(Message, WithTextsThatBeginWithAControlCharacterIsNotEncoded)
+{
+    QvlMessage to;
+    to.header().addToRecipient(MMS_UTIL_Entry("", MMS_UTIL_Entry::Email, "\x01"));
+    QvlMessage id;
+    id.header().setTransactionId("\x1F");
+    QByteArray pdu;
+    for (QvlMessage *message : {&to, &id})
+        expectResult(message->encode(&pdu), Layer::Header, WireResult::CannotWrite);
+}
+
+TEST(Message, WithALongNameIsNotEncoded)
+{
+    QvlMessage message;
+    message.header().addFieldsPresent(headerFieldMask(MessageType));
+    QByteArray pdu;
+    appendParts(message.parts(), {{.format = "text/plain", .location = QString(490, u'a')}});
+    EXPECT_TRUE(message.encode(&pdu).isOk());
+    QvlMessage read;
+    ASSERT_TRUE(read.receive(pdu).isOk());
+    EXPECT_EQ(read.parts().getBodypartByIndex(0)->getContentLocation().size(), 490);
+    message.parts().getBodypartByIndex(0)->setContentLocation(QString(600, u'a'));
+    expectResult(message.encode(&pdu), Layer::Body, MultipartResult::CannotEncode);
+}
+
 TEST(Message, PutsBareContentIdsIntoBrackets)
 {
     QvlMessage message;

@@ -291,7 +291,8 @@ TEST(ScannedPart, ReadsEachFormOfFileName)
             {"AE 0C 81"_octets + text("filename") + text("a"), "a"},
             {text("Content-Disposition") + text("attachment; filename=\"a b.c\"; size=1"), "a b.c"},
         });
-    QvlScannedPart part = partWith("AE 81"_octets);
+    const QByteArray headers = "AE 81"_octets;
+    QvlScannedPart part = partWith(headers);
     const QByteArray type = "04 9E 97 6E 00"_octets;
     part.contentTypeOctets = type;
     EXPECT_EQ(part.fileName(), "n");

@@ -88,12 +88,12 @@ refuse 1 'the message has no parts, so there is nothing to write$' "$work/no-par
 printf '\x8d\x90' >"$work/no-type.mms"
 refuse 1 'the message has no type, so there is nothing to write$' "$work/no-type.mms" "$work/none.mms"
 printf '\x8c\x87\x8d\x91' >"$work/read-report.mms"
-refuse 1 'messages of the type m-read-rec-ind (135) cannot be written, only those of MMS 1.0$' "$work/read-report.mms" "$work/none.mms"
+refuse 1 'messages of this type cannot be written, only those of MMS 1.0: m-read-rec-ind (135)$' "$work/read-report.mms" "$work/none.mms"
 {
   printf '\x8c\x80\x8d\x90\x84\xa3\x81\x00'
   for _ in $(seq 128); do printf '\x01\x01\x9dG'; done
 } >"$work/many.mms"
-refuse 1 'the message would have 128 parts; at most 127 can be written, because other software reads no more$' "$work/many.mms" "$work/none.mms"
+refuse 1 'the message would have more than 127 parts, and other software reads no more$' "$work/many.mms" "$work/none.mms"
 refuse 1 'REFUSED' "$fixtures/show/truncated-body.mms" "$work/none.mms"
 refuse 2 'there is no such file; check its name$' "$work/missing.mms" "$work/none.mms"
 refuse 2 'cannot write .*/folder/none.mms: there is no folder .*/folder; create it first$' "$work/mixed.mms" "$work/folder/none.mms"

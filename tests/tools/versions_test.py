@@ -6,6 +6,7 @@ without these fields, and rewriting both gives the same octets. The fields are w
     versions_test.py QVLMMS PICTURE
 """
 import json
+import os
 import pathlib
 import subprocess
 import sys
@@ -82,7 +83,8 @@ class Test:
         self.failed = True
 
     def run(self, *arguments):
-        done = subprocess.run([self.qvlmms, *map(str, arguments)], capture_output=True)
+        done = subprocess.run([self.qvlmms, *map(str, arguments)], capture_output=True,
+                              env=os.environ | {"XDG_RUNTIME_DIR": str(self.folder)})
         if done.returncode:
             self.complain(f"{arguments}: exit code {done.returncode}, {done.stderr.decode()}")
         return done
@@ -123,7 +125,8 @@ def main():
         test = Test(qvlmms, pathlib.Path(folder))
         octets = pathlib.Path(picture).read_bytes()
         plain = test.outputs("plain", message(b"", octets))
-        if set(plain) < {"a.t", "b.jp", "slide-1.png", "slide-2.png", "rewritten.mms", "smil"}:
+        expected = {"a.t", "b.jp", "slide-1.png", "slide-2.png", "rewritten.mms", "smil"}
+        if not expected <= plain.keys():
             test.complain(f"there are only {sorted(plain)}")
         for version in ("1.1", "1.2", "1.3"):
             fields = [field for field in FIELDS if field[0] == version]

@@ -6,6 +6,8 @@
 
 #include <QCommandLineParser>
 
+#include <algorithm>
+
 using namespace CommandLine;
 
 namespace {
@@ -30,25 +32,28 @@ QString whyNotWritten(const Message &message)
         return QStringLiteral("the message has no type, so there is nothing to write");
     const unsigned char type = header.getMessageType();
     if (!messageTypeInfo(type))
-        return QStringLiteral("messages of the type %1 cannot be written, only those of MMS 1.0")
+        return QStringLiteral("messages of this type cannot be written, only those of MMS 1.0: %1")
             .arg(messageTypeText(type));
     const int received = message.parts().getPartCount();
     if (messageTypeHasBody(type) && received == 0)
         return QStringLiteral("the message has no parts, so there is nothing to write");
     const int parts = received + (message.areSlidesGenerated() ? 1 : 0); // one for the SMIL
     if (parts > QvlMessage::MostParts)
-        return QStringLiteral("the message would have %1 parts; at most %2 can be written, because "
-                              "other software reads no more")
-            .arg(parts)
+        return QStringLiteral("the message would have more than %1 parts, and other software reads "
+                              "no more")
             .arg(QvlMessage::MostParts);
     return QString();
 }
 
 void printDropped(const Message &message, const QStringList &dropped)
 {
-    if (!dropped.isEmpty())
-        printError(message.fileName + QLatin1String(": not written: ")
-                   + dropped.join(QLatin1String(", ")));
+    constexpr qsizetype most = 30;
+    if (dropped.isEmpty())
+        return;
+    QString text = dropped.first(std::min(most, dropped.size())).join(QLatin1String(", "));
+    if (dropped.size() > most)
+        text += QStringLiteral(" and %1 more").arg(dropped.size() - most);
+    printError(message.fileName + QLatin1String(": not written: ") + text);
 }
 
 int rewriteMessage(Message &message, const QCommandLineParser &arguments)
@@ -60,7 +65,9 @@ int rewriteMessage(Message &message, const QCommandLineParser &arguments)
     const QStringList dropped = droppedItems(message); // encoding changes the content type
     QByteArray octets;
     if (!encode(&message, &octets))
-        return refuse(message, QStringLiteral("the message cannot be written"));
+        return refuse(message,
+                      QStringLiteral("the message cannot be written: a name or a media "
+                                     "type is too long, or a text has no form on the wire"));
     const int exitCode = writeOutput(octets, arguments.positionalArguments().at(1),
                                      QStringLiteral(" (%1 octets)").arg(octets.size()));
     if (exitCode == AllDecoded)

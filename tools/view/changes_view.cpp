@@ -63,27 +63,25 @@ ItemName headerName(const QvlChange &change)
     return scanner.next(&header) ? nameOf(header) : ItemName{};
 }
 
-ItemName parameterName(const QvlChange &change, const SentParts &parts)
+// Reads the parameter alone, as that of a text of unknown length: a content type may have
+// thousands.
+ItemName parameterName(const QvlChange &change)
 {
-    const auto index = std::size_t(change.part);
-    const auto contentType = index < parts.size() ? parts[index].contentType() : std::nullopt;
-    if (!contentType)
-        return {};
-    const auto found = std::ranges::find(contentType->parameters, change.octets.data(),
-                                         [](const auto &one) { return one.octets.data(); });
-    return found == contentType->parameters.end() ? ItemName{} : nameOf(*found);
+    const QByteArray octets = "\x1F\xFF\xFF\xFF\x7F\x83" + change.octets.toByteArray();
+    const auto contentType = qvlReadContentType(octets);
+    return contentType && !contentType->parameters.empty() ? nameOf(contentType->parameters[0])
+                                                           : ItemName{};
 }
 
-ItemName partItemName(const QvlChange &change, const SentParts &parts)
+ItemName partItemName(const QvlChange &change)
 {
-    return change.place == QvlChange::PartHeader ? headerName(change)
-                                                 : parameterName(change, parts);
+    return change.place == QvlChange::PartHeader ? headerName(change) : parameterName(change);
 }
 
 // Such as "header AE Content-Disposition".
-QString partItemTitle(const QvlChange &change, const SentParts &parts)
+QString partItemTitle(const QvlChange &change)
 {
-    const ItemName item = partItemName(change, parts);
+    const ItemName item = partItemName(change);
     if (change.code == QvlScannedField::NoCode && item.name.isEmpty())
         return u"page of headers"_s;
     QStringList words{change.place == QvlChange::PartHeader ? u"header"_s : u"parameter"_s};
@@ -100,7 +98,7 @@ bool hasName(const QvlChange &change)
         || change.place == QvlChange::PartHeader;
 }
 
-QString titleOf(const QvlChange &change, const SentParts &parts)
+QString titleOf(const QvlChange &change)
 {
     if (change.place == QvlChange::HeaderField)
         return fieldTitle(changedField(change));
@@ -108,13 +106,13 @@ QString titleOf(const QvlChange &change, const SentParts &parts)
         return u"%1 octets"_s.arg(change.octets.size());
     const QString part = change.part < 0 ? QString() : u"part %1, "_s.arg(change.part);
     return part
-        + (hasName(change) ? partItemTitle(change, parts)
+        + (hasName(change) ? partItemTitle(change)
                            : QString::fromLatin1(places[change.place].name));
 }
 
-QString lineOf(const QvlChange &change, const SentParts &parts)
+QString lineOf(const QvlChange &change)
 {
-    return u"octet %1: "_s.arg(change.offset) + titleOf(change, parts) + u' '
+    return u"octet %1: "_s.arg(change.offset) + titleOf(change) + u' '
         + QLatin1StringView(kindText(change)) + ": "_L1 + QLatin1StringView(change.reason);
 }
 
@@ -126,21 +124,21 @@ std::vector<QvlChange> changesInOrder(const Message &message)
     return changes;
 }
 
-void writeName(const QvlChange &change, const SentParts &parts, JsonWriter *json)
+void writeName(const QvlChange &change, JsonWriter *json)
 {
     if (change.place == QvlChange::HeaderField)
         writeFieldName(changedField(change), json);
     else if (hasName(change))
-        json->member("name", partItemName(change, parts).name);
+        json->member("name", partItemName(change).name);
 }
 
-void writeChange(const QvlChange &change, const SentParts &parts, JsonWriter *json)
+void writeChange(const QvlChange &change, JsonWriter *json)
 {
     json->beginObject();
     if (change.code != QvlScannedField::NoCode)
         json->member("code", change.code);
     json->member("kind", kindText(change));
-    writeName(change, parts, json);
+    writeName(change, json);
     json->member("octets", change.octets.size());
     json->member("offset", change.offset);
     if (change.part >= 0)
@@ -167,23 +165,23 @@ QString changesSummary(const Message &message)
     return counts.join(", "_L1);
 }
 
-QStringList changeLines(const Message &message, const SentParts &parts)
+QStringList changeLines(const Message &message)
 {
     const std::vector<QvlChange> changes = changesInOrder(message);
     QStringList lines;
     for (std::size_t i = 0; i < std::min(changes.size(), MostLines); ++i)
-        lines += "    "_L1 + lineOf(changes[i], parts);
+        lines += "    "_L1 + lineOf(changes[i]);
     if (changes.size() > MostLines)
         lines += u"    and %1 more, see show --json"_s.arg(changes.size() - MostLines);
     return lines;
 }
 
-void writeChanges(const Message &message, const SentParts &parts, JsonWriter *json)
+void writeChanges(const Message &message, JsonWriter *json)
 {
     json->key("changes");
     json->beginArray();
     for (const QvlChange &change : changesInOrder(message))
-        writeChange(change, parts, json);
+        writeChange(change, json);
     json->endArray();
 }
 

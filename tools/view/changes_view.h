@@ -3,8 +3,6 @@
  */
 #pragma once
 
-#include "view/parts_view.h"
-
 #include <QStringList>
 
 class JsonWriter;
@@ -16,10 +14,10 @@ QString changesSummary(const Message &message);
 
 /// One line for each of the first changes, indented by four blanks; "" without changes. Lines may
 /// contain control characters.
-QStringList changeLines(const Message &message, const SentParts &parts);
+QStringList changeLines(const Message &message);
 
 /// Writes the member "changes", documented in docs/json.md.
-void writeChanges(const Message &message, const SentParts &parts, JsonWriter *json);
+void writeChanges(const Message &message, JsonWriter *json);
 
 /// Such as "octet 88: 99 Retrieve-Status (MMS 1.1): MMS 1.0 does not have this field".
 QString refusedFieldText(const RefusedField &refused);

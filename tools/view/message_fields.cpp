@@ -68,6 +68,16 @@ std::vector<qsizetype> offsetsMissingInRecord(const Message &message)
     return offsets;
 }
 
+// The decoder alone does not read the fields from the refused one on.
+void eraseUnreached(Fields *fields, const Message &message)
+{
+    if (const auto refused = refusedField(message)) {
+        std::erase_if(*fields, [&](const MessageField &field) {
+            return field.scanned->offset >= refused->field.offset;
+        });
+    }
+}
+
 // A record lists all recipients, and has the last value of other fields that are repeated.
 void assignRecord(Fields *fields, const Message &message)
 {
@@ -141,6 +151,8 @@ QvlScannedField changedField(const QvlChange &change)
 std::vector<MessageField> messageFields(const Message &message)
 {
     Fields fields = scannedFields(message);
+    if (message.reading == QvlMessage::Strict)
+        eraseUnreached(&fields, message);
     assignRecord(&fields, message);
     addFieldsOfRecord(&fields, message);
     return fields;

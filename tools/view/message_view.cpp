@@ -136,13 +136,13 @@ void writeChecks(const MMS_UA_UAMsg &header, JsonWriter *json)
     json->endObject();
 }
 
-QString changesText(const Message &message, const SentParts &parts)
+QString changesText(const Message &message)
 {
     if (message.changes().empty())
         return QString();
     QString text =
         line(u"Changes"_s, changesSummary(message) + ", to read the message as MMS 1.0"_L1);
-    for (const QString &change : changeLines(message, parts))
+    for (const QString &change : changeLines(message))
         text += visible(change) + u'\n';
     return text;
 }
@@ -198,7 +198,7 @@ QString messageText(const Message &message)
             + presentationText(message);
     else
         text += line(u"REFUSED"_s, refusedHeaderText(message));
-    return text + changesText(message, parts);
+    return text + changesText(message);
 }
 
 QString refusedSmilText(const Message &message)
@@ -218,7 +218,7 @@ QByteArray messageJson(const Message &message)
     json.beginObject();
     if (isDecoded && message.sentBodyOffset() < message.octets.size())
         writeBody(message, parts, &json);
-    writeChanges(message, parts, &json);
+    writeChanges(message, &json);
     if (isDecoded)
         writeChecks(message.header(), &json);
     writeFields(message, &json);
