@@ -63,7 +63,7 @@ void storeRecipients(const Recipients &recipients)
         return;
     for (std::size_t i = 0; i < recipients.texts.size(); ++i) {
         if (!recipients.texts[i].isEmpty())
-            *recipients.list.at(static_cast<unsigned int>(i)) = entryOf(recipients.texts[i]);
+            *recipients.list.at(static_cast<int>(i)) = entryOf(recipients.texts[i]);
     }
 }
 
