@@ -19,6 +19,7 @@
 #include <map>
 #include <memory>
 #include <mutex>
+#include <new>
 #include <utility>
 
 extern "C" {
@@ -64,6 +65,14 @@ private:
     static inline bool quiet = false;
     static inline int levelBefore = 0;
 };
+
+// True without an error. A lack of memory is no property of the clip: it ends the measurement.
+bool succeeded(int result)
+{
+    if (result == AVERROR(ENOMEM))
+        throw std::bad_alloc();
+    return result == 0;
+}
 
 int refuseToOpen(AVFormatContext *, AVIOContext **, const char *, int, AVDictionary **)
 {
@@ -124,14 +133,16 @@ bool isPlayed(const AVStream &stream)
 bool DemuxedClip::openFormat(const char *demuxer)
 {
     const AVInputFormat *format = av_find_input_format(demuxer);
-    if (!format || !m_packet || !m_input.file())
+    if (!m_packet || !m_input.file())
+        throw std::bad_alloc();
+    if (!format)
         return false;
     m_format.reset(avformat_alloc_context());
     if (!m_format || !isolate(m_format.get(), *format))
-        return false;
+        throw std::bad_alloc();
     m_format->pb = m_input.file();
     AVFormatContext *context = m_format.release(); // opening frees it when it fails
-    if (avformat_open_input(&context, "", format, nullptr) != 0)
+    if (!succeeded(avformat_open_input(&context, "", format, nullptr)))
         return false;
     m_format.reset(context);
     // FFmpeg would look into the subtitles of an AVI file and leak memory.
@@ -145,7 +156,7 @@ bool DemuxedClip::openFormat(const char *demuxer)
 // Adds the next played packet; false at the end, after an error and at the limit.
 bool DemuxedClip::countPacket()
 {
-    while (m_packets <= MostPackets && av_read_frame(m_format.get(), m_packet.get()) == 0) {
+    while (m_packets <= MostPackets && succeeded(av_read_frame(m_format.get(), m_packet.get()))) {
         ++m_packets;
         m_input.allowPacket();
         const AVStream &stream = *m_format->streams[m_packet->stream_index];
