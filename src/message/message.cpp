@@ -70,6 +70,13 @@ void moveRootColorToSlides(MMS_COMP_SMILData *slides)
     *root->getBackgroundColor() = MMS_COMP_COLOR();
 }
 
+// False when there was no memory for the root layout, or for watching the parts, as the slides were
+// created.
+bool areWhole(const MMS_COMP_SMILData &slides)
+{
+    return slides.getRootLayout() && slides.getMultiPart();
+}
+
 } // namespace
 
 const char *QvlMessage::Result::layerName() const
@@ -131,9 +138,12 @@ QvlMessage::Result QvlMessage::present()
 {
     if (m_content->presented)
         return *m_content->presented;
-    const bool hasParts = parts().getPartCount() > 0;
-    const Result result = readSlides();
     // Also after a lack of memory: a second reading would append the same slides again.
+    const Result outOfMemory{Layer::Presentation, SmilResult::OutOfMemory};
+    const bool hasParts = parts().getPartCount() > 0;
+    if (hasParts)
+        m_content->presented = outOfMemory;
+    const Result result = unlessOutOfMemory(outOfMemory, [this] { return readSlides(); });
     if (hasParts)
         m_content->presented = result;
     return result;
@@ -141,19 +151,25 @@ QvlMessage::Result QvlMessage::present()
 
 QvlMessage::Result QvlMessage::readSlides()
 {
+    if (!areWhole(slides()))
+        return {Layer::Presentation, SmilResult::OutOfMemory};
     if (const MMS_COMP_SMILMultipartBodypart *smil = parts().getSmilPart())
         return {Layer::Presentation,
                 MMS_COMP_SMILParser().parse(smil->getBodyData(), &parts(), &slides())};
-    MMS_COMP_SMILParser::updateToCorvaneRegion(&slides());
     const unsigned int slidesBefore = slides().getTotalSlidesNum();
-    const bool generated = MMS_COMP_SMILParser::makeSmilForMixed(&parts(), &slides(), false);
-    m_content->slidesGenerated = slides().getTotalSlidesNum() > slidesBefore;
-    return {Layer::Presentation, generated ? SmilResult::Ok : SmilResult::OutOfMemory};
+    const auto noteSlides = qScopeGuard(
+        [&] { m_content->slidesGenerated = slides().getTotalSlidesNum() > slidesBefore; });
+    MMS_COMP_SMILParser::updateToCorvaneRegion(&slides());
+    // Fails only with an exception.
+    std::ignore = MMS_COMP_SMILParser::makeSmilForMixed(&parts(), &slides(), false);
+    return {Layer::Presentation, SmilResult::Ok};
 }
 
 QByteArray QvlMessage::smilText()
 {
     return unlessOutOfMemory(QByteArray(), [&] {
+        if (!areWhole(slides()))
+            return QByteArray();
         moveRootColorToSlides(&slides());
         std::vector<MMS_COMP_COLOR> pageColors;
         for (unsigned int i = 0; i < slides().getTotalSlidesNum(); ++i)
@@ -170,12 +186,15 @@ QByteArray QvlMessage::smilText()
 
 bool QvlMessage::storeSlides(const QString &location)
 {
-    // A presentation that was not read, or cannot be, is not replaced by slides without it.
-    const bool wasRead = m_content->presented || slides().getTotalSlidesNum() == 0;
-    if (parts().getSmilPart() && wasRead && !present().isOk())
-        return false;
     return unlessOutOfMemory(false, [&]() -> bool {
-        SmilPart::store(&parts(), smilText(), location);
+        // A presentation that was not read, or cannot be, is not replaced by slides without it.
+        const bool wasRead = m_content->presented || slides().getTotalSlidesNum() == 0;
+        if (parts().getSmilPart() && wasRead && !present().isOk())
+            return false;
+        const QByteArray smil = smilText();
+        if (smil.isNull())
+            return false;
+        SmilPart::store(&parts(), smil, location);
         return true;
     });
 }

@@ -61,7 +61,8 @@ public:
     /// else takes that for the first of several.
     static constexpr int MostParts = 127;
 
-    /// A message of type m-send-req without a field, a part or a slide.
+    /// A message of type m-send-req without a field, a part or a slide. Without memory for all of
+    /// it, present() and storeSlides() report that.
     QvlMessage();
     QvlMessage(const QvlMessage &) = delete;
     QvlMessage &operator=(const QvlMessage &) = delete;

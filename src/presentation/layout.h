@@ -122,12 +122,13 @@ public:
     /// Result of setRootLayout(QDomElement *) for null.
     static constexpr int RootLayoutRefused = SmilResult::RootLayoutRefused;
 
-    /// A root layout as large as the handset's screen, and no region.
+    /// A root layout as large as the handset's screen, and no region. Without memory there is no
+    /// root layout.
     MMS_COMP_SMILLayout();
     /// Deletes root layout and regions.
     ~MMS_COMP_SMILLayout();
 
-    /// The root layout, owned by the layout; null when there is none.
+    /// The root layout, owned by the layout; null when there was no memory for one.
     MMS_COMP_SMILRootLayout *getRootLayout() const { return m_rootLayout.get(); }
     /// Sets the size; creates a root layout if there is none. Returns the root layout, or null when
     /// there is no memory.

@@ -29,7 +29,9 @@ enum MMS_COMP_SMIL_UNIT_TYPE_ENUM : int {
 class QVL_EXPORT MMS_COMP_SMILData
 {
 public:
-    /// An empty presentation of @p multipart, which may be null.
+    /// An empty presentation of @p multipart, which may be null. When there is no memory,
+    /// getRootLayout() or getMultiPart() is null, and the writer writes no root layout: check both
+    /// before use.
     explicit MMS_COMP_SMILData(MMS_COMP_SMILMultipart *multipart);
     /// A copy of @p source with content from @p multipart; incomplete if copyTo() fails.
     MMS_COMP_SMILData(const MMS_COMP_SMILData &source, MMS_COMP_SMILMultipart *multipart);

@@ -65,6 +65,8 @@ void readDocument(Message *message)
                     reader.attributes().value(QLatin1String("src")).trimmed().toString());
     }
     message->smilResult = parser.parse(message->smil, &message->parts(), &message->slides());
+    if (!message->slides().getRootLayout())
+        message->smilResult = SmilResult::OutOfMemory;
 }
 
 std::unique_ptr<Message> openFile(const QString &fileName, QString *error)
