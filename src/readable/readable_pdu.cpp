@@ -26,7 +26,17 @@ unsigned char decode(QByteArrayView octets, MMS_UA_UAMsg *msg)
 
 QvlReadablePdu::QvlReadablePdu(const QByteArray &pdu) : m_pdu(pdu), m_headerSize(pdu.size())
 {
-    asFarAsMemoryGoes([this] { prepareHeader(); });
+    const bool isDone = unlessOutOfMemory(false, [this]() -> bool {
+        prepareHeader();
+        return true;
+    });
+    if (isDone)
+        return;
+    // The codecs might misread octets that are not prepared.
+    m_header.emplace();
+    m_body.emplace();
+    m_headerSize = m_pdu.size();
+    m_changes.clear();
 }
 
 QvlReadablePdu::~QvlReadablePdu() = default;
@@ -62,6 +72,12 @@ void QvlReadablePdu::prepareBody(const MMS_UA_UAMsg &header)
     m_changes.insert(m_changes.end(), readable.changes.begin(), readable.changes.end());
 }
 
+// Without memory the header is another one although nothing was changed.
+bool QvlReadablePdu::isPrepared() const
+{
+    return !m_header || !m_changes.empty();
+}
+
 QByteArrayView QvlReadablePdu::header() const
 {
     return m_header ? QByteArrayView(*m_header) : QByteArrayView(m_pdu).first(m_headerSize);
@@ -74,6 +90,8 @@ QByteArrayView QvlReadablePdu::body() const
 
 QByteArray QvlReadablePdu::pdu() const
 {
+    if (!isPrepared())
+        return QByteArray();
     if (!m_header && !m_body)
         return m_pdu;
     return unlessOutOfMemory(QByteArray(), [this] {
@@ -87,6 +105,8 @@ QByteArray QvlReadablePdu::pdu() const
 
 unsigned char QvlReadablePdu::decodeHeader(MMS_UA_UAMsg *msg) const
 {
+    if (!isPrepared())
+        return WireResult::BadArgument;
     const unsigned char result = decode(header(), msg);
     if (result == WireResult::Read) {
         msg->setBody(reinterpret_cast<unsigned char *>(const_cast<char *>(body().data())));

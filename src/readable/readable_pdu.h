@@ -35,7 +35,8 @@ class MMS_UA_UAMsg;
  * field on is not changed, so the decoder fails there.
  *
  * Shares the octets when nothing has to change. Otherwise it makes one copy of the header, or of
- * the body, or of both. Linear in the octets. Without memory nothing is changed.
+ * the body, or of both. Linear in the octets. Without memory header and body are empty, and
+ * decodeHeader() and pdu() report that.
  */
 class QVL_EXPORT QvlReadablePdu
 {
@@ -57,16 +58,19 @@ public:
     QByteArrayView body() const;
     /// Octets before the body in the PDU as it came; all of them if the decoder refuses the header.
     qsizetype bodyOffset() const { return m_headerSize; }
-    /// Header and body in one array; the PDU as it came when nothing was changed.
+    /// Header and body in one array; the PDU as it came when nothing was changed; null when there
+    /// is no memory.
     QByteArray pdu() const;
 
     /**
-     * Decodes the header as MMS_UA_Decoder::decodeHeader() does, with its results. The body of
-     * @p msg points into body(), so keep this object as long as it is used.
+     * Decodes the header as MMS_UA_Decoder::decodeHeader() does, with its results. Returns
+     * WireResult::BadArgument also when there was no memory to prepare the PDU. The body of @p msg
+     * points into body(), so keep this object as long as it is used.
      */
     [[nodiscard]] unsigned char decodeHeader(MMS_UA_UAMsg *msg) const;
 
 private:
+    QVL_INTERNAL bool isPrepared() const;
     QVL_INTERNAL void prepareHeader();
     QVL_INTERNAL void prepareBody(const MMS_UA_UAMsg &header);
 
