@@ -12,6 +12,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <tuple>
 
 namespace {
 
@@ -106,19 +107,33 @@ const char *converterOf(int charset)
     return hasOwnWay ? nullptr : qvlCharsetName(charset);
 }
 
+// Nothing when the octets do not fit the converter.
+std::optional<QString> convert(QByteArrayView octets, QStringDecoder *decoder)
+{
+    const QString text = decoder->decode(octets);
+    // The converter reports a truncated sequence at its end when it reads the next octet.
+    const QString next = decoder->decode(QByteArrayView("\n"));
+    const bool isWhole = !decoder->hasError() && next == QLatin1Char('\n');
+    return isWhole ? std::optional(withoutMark(text)) : std::nullopt;
+}
+
+// Nothing when Qt has no such converter. Qt does not distinguish that from a lack of memory, so a
+// second attempt follows after one for memory, which throws.
+std::optional<QString> convert(QByteArrayView octets, const char *converter)
+{
+    if (QStringDecoder decoder(converter); decoder.isValid())
+        return convert(octets, &decoder);
+    constexpr qsizetype enoughForConverters = 1 << 16;
+    std::ignore = QByteArray(enoughForConverters, Qt::Uninitialized);
+    QStringDecoder decoder(converter);
+    return decoder.isValid() ? convert(octets, &decoder) : std::nullopt;
+}
+
 QString decodeOctets(QByteArrayView octets, int charset)
 {
     const char *converter = converterOf(charset);
-    if (!converter)
-        return decodeUndeclared(octets);
-    QStringDecoder decoder(converter);
-    if (!decoder.isValid())
-        return decodeUndeclared(octets);
-    const QString text = decoder.decode(octets);
-    // The converter reports a truncated sequence at its end when it reads the next octet.
-    const QString next = decoder.decode(QByteArrayView("\n"));
-    const bool isWhole = !decoder.hasError() && next == QLatin1Char('\n');
-    return isWhole ? withoutMark(text) : decodeUndeclared(octets);
+    const auto text = converter ? convert(octets, converter) : std::nullopt;
+    return text ? *text : decodeUndeclared(octets);
 }
 
 QString decodeBody(QByteArrayView octets, int charset)

@@ -23,8 +23,9 @@
  * read as UTF-8, or as ISO-8859-1 if they are not valid UTF-8. The octets 80 to 9F of ISO-8859-1
  * are the control characters U+0080 to U+009F; only declared windows-1252 has letters there.
  *
- * Linear in the octets. Null only when there is no memory for the text. A converter that gets no
- * memory counts as missing.
+ * Linear in the octets. Null only when there is no memory, for the text or for a converter. ICU
+ * loads its tables with the first converter of a process; if there is no memory for them, the
+ * converters count as missing from then on.
  */
 QVL_EXPORT QString qvlDecodeText(QByteArrayView octets, int charset);
 
