@@ -126,3 +126,10 @@ long CountedAllocations::balance() const
 {
     return tally.balance;
 }
+
+UncountedAllocations::UncountedAllocations() : m_wasActive(std::exchange(tally.active, false)) { }
+
+UncountedAllocations::~UncountedAllocations()
+{
+    tally.active = m_wasActive;
+}

@@ -29,3 +29,16 @@ public:
     /// Blocks allocated and not freed; negative if older blocks were freed.
     long balance() const;
 };
+
+/// Within CountedAllocations: during its lifetime allocations are not counted and do not fail.
+class UncountedAllocations
+{
+public:
+    UncountedAllocations();
+    UncountedAllocations(const UncountedAllocations &) = delete;
+    UncountedAllocations &operator=(const UncountedAllocations &) = delete;
+    ~UncountedAllocations();
+
+private:
+    bool m_wasActive;
+};
