@@ -415,3 +415,22 @@ TEST(AssembleBody, BodyAtItsCapacityReturnsOnlyAContentType)
     EXPECT_EQ(Parser::assembleBody(&multipart, &header).size(), 4096);
     MMS_UTIL_Setting::setMaxiumMOMMSSize(before);
 }
+
+// One octet of the room stays unused.
+TEST(AssembleBody, LimitCounts1024OctetsToTheKilobyte)
+{
+    const int before = MMS_UTIL_Setting::getMaxiumMOMMSSize();
+    MMS_UTIL_Setting::setMaxiumMOMMSSize(5);
+    const PartFacts full = {.format = "image/jpeg", .location = QString(509, 'a')}; // 1,029 octets
+    const PartFacts last = {.format = "a/b", .location = QString(494, 'a')}; // 1,002
+    const PartFacts longer = {.format = "image/jpeg", .location = QString(496, 'a')}; // 1,003
+    const auto sizeWith = [&full](const PartFacts &added) {
+        Multipart multipart;
+        appendParts(multipart, {full, full, full, full, added});
+        Header header;
+        return Parser::assembleBody(&multipart, &header).size();
+    };
+    EXPECT_EQ(sizeWith(last), 5 * 1024 - 1);
+    EXPECT_EQ(sizeWith(longer), 0);
+    MMS_UTIL_Setting::setMaxiumMOMMSSize(before);
+}

@@ -294,6 +294,21 @@ TEST_F(HeaderEncoder, WritesNoFieldWithoutAnArray)
     EXPECT_EQ(encoder.encodeByType(135), WireResult::Written);
 }
 
+TEST_F(HeaderEncoder, WritesNoFieldAfterAHeader)
+{
+    MMS_UA_UAMsg msg;
+    fill(msg, QvlMessageType::SendReq);
+    MMS_UA_Encoder encoder;
+    unsigned char *out = nullptr;
+    int length = 0;
+    ASSERT_EQ(encoder.encodeHeader(&msg, &out, &length), WireResult::Written);
+    const std::unique_ptr<unsigned char[]> owner(out);
+    const QByteArray written(reinterpret_cast<const char *>(out), length);
+    for (const HeaderPdus::Field &field : HeaderPdus::allFields())
+        EXPECT_EQ(encoder.encodeField(field.code), WireResult::BadArgument) << field.code;
+    EXPECT_EQ(QByteArray(reinterpret_cast<const char *>(out), length), written);
+}
+
 TEST_F(HeaderEncoder, CanEncodeSeveralRecords)
 {
     MMS_UA_Encoder encoder;
