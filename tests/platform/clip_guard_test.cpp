@@ -208,9 +208,23 @@ TEST(ClipGuard, SkipsTagsBeforeAClip)
         EXPECT_EQ(playLength(tags + mp3, "mp3"), playLength(mp3, "mp3"));
         EXPECT_EQ(playLength(tags + aac, "aac"), playLength(aac, "aac"));
     }
-    QByteArray withFooter = tag(20);
-    withFooter[5] = '\x10';
-    EXPECT_EQ(playLength(withFooter + tag(0) + aac, "aac"), playLength(aac, "aac"));
+}
+
+// ID3v2.4, 3.1 and 3.4: a flag announces the footer, which repeats the header after "3DI". The size
+// counts neither of them.
+TEST(ClipGuard, SkipsTheFooterOfATag)
+{
+    const QByteArray withFooter =
+        "49 44 33 04 00 10 00 00 00 03"_octets + "abc" + "33 44 49 04 00 10 00 00 00 03"_octets;
+    for (const char *extension : {"mp3", "aac"}) {
+        SCOPED_TRACE(extension);
+        const QByteArray clip = clipOf(qPrintable(QStringLiteral("sound.") + extension));
+        ASSERT_FALSE(clip.isEmpty());
+        EXPECT_EQ(playLength(withFooter + clip, extension), playLength(clip, extension));
+        EXPECT_EQ(playLength(withFooter + withFooter + tag(5) + clip, extension),
+                  playLength(clip, extension));
+    }
+    EXPECT_EQ(playLength(withFooter.chopped(1), "aac"), std::nullopt);
 }
 
 TEST(ClipGuard, TagLongerThanItsClipLeavesNothing)

@@ -165,6 +165,35 @@ QByteArray wav(const PcmFormat &pcm, int milliseconds)
                          + riffChunk("data", pcmSilence(pcm, milliseconds)));
 }
 
+/// A file of QCELP at 13 kbit/s (RFC 3625, 3) with packets of every rate, 20 ms each.
+QByteArray qcelp(int packetsOfEachRate)
+{
+    struct Rate
+    {
+        int mode; ///< the first octet of a packet
+        int size; ///< octets after it
+    };
+    constexpr Rate rates[] = {{4, 34}, {3, 16}, {2, 7}, {1, 3}};
+    QByteArray rateMap;
+    QByteArray packets;
+    for (const Rate &rate : rates) {
+        rateMap += octet(rate.size) + octet(rate.mode);
+        packets += (octet(rate.mode) + octet(0, rate.size)).repeated(packetsOfEachRate);
+    }
+    const QByteArray codec = "41 6D 7F 5E 15 B1 D0 11 BA 91 00 80 5F B4 B9 7E"_octets
+        + little(quint16(2)) + octet(0, 80); // its version and name
+    // Bits per second, octets and samples of a packet, Hz, bits of a sample.
+    const QByteArray sizes = little(quint16(13000)) + little(quint16(35)) + little(quint16(160))
+        + little(quint16(8000)) + little(quint16(16));
+    const QByteArray format = "01 00"_octets + codec + sizes + little(quint32(std::size(rates)))
+        + rateMap.leftJustified(16, '\0') + octet(0, 20);
+    const QByteArray rateOfEach =
+        little(quint32(1)) + little(quint32(std::size(rates)) * quint32(packetsOfEachRate));
+    return riffChunk("RIFF",
+                     "QLCM" + riffChunk("fmt ", format) + riffChunk("vrat", rateOfEach)
+                         + riffChunk("data", packets));
+}
+
 /// Header of an ADTS frame. The content of the frame is never read.
 struct AdtsFrame
 {
@@ -347,11 +376,16 @@ constexpr Fixture fixtures[] = {
     {"video.mpg", 522, 53}, // its sound: 10 frames of 1152 samples at 22.05 kHz
 };
 
+QByteArray contentsOf(const char *fixture)
+{
+    QFile file(QDir(QVL_FIXTURES "/clips").filePath(fixture));
+    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << fixture;
+    return file.readAll();
+}
+
 QByteArray contentsOf(const Fixture &fixture)
 {
-    QFile file(QDir(QVL_FIXTURES "/clips").filePath(fixture.file));
-    EXPECT_TRUE(file.open(QIODevice::ReadOnly)) << fixture.file;
-    return file.readAll();
+    return contentsOf(fixture.file);
 }
 
 QByteArray extensionOf(const Fixture &fixture)
@@ -406,6 +440,15 @@ TEST(ClipLength, PcmIsExact)
             EXPECT_EQ(lengthOf(wav(pcm, milliseconds), "wav"), milliseconds);
         }
     }
+}
+
+// No frame follows the first one, as it must in a longer clip.
+TEST(ClipLength, AdtsMayBeASingleFrame)
+{
+    const QByteArray frame = octetsOf(AdtsFrame{.rate = 11}); // 8 kHz
+    EXPECT_EQ(lengthOf(frame, "aac"), 128);
+    EXPECT_EQ(lengthOf(frame.chopped(1), "aac"), 128) << "its end is missing";
+    EXPECT_EQ(lengthOf(frame + "x", "aac"), NotOpened);
 }
 
 // 441 frames come to whole milliseconds at all rates.
@@ -473,6 +516,65 @@ TEST(ClipLength, IsUnknownBeyondTheLimitOfPackets)
 {
     EXPECT_EQ(lengthOf(emptyAmr(499'999), "amr"), 9'999'980);
     EXPECT_EQ(lengthOf(emptyAmr(600'000), "amr"), Unknown);
+}
+
+TEST(ClipLength, EveryQcelpPacketLastsTwentyMilliseconds)
+{
+    EXPECT_EQ(lengthOf(qcelp(1), "qcp"), 80);
+    EXPECT_EQ(lengthOf(qcelp(25), "qcp"), 2000);
+}
+
+TEST(ClipReader, OpensClipsOfEveryExtension)
+{
+    struct Row
+    {
+        const char *extension;
+        QByteArray clip;
+        int length;
+    };
+    const QByteArray movie = movieOf(SelfContained);
+    const QByteArray film = contentsOf("video.mpg");
+    const QByteArray mp3 = contentsOf("sound.mp3");
+    const QByteArray ogg = contentsOf("sound.ogg");
+    const QByteArray song =
+        "4D 54 68 64 00 00 00 06 00 00 00 01 01 F4"_octets // a quarter of 500 ms
+        + "4D 54 72 6B 00 00 00 0D 00 90 3C 40 83 74 80 3C 00 00 FF 2F 00"_octets;
+    const QByteArray melody = "BEGIN:IMELODY\r\nVERSION:1.2\r\nFORMAT:CLASS1.0\r\n"
+                              "MELODY:c2\r\nEND:IMELODY\r\n";
+    const Row rows[] = {
+        {"3g2", movie, 2340},
+        {"3gp", movie, 2340},
+        {"3gpp", movie, 2340},
+        {"3gpp2", movie, 2340},
+        {"aac", octetsOf(AdtsFrame{}).repeated(441), 10240},
+        {"amr", emptyAmr(117), 2340},
+        {"avi", filmWithSubtitles("text"), 1000},
+        {"awb", "#!AMR-WB\n" + octet(NoData << 3 | 4, 117), 2340},
+        {"imy", melody, 500},
+        {"m4a", movie, 2340},
+        {"m4v", movie, 2340},
+        {"mid", song, 500},
+        {"midi", song, 500},
+        {"mov", movie, 2340},
+        {"mp3", mp3, 648},
+        {"mp4", movie, 2340},
+        {"mpe", film, 522},
+        {"mpeg", film, 522},
+        {"mpg", film, 522},
+        {"mpga", mp3, 648},
+        {"oga", ogg, 500},
+        {"ogg", ogg, 500},
+        {"qcp", qcelp(25), 2000},
+        {"qt", movie, 2340},
+        {"wav", wav({8000, 1, 8}, 500), 500},
+    };
+    constexpr int longestFrame = 72; // of the fixtures here
+    ASSERT_EQ(std::size(rows), std::size(extensions));
+    for (std::size_t i = 0; i < std::size(rows); ++i) {
+        const Row &row = rows[i];
+        EXPECT_STREQ(row.extension, extensions[i]);
+        EXPECT_NEAR(lengthOf(row.clip, row.extension), row.length, longestFrame) << row.extension;
+    }
 }
 
 TEST(ClipReader, IsChosenOnlyByTheExtension)
