@@ -27,3 +27,15 @@ refuse 1 'result -8), line 3, column [0-9]*: ' "$2/show/smil-not-well-formed.mms
 refuse 1 'there is a second body (result -11)' "$2/show/smil-second-body.mms"
 printf '<smil>%s' "$(printf '<a>%.0s' {1..300})" >"$work/deep.smil"
 refuse 1 'nested more than 256 levels deep' "$work/deep.smil"
+
+# The model of a refused presentation has what was read before the error.
+two_bodies='<smil><body><par dur="1s"><text src="a.txt"/></par></body><body><par/></body></smil>'
+printf '%s' "$two_bodies" >"$work/two-bodies.smil"
+for refused in "$2/show/smil-second-body.mms" "$work/two-bodies.smil"; do
+  code=0
+  "$qvlmms" smil --model "$refused" >"$work/model" 2>"$work/error" || code=$?
+  [ "$code" -eq 1 ] && grep -q 'there is a second body (result -11)' "$work/error" \
+    || fail "$refused: $code, $(cat "$work/error")"
+  [ "$(grep -c '^slide ' "$work/model")" -eq 1 ] || fail "$refused: the model is $(cat "$work/model")"
+done
+grep -qx '  text src "a.txt" .* part "a.txt" text/plain 0' "$work/model" || fail "the model lacks its text"

@@ -52,9 +52,44 @@ colored $'\e[1;31mREFUSED'
 on_terminal "'$qvlmms' rewrite $message '$work/out.mms' 2>'$work/file'" >/dev/null
 same "colors in a file of errors" "$plain" "$(cat "$work/file")"
 
-for message in *.mms; do
-  on_terminal "'$qvlmms' show $message" | without_colors >"$work/shown"
-  if LC_ALL=C grep -qP '[\x00-\x09\x0b-\x1f\x7f]|\xc2[\x80-\x9f]|\xe2\x80[\xaa-\xae]' "$work/shown"; then
-    fail "$message: a control character reached the terminal"
-  fi
+# A message with control characters and changes of the writing direction in the SMIL, in a media type and
+# in locations. TAIL follows the body of the SMIL.
+two_octets() { # NUMBER: prints it as a uintvar
+  # shellcheck disable=SC2059
+  printf "\\x$(printf %02x $((128 + $1 / 128)))\\x$(printf %02x $(($1 % 128)))"
+}
+part() { # HEADERS DATA: both as printf takes them; prints a part of a body
+  # shellcheck disable=SC2059
+  two_octets "$(printf "$1" | wc -c)" && two_octets "$(printf "$2" | wc -c)" && printf "$1$2"
+}
+hostile_message() { # TAIL
+  local smil='<smil><head><meta name="n" content="\xc2\x9b31m"/></head><body><par dur="1s">'
+  smil+='<text src="t.txt" alt="\xe2\x80\xae\x7f\xc2\x9b"/></par></body>'$1'</smil>'
+  printf '\x8c\x84\x8d\x90\x84\xb3\x03'
+  part 'application/smil\x00\xc0"<s>\x00' "$smil"
+  part '\x83\x8et.txt\x00' 'text'
+  part 'text/\x1b]0;x\x07\x00\x8e\x1b[2J\xe2\x81\xa6.\xc2\x9b\x00' '\x1b[2J'
+}
+hostile_message '' >"$work/hostile.mms"
+hostile_message '<body/>' >"$work/refused.mms"
+
+visible() { # FILE WHAT: expects no character that acts on a terminal
+  local acting='[\x00-\x09\x0b-\x1f\x7f]|\xc2[\x80-\x9f]|\xe2\x80[\xaa-\xae]|\xe2\x81[\xa6-\xa9]'
+  ! LC_ALL=C grep -qP "$acting" "$1" || fail "$2: a control character reached the terminal"
+}
+for message in *.mms "$work"/{hostile,refused}.mms; do
+  for command in show smil 'smil --model' extract; do
+    folder=
+    [ "$command" != extract ] || folder="$work/parts of ${message##*/}"
+    on_terminal "'$qvlmms' $command '$message' ${folder:+'$folder'}" | without_colors >"$work/shown"
+    visible "$work/shown" "$command $message"
+  done
+  find "$folder" -printf '%f\n' >"$work/shown" 2>/dev/null || continue # it has no part
+  visible "$work/shown" "the names of extracted files of $message"
 done
+on_terminal "'$qvlmms' smil '$work/hostile.mms'" >"$work/shown"
+grep -qF 'alt="\u{202e}\u{7f}\u{9b}"' "$work/shown" || fail "smil does not show the characters"
+on_terminal "'$qvlmms' smil --model '$work/refused.mms'" >"$work/shown"
+grep -qF 'alt "\u{202e}\u{7f}\u{9b}"' "$work/shown" || fail "smil --model does not show the characters"
+on_terminal "'$qvlmms' extract '$work/hostile.mms' '$work/folder'" >"$work/shown"
+grep -qF 'text/\u{1b}]0' "$work/shown" || fail "extract does not show the characters"

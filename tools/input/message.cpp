@@ -53,8 +53,9 @@ void readDocument(Message *message)
     MMS_COMP_SMILData trial(nullptr);
     message->smil = message->octets;
     message->smilResult = parser.parse(message->smil, nullptr, &trial);
-    if (message->smilResult != SmilResult::Ok)
-        return;
+    if (message->smilResult == SmilResult::NotWellFormed
+        || message->smilResult == SmilResult::NullArgument)
+        return; // what follows reads XML without the limits of a document
     const QString text = QString::fromUtf8(message->smil);
     QXmlStreamReader reader(
         text.sliced(std::max<qsizetype>(text.indexOf(QLatin1String("<smil")), 0)));
