@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cstdint>
+#include <cstdio>
 #include <cstring>
 #include <ctime>
 #include <new>
@@ -14,6 +15,8 @@
 #include <execinfo.h>
 #include <link.h>
 #include <sys/time.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 namespace {
 
@@ -85,6 +88,43 @@ Run run(Work &work, long failingAllocation)
     return {isDone, allocations.balance()};
 }
 
+/// A run in a process of its own.
+struct FirstRun
+{
+    bool isDone = false;
+    long allocations = 0;
+    std::string output = {};
+    int status = 0; ///< of the process; -1 when it wrote nothing
+};
+
+FirstRun firstRun(const NewWork &newWork, long failingAllocation)
+{
+    std::FILE *file = std::tmpfile();
+    if (!file)
+        return {.status = -1};
+    const pid_t process = fork();
+    if (process == 0) {
+        const auto work = newWork();
+        const bool isDone = run(*work, failingAllocation).isDone;
+        const std::string text =
+            std::to_string(isDone) + ' ' + std::to_string(counted) + ' ' + work->output();
+        std::fwrite(text.data(), 1, text.size(), file);
+        std::fflush(file);
+        _exit(0);
+    }
+    FirstRun result;
+    waitpid(process, &result.status, 0);
+    std::rewind(file);
+    int isDone = 0;
+    if (std::fscanf(file, "%d %ld ", &isDone, &result.allocations) != 2)
+        result.status = -1;
+    result.isDone = isDone != 0;
+    for (int c = std::fgetc(file); c != EOF; c = std::fgetc(file))
+        result.output += char(c);
+    std::fclose(file);
+    return result;
+}
+
 } // namespace
 
 // The date is the same in every run, so that outputs are comparable. The other clocks proceed with
@@ -130,6 +170,24 @@ Outcome failEachAllocation(const NewWork &newWork, const Accepts &accepts)
         } catch (const std::bad_alloc &) {
             ADD_FAILURE() << "an exception left the library";
         }
+    }
+    return outcome;
+}
+
+Outcome failEachAllocationOfTheFirstRun(const NewWork &newWork)
+{
+    const FirstRun undisturbed = firstRun(newWork, 0);
+    EXPECT_EQ(undisturbed.status, 0);
+    EXPECT_TRUE(undisturbed.isDone);
+    Outcome outcome{.allocations = undisturbed.allocations};
+    for (long n = 1; n <= outcome.allocations; ++n) {
+        SCOPED_TRACE(testing::Message() << "allocation " << n);
+        const FirstRun result = firstRun(newWork, n);
+        EXPECT_EQ(result.status, 0);
+        outcome.reported += !result.isDone;
+        EXPECT_TRUE(!result.isDone || result.output == undisturbed.output)
+            << result.output << "instead of\n"
+            << undisturbed.output;
     }
     return outcome;
 }

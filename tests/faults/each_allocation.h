@@ -52,3 +52,7 @@ using Accepts = std::function<bool(const std::string &output, const std::string 
 /// Runs the work once for each of its allocations, and lets that allocation fail. Allocations of
 /// Qt's picture readers succeed: these readers end the process, or wait for ever, without memory.
 Outcome failEachAllocation(const NewWork &newWork, const Accepts &accepts = nullptr);
+
+/// The same for the first run of the work in its process, where the library and Qt create what
+/// lasts as long as the process. Lost blocks are not noticed.
+Outcome failEachAllocationOfTheFirstRun(const NewWork &newWork);

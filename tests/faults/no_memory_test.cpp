@@ -396,6 +396,11 @@ protected:
         return failEachAllocation([this] { return std::make_unique<Kind>(m_pdu); }, accepts);
     }
 
+    const QByteArray &pdu() const
+    {
+        return m_pdu;
+    }
+
 private:
     QByteArray m_pdu;
     TimeZone m_zone{TimeZone::Shanghai}; // where a lost time zone shows
@@ -433,6 +438,19 @@ TEST_P(NoMemoryForMessages, IsReportedByAReadablePdu)
 TEST_P(NoMemoryForMessages, IsReportedByAScan)
 {
     expectMostAreReported(failEachAllocationOf<Scan>(), 1);
+}
+
+// Later messages have charsets. ICU never forgets that it got no memory for its tables.
+TEST_P(NoMemoryForOldMessages, IsReportedByTheFirstWholeMessage)
+{
+    expectMostAreReported(
+        failEachAllocationOfTheFirstRun([this] { return std::make_unique<Reception>(pdu()); }), 50);
+}
+
+TEST(NoMemoryForComposers, IsReportedByTheFirstMessage)
+{
+    expectMostAreReported(
+        failEachAllocationOfTheFirstRun([] { return std::make_unique<Composition>(); }), 30);
 }
 
 INSTANTIATE_TEST_SUITE_P(Message, NoMemoryForMessages, testing::ValuesIn(messages), nameOf);
