@@ -242,7 +242,7 @@ private:
     QByteArray m_pdu;
 };
 
-/// Scans a header and decodes every field.
+/// Scans a header and decodes every field, then the parts and every header of theirs.
 class Scan : public Work
 {
 public:
@@ -253,22 +253,56 @@ public:
         const QvlSentTimes times = qvlSentTimes(m_pdu);
         QvlHeaderScanner scanner(m_pdu);
         QvlScannedField field;
-        std::string fields; // freed with the work
         while (scanner.next(&field)) {
-            const QvlScannedValue value = field.decoded();
-            if (!value.isReadable)
+            if (!take(field.decoded()))
                 return false;
-            const UncountedAllocations pause;
-            m_fields += Outputs::line("field", field.code, value.token, value.count, value.number,
-                                      value.charset, value.text);
         }
-        keep([&] { return m_fields + Outputs::of(times) + scanner.meaning(); });
+        QvlPartScanner parts(QByteArrayView(m_pdu).sliced(scanner.position()));
+        QvlScannedPart part;
+        while (parts.next(&part)) {
+            if (!take(part.contentType()) || !takeHeaders(part))
+                return false;
+        }
+        keep([&] { return m_texts + Outputs::of(times) + scanner.meaning() + parts.meaning(); });
         return true;
     }
 
 private:
+    template <typename... Values>
+    void append(const Values &...values)
+    {
+        const UncountedAllocations pause;
+        m_texts += Outputs::line("value", values...);
+    }
+
+    bool take(const QvlScannedValue &value)
+    {
+        append(value.token, value.count, value.number, value.charset, value.text);
+        return value.isReadable;
+    }
+
+    bool take(const std::optional<QvlContentType> &type)
+    {
+        if (type)
+            append(type->mediaType, type->charset(), type->parameters.size(), type->isComplete);
+        return type.has_value();
+    }
+
+    bool takeHeaders(const QvlScannedPart &part)
+    {
+        QvlPartHeaderScanner headers(part.headers);
+        QvlScannedHeader header;
+        while (headers.next(&header)) {
+            const QString text = header.text();
+            append(header.code, text);
+            if (text.isNull())
+                return false;
+        }
+        return true;
+    }
+
     QByteArray m_pdu;
-    std::string m_fields;
+    std::string m_texts;
 };
 
 // The output without the part of the sound, which counts as shown or not, and without what depends
