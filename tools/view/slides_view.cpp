@@ -4,6 +4,7 @@
 #include "view/json_writer.h"
 #include "view/model_text.h"
 #include "view/result_view.h"
+#include "view/shown_parts.h"
 #include "view/terminal_text.h"
 
 namespace {
@@ -12,42 +13,31 @@ using Object = MMS_COMP_SMILMediaObject;
 using Part = MMS_COMP_SMILMultipartBodypart;
 using Slide = MMS_COMP_SMILTimingContainer;
 
-int indexOfPart(const MMS_COMP_SMILMultipart &body, const Part *part)
-{
-    for (int i = 0; i < body.getPartCount(); ++i) {
-        if (body.getBodypartByIndex(i) == part)
-            return i;
-    }
-    return -1;
-}
-
-QString firstLine(const Message &message, const Object &object)
+QString firstLine(ShownParts *parts, const Object &object)
 {
     const Part *part = object.getData();
-    if (!part || object.getMediaElementType() != SMIL_MEDIA_TEXT)
-        return QString();
-    const QString text = message.text(*part).section(QChar(0), 0, 0);
-    return text.section(QLatin1Char('\n'), 0, 0).trimmed();
+    const bool isText = object.getMediaElementType() == SMIL_MEDIA_TEXT;
+    return part && isText ? parts->firstLine(*part) : QString();
 }
 
 // Milliseconds that a clip plays, or -1 when the library cannot measure it.
-int playDuration(const Object &object)
+int playDuration(ShownParts *parts, const Object &object)
 {
     const int type = object.getMediaElementType();
     const bool isClip = type == SMIL_MEDIA_AUDIO || type == SMIL_MEDIA_VIDEO;
-    return isClip && object.getData() ? object.getData()->getPlayDur() : -1;
+    return isClip && object.getData() ? parts->playDuration(*object.getData()) : -1;
 }
 
-QString playText(const Object &object)
+QString playText(ShownParts *parts, const Object &object)
 {
-    const int milliseconds = playDuration(object);
+    const int milliseconds = playDuration(parts, object);
     return milliseconds < 0 ? QString() : ModelText::duration(milliseconds);
 }
 
-bool hasMeasuredClip(const Slide &slide)
+bool hasMeasuredClip(ShownParts *parts, const Slide &slide)
 {
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i) {
-        if (playDuration(*slide.getMediaObject(i)) > 0)
+        if (playDuration(parts, *slide.getMediaObject(i)) > 0)
             return true;
     }
     return false;
@@ -55,11 +45,12 @@ bool hasMeasuredClip(const Slide &slide)
 
 // The library takes a slide's duration from the document, or the default if that is malformed or
 // media are outside of a par. Generated slides last as long as their clips.
-QString durationSource(const Message &message, const Slide &slide)
+QString durationSource(const Message &message, ShownParts *parts, const Slide &slide)
 {
     const int milliseconds = slide.getDur();
     if (message.areSlidesGenerated())
-        return hasMeasuredClip(slide) ? QStringLiteral("measured") : QStringLiteral("by default");
+        return hasMeasuredClip(parts, slide) ? QStringLiteral("measured")
+                                             : QStringLiteral("by default");
     if (milliseconds == QvlDuration::NotGiven)
         return QStringLiteral("the document gives none");
     if (milliseconds == Slide::DefaultDuration)
@@ -67,7 +58,7 @@ QString durationSource(const Message &message, const Slide &slide)
     return QStringLiteral("from the document");
 }
 
-QString slideText(const Message &message, const Slide &slide)
+QString slideText(ShownParts *parts, const Slide &slide)
 {
     QList<QStringList> rows;
     bool hasClips = false;
@@ -77,10 +68,10 @@ QString slideText(const Message &message, const Slide &slide)
         rows += {ModelText::mediaName(object),
                  object.getSrc(),
                  object.getRegionId(),
-                 part ? QString::number(indexOfPart(message.parts(), part)) : QString(),
+                 part ? QString::number(parts->indexOf(*part)) : QString(),
                  part ? QString::number(part->getBodyDataLen()) : QString(),
-                 firstLine(message, object),
-                 playText(object)};
+                 firstLine(parts, object),
+                 playText(parts, object)};
         hasClips = hasClips || !rows.back().back().isEmpty();
     }
     if (rows.isEmpty())
@@ -94,11 +85,12 @@ QString slideText(const Message &message, const Slide &slide)
         + QLatin1Char('\n');
 }
 
-QString slideTitle(const Message &message, unsigned int index, const Slide &slide)
+QString slideTitle(const Message &message, ShownParts *parts, unsigned int index,
+                   const Slide &slide)
 {
     QStringList words{QStringLiteral("slide %1: ").arg(index + 1)
                       + ModelText::duration(slide.getDur()) + QLatin1String(" (")
-                      + durationSource(message, slide) + QLatin1Char(')')};
+                      + durationSource(message, parts, slide) + QLatin1Char(')')};
     if (slide.getPageColor().isUsable())
         words += QLatin1String("page ") + ModelText::color(slide.getPageColor());
     if (slide.getTextColor().isUsable())
@@ -122,7 +114,7 @@ void writeParams(const Object &object, JsonWriter *json)
     json->endArray();
 }
 
-void writeObject(const Message &message, const Object &object, JsonWriter *json)
+void writeObject(ShownParts *parts, const Object &object, JsonWriter *json)
 {
     const Part *const part = object.getData();
     json->beginObject();
@@ -130,29 +122,29 @@ void writeObject(const Message &message, const Object &object, JsonWriter *json)
     json->member("begin", ModelText::time(object.getBegin()));
     json->member("end", ModelText::time(object.getEnd()));
     if (object.getMediaElementType() == SMIL_MEDIA_TEXT)
-        json->member("firstLine", firstLine(message, object));
+        json->member("firstLine", firstLine(parts, object));
     json->member("kind", ModelText::mediaName(object));
     if (part)
         json->member("octets", part->getBodyDataLen());
     writeParams(object, json);
     if (part)
-        json->member("part", indexOfPart(message.parts(), part));
-    if (const int milliseconds = playDuration(object); milliseconds >= 0)
+        json->member("part", parts->indexOf(*part));
+    if (const int milliseconds = playDuration(parts, object); milliseconds >= 0)
         json->member("playDuration", milliseconds);
     json->member("region", object.getRegionId());
     json->member("source", object.getSrc());
     json->endObject();
 }
 
-void writeSlide(const Message &message, const Slide &slide, JsonWriter *json)
+void writeSlide(const Message &message, ShownParts *parts, const Slide &slide, JsonWriter *json)
 {
     json->beginObject();
     json->member("duration", slide.getDur());
-    json->member("durationSource", durationSource(message, slide));
+    json->member("durationSource", durationSource(message, parts, slide));
     json->key("media");
     json->beginArray();
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
-        writeObject(message, *slide.getMediaObject(i), json);
+        writeObject(parts, *slide.getMediaObject(i), json);
     json->endArray();
     json->member("pageColor", ModelText::color(slide.getPageColor()));
     json->member("textColor", ModelText::color(slide.getTextColor()));
@@ -187,10 +179,11 @@ void writeRootLayout(const MMS_COMP_SMILRootLayout &root, JsonWriter *json)
 
 QString slidesText(const Message &message)
 {
+    ShownParts parts(message);
     QString text;
     for (unsigned int i = 0; i < message.slides().getTotalSlidesNum(); ++i) {
         const Slide &slide = *message.slides().getSlide(i);
-        text += slideTitle(message, i, slide) + slideText(message, slide);
+        text += slideTitle(message, &parts, i, slide) + slideText(&parts, slide);
     }
     return text;
 }
@@ -210,10 +203,11 @@ void writePresentation(const Message &message, JsonWriter *json)
     writeResult(SmilResult::meaning(result), result, json);
     if (const MMS_COMP_SMILRootLayout *root = data.getRootLayout())
         writeRootLayout(*root, json);
+    ShownParts parts(message);
     json->key("slides");
     json->beginArray();
     for (unsigned int i = 0; i < data.getTotalSlidesNum(); ++i)
-        writeSlide(message, *data.getSlide(i), json);
+        writeSlide(message, &parts, *data.getSlide(i), json);
     json->endArray();
     json->member("unit", data.getLayoutMeasureUnit() == SMIL_UNIT_PIXEL ? "pixel" : "percent");
     json->endObject();
