@@ -95,7 +95,11 @@ QvlMessage::QvlMessage() : m_content(std::in_place) { }
 
 QvlMessage::~QvlMessage() = default;
 
-QvlMessage::Content::~Content() = default;
+// Slides give back the uses of their parts, and look up each part among all that exist.
+QvlMessage::Content::~Content()
+{
+    parts.clear();
+}
 
 bool QvlMessage::isMultipart() const
 {

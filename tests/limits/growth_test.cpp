@@ -3,6 +3,7 @@
  * 2.2 times the steps, allocations and octets of memory.
  */
 #include "limits/cost.h"
+#include "message/message.h"
 #include "message/multipart_parser.h"
 #include "multipart/multipart_result.h"
 #include "presentation/presentation.h"
@@ -26,6 +27,7 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <optional>
 
 namespace {
 
@@ -427,6 +429,18 @@ Work copyingSlidesOfParts(int size)
     };
 }
 
+Work discardingSlidesOfParts(int size)
+{
+    auto message = std::make_shared<std::optional<QvlMessage>>(std::in_place);
+    QvlMessage &pictures = **message;
+    for (int i = 0; i < size; ++i)
+        pictures.parts().appendBodypart(picture(QStringLiteral("%1.jpg").arg(i)).release());
+    EXPECT_EQ(
+        MMS_COMP_SMILParser().parse(picturesDocument(size), &pictures.parts(), &pictures.slides()),
+        SmilResult::Ok);
+    return [message] { message->reset(); };
+}
+
 Work makingSlides(int size)
 {
     auto message = std::make_shared<Message>();
@@ -542,6 +556,7 @@ constexpr Subject subjects[] = {
     {"regions, normalized", 5000, normalizing},
     {"objects whose region is renamed", 2500, renamingRegionsOfObjects},
     {"slides, a source named for them", 2500, namingSource},
+    {"slides with parts of their own, discarded", 250, discardingSlidesOfParts},
     {"slides, searched for a source", 2500, lookingUpSource},
     {"slides, made ready to be sent", 2500, preparingToSend},
     {"slides, searched for an object to delete", 2500, deletingObject},
