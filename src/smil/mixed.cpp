@@ -8,6 +8,7 @@
 #include "multipart/multipart.h"
 #include "presentation/media_kinds.h"
 #include "presentation/presentation.h"
+#include "smil/media_probe.h"
 #include "smil/smil_part.h"
 
 #include <algorithm>
@@ -26,7 +27,7 @@ constexpr int Created = 1;
 constexpr int NotCreated = 0;
 
 // The kind of a part that a slide can show, or null for any other part.
-const QvlMediaKind *kindOf(Part &part)
+const QvlMediaKind *kindOf(Part &part, MediaProbe *probe)
 {
     const QString mainType = part.getContentType();
     const auto kind = std::ranges::find_if(qvlMediaKinds, [&](const QvlMediaKind &row) {
@@ -36,7 +37,7 @@ const QvlMediaKind *kindOf(Part &part)
         return nullptr;
     const bool shown = kind->type == SMIL_MEDIA_TEXT
         ? part.getSubType().compare("plain"_L1, Qt::CaseInsensitive) == 0
-        : part.isMediaObjectSupported();
+        : probe->passes(&part);
     return shown ? &*kind : nullptr;
 }
 
@@ -71,11 +72,12 @@ int MMS_COMP_SMILParser::makeSmilForMixed(MMS_COMP_SMILMultipart *multipart,
         if (!multipart || !data)
             return NotCreated;
         data->setMultiPart(multipart);
+        MediaProbe probe;
         for (int i = 0; i < multipart->getPartCount(); ++i) {
             Part *part = multipart->getBodypartByIndex(i);
             if (part->getDispFileType() == Part::Shown)
                 continue;
-            if (const QvlMediaKind *kind = kindOf(*part))
+            if (const QvlMediaKind *kind = kindOf(*part, &probe))
                 appendSlide(multipart, data, part, kind->type);
         }
         if (!writeSmil)

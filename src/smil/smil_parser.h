@@ -131,7 +131,9 @@ public:
      * (plain text, picture, video or sound) becomes a slide at the end of @p data, in the order of
      * the parts, and from then on counts as shown. A slide lasts 5 seconds, or as long as its clip.
      *
-     * Opens pictures and clips, so linear in their octets.
+     * Opens clips, so linear in their octets. Decodes pictures in the order of the parts as long as
+     * their pixels stay within 16 million; any other picture can be shown if its header can be
+     * read.
      *
      * @param multipart the message; a new SMIL part, see @p writeSmil, makes it related
      * @param data gets the slides, after the existing ones

@@ -7,6 +7,7 @@
 #include "smil/presentation_facts.h"
 #include "smil/smil_parser.h"
 #include "support/fake_player_engine.h"
+#include "support/octets.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -18,12 +19,39 @@ namespace {
 
 const QByteArray picture = "P1\n1 1\n1\n";
 
+// Square bitmaps, with and without their pixels.
+QByteArray truncated(int size)
+{
+    const QByteArray length = QByteArray::number(size);
+    return "P4\n" + length + ' ' + length + '\n';
+}
+
+QByteArray whole(int size)
+{
+    return truncated(size) + QByteArray((size + 7) / 8 * size, '\0');
+}
+
 QByteArray smilOf(const QString &slides)
 {
     return ("<smil>\n<head>\n<layout> \n<root-layout height=\"160\" width=\"120\" />\n"
             "</layout> \n</head>\n<body>\n"
             + slides + "</body>\n</smil>\n")
         .toUtf8();
+}
+
+// A GIF with one row of pixels on a square screen.
+QByteArray gif(int screen)
+{
+    const QByteArray length = octet(screen & 0xFF) + octet(screen >> 8);
+    return "GIF89a" + QByteArray(2, '\0') + length + "80 00 00 00 00 00 00 00 00"_octets
+        + "2C 00 00 00 00"_octets + length + "01 00 00 02 02 4C 01 00 3B"_octets;
+}
+
+// 4,000 pixels wide and high.
+QByteArray jpegWithoutPixels(int scans)
+{
+    return "FF D8 FF C2 00 0B 08 0F A0 0F A0 01 01 11 00"_octets
+        + "FF DA 00 08 01 01 00 00 00 00"_octets.repeated(scans);
 }
 
 // A mixed message, and its presentation so far.
@@ -179,6 +207,42 @@ TEST_F(MixedMessage, ClipOfUnknownLengthGetsTheDefaultDuration)
     append({.format = "video/3gpp", .location = "b.3gp", .data = "clip"});
     EXPECT_EQ(make(), 1);
     EXPECT_EQ(slidesOf(data), QStringList{"5000: video b.3gp"});
+}
+
+TEST_F(MixedMessage, PicturesAreDecodedUpToALimitOfTheirPixels)
+{
+    struct Row
+    {
+        const char *name;
+        QList<QByteArray> pictures;
+        QStringList shown;
+    };
+    const Row rows[] = {
+        {"a truncated one", {truncated(3000)}, {}},
+        {"a truncated one at the limit", {truncated(4000)}, {}},
+        {"a truncated one beyond the limit", {truncated(4001)}, {"5000: img 0"}},
+        {"no picture beyond the limit", {whole(4000), "no picture"}, {"5000: img 0"}},
+        {"the last one is within the limit", {whole(3000), truncated(2500)}, {"5000: img 0"}},
+        {"the limit is that of the message",
+         {whole(3000), truncated(3000), truncated(2500)},
+         {"5000: img 0", "5000: img 1"}},
+        {"the screen of a GIF counts", {gif(4000), truncated(100)}, {"5000: img 0", "5000: img 1"}},
+        {"a GIF of a smaller screen", {gif(3990), truncated(100)}, {"5000: img 0"}},
+        {"a JPEG of many scans", {jpegWithoutPixels(64)}, {"5000: img 0"}},
+        {"a JPEG of fewer scans", {jpegWithoutPixels(63)}, {}},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(row.name);
+        message.clear();
+        message.setSubType("vnd.wap.multipart.mixed");
+        for (const QByteArray &octets : row.pictures)
+            append({.format = "image/x-portable-bitmap",
+                    .location = QString::number(message.getPartCount()),
+                    .data = octets});
+        MMS_COMP_SMILData slides(nullptr);
+        EXPECT_EQ(MMS_COMP_SMILParser::makeSmilForMixed(&message, &slides, false), 1);
+        EXPECT_EQ(slidesOf(slides), row.shown);
+    }
 }
 
 TEST_F(MixedMessage, RefusesNull)
