@@ -17,6 +17,12 @@ cmp "$work/once.smil" "$work/twice.smil" || fail "the normalized text changes wh
 grep -q '^  text src "cid:soon.txt" region "text".* part "soon.txt" text/plain 12$' "$work/model" \
   || fail "the model lacks the second text"
 
+printf '<smil><body><par><img src="%s"/></par><par><img src="%s"/></par></body></smil>' sea.jpg SEA.JPG \
+  >"$work/cases.smil"
+"$qvlmms" smil --model "$work/cases.smil" >"$work/model"
+[ "$(grep -c ' part "sea.jpg" image/jpeg 0$' "$work/model")" -eq 2 ] \
+  || fail "sources that differ only in case do not show the same part"
+
 refuse() { # CODE PATTERN FILE
   local code=0
   "$qvlmms" smil "$3" >"$work/out" 2>"$work/error" || code=$?

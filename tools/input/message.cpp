@@ -2,6 +2,7 @@
 
 #include "input/files.h"
 
+#include <QSet>
 #include <QXmlStreamReader>
 
 #include <algorithm>
@@ -32,10 +33,8 @@ bool isPdu(const QByteArray &octets)
     return octets.startsWith(char(HeaderFieldCode::MessageType | 0x80));
 }
 
-void addPart(MMS_COMP_SMILMultipart *body, const QString &location)
+std::unique_ptr<MMS_COMP_SMILMultipartBodypart> emptyPart(const QString &location)
 {
-    if (location.isEmpty() || body->getBodyPartBySrc(location, 1))
-        return;
     auto part = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
     QString type;
     QString subtype;
@@ -43,7 +42,28 @@ void addPart(MMS_COMP_SMILMultipart *body, const QString &location)
     part->setContentType(type);
     part->setContentSubType(subtype);
     part->setContentLocation(location);
-    body->appendBodypart(part.release());
+    return part;
+}
+
+// A reference matches locations that are the same in lower case. A lookup in the message would
+// visit all parts that were added before.
+void addParts(const QByteArray &smil, MMS_COMP_SMILMultipart *body)
+{
+    const QString text = QString::fromUtf8(smil);
+    QXmlStreamReader reader(
+        text.sliced(std::max<qsizetype>(text.indexOf(QLatin1String("<smil")), 0)));
+    reader.setNamespaceProcessing(false);
+    QSet<QString> known{QString()};
+    while (!reader.atEnd()) {
+        if (reader.readNext() != QXmlStreamReader::StartElement)
+            continue;
+        const QString location =
+            reader.attributes().value(QLatin1String("src")).trimmed().toString();
+        const qsizetype knownBefore = known.size();
+        known.insert(location.toLower());
+        if (known.size() > knownBefore)
+            body->appendBodypart(emptyPart(location).release());
+    }
 }
 
 // Reads the document twice: first to check it, then with a part for each of its media.
@@ -56,15 +76,7 @@ void readDocument(Message *message)
     if (message->smilResult == SmilResult::NotWellFormed
         || message->smilResult == SmilResult::NullArgument)
         return; // what follows reads XML without the limits of a document
-    const QString text = QString::fromUtf8(message->smil);
-    QXmlStreamReader reader(
-        text.sliced(std::max<qsizetype>(text.indexOf(QLatin1String("<smil")), 0)));
-    reader.setNamespaceProcessing(false);
-    while (!reader.atEnd()) {
-        if (reader.readNext() == QXmlStreamReader::StartElement)
-            addPart(&message->parts(),
-                    reader.attributes().value(QLatin1String("src")).trimmed().toString());
-    }
+    addParts(message->smil, &message->parts());
     message->smilResult = parser.parse(message->smil, &message->parts(), &message->slides());
     if (!message->slides().getRootLayout())
         message->smilResult = SmilResult::OutOfMemory;
