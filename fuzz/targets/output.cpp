@@ -42,7 +42,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const auto message =
         decodeMessage(QByteArray(reinterpret_cast<const char *>(data), qsizetype(size)));
     require(isHarmless(messageText(*message)), "the text has no control characters");
-    const QByteArray json = messageJson(*message);
+    const QByteArray json = QByteArray::fromStdString(messageJson(*message));
     require(json.count('\n') == 1 && json.endsWith('\n'), "JSON is one line");
     require(QJsonDocument::fromJson(json).isObject(), "JSON is an object");
     require(isHarmless(QString::fromUtf8(json)), "JSON has no control characters");

@@ -120,9 +120,9 @@ int run(const Command &command, const QStringList &arguments)
     return command.run(parser);
 }
 
-void print(FILE *stream, const QByteArray &octets)
+void print(FILE *stream, QByteArrayView octets)
 {
-    std::fwrite(octets.constData(), 1, size_t(octets.size()), stream);
+    std::fwrite(octets.data(), 1, size_t(octets.size()), stream);
 }
 
 QByteArray linesFor(FILE *stream, const QString &text)

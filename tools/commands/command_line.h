@@ -6,6 +6,7 @@
 #include "commands/description.h"
 
 #include <QByteArray>
+#include <QByteArrayView>
 #include <QString>
 #include <QStringList>
 
@@ -31,7 +32,7 @@ struct Command
 int run(const Command &command, const QStringList &arguments);
 
 /// Writes the octets as they are.
-void print(FILE *stream, const QByteArray &octets);
+void print(FILE *stream, QByteArrayView octets);
 
 /// Lines of messageText() for @p stream: with colors if takesColors().
 QByteArray linesFor(FILE *stream, const QString &text);

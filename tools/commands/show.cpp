@@ -18,7 +18,8 @@ ShownFile showFile(const QString &fileName, QvlMessage::Reading reading, bool js
 {
     ShownFile shown;
     if (const auto message = readMessage(fileName, reading, &shown.error)) {
-        shown.text = json ? messageJson(*message) : linesFor(stdout, messageText(*message));
+        shown.text =
+            json ? messageJson(*message) : linesFor(stdout, messageText(*message)).toStdString();
         shown.advice = json ? QString() : whyNoMessage(*message);
         shown.refused = message->isRefused();
     }

@@ -4,7 +4,6 @@
  */
 #pragma once
 
-#include <QByteArray>
 #include <QString>
 #include <QStringList>
 
@@ -12,11 +11,12 @@
 #include <functional>
 #include <map>
 #include <mutex>
+#include <string>
 
 /// The output for one file.
 struct ShownFile
 {
-    QByteArray text;
+    std::string text;
     QString error; ///< when the file could not be read
     QString advice; ///< when it is not a message
     bool refused = false;

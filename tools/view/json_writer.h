@@ -11,6 +11,7 @@
 #include <charconv>
 #include <concepts>
 #include <string>
+#include <utility>
 
 /// The caller begins and ends objects and arrays, and writes the keys in order. Characters without
 /// a visible form become \uhex, see TerminalText.
@@ -44,6 +45,8 @@ public:
 
     /// The JSON so far.
     const std::string &json() const { return m_json; }
+    /// The JSON, which the writer then no longer has. Saves a copy of many megabytes.
+    std::string takeJson() { return std::move(m_json); }
 
 private:
     void separate();

@@ -16,6 +16,7 @@
 #include <algorithm>
 #include <array>
 #include <optional>
+#include <string>
 #include <string_view>
 
 using namespace Qt::StringLiterals;
@@ -210,7 +211,7 @@ QString refusedSmilText(const Message &message)
     return why.isEmpty() ? text : text + QLatin1String(", ") + why;
 }
 
-QByteArray messageJson(const Message &message)
+std::string messageJson(const Message &message)
 {
     const bool isDecoded = message.headerResult == WireResult::Read;
     const SentParts parts = sentParts(message);
@@ -233,5 +234,7 @@ QByteArray messageJson(const Message &message)
     writeResult(WireResult::meaning(message.headerResult), message.headerResult, &json);
     writeSentTimes(message.sentTimes(), &json);
     json.endObject();
-    return QByteArray::fromStdString(json.json()) + '\n';
+    std::string line = json.takeJson();
+    line += '\n';
+    return line;
 }

@@ -3,8 +3,9 @@
  */
 #pragma once
 
-#include <QByteArray>
 #include <QString>
+
+#include <string>
 
 struct Message;
 
@@ -15,4 +16,4 @@ QString messageText(const Message &message);
 QString refusedSmilText(const Message &message);
 
 /// The message as a line of JSON, documented in docs/json.md.
-QByteArray messageJson(const Message &message);
+std::string messageJson(const Message &message);
