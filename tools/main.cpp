@@ -3,11 +3,15 @@
  * composes messages.
  */
 #include "commands/commands.h"
+#include "input/file_name.h"
 
 #include <QGuiApplication>
 #include <QLoggingCategory>
 
+#include <csignal>
+#include <cstdlib>
 #include <memory>
+#include <tuple>
 
 using namespace CommandLine;
 
@@ -22,6 +26,23 @@ std::unique_ptr<QCoreApplication> makeApplication(int &argc, char **argv)
     if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
         qputenv("QT_QPA_PLATFORM", "offscreen");
     return std::make_unique<QGuiApplication>(argc, argv);
+}
+
+// Qt's own list has no octets that are not UTF-8.
+QStringList argumentsOf(int argc, char **argv)
+{
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments += FileName::fromOctets(argv[i]);
+    return arguments;
+}
+
+// Texts of a message, such as those in FFmpeg's log, may be in a message of Qt.
+void printLogged(QtMsgType type, const QMessageLogContext &context, const QString &text)
+{
+    printError(qFormatLogMessage(type, context, text));
+    if (type == QtFatalMsg)
+        std::_Exit(CannotDo); // Qt would abort
 }
 
 int runProgram(const QStringList &arguments)
@@ -47,15 +68,18 @@ int runProgram(const QStringList &arguments)
 
 int main(int argc, char **argv)
 {
+    std::ignore = std::signal(SIGXFSZ, SIG_IGN); // a write past `ulimit -f` reports an error
+    qInstallMessageHandler(printLogged);
     // Qt warns about the machine's locale and about every picture that it cannot read. Users cannot
     // change that; QT_LOGGING_RULES turns the warnings on again.
     QLoggingCategory::setFilterRules(QStringLiteral("*.warning=false"));
     const auto application = makeApplication(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("qvlmms"));
     QCoreApplication::setApplicationVersion(QStringLiteral(QVLMMS_VERSION));
-    const int exitCode = runProgram(QCoreApplication::arguments().mid(1));
-    if (std::fflush(stdout) == 0 && !std::ferror(stdout))
+    const int exitCode = runProgram(argumentsOf(argc, argv));
+    const int error = flushOutput();
+    if (error == 0)
         return exitCode;
-    printError(QStringLiteral("cannot write to standard output; is the disk full?"));
+    printError(QLatin1String("cannot write to standard output: ") + qt_error_string(error));
     return CannotDo;
 }

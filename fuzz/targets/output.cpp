@@ -32,6 +32,8 @@ void checkNames(const Message &message)
                 "a part's file has a name");
         require(!name.contains(QLatin1Char('/')) && isHarmless(name) && !name.contains(u'\n'),
                 "a part's file stays in its folder");
+        require(!name.startsWith(QLatin1Char('-')) && !name.startsWith(QLatin1Char('.')),
+                "a part's file is neither hidden nor an option");
     }
 }
 

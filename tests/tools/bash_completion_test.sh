@@ -36,14 +36,14 @@ help e|extract
 help -|
 show ''|a b.jpg a.mms folder
 show a.|a.mms
-show -|--help --jobs --json --strict
+show -|--help --jobs --json --max-size --strict
 show --js|--json
 show --jobs ''|
 show --json a|a b.jpg a.mms
 extract a.mms f|folder
-extract -|--help
-smil -|--help --model
-render -|--help --scale
+extract -|--help --max-size
+smil -|--help --max-size --model
+render -|--help --max-size --scale
 compose -o a.|a.mms
 compose --image a|a b.jpg a.mms
 compose --to ''|

@@ -267,12 +267,11 @@ output() { # OUT LINE
   [ "$code" -eq 2 ] && [ "$(cat error)" = "qvlmms: $2" ] || complain "-o $1: $code, $(cat error)"
 }
 output missing/x.mms 'cannot write missing/x.mms: there is no folder missing; create it first'
-output out 'cannot write out: it is a folder or a device; name a file, or - for standard output'
-mkfifo pipe
-output pipe 'cannot write pipe: it is a folder or a device; name a file, or - for standard output'
+output out 'cannot write out: it is a folder; name a file, or - for standard output'
 code=0
 "$qvlmms" compose -o - --to 1 --slide --text x >/dev/full 2>error || code=$?
-[ "$code" -eq 2 ] || complain "a full device: exit code $code"
+[ "$code" -eq 2 ] && [ "$(cat error)" = 'qvlmms: cannot write standard output: No space left on device' ] \
+  || complain "a full device: exit code $code, $(cat error)"
 
 # Refusals: wrong usage and files
 color_line='#rrggbb, aqua, black, blue, fuchsia, gray, green, lime, maroon, navy, olive, purple, red, silver, teal, white or yellow is expected'

@@ -6,6 +6,7 @@ qvlmms=$1
 message=$2/messages/related.mms
 source "$(dirname "$0")/../support/script.sh"
 printf '\x8c\x80\xff' >"$work/refused"
+declare -A last=([extract]=$work/none [render]=$work/none [rewrite]=$work/none) # arguments after FILE
 failed=0
 
 expect() { # CODE PATTERN COMMAND...: expects this exit code, and the pattern in the output or the errors
@@ -21,9 +22,9 @@ expect() { # CODE PATTERN COMMAND...: expects this exit code, and the pattern in
 
 expect 0 '^Usage: qvlmms COMMAND' "$qvlmms" --help
 expect 0 '^qvlmms [0-9]+\.[0-9]+\.[0-9]+$' "$qvlmms" --version
-expect 0 '^  --json    print one JSON object per line$' "$qvlmms" show --help
+expect 0 '^  --json  +print one JSON object per line$' "$qvlmms" show --help
 expect 0 '^Usage: qvlmms show \[OPTION\.\.\.\] FILE\.\.\.$' "$qvlmms" show -h
-expect 0 '^  DIR   folder for the parts;' "$qvlmms" extract --help
+expect 0 '^  DIR  +folder for the parts;' "$qvlmms" extract --help
 expect 0 '^Usage: qvlmms compose \[OPTION\.\.\.\] -o OUT$' "$qvlmms" compose --help
 expect 0 '^  --text-file FILE +text of the slide, from a file' "$qvlmms" compose --help
 expect 0 'normalized SMIL text' "$qvlmms" smil --help
@@ -52,7 +53,8 @@ expect 2 '^qvlmms: smil has no option --display$' "$qvlmms" smil --display "$mes
 expect 2 '^qvlmms: rewrite has no option -x$' "$qvlmms" rewrite -x "$message"
 expect 2 "Missing value after '--jobs'" "$qvlmms" show "$message" --jobs
 expect 2 '^qvlmms: too few arguments: -o OUT is missing$' "$qvlmms" compose --to 1
-expect 2 '^qvlmms: too few arguments: -o OUT is missing$' "$qvlmms" compose -o '' --to 1
+expect 2 '^qvlmms: the name of the file to write is empty; name a file, or - for standard output$' \
+  "$qvlmms" compose -o '' --to 1 --text x
 expect 2 '^qvlmms: too many arguments: "you!" is superfluous; quote a text with blanks$' \
   "$qvlmms" compose -o "$work/out.mms" --to 1 --subject See you!
 expect 2 'too few arguments: FILE is missing' "$qvlmms" smil
@@ -67,8 +69,20 @@ expect 1 'the message has no presentation; qvlmms show lists its contents$' "$qv
 expect 1 'the message was refused; qvlmms show prints the reason$' "$qvlmms" smil "$work/refused"
 expect 1 'there is nothing to read \(result -6\)' "$qvlmms" smil -
 expect 1 'REFUSED.*octet 2: field 127 \(FF\): the data ends before a value \(result 3\)' "$qvlmms" show "$work/refused"
-expect 0 ', 0 octets' "$qvlmms" show -
-expect 0 '^qvlmms: -: the file is empty$' "$qvlmms" show -
+: >"$work/empty"
+for arguments in "show -" "show --json -" "show --strict -" "extract - $work/none" "rewrite - $work/none" "render - $work/none"; do
+  # shellcheck disable=SC2086
+  expect 1 '^qvlmms: -: the file is empty$|"refused":true' "$qvlmms" $arguments
+done
+expect 1 '1 decoded, 1 refused, 0 not readable' "$qvlmms" show "$message" "$work/empty"
+for command in show smil extract render rewrite; do
+  expect 2 '^qvlmms: the name of the file to read is empty; name a file$' "$qvlmms" "$command" '' ${last[$command]-}
+done
+expect 2 '^qvlmms: the name of the file to read is empty; name a file$' "$qvlmms" compose -o "$work/none" --to 1 --attach ''
+for command in extract render; do
+  expect 2 '^qvlmms: the name of the folder is empty; name a folder$' "$qvlmms" "$command" "$message" ''
+done
+expect 2 '^qvlmms: the name of the file to write is empty; ' "$qvlmms" rewrite "$message" ''
 printf 'HTTP/1.1 200 OK' >"$work/response"
 for command in show smil; do
   expect 1 '/response: a message begins with the octet 8C and this file does not; ' \
@@ -84,5 +98,5 @@ expect 2 'cannot create the folder /proc/none: /proc does not allow creating a f
 expect 0 'the message has no parts' "$qvlmms" extract "$2/messages/notification.mms" "$work/none"
 expect 1 'REFUSED' "$qvlmms" extract "$work/refused" "$work/none"
 [ ! -e "$work/none" ] || { echo "created a folder without a part"; failed=1; }
-expect 2 '^qvlmms: cannot write to standard output' bash -c '"$1" show "$2" >/dev/full' - "$qvlmms" "$message"
+expect 2 '^qvlmms: cannot write to standard output: No space left on device$' bash -c '"$1" show "$2" >/dev/full' - "$qvlmms" "$message"
 exit "$failed"

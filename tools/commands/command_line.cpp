@@ -2,6 +2,8 @@
 
 #include "commands/nearest.h"
 #include "input/files.h"
+#include "input/sizes.h"
+#include "output/write_file.h"
 #include "view/file_view.h"
 #include "view/highlight.h"
 #include "view/terminal_text.h"
@@ -9,19 +11,28 @@
 #include <QCommandLineParser>
 #include <QStringList>
 
+#include <cerrno>
 #include <optional>
 
 namespace CommandLine {
 
 namespace {
 
+int outputError = 0; // the first one
+
+QString standardValue(const Option &option)
+{
+    if (option.isSize)
+        return sizeText(StandardSizeLimit);
+    return option.isNumber() ? QString::number(option.numbers.standard) : QString();
+}
+
 void addOptions(QCommandLineParser *parser, const Description &description)
 {
     parser->addOption({{QStringLiteral("h"), QStringLiteral("help")}, QString()});
     for (const Option &option : allOptions(description))
-        parser->addOption(
-            {QString::fromLatin1(option.name), QString(), QString::fromLatin1(option.value),
-             option.isNumber() ? QString::number(option.numbers.standard) : QString()});
+        parser->addOption({QString::fromLatin1(option.name), QString(),
+                           QString::fromLatin1(option.value), standardValue(option)});
 }
 
 bool isOptional(const Argument &argument)
@@ -43,11 +54,11 @@ QString unknownOption(const QString &option, const Description &description)
         + suggestion(dashed(option), names);
 }
 
-// The first needed option, with its value, or needed argument that was not given.
+// The first needed option or argument that was not given.
 QString missing(const QCommandLineParser &parser, const Description &description)
 {
     for (const Option &option : allOptions(description)) {
-        if (option.isNeeded && parser.value(QLatin1String(option.name)).isEmpty())
+        if (option.isNeeded && !parser.isSet(QLatin1String(option.name)))
             return withValue(option);
     }
     const qsizetype given = parser.positionalArguments().size();
@@ -80,17 +91,30 @@ QString mistake(const QCommandLineParser &parser, const Description &description
     return QString();
 }
 
-// Describes the first option whose value is not one of its numbers, or nothing.
-QString wrongNumber(const QCommandLineParser &parser, const Description &description)
+// Describes what the option takes instead of the value @p given; "" if it takes that.
+QString expectation(const Option &option, const QString &given)
+{
+    if (option.isSize)
+        return sizeFrom(given)
+            ? QString()
+            : QStringLiteral("a size from 1 to %1 such as 100M").arg(sizeText(LargestSizeLimit));
+    const int number = given.toInt(); // 0 when it is not a number
+    return number >= 1 && number <= option.numbers.most
+        ? QString()
+        : QStringLiteral("a number from 1 to %1").arg(option.numbers.most);
+}
+
+// Describes the first option whose value is not one of its numbers or no size, or nothing.
+QString wrongValue(const QCommandLineParser &parser, const Description &description)
 {
     for (const Option &option : allOptions(description)) {
-        if (!option.isNumber()) // newer Qt ends the process when an option takes no value
-            continue;
+        if (!option.isNumber() && !option.isSize)
+            continue; // newer Qt ends the process when an option takes no value
         const QString name = QString::fromLatin1(option.name);
-        const int number = parser.value(name).toInt(); // 0 when it is not a number
-        if (number < 1 || number > option.numbers.most)
-            return dashed(name) + QLatin1Char(' ') + parser.value(name)
-                + QStringLiteral(": a number from 1 to %1 is expected").arg(option.numbers.most);
+        const QString given = parser.value(name);
+        if (const QString expected = expectation(option, given); !expected.isEmpty())
+            return dashed(name) + QLatin1Char(' ') + given + QLatin1String(": ") + expected
+                + QLatin1String(" is expected");
     }
     return QString();
 }
@@ -113,7 +137,7 @@ int run(const Command &command, const QStringList &arguments)
               usageLine(description).toUtf8() + "See qvlmms help " + description.name + ".\n");
         return CannotDo;
     }
-    if (const QString wrong = wrongNumber(parser, description); !wrong.isEmpty()) {
+    if (const QString wrong = wrongValue(parser, description); !wrong.isEmpty()) {
         printError(wrong);
         return CannotDo;
     }
@@ -122,7 +146,16 @@ int run(const Command &command, const QStringList &arguments)
 
 void print(FILE *stream, QByteArrayView octets)
 {
-    std::fwrite(octets.data(), 1, size_t(octets.size()), stream);
+    const size_t written = std::fwrite(octets.data(), 1, size_t(octets.size()), stream);
+    if (stream == stdout && written < size_t(octets.size()) && outputError == 0)
+        outputError = errno;
+}
+
+int flushOutput()
+{
+    if (std::fflush(stdout) != 0 && outputError == 0)
+        outputError = errno;
+    return outputError;
 }
 
 QByteArray linesFor(FILE *stream, const QString &text)
@@ -148,7 +181,7 @@ int writeOutput(const QByteArray &octets, const QString &fileName, const QString
         printError(error);
         return CannotDo;
     }
-    if (fileName != QLatin1String("-"))
+    if (!isStandardOutput(fileName))
         print(stdout, writtenFileText(fileName, details).toUtf8() + '\n');
     return AllDecoded;
 }

@@ -34,6 +34,10 @@ int run(const Command &command, const QStringList &arguments);
 /// Writes the octets as they are.
 void print(FILE *stream, QByteArrayView octets);
 
+/// Writes what standard output still holds back. Returns 0, or the number of the first error since
+/// the start of the program.
+int flushOutput();
+
 /// Lines of messageText() for @p stream: with colors if takesColors().
 QByteArray linesFor(FILE *stream, const QString &text);
 

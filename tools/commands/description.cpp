@@ -1,5 +1,8 @@
 #include "commands/description.h"
 
+#include "input/files.h"
+#include "input/sizes.h"
+
 #include <QStringList>
 
 #include <algorithm>
@@ -60,6 +63,9 @@ QList<Row> rowsOf(const QList<Argument> &arguments)
 
 QString numbersText(const Option &option)
 {
+    if (option.isSize)
+        return QStringLiteral("; at most %1 (default %2)")
+            .arg(sizeText(LargestSizeLimit), sizeText(StandardSizeLimit));
     if (!option.isNumber())
         return QString();
     return QStringLiteral(", 1 to %1 (default %2)")

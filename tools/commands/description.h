@@ -30,6 +30,7 @@ struct Option
     const char *help;
     bool isNeeded = false;
     Numbers numbers = {}; ///< accepted values; the help lists them
+    bool isSize = false; ///< takes what sizeFrom() reads; the default is StandardSizeLimit
 
     bool isNumber() const { return numbers.most > 0; }
 };

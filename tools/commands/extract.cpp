@@ -38,7 +38,8 @@ Command Commands::extract()
              .exitCodes = "0 decoded, 1 the message was refused, 2 wrong usage or a file that "
                           "cannot be read or written.",
              .arguments = {{"FILE", "file with one message; - is standard input"},
-                           {"DIR", "folder for the parts; created if it does not exist"}}},
+                           {"DIR", "folder for the parts; created if it does not exist"}},
+             .groups = {{"Options", {SizeLimitOption}}}},
         .run = onMessage(extractToFolder),
     };
 }

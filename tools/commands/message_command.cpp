@@ -1,44 +1,73 @@
 #include "commands/message_command.h"
 
+#include "input/file_name.h"
+#include "input/sizes.h"
 #include "view/message_view.h"
 
 #include <QCommandLineParser>
-#include <QDir>
-#include <QFileInfo>
+
+#include <filesystem>
+#include <system_error>
 
 namespace CommandLine {
 
 namespace {
 
-// The path itself, or the nearest folder or file above it that exists.
-QFileInfo existingAbove(const QString &path)
+namespace fs = std::filesystem;
+
+QString textOf(const fs::path &path)
 {
-    QFileInfo info(QDir::cleanPath(QDir::current().absoluteFilePath(path)));
-    while (!info.exists() && !info.isRoot())
-        info.setFile(info.path());
-    return info;
+    return FileName::fromOctets(QByteArray::fromStdString(path));
+}
+
+// The path itself, or the nearest folder or file above it that exists.
+fs::path existingAbove(const fs::path &path)
+{
+    std::error_code ignored;
+    fs::path above = fs::absolute(path, ignored).lexically_normal();
+    while (!fs::exists(above, ignored) && above.has_relative_path())
+        above = above.parent_path();
+    return above;
+}
+
+QString whyNotCreated(const fs::path &above, const std::error_code &error)
+{
+    std::error_code ignored;
+    if (!fs::is_directory(above, ignored))
+        return textOf(above) + QLatin1String(" is a file; name another folder");
+    if (error == std::errc::no_space_on_device || error == std::errc::filename_too_long)
+        return qt_error_string(error.value());
+    return textOf(above) + QLatin1String(" does not allow creating a folder in it");
 }
 
 // Creates a folder unless it exists. Prints an error if that fails.
 bool createFolder(const QString &directory)
 {
-    const QFileInfo above = existingAbove(directory);
-    if (QDir(directory).mkpath(QStringLiteral(".")))
+    const fs::path path = FileName::toOctets(directory).toStdString();
+    const fs::path above = existingAbove(path);
+    std::error_code error;
+    fs::create_directories(path, error);
+    if (!error && fs::is_directory(path, error))
         return true;
     printError(QLatin1String("cannot create the folder ") + directory + QLatin1String(": ")
-               + above.filePath()
-               + QLatin1String(above.isDir() ? " does not allow creating a folder in it"
-                                             : " is a file; name another folder"));
+               + whyNotCreated(above, error));
     return false;
 }
 
 } // namespace
 
+qint64 sizeLimit(const QCommandLineParser &arguments)
+{
+    return sizeFrom(arguments.value(QLatin1String(SizeLimitOption.name)))
+        .value_or(StandardSizeLimit);
+}
+
 std::function<int(const QCommandLineParser &)> onMessage(RunOnMessage run, ReadMessage read)
 {
     return [run, read](const QCommandLineParser &arguments) -> int {
         QString error;
-        if (const auto message = read(arguments.positionalArguments().first(), &error))
+        const ReadOptions options{.sizeLimit = sizeLimit(arguments)};
+        if (const auto message = read(arguments.positionalArguments().first(), options, &error))
             return run(*message, arguments);
         printError(error);
         return CannotDo;
@@ -47,7 +76,8 @@ std::function<int(const QCommandLineParser &)> onMessage(RunOnMessage run, ReadM
 
 int refuse(const Message &message)
 {
-    print(stderr, linesFor(stderr, messageText(message)));
+    if (!message.octets.isEmpty())
+        print(stderr, linesFor(stderr, messageText(message)));
     printAdvice(message);
     return Refused;
 }
@@ -68,6 +98,10 @@ void printAdvice(const Message &message)
 int writeToFolder(const Message &message, const QString &directory, bool hasFiles,
                   const WriteFiles &write)
 {
+    if (directory.isEmpty()) {
+        printError(QStringLiteral("the name of the folder is empty; name a folder"));
+        return CannotDo;
+    }
     if (hasFiles && !createFolder(directory))
         return CannotDo;
     QStringList report;

@@ -16,7 +16,19 @@
 namespace CommandLine {
 
 using RunOnMessage = int (*)(Message &message, const QCommandLineParser &arguments);
-using ReadMessage = std::unique_ptr<Message> (*)(const QString &fileName, QString *error);
+using ReadMessage = std::unique_ptr<Message> (*)(const QString &fileName,
+                                                 const ReadOptions &options, QString *error);
+
+/// The option of every command that reads messages: the largest size of a file.
+inline constexpr Option SizeLimitOption{
+    .name = "max-size",
+    .value = "SIZE",
+    .help = "largest file to read, in octets, or in units of 1,024 octets (k), 1,024k (M) or "
+            "1,024M (G)",
+    .isSize = true};
+
+/// The value of SizeLimitOption, in octets.
+qint64 sizeLimit(const QCommandLineParser &arguments);
 
 /// For Command::run: opens the message with @p read and calls @p run. Prints an error if the
 /// message cannot be read.

@@ -44,7 +44,8 @@ Command Commands::render()
                          {{.name = "scale",
                            .value = "N",
                            .help = "width and height of a handset pixel in picture pixels",
-                           .numbers = {.standard = 2, .most = LargestScale}}}}}},
+                           .numbers = {.standard = 2, .most = LargestScale}},
+                          SizeLimitOption}}}},
         .run = onMessage(renderToFolder),
         .draws = true,
     };

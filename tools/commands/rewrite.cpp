@@ -7,6 +7,7 @@
 #include <QCommandLineParser>
 
 #include <algorithm>
+#include <new>
 
 using namespace CommandLine;
 
@@ -18,10 +19,12 @@ bool encode(Message *message, QByteArray *octets)
 {
     const bool hasSlides = message->smilResult || message->areSlidesGenerated();
     if (hasSlides && !message->storeSlides(QStringLiteral("qvlsmil.smil")))
-        return false;
+        throw std::bad_alloc(); // the message was presented before
     // The decoder sets the flag for Hide, the encoder writes Show for it.
     message->header().setSenderVisibility(!message->header().getSenderVisibility());
-    return message->encode(octets).isOk();
+    const QvlMessage::Result result = message->encode(octets);
+    requireMemory(result);
+    return result.isOk();
 }
 
 // The reason why the message cannot be written; "" if it can.
@@ -92,7 +95,8 @@ Command Commands::rewrite()
                  "0 written, 1 the message was refused, has no parts, or has a type that MMS 1.0 "
                  "lacks, 2 wrong usage or a file that cannot be read or written.",
              .arguments = {{"FILE", "file with one message; - is standard input"},
-                           {"OUT", "file to write; - is standard output"}}},
+                           {"OUT", "file to write; - is standard output"}},
+             .groups = {{"Options", {SizeLimitOption}}}},
         .run = onMessage(rewriteMessage),
     };
 }

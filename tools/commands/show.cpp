@@ -1,6 +1,6 @@
 #include "commands/commands.h"
 
-#include "commands/command_line.h"
+#include "commands/message_command.h"
 #include "commands/progress.h"
 #include "commands/shown_files.h"
 #include "input/message.h"
@@ -14,10 +14,10 @@ namespace {
 
 constexpr int MostJobs = 256;
 
-ShownFile showFile(const QString &fileName, QvlMessage::Reading reading, bool json)
+ShownFile showFile(const QString &fileName, const ReadOptions &options, bool json)
 {
     ShownFile shown;
-    if (const auto message = readMessage(fileName, reading, &shown.error)) {
+    if (const auto message = readMessage(fileName, options, &shown.error)) {
         shown.text =
             json ? messageJson(*message) : linesFor(stdout, messageText(*message)).toStdString();
         shown.advice = json ? QString() : whyNoMessage(*message);
@@ -84,11 +84,13 @@ int showFiles(const QCommandLineParser &arguments)
 {
     const QStringList names = arguments.positionalArguments();
     const bool wantsJson = arguments.isSet(QStringLiteral("json"));
-    const auto reading =
-        arguments.isSet(QStringLiteral("strict")) ? QvlMessage::Strict : QvlMessage::AnyVersion;
+    const ReadOptions options{.sizeLimit = sizeLimit(arguments),
+                              .reading = arguments.isSet(QStringLiteral("strict"))
+                                  ? QvlMessage::Strict
+                                  : QvlMessage::AnyVersion};
     Printer printer(names.size(), wantsJson);
     ShownFiles files(
-        names, [&](const QString &name) { return showFile(name, reading, wantsJson); },
+        names, [&](const QString &name) { return showFile(name, options, wantsJson); },
         [&](const QString &name, const ShownFile &shown) { printer.print(name, shown); });
     files.printAll(arguments.value(QStringLiteral("jobs")).toInt());
     return printer.finish();
@@ -113,7 +115,8 @@ Command Commands::show()
                           {.name = "jobs",
                            .value = "N",
                            .help = "process N files in parallel and print them in their order",
-                           .numbers = {.standard = 1, .most = MostJobs}}}}}},
+                           .numbers = {.standard = 1, .most = MostJobs}},
+                          SizeLimitOption}}}},
         .run = showFiles,
     };
 }

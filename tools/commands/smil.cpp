@@ -7,6 +7,8 @@
 
 #include <QCommandLineParser>
 
+#include <new>
+
 #include <unistd.h>
 
 using namespace CommandLine;
@@ -41,6 +43,8 @@ int printSmil(Message &message, const QCommandLineParser &arguments)
     if (!message.isRefused() || wantsModel) {
         const QString text = wantsModel ? ModelText::presentation(message.slides())
                                         : MMS_COMP_SMILParser::convertToSMILLang(&message.slides());
+        if (text.isEmpty())
+            throw std::bad_alloc();
         print(stdout, visibleLines(text).toUtf8());
     }
     if (!message.isRefused())
@@ -67,7 +71,8 @@ Command Commands::smil()
                             "file with one message or one SMIL document; - is standard input"}},
              .groups = {{"Options",
                          {{.name = "model",
-                           .help = "print the presentation instead, one item per line"}}}}},
+                           .help = "print the presentation instead, one item per line"},
+                          SizeLimitOption}}}},
         .run = onMessage(printSmil, readMessageOrDocument),
     };
 }

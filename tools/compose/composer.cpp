@@ -4,7 +4,6 @@
 #include "compose/values.h"
 #include "input/files.h"
 
-#include <QFile>
 #include <QMimeDatabase>
 #include <QStringDecoder>
 #include <QUuid>
@@ -12,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <memory>
+#include <new>
 
 namespace {
 
@@ -220,11 +220,9 @@ Outcome Composer::addMedia(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString 
 // Reads no more of a file than a message may have.
 Outcome Composer::read(const QString &fileName, QByteArray *octets)
 {
-    QFile file(fileName);
-    if (file.open(QIODevice::ReadOnly))
-        *octets = file.read(m_limit + 1);
-    if (file.error() != QFileDevice::NoError)
-        return Problem{Problem::File, whyNotRead(fileName, file)};
+    QString error;
+    if (!readStart(fileName, m_limit + 1, octets, &error))
+        return Problem{Problem::File, error};
     m_read += octets->size();
     if (m_read > m_limit)
         return tooLarge(QLatin1String("the message with ") + fileName + QLatin1String(" has"),
@@ -291,7 +289,7 @@ Outcome Composer::finishSlides()
     MMS_COMP_SMILParser::updateToCorvaneRootLayout(&slides);
     MMS_COMP_SMILParser::updateToCorvaneRegion(&slides);
     if (!m_message.storeSlides())
-        return refused(QStringLiteral("there is no memory"));
+        throw std::bad_alloc();
     return {};
 }
 
@@ -318,7 +316,9 @@ Outcome Composer::encode()
         return refused(QStringLiteral("%1 parts are too many; a message has at most %2")
                            .arg(partCount())
                            .arg(QvlMessage::MostParts));
-    if (const auto result = m_message.encode(&m_message.octets); !result.isOk())
+    const auto result = m_message.encode(&m_message.octets);
+    requireMemory(result);
+    if (!result.isOk())
         return refused(QLatin1String(result.layerName()) + QLatin1String(" cannot be written: ")
                        + QLatin1String(result.meaning()));
     if (pdu().size() > m_limit)

@@ -148,7 +148,7 @@ Outcome addSlide(Composer &composer, const QString &)
 
 Outcome addText(Composer &composer, const QString &text)
 {
-    if (text.contains(QChar::ReplacementCharacter)) // replaces octets that are not UTF-8
+    if (!text.isValidUtf16()) // octets that are not UTF-8
         return expected("text in UTF-8");
     return composer.addText(text);
 }

@@ -13,8 +13,8 @@
 
 namespace ComposeValues {
 
-/// True for a text on one line: without control characters, and without U+FFFD, which replaces
-/// octets that are not UTF-8.
+/// True for a text on one line: without control characters, and without octets that are not
+/// UTF-8, and without U+FFFD, by which other programs replace such octets.
 bool isLine(QStringView text);
 
 /// True for a line without embeddings, overrides and isolates of the writing direction. They make

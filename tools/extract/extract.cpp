@@ -1,15 +1,15 @@
 #include "extract/extract.h"
 
+#include "input/file_name.h"
 #include "input/files.h"
 #include "input/message.h"
+#include "output/unfinished_file.h"
+#include "output/write_file.h"
 #include "view/file_view.h"
 #include "view/terminal_text.h"
 
-#include <QDir>
-#include <QFile>
-#include <QFileInfo>
-
 #include <algorithm>
+#include <cerrno>
 
 namespace {
 
@@ -37,31 +37,20 @@ QString withNumber(const QString &name, int number)
     return withExtension(base + QString::number(number), MMS_COMP_Util::getExtName(name));
 }
 
-bool exists(const QString &path)
+// Writes a file that did not exist before. Returns 0, or the number of the error. @p path is the
+// last path that was tried.
+int writeNew(const QByteArray &octets, const QString &directory, const QString &name, QString *path)
 {
-    const QFileInfo info(path);
-    return info.exists() || info.isSymbolicLink();
-}
-
-// Creates a file that did not exist before. Checking first would leave a race.
-bool createNew(const QDir &directory, const QString &name, QFile *file)
-{
-    for (int number = 0; number < MostTries; ++number) {
-        file->setFileName(directory.filePath(withNumber(name, number)));
-        if (file->open(QIODevice::WriteOnly | QIODevice::NewOnly))
-            return true;
-        if (!exists(file->fileName()))
-            return false;
+    *path = FileName::inFolder(directory, name);
+    UnfinishedFile file(FileName::toOctets(directory));
+    if (const int error = file.write(octets))
+        return error;
+    int error = EEXIST;
+    for (int number = 0; number < MostTries && error == EEXIST; ++number) {
+        *path = FileName::inFolder(directory, withNumber(name, number));
+        error = file.moveTo(FileName::toOctets(*path), UnfinishedFile::Keep);
     }
-    return false;
-}
-
-bool writeOrRemove(QFile *file, const QByteArray &octets)
-{
-    if (writeAll(file, octets))
-        return true;
-    file->remove();
-    return false;
+    return error;
 }
 
 QString fallbackName(const Part &part, int index)
@@ -94,22 +83,23 @@ QString safeFileName(const QString &location, const QString &fallback)
     }
     while (name.startsWith(QLatin1Char('.')))
         name = name.sliced(1);
+    if (name.startsWith(QLatin1Char('-')))
+        name.front() = QLatin1Char('_');
     return name.isEmpty() ? fallback : shortened(name);
 }
 
 bool extractParts(const Message &message, const QString &directory, QStringList *report,
                   QString *error)
 {
-    const QDir dir(directory);
     for (int i = 0; i < message.parts().getPartCount(); ++i) {
         const Part &part = *message.parts().getBodypartByIndex(i);
-        QFile file;
-        if (!createNew(dir, safeFileName(part.getDispFileName(), fallbackName(part, i)), &file)
-            || !writeOrRemove(&file, part.getBodyData())) {
-            *error = cannotWrite(file.fileName(), file.errorString());
+        const QString name = safeFileName(part.getDispFileName(), fallbackName(part, i));
+        QString path;
+        if (const int failure = writeNew(part.getBodyData(), directory, name, &path)) {
+            *error = cannotWrite(path, qt_error_string(failure));
             return false;
         }
-        *report += writtenFileText(file.fileName(),
+        *report += writtenFileText(path,
                                    QStringLiteral(" (%1 octets, ").arg(part.getBodyDataLen())
                                        + part.getMimeFormat() + decodingText(message, i)
                                        + QLatin1Char(')'));

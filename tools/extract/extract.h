@@ -10,8 +10,8 @@ struct Message;
 
 /**
  * Returns a file name for a part with the location @p location: the last component without
- * invisible characters. The name is never hidden, and short enough for every file system. Returns
- * @p fallback if nothing is left of the location.
+ * invisible characters. The name is never hidden, never begins like an option, and is short enough
+ * for every file system. Returns @p fallback if nothing is left of the location.
  */
 QString safeFileName(const QString &location, const QString &fallback);
 

@@ -1,83 +1,102 @@
 #include "input/files.h"
 
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
+#include "input/descriptor.h"
+#include "input/file_name.h"
+#include "input/sizes.h"
 
-#include <cstdio>
+#include <algorithm>
+#include <cerrno>
+
+#include <fcntl.h>
+#include <sys/stat.h>
 
 namespace {
 
-// A written file must not replace a device or a folder.
-bool isReplaceable(const QFileInfo &info)
+QString cannotRead(const QString &what, const QString &why)
 {
-    return !info.exists() || info.isFile();
+    return QLatin1String("cannot read ") + what + QLatin1String(": ") + why;
 }
 
-QString whyNotWritten(const QFileInfo &info, const QString &systemError)
+QString whyNotRead(int error)
 {
-    if (!isReplaceable(info))
-        return QStringLiteral("it is a folder or a device; name a file, or - for standard output");
-    if (!QFileInfo(info.path()).isDir())
-        return QLatin1String("there is no folder ") + info.path()
-            + QLatin1String("; create it first");
-    return systemError;
+    if (error == EISDIR)
+        return QStringLiteral("it is a folder; name the files in it");
+    if (error == ENOENT || error == ENOTDIR)
+        return QStringLiteral("there is no such file; check its name");
+    return qt_error_string(error);
+}
+
+bool openForReading(const QString &fileName, Descriptor *file, QString *error)
+{
+    if (fileName.isEmpty()) {
+        *error = QStringLiteral("the name of the file to read is empty; name a file");
+        return false;
+    }
+    const QByteArray path = FileName::toOctets(fileName);
+    file->reset(::open(path.constData(), O_RDONLY | O_CLOEXEC | O_NOCTTY));
+    if (!file->isOpen())
+        *error = cannotRead(fileName, whyNotRead(errno));
+    return file->isOpen();
+}
+
+// The size of a regular file; 0 for everything that has no size.
+qint64 sizeOf(int file)
+{
+    struct stat info;
+    return ::fstat(file, &info) == 0 && S_ISREG(info.st_mode) ? qint64(info.st_size) : 0;
+}
+
+bool readOctets(int file, const QString &what, qint64 most, QByteArray *octets, QString *error)
+{
+    constexpr qint64 LeastStep = 64 * 1024;
+    octets->reserve(qsizetype(std::min(sizeOf(file) + 1, most)));
+    while (octets->size() < most) {
+        const qsizetype before = octets->size();
+        const qint64 step = std::max<qint64>(LeastStep, before); // doubling keeps copying linear
+        octets->resize(qsizetype(std::min(before + step, most)));
+        const ssize_t count =
+            ::read(file, octets->data() + before, size_t(octets->size() - before));
+        const int failure = count < 0 ? errno : 0;
+        octets->resize(before + std::max<ssize_t>(count, 0));
+        if (count == 0)
+            return true;
+        if (failure == 0 || failure == EINTR)
+            continue;
+        *error = cannotRead(what, whyNotRead(failure));
+        return false;
+    }
+    return true;
+}
+
+bool readWithin(int file, const QString &what, qint64 limit, QByteArray *octets, QString *error)
+{
+    const bool mayFit = sizeOf(file) <= limit;
+    if (mayFit && !readOctets(file, what, limit + 1, octets, error))
+        return false;
+    if (mayFit && octets->size() <= limit)
+        return true;
+    *error = cannotRead(what,
+                        QLatin1String("it has more than ") + sizeText(limit)
+                            + QLatin1String(" octets; set a higher limit with --max-size"));
+    return false;
 }
 
 } // namespace
 
-bool readFile(const QString &fileName, QByteArray *octets, QString *error)
+bool readFile(const QString &fileName, qint64 limit, QByteArray *octets, QString *error)
 {
-    QFile file(fileName);
-    const bool opened = fileName == QLatin1String("-") ? file.open(stdin, QIODevice::ReadOnly)
-                                                       : file.open(QIODevice::ReadOnly);
-    if (opened)
-        *octets = file.readAll();
-    if (opened && file.error() == QFileDevice::NoError)
-        return true;
-    *error = whyNotRead(fileName, file);
-    return false;
+    if (fileName == QLatin1String("-"))
+        return readWithin(STDIN_FILENO, QStringLiteral("standard input"), limit, octets, error);
+    Descriptor file;
+    return openForReading(fileName, &file, error)
+        && readWithin(file.number(), fileName, limit, octets, error);
 }
 
-bool writeFile(const QByteArray &octets, const QString &fileName, QString *error)
+bool readStart(const QString &fileName, qint64 most, QByteArray *octets, QString *error)
 {
-    if (fileName == QLatin1String("-")) {
-        QFile out;
-        if (out.open(stdout, QIODevice::WriteOnly) && writeAll(&out, octets))
-            return true;
-        *error = QLatin1String("cannot write to standard output: ") + out.errorString();
-        return false;
-    }
-    const QFileInfo info(fileName);
-    QSaveFile out(fileName);
-    if (isReplaceable(info) && out.open(QIODevice::WriteOnly) && writeAll(&out, octets)
-        && out.commit())
-        return true;
-    *error = cannotWrite(info.filePath(), whyNotWritten(info, out.errorString()));
-    return false;
-}
-
-bool writeAll(QFileDevice *file, const QByteArray &octets)
-{
-    return file->write(octets) == octets.size() && file->flush();
-}
-
-QString whyNotRead(const QString &fileName, const QFileDevice &file)
-{
-    const QFileInfo info(fileName);
-    if (file.fileName().isEmpty())
-        return QLatin1String("cannot read standard input: ") + file.errorString();
-    const QString cannotRead = QLatin1String("cannot read ") + fileName + QLatin1String(": ");
-    if (info.isDir())
-        return cannotRead + QLatin1String("it is a folder; name the files in it");
-    if (!info.exists())
-        return cannotRead + QLatin1String("there is no such file; check its name");
-    return cannotRead + file.errorString();
-}
-
-QString cannotWrite(const QString &fileName, const QString &why)
-{
-    return QLatin1String("cannot write ") + fileName + QLatin1String(": ") + why;
+    Descriptor file;
+    return openForReading(fileName, &file, error)
+        && readOctets(file.number(), fileName, most, octets, error);
 }
 
 QString withExtension(const QString &base, const QString &extension)

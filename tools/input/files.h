@@ -1,34 +1,26 @@
 /*
- * Reads, writes and names the files of the command, and explains failures to the user.
+ * Reads files with a limit on their size, and explains failures to the user.
  */
 #pragma once
 
 #include <QByteArray>
 #include <QString>
 
-class QFileDevice;
+/// Octets that a file may have unless the user sets another limit, and at most.
+constexpr qint64 StandardSizeLimit = qint64(64) << 20;
+constexpr qint64 LargestSizeLimit = qint64(1) << 30; // the library counts octets in an int
 
 /**
  * Reads the file @p fileName, or standard input for "-". False, with the reason in @p error, if
- * that fails.
+ * that fails or there are more than @p limit octets. Reads no more than one octet past the limit.
  */
-bool readFile(const QString &fileName, QByteArray *octets, QString *error);
+bool readFile(const QString &fileName, qint64 limit, QByteArray *octets, QString *error);
 
 /**
- * Writes @p octets to the file @p fileName, or to standard output for "-". False, with the reason
- * in @p error and the file unchanged, if that fails.
+ * Reads the first @p most octets of the file @p fileName. False, with the reason in @p error, if
+ * that fails.
  */
-bool writeFile(const QByteArray &octets, const QString &fileName, QString *error);
-
-/// Writes all of @p octets to the open @p file. False if that fails.
-bool writeAll(QFileDevice *file, const QByteArray &octets);
-
-/// The error for a @p file that cannot be read, with advice. @p fileName is its name as the user
-/// gave it.
-QString whyNotRead(const QString &fileName, const QFileDevice &file);
-
-/// The error for the file @p fileName, which cannot be written.
-QString cannotWrite(const QString &fileName, const QString &why);
+bool readStart(const QString &fileName, qint64 most, QByteArray *octets, QString *error);
 
 /// Joins @p base and @p extension to a file name. Returns @p base if the extension is empty.
 QString withExtension(const QString &base, const QString &extension);

@@ -6,13 +6,27 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
+#include <cerrno>
+#include <new>
 
 namespace {
 
+using Layer = QvlMessage::Result::Layer;
+
+QvlMessage::Result receive(Message *message)
+{
+    errno = 0;
+    const QvlMessage::Result received = message->receive(message->octets, message->reading);
+    // The codec of the body reports a part without memory as data that ran out.
+    if (!received.isOk() && errno == ENOMEM)
+        throw std::bad_alloc();
+    requireMemory(received);
+    return received;
+}
+
 void decode(Message *message)
 {
-    using Layer = QvlMessage::Result::Layer;
-    const QvlMessage::Result received = message->receive(message->octets, message->reading);
+    const QvlMessage::Result received = receive(message);
     if (received.layer == Layer::Header)
         message->headerResult = static_cast<unsigned char>(received.code);
     else if (message->isMultipart())
@@ -23,6 +37,7 @@ void decode(Message *message)
     if (smil)
         message->smil = smil->getBodyData();
     const QvlMessage::Result presented = message->present();
+    requireMemory(presented);
     if (smil)
         message->smilResult = presented.code;
 }
@@ -73,6 +88,7 @@ void readDocument(Message *message)
     MMS_COMP_SMILData trial(nullptr);
     message->smil = message->octets;
     message->smilResult = parser.parse(message->smil, nullptr, &trial);
+    requireMemory({Layer::Presentation, *message->smilResult});
     if (message->smilResult == SmilResult::NotWellFormed
         || message->smilResult == SmilResult::NullArgument)
         return; // what follows reads XML without the limits of a document
@@ -80,13 +96,17 @@ void readDocument(Message *message)
     message->smilResult = parser.parse(message->smil, &message->parts(), &message->slides());
     if (!message->slides().getRootLayout())
         message->smilResult = SmilResult::OutOfMemory;
+    requireMemory({Layer::Presentation, *message->smilResult});
 }
 
-std::unique_ptr<Message> openFile(const QString &fileName, QString *error)
+std::unique_ptr<Message> openFile(const QString &fileName, const ReadOptions &options,
+                                  QString *error)
 {
     auto message = std::make_unique<Message>();
     message->fileName = fileName;
-    return readFile(fileName, &message->octets, error) ? std::move(message) : nullptr;
+    message->reading = options.reading;
+    return readFile(fileName, options.sizeLimit, &message->octets, error) ? std::move(message)
+                                                                          : nullptr;
 }
 
 } // namespace
@@ -99,30 +119,33 @@ std::unique_ptr<Message> decodeMessage(const QByteArray &octets)
     return message;
 }
 
-std::unique_ptr<Message> readMessage(const QString &fileName, QString *error)
-{
-    return readMessage(fileName, QvlMessage::AnyVersion, error);
-}
-
-std::unique_ptr<Message> readMessage(const QString &fileName, QvlMessage::Reading reading,
+std::unique_ptr<Message> readMessage(const QString &fileName, const ReadOptions &options,
                                      QString *error)
 {
-    auto message = openFile(fileName, error);
-    if (message) {
-        message->reading = reading;
+    auto message = openFile(fileName, options, error);
+    if (message)
         decode(message.get());
-    }
     return message;
 }
 
-std::unique_ptr<Message> readMessageOrDocument(const QString &fileName, QString *error)
+std::unique_ptr<Message> readMessageOrDocument(const QString &fileName, const ReadOptions &options,
+                                               QString *error)
 {
-    auto message = openFile(fileName, error);
+    auto message = openFile(fileName, options, error);
     if (message && isPdu(message->octets))
         decode(message.get());
     else if (message)
         readDocument(message.get());
     return message;
+}
+
+void requireMemory(const QvlMessage::Result &result)
+{
+    // The codecs of the header report a lack of memory as a bad argument, and get no other.
+    if (result.code
+        == (result.layer == Layer::Header ? int(WireResult::BadArgument)
+                                          : MultipartResult::OutOfMemory))
+        throw std::bad_alloc();
 }
 
 QString whyNoMessage(const Message &message)

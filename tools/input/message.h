@@ -3,6 +3,8 @@
  */
 #pragma once
 
+#include "input/files.h"
+
 #include <qvlsmilparser.h>
 
 #include <QByteArray>
@@ -24,9 +26,17 @@ struct Message : QvlMessage
 
     bool isRefused() const
     {
-        return headerResult != WireResult::Read || bodyResult.value_or(MultipartResult::Ok) != 0
+        return octets.isEmpty() || headerResult != WireResult::Read
+            || bodyResult.value_or(MultipartResult::Ok) != 0
             || smilResult.value_or(SmilResult::Ok) != 0;
     }
+};
+
+/// How a file is read.
+struct ReadOptions
+{
+    qint64 sizeLimit = StandardSizeLimit; ///< in octets; a larger file is not read
+    QvlMessage::Reading reading = QvlMessage::AnyVersion;
 };
 
 /// Decodes the PDU @p octets.
@@ -36,16 +46,18 @@ std::unique_ptr<Message> decodeMessage(const QByteArray &octets);
  * Reads and decodes the file @p fileName, or standard input for "-". Null, with the reason in
  * @p error, if it cannot be read.
  */
-std::unique_ptr<Message> readMessage(const QString &fileName, QString *error);
-/// @copydoc readMessage
-std::unique_ptr<Message> readMessage(const QString &fileName, QvlMessage::Reading reading,
+std::unique_ptr<Message> readMessage(const QString &fileName, const ReadOptions &options,
                                      QString *error);
 
 /**
  * Reads a message as readMessage() does, or a SMIL document. The message of a document gets an
  * empty part for every location that the document refers to.
  */
-std::unique_ptr<Message> readMessageOrDocument(const QString &fileName, QString *error);
+std::unique_ptr<Message> readMessageOrDocument(const QString &fileName, const ReadOptions &options,
+                                               QString *error);
+
+/// Throws std::bad_alloc if @p result reports a lack of memory.
+void requireMemory(const QvlMessage::Result &result);
 
 /// The reason why the file cannot be a message; "" if it begins like one.
 QString whyNoMessage(const Message &message);

@@ -1,7 +1,8 @@
 #include "render/render.h"
 
-#include "input/files.h"
+#include "input/file_name.h"
 #include "input/message.h"
+#include "output/write_file.h"
 #include "render/layout.h"
 #include "render/picture.h"
 #include "render/sheet.h"
@@ -10,9 +11,8 @@
 #include "view/file_view.h"
 #include "view/terminal_text.h"
 
-#include <QDir>
+#include <QBuffer>
 #include <QPainter>
-#include <QSaveFile>
 
 #include <algorithm>
 #include <utility>
@@ -206,11 +206,13 @@ int scaleWithin(const QSize &page, int scale)
 
 bool writePicture(const QImage &image, const QString &path, QStringList *report, QString *error)
 {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly) || !image.save(&file, "PNG") || !file.commit()) {
-        *error = cannotWrite(path, file.errorString());
+    QBuffer png;
+    if (!png.open(QIODevice::WriteOnly) || !image.save(&png, "PNG")) {
+        *error = cannotWrite(path, QStringLiteral("there is not enough memory for the picture"));
         return false;
     }
+    if (!replaceFile(png.data(), path, error))
+        return false;
     *report +=
         writtenFileText(path, QStringLiteral(" (%1x%2)").arg(image.width()).arg(image.height()));
     return true;
@@ -249,20 +251,21 @@ QImage renderSlide(const Message &message, unsigned int index, int scale)
 bool renderSlides(const Message &message, const QString &directory, int scale, QStringList *report,
                   QString *error)
 {
-    const QDir dir(directory);
     const unsigned int total = message.slides().getTotalSlidesNum();
     const unsigned int count = std::min(total, MostSlides);
     QList<QImage> thumbnails;
     for (unsigned int i = 0; i < count; ++i) {
         const QImage slide = renderSlide(message, i, scale);
-        if (!writePicture(slide, dir.filePath(QStringLiteral("slide-%1.png").arg(i + 1)), report,
-                          error))
+        if (!writePicture(slide,
+                          FileName::inFolder(directory, QStringLiteral("slide-%1.png").arg(i + 1)),
+                          report, error))
             return false;
         thumbnails += thumbnail(slide);
         if (thumbnails.size() < SlidesPerSheet && i + 1 < count)
             continue;
         if (!writePicture(contactSheet(std::exchange(thumbnails, {})),
-                          dir.filePath(sheetName(i / SlidesPerSheet)), report, error))
+                          FileName::inFolder(directory, sheetName(i / SlidesPerSheet)), report,
+                          error))
             return false;
     }
     if (count < total)

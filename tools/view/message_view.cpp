@@ -194,7 +194,9 @@ QString messageText(const Message &message)
     QString text = visible(message.fileName) + ": "_L1
         + (typed ? messageTypeText(header.getMessageType()) : u"no message type"_s)
         + u", %1 octets\n"_s.arg(message.octets.size()) + fieldsText(message);
-    if (message.headerResult == WireResult::Read)
+    if (message.octets.isEmpty())
+        text += line(u"REFUSED"_s, whyNoMessage(message));
+    else if (message.headerResult == WireResult::Read)
         text += line(u"Checks"_s, checksText(header)) + bodyText(message, parts)
             + presentationText(message);
     else

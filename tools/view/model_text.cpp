@@ -50,8 +50,9 @@ QString slideLine(unsigned int index, const MMS_COMP_SMILTimingContainer &slide)
 
 QString partText(const Part *part)
 {
-    return part ? quoted(part->getContentLocation()) + QLatin1Char(' ') + part->getMimeFormat()
-            + QLatin1Char(' ') + QString::number(part->getBodyDataLen())
+    return part ? quoted(part->getContentLocation()) + QLatin1Char(' ')
+            + TerminalText::visible(part->getMimeFormat()) + QLatin1Char(' ')
+            + QString::number(part->getBodyDataLen())
                 : QStringLiteral("none");
 }
 

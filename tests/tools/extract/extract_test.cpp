@@ -28,6 +28,12 @@ const NameRow nameRows[] = {
     {u".bashrc", u"bashrc"},
     {u"a\nb\x1B.txt", u"a_b_.txt"},
     {u"\u202Etxt.exe", u"_txt.exe"},
+    {u"-rf", u"_rf"},
+    {u"--help", u"_-help"},
+    {u"-", u"_"},
+    {u".-rf", u"_rf"},
+    {u"../-o", u"_o"},
+    {u"a-b", u"a-b"},
 };
 
 } // namespace
