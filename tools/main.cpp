@@ -3,6 +3,7 @@
  * composes messages.
  */
 #include "commands/commands.h"
+#include "commands/out_of_memory.h"
 #include "input/file_name.h"
 
 #include <QGuiApplication>
@@ -68,6 +69,7 @@ int runProgram(const QStringList &arguments)
 
 int main(int argc, char **argv)
 {
+    endWhenOutOfMemory();
     std::ignore = std::signal(SIGXFSZ, SIG_IGN); // a write past `ulimit -f` reports an error
     qInstallMessageHandler(printLogged);
     // Qt warns about the machine's locale and about every picture that it cannot read. Users cannot
