@@ -53,7 +53,7 @@ void endWhenOutOfMemory()
     std::set_terminate(terminate);
     struct sigaction action = {};
     action.sa_handler = endIfOutOfMemory;
-    action.sa_flags = SA_RESETHAND; // another crash, or the same one again, ends the program
+    action.sa_flags = int(SA_RESETHAND); // another crash, or the same one again, ends the program
     for (const int signal : {SIGSEGV, SIGABRT}) {
         struct sigaction before;
         if (::sigaction(signal, nullptr, &before) == 0 && before.sa_handler == SIG_DFL)

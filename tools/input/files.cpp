@@ -48,12 +48,13 @@ qint64 sizeOf(int file)
 
 bool readOctets(int file, const QString &what, qint64 most, QByteArray *octets, QString *error)
 {
-    constexpr qint64 LeastStep = 64 * 1024;
-    octets->reserve(qsizetype(std::min(sizeOf(file) + 1, most)));
+    constexpr qint64 LeastRoom = 64 * 1024;
+    octets->reserve(qsizetype(std::min(std::max(sizeOf(file) + 1, LeastRoom), most)));
     while (octets->size() < most) {
         const qsizetype before = octets->size();
-        const qint64 step = std::max<qint64>(LeastStep, before); // doubling keeps copying linear
-        octets->resize(qsizetype(std::min(before + step, most)));
+        // Doubles the array of an endless input, so that the copying stays linear.
+        const qint64 room = before < octets->capacity() ? octets->capacity() : 2 * before;
+        octets->resize(qsizetype(std::min(room, most)));
         const ssize_t count =
             ::read(file, octets->data() + before, size_t(octets->size() - before));
         const int failure = count < 0 ? errno : 0;
