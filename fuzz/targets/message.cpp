@@ -1,14 +1,11 @@
 /*
  * An untrusted message on its way through the library: decoded, parsed, presented, written,
- * assembled, encoded and decoded again. Its own mutator changes single parts, so that the lengths
- * around them stay valid.
+ * assembled, encoded and decoded again.
  */
+#include "support/part_mutator.h"
 #include "support/pdu.h"
 
 #include <algorithm>
-#include <cstring>
-
-extern "C" std::size_t LLVMFuzzerMutate(std::uint8_t *data, std::size_t size, std::size_t most);
 
 namespace {
 
@@ -88,25 +85,4 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
                 "the number of slides read back is the number generated");
     }
     return 0;
-}
-
-extern "C" std::size_t LLVMFuzzerCustomMutator(std::uint8_t *data, std::size_t size,
-                                               std::size_t most, unsigned int seed)
-{
-    QvlMessage message;
-    const QByteArray pdu(reinterpret_cast<const char *>(data), qsizetype(size));
-    if (seed % 4 == 0 || !decode(&message, pdu) || message.parts().getPartCount() == 0)
-        return LLVMFuzzerMutate(data, size, most);
-    Part *part = message.parts().getBodypartByIndex(int(seed / 4) % message.parts().getPartCount());
-    QByteArray octets = part->getBodyData();
-    const qsizetype length = octets.size();
-    octets.resize(length + 64);
-    octets.resize(qsizetype(LLVMFuzzerMutate(reinterpret_cast<std::uint8_t *>(octets.data()),
-                                             std::size_t(length), std::size_t(octets.size()))));
-    part->setBodyData(octets);
-    const QByteArray changed = encode(&message);
-    if (changed.isEmpty() || std::size_t(changed.size()) > most)
-        return LLVMFuzzerMutate(data, size, most);
-    std::memcpy(data, changed.constData(), std::size_t(changed.size()));
-    return std::size_t(changed.size());
 }
