@@ -1,6 +1,7 @@
 #include "wire/date_time.h"
 
 #include <atomic>
+#include <cstdint>
 #include <cstdlib>
 #include <ctime>
 #include <utility>
@@ -14,13 +15,16 @@ std::atomic<quint32> secondOfLastCall = Never;
 std::atomic<quint32> zoneOfLastCall = 0;
 
 // The C library's zone as a number. It changes when another caller runs tzset() with TZ set.
+// Another thread may run tzset() meanwhile, so the texts of the names are not read. The C library
+// keeps each of them at one address.
 quint32 currentZone()
 {
-    quint32 zone = quint32(timezone) * 2 + quint32(daylight);
-    for (const char *name : tzname) {
-        for (; name && *name; ++name)
-            zone = zone * 31 + static_cast<unsigned char>(*name);
-    }
+    const auto valueOf = [](auto &variable) {
+        return std::atomic_ref(variable).load(std::memory_order_relaxed);
+    };
+    quint32 zone = quint32(valueOf(timezone)) * 2 + quint32(valueOf(daylight));
+    for (char *&name : tzname)
+        zone = zone * 31 + quint32(reinterpret_cast<std::uintptr_t>(valueOf(name)));
     return zone;
 }
 
