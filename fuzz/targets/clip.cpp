@@ -16,6 +16,7 @@ const char *const extensions[] = {"amr", "awb", "aac", "mp3", "wav", "3gp", "avi
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
 {
     if (size > 0)
-        probeClip(data + 1, size - 1, extensions[data[0] % std::size(extensions)]);
+        probeClip(data + 1, size - 1, extensions[data[0] % std::size(extensions)],
+                  Memory::MayBeMissing);
     return 0;
 }
