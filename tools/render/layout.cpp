@@ -18,15 +18,6 @@ int side(int given, int usual)
     return given < 1 ? usual : std::min(given, LongestPageSide);
 }
 
-const Region *findRegion(const MMS_COMP_SMILData &slides, const QString &id)
-{
-    for (unsigned int i = 0; i < slides.getRegionCount(); ++i) {
-        if (slides.getRegion(i)->getId() == id)
-            return slides.getRegion(i);
-    }
-    return nullptr;
-}
-
 bool isFinite(const Region &region)
 {
     return std::isfinite(region.getLeft()) && std::isfinite(region.getTop())
@@ -40,40 +31,6 @@ bool isHandsetRegion(const Region &region)
                          double(region.getWidth()), double(region.getHeight()));
     const QRectF text(QPointF(0, 0), HandsetPage);
     return numbers == text || numbers == text.translated(0, HandsetPage.height());
-}
-
-QRectF areaOf(const MMS_COMP_SMILData &slides, const Region &region)
-{
-    const bool percent = slides.getLayoutMeasureUnit() == SMIL_UNIT_PERCENT;
-    const QSizeF unit = percent ? QSizeF(pageSize(slides)) / 100 : QSizeF(1, 1);
-    return QRectF(double(region.getLeft()) * unit.width(), double(region.getTop()) * unit.height(),
-                  double(region.getWidth()) * unit.width(),
-                  double(region.getHeight()) * unit.height());
-}
-
-// Null if the object has no region, or if a number of the region is not finite.
-const Region *regionOf(const MMS_COMP_SMILData &slides, const Object &object)
-{
-    const Region *region = findRegion(slides, object.getRegionId());
-    return region && isFinite(*region) ? region : nullptr;
-}
-
-bool hasPlaceOnPage(const MMS_COMP_SMILData &slides, const Object &object)
-{
-    const Region *region = regionOf(slides, object);
-    const QRectF page(QPointF(0, 0), pageSize(slides));
-    return region && region->getWidth() > 0 && region->getHeight() > 0 && !isHandsetRegion(*region)
-        && page.intersects(areaOf(slides, *region));
-}
-
-bool haveOwnRegions(const MMS_COMP_SMILData &slides, const QList<const Object *> &objects)
-{
-    QSet<QString> ids;
-    for (const Object *object : objects)
-        ids.insert(object->getRegionId());
-    return ids.size() == objects.size()
-        && std::all_of(objects.begin(), objects.end(),
-                       [&](const Object *object) { return hasPlaceOnPage(slides, *object); });
 }
 
 } // namespace
@@ -94,21 +51,62 @@ double pageUnit(const QSize &page)
                              double(page.height()) / HandsetPage.height()));
 }
 
-QList<PlacedObject> placeObjects(const MMS_COMP_SMILData &slides,
-                                 const QList<const Object *> &objects)
+Page::Page(const MMS_COMP_SMILData &slides)
+    : m_size(pageSize(slides)),
+      m_unit(slides.getLayoutMeasureUnit() == SMIL_UNIT_PERCENT ? QSizeF(m_size) / 100
+                                                                : QSizeF(1, 1))
+{
+    for (unsigned int i = 0; i < slides.getRegionCount(); ++i) {
+        const Region *region = slides.getRegion(i);
+        if (const QString id = region->getId(); !m_regions.contains(id))
+            m_regions.insert(id, region);
+    }
+}
+
+QRectF Page::areaOf(const Region &region) const
+{
+    return QRectF(
+        double(region.getLeft()) * m_unit.width(), double(region.getTop()) * m_unit.height(),
+        double(region.getWidth()) * m_unit.width(), double(region.getHeight()) * m_unit.height());
+}
+
+// Null if the object has no region, or if a number of the region is not finite.
+const Region *Page::regionOf(const Object &object) const
+{
+    const Region *region = m_regions.value(object.getRegionId());
+    return region && isFinite(*region) ? region : nullptr;
+}
+
+bool Page::hasPlace(const Object &object) const
+{
+    const Region *region = regionOf(object);
+    return region && region->getWidth() > 0 && region->getHeight() > 0 && !isHandsetRegion(*region)
+        && QRectF(QPointF(0, 0), m_size).intersects(areaOf(*region));
+}
+
+bool Page::haveOwnRegions(const QList<const Object *> &objects) const
+{
+    QSet<QString> ids;
+    for (const Object *object : objects)
+        ids.insert(object->getRegionId());
+    return ids.size() == objects.size()
+        && std::all_of(objects.begin(), objects.end(),
+                       [&](const Object *object) { return hasPlace(*object); });
+}
+
+QList<PlacedObject> Page::place(const QList<const Object *> &objects) const
 {
     QList<PlacedObject> placed;
-    const bool sharesPage = !haveOwnRegions(slides, objects);
+    const bool sharesPage = !haveOwnRegions(objects);
     for (const Object *object : objects) {
-        const Region *region = regionOf(slides, *object);
-        placed += {object, region ? areaOf(slides, *region) : QRectF(),
+        const Region *region = regionOf(*object);
+        placed += {object, region ? areaOf(*region) : QRectF(),
                    region ? region->getFit() : SMIL_REGION_FIT_HIDDEN, sharesPage};
     }
     if (!sharesPage)
         return placed;
-    const QSizeF page(pageSize(slides));
-    const double share = page.height() / double(placed.size());
+    const double share = double(m_size.height()) / double(placed.size());
     for (qsizetype i = 0; i < placed.size(); ++i)
-        placed[i].area = QRectF(0, double(i) * share, page.width(), share);
+        placed[i].area = QRectF(0, double(i) * share, m_size.width(), share);
     return placed;
 }

@@ -9,6 +9,7 @@
 
 #include <qvlsmilparser.h>
 
+#include <QHash>
 #include <QList>
 #include <QRectF>
 #include <QSize>
@@ -28,6 +29,23 @@ QSize pageSize(const MMS_COMP_SMILData &slides);
 /// Scale of a page of the size @p page, relative to the handset's page; at least 1.
 double pageUnit(const QSize &page);
 
-/// Places @p objects on one page.
-QList<PlacedObject> placeObjects(const MMS_COMP_SMILData &slides,
-                                 const QList<const MMS_COMP_SMILMediaObject *> &objects);
+/// The page of all slides of a presentation. The presentation must not change meanwhile.
+class Page
+{
+public:
+    explicit Page(const MMS_COMP_SMILData &slides);
+
+    QSize size() const { return m_size; }
+    /// Places the media objects of one slide.
+    QList<PlacedObject> place(const QList<const MMS_COMP_SMILMediaObject *> &objects) const;
+
+private:
+    const MMS_COMP_SMILRegion *regionOf(const MMS_COMP_SMILMediaObject &object) const;
+    QRectF areaOf(const MMS_COMP_SMILRegion &region) const;
+    bool hasPlace(const MMS_COMP_SMILMediaObject &object) const;
+    bool haveOwnRegions(const QList<const MMS_COMP_SMILMediaObject *> &objects) const;
+
+    QSize m_size;
+    QSizeF m_unit; ///< of the numbers of a region
+    QHash<QString, const MMS_COMP_SMILRegion *> m_regions;
+};

@@ -1,29 +1,8 @@
 #include "render/picture.h"
 
-#include <QBuffer>
-#include <QImageReader>
-
 #include <algorithm>
-#include <array>
 
 namespace {
-
-constexpr qint64 MostPicturePixels = 64'000'000;
-constexpr int LongestPictureSide = 2048; // pixels of a picture once it is decoded
-
-// The visible part of a picture, and its place.
-struct View
-{
-    QRectF target; // on the page
-    QRectF source; // in the picture's own pixels
-};
-
-// Excludes vector formats such as SVG: rendering them may take any time.
-bool isPictureFormat(const QByteArray &format)
-{
-    constexpr std::array<const char *, 6> formats{"bmp", "gif", "jpeg", "png", "wbmp", "webp"};
-    return std::find(formats.begin(), formats.end(), format) != formats.end();
-}
 
 bool isWithin(const QSizeF &inner, const QSizeF &outer)
 {
@@ -41,6 +20,33 @@ MMS_COMP_SMIL_REGION_FIT fitOf(const PlacedObject &place, const QSizeF &size)
         : place.fit;
 }
 
+// The visible part of a picture, and its place.
+struct View
+{
+    QRectF target; // on the page
+    QRectF source; // in the picture's own pixels
+};
+
+// Crops @p view to @p area: coordinates outside of it may be too large for a painter.
+View clipped(const View &view, const QRectF &area)
+{
+    const QRectF seen = view.target & area;
+    const double across = view.source.width() / view.target.width();
+    const double down = view.source.height() / view.target.height();
+    return {seen,
+            QRectF(view.source.x() + (seen.x() - view.target.x()) * across,
+                   view.source.y() + (seen.y() - view.target.y()) * down, seen.width() * across,
+                   seen.height() * down)};
+}
+
+QSize reducedSize(const QSize &size, double across, double down)
+{
+    return {std::max(int(size.width() * std::min(across, 1.0)), 1),
+            std::max(int(size.height() * std::min(down, 1.0)), 1)};
+}
+
+} // namespace
+
 QSizeF sizeOnPage(const QSizeF &size, const PlacedObject &place)
 {
     switch (fitOf(place, size)) {
@@ -55,53 +61,9 @@ QSizeF sizeOnPage(const QSizeF &size, const PlacedObject &place)
     }
 }
 
-// Crops @p view to @p area: coordinates outside of it may be too large for a painter.
-View clipped(const View &view, const QRectF &area)
-{
-    const QRectF seen = view.target & area;
-    const double across = view.source.width() / view.target.width();
-    const double down = view.source.height() / view.target.height();
-    return {seen,
-            QRectF(view.source.x() + (seen.x() - view.target.x()) * across,
-                   view.source.y() + (seen.y() - view.target.y()) * down, seen.width() * across,
-                   seen.height() * down)};
-}
-
-// Scales down an image with more pixels than the painter draws: it would skip some of them.
-QImage reduced(const QImage &image, double across, double down)
-{
-    const QSize size(std::max(int(image.width() * std::min(across, 1.0)), 1),
-                     std::max(int(image.height() * std::min(down, 1.0)), 1));
-    return size == image.size()
-        ? image
-        : image.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
-}
-
-} // namespace
-
-Picture readPicture(const MMS_COMP_SMILMultipartBodypart &part)
-{
-    QByteArray octets = part.getBodyData();
-    QBuffer buffer(&octets);
-    QImageReader reader(&buffer);
-    reader.setAutoTransform(true);
-    if (!isPictureFormat(reader.format()))
-        return {};
-    QSize size = reader.size();
-    if (qint64(size.width()) * size.height() > MostPicturePixels)
-        return {};
-    if (std::max(size.width(), size.height()) > LongestPictureSide)
-        reader.setScaledSize(
-            size.scaled(LongestPictureSide, LongestPictureSide, Qt::KeepAspectRatio)
-                .expandedTo({1, 1}));
-    if (reader.transformation() & QImageIOHandler::TransformationRotate90)
-        size.transpose();
-    const QImage image = reader.read();
-    return {image, size.isValid() ? size : image.size()};
-}
-
-void drawPicture(QPainter *painter, const QSize &page, const Picture &picture,
-                 const PlacedObject &place)
+PictureDrawing::PictureDrawing(const Picture &picture, const PlacedObject &place, const QSize &page,
+                               double scale)
+    : m_image(picture.image)
 {
     QRectF target(place.area.topLeft(), sizeOnPage(picture.size, place));
     if (place.sharesPage)
@@ -110,15 +72,31 @@ void drawPicture(QPainter *painter, const QSize &page, const Picture &picture,
                               place.area & QRectF(QPointF(0, 0), page));
     if (view.target.isEmpty() || view.source.isEmpty())
         return;
-    const double scale = painter->transform().m11();
-    const QImage image = reduced(picture.image,
-                                 view.target.width() * scale / view.source.width()
-                                     * picture.size.width() / picture.image.width(),
-                                 view.target.height() * scale / view.source.height()
-                                     * picture.size.height() / picture.image.height());
-    const double across = image.width() / picture.size.width();
-    const double down = image.height() / picture.size.height();
-    painter->drawImage(view.target, image,
-                       QRectF(view.source.x() * across, view.source.y() * down,
-                              view.source.width() * across, view.source.height() * down));
+    m_target = view.target;
+    m_source = {view.source.x() / picture.size.width(), view.source.y() / picture.size.height(),
+                view.source.width() / picture.size.width(),
+                view.source.height() / picture.size.height()};
+    m_drawnSize =
+        reducedSize(m_image.size(), m_target.width() * scale / m_source.width() / m_image.width(),
+                    m_target.height() * scale / m_source.height() / m_image.height());
+}
+
+qint64 PictureDrawing::scaledPixels() const
+{
+    return m_target.isEmpty() || m_drawnSize == m_image.size()
+        ? 0
+        : qint64(m_image.width()) * m_image.height();
+}
+
+void PictureDrawing::draw(QPainter *painter) const
+{
+    if (m_target.isEmpty())
+        return;
+    const QImage image = scaledPixels() == 0
+        ? m_image
+        : m_image.scaled(m_drawnSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    painter->drawImage(m_target, image,
+                       QRectF(m_source.x() * image.width(), m_source.y() * image.height(),
+                              m_source.width() * image.width(),
+                              m_source.height() * image.height()));
 }

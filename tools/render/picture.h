@@ -1,5 +1,5 @@
 /*
- * Pictures of a slide: decodes them within limits, and fits them into their areas.
+ * Pictures of a slide: fits them into their areas.
  */
 #pragma once
 
@@ -16,9 +16,25 @@ struct Picture
     QSizeF size; ///< of the picture, in its own pixels
 };
 
-/// Decodes the picture in @p part. Decodes only the first picture of an animation.
-Picture readPicture(const MMS_COMP_SMILMultipartBodypart &part);
+/// Size of a picture of the size @p size at its place, in handset pixels.
+QSizeF sizeOnPage(const QSizeF &size, const PlacedObject &place);
 
-/// Draws @p picture at its place on a page of the size @p page.
-void drawPicture(QPainter *painter, const QSize &page, const Picture &picture,
-                 const PlacedObject &place);
+/// Draws a picture at its place on a page.
+class PictureDrawing
+{
+public:
+    /// @p scale is the number of drawn pixels for one handset pixel.
+    PictureDrawing(const Picture &picture, const PlacedObject &place, const QSize &page,
+                   double scale);
+
+    /// The pixels that draw() scales down first, because the painter would skip some of them.
+    qint64 scaledPixels() const;
+    /// Draws the picture with a painter whose unit is the handset pixel.
+    void draw(QPainter *painter) const;
+
+private:
+    QImage m_image;
+    QSize m_drawnSize; ///< of the image once it is scaled down
+    QRectF m_target; ///< of the visible part on the page; empty if nothing is visible
+    QRectF m_source; ///< of the visible part, relative to the picture
+};

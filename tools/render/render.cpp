@@ -3,11 +3,8 @@
 #include "input/file_name.h"
 #include "input/message.h"
 #include "output/write_file.h"
-#include "render/layout.h"
-#include "render/picture.h"
 #include "render/sheet.h"
 #include "render/strip.h"
-#include "render/text.h"
 #include "view/file_view.h"
 #include "view/terminal_text.h"
 
@@ -23,24 +20,19 @@ using Object = MMS_COMP_SMILMediaObject;
 using Slide = MMS_COMP_SMILTimingContainer;
 using TerminalText::visible;
 
-constexpr unsigned int MostSlides = 1000;
+constexpr qint64 Million = 1'000'000;
 constexpr int LongestDrawnSide = 4096; // of the page, in picture pixels
 constexpr qint64 MostDrawnPixels = 10'000'000;
 constexpr int TextMargin = 3; // these are handset pixels on the handset's own page
 constexpr int BoxMargin = 4;
-constexpr QRgb VideoFrame = qRgb(0x20, 0x24, 0x2A);
 
-/// How a slide is drawn.
-struct Style
-{
-    const Message *message;
-    QColor paper;
-    QColor ink; ///< contrasts with the paper
-    QColor faintInk;
-    QColor textInk;
-    double textHeight;
-    double unit; ///< see pageUnit()
-};
+// Work that takes as long as drawing and writing this number of pixels.
+constexpr qint64 SlideWork = 10'000;
+constexpr qint64 ObjectWork = 2'000;
+constexpr qint64 CharacterWork = 40;
+constexpr qint64 DrawnPixelsForOne = 8; // pixels that are drawn as fast as one is written
+
+constexpr QRgb VideoFrame = qRgb(0x20, 0x24, 0x2A);
 
 bool isGiven(const MMS_COMP_COLOR &color)
 {
@@ -62,38 +54,6 @@ double textHeight(const QString &size)
     if (size.compare(QLatin1String("small"), Qt::CaseInsensitive) == 0)
         return 10;
     return size.compare(QLatin1String("large"), Qt::CaseInsensitive) == 0 ? 16 : 12;
-}
-
-Style styleOf(const Message &message, const Slide &slide)
-{
-    const MMS_COMP_SMILData &slides = message.slides();
-    Style style;
-    style.message = &message;
-    style.unit = pageUnit(pageSize(slides));
-    style.paper = paperOf(slides, slide);
-    style.ink = qGray(style.paper.rgb()) < 128 ? Qt::white : Qt::black;
-    style.faintInk = style.ink;
-    style.faintInk.setAlphaF(0.4f);
-    style.textInk = isGiven(slide.getTextColor()) ? slide.getTextColor().color : style.ink;
-    style.textHeight = textHeight(slide.getTextSize()) * style.unit;
-    return style;
-}
-
-bool isEmptyText(const Message &message, const Object &object)
-{
-    return object.getMediaElementType() == SMIL_MEDIA_TEXT && object.getData()
-        && shownText(message, *object.getData()).isEmpty();
-}
-
-QList<const Object *> objectsOnPage(const Message &message, const Slide &slide)
-{
-    QList<const Object *> objects;
-    for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i) {
-        const Object *object = slide.getMediaObject(i);
-        if (object->getMediaElementType() != SMIL_MEDIA_AUDIO && !isEmptyText(message, *object))
-            objects += object;
-    }
-    return objects;
 }
 
 QRectF middleOf(const QRectF &area, double width, double height)
@@ -124,9 +84,9 @@ double marginIn(const QRectF &area, double wanted)
     return std::min(wanted, std::min(area.width(), area.height()) / 8);
 }
 
-void drawVideo(QPainter *painter, const Style &style, const QRectF &area, const QString &name)
+void drawVideo(QPainter *painter, double unit, const QRectF &area, const QString &name)
 {
-    const double margin = marginIn(area, BoxMargin * style.unit);
+    const double margin = marginIn(area, BoxMargin * unit);
     const QRectF frame = area.adjusted(margin, margin, -margin, -margin);
     const double line = QFontMetricsF(painter->font()).height();
     painter->setPen(Qt::NoPen);
@@ -138,57 +98,23 @@ void drawVideo(QPainter *painter, const Style &style, const QRectF &area, const 
              Qt::AlignHCenter | Qt::AlignBottom, name);
 }
 
-void drawNotShown(QPainter *painter, const Style &style, const QRectF &area, const QString &name)
+void drawNotShown(QPainter *painter, double unit, const QColor &ink, const QRectF &area,
+                  const QString &name)
 {
-    const double margin = marginIn(area, BoxMargin * style.unit);
+    const double margin = marginIn(area, BoxMargin * unit);
     const QRectF frame = area.adjusted(margin, margin, -margin, -margin);
     const QRectF words = frame.adjusted(margin, 0, -margin, 0);
     const double line = QFontMetricsF(painter->font()).height();
     const QRectF upper = middleOf(words, words.width(), line).translated(0, -line / 2);
+    QColor faintInk = ink;
+    faintInk.setAlphaF(0.4f);
     painter->setBrush(Qt::NoBrush);
-    painter->setPen(QPen(style.faintInk, style.unit, Qt::DashLine));
+    painter->setPen(QPen(faintInk, unit, Qt::DashLine));
     painter->drawRect(frame);
-    painter->setPen(style.ink);
+    painter->setPen(ink);
     drawName(painter, upper, Qt::AlignCenter, name);
     drawName(painter, upper.translated(0, line), Qt::AlignCenter,
              QStringLiteral("cannot be shown"));
-}
-
-void drawTextOf(QPainter *painter, const Style &style, const PlacedObject &place,
-                const QRectF &area)
-{
-    const double margin = marginIn(area, TextMargin * style.unit);
-    const double top = place.sharesPage ? margin : 0;
-    painter->setFont(pictureFont(style.textHeight));
-    painter->setPen(style.textInk);
-    drawText(painter, area.adjusted(margin, top, -margin, 0),
-             shownText(*style.message, *place.object->getData()));
-}
-
-void drawMedia(QPainter *painter, const Style &style, const QSize &page, const PlacedObject &place,
-               const QRectF &area)
-{
-    const Object &object = *place.object;
-    const auto *part = object.getData();
-    const int type = object.getMediaElementType();
-    if (type == SMIL_MEDIA_VIDEO && part)
-        return drawVideo(painter, style, area, object.getSrc());
-    if (type == SMIL_MEDIA_TEXT && part)
-        return drawTextOf(painter, style, place, area);
-    const Picture picture = type == SMIL_MEDIA_IMAGE && part ? readPicture(*part) : Picture();
-    if (picture.image.isNull())
-        return drawNotShown(painter, style, area, object.getSrc());
-    drawPicture(painter, page, picture, place);
-}
-
-void drawObject(QPainter *painter, const Style &style, const QSize &page, const PlacedObject &place)
-{
-    const QRectF area = place.area & QRectF(QPointF(0, 0), page);
-    painter->save();
-    painter->setClipRect(area);
-    painter->setFont(pictureFont(LabelHeight * style.unit));
-    drawMedia(painter, style, page, place, area);
-    painter->restore();
 }
 
 int scaleWithin(const QSize &page, int scale)
@@ -224,51 +150,217 @@ QString sheetName(unsigned int sheet)
                       : QStringLiteral("contact-sheet-%1.png").arg(sheet + 1);
 }
 
+QString limitText(const QString &limit, const char *option)
+{
+    return QStringLiteral("limit: %1; raise it with %2").arg(limit, QLatin1String(option));
+}
+
+QString millions(int pixels)
+{
+    return QStringLiteral("%1 million pixels").arg(pixels);
+}
+
+// The lines for what the limits left out; @p firstMissing is the first slide that was not rendered.
+QStringList missingLines(const SlideRenderer &renderer, const RenderLimits &limits,
+                         unsigned int firstMissing, unsigned int total)
+{
+    const QString drawn = limitText(millions(limits.drawn), "--max-drawn");
+    const QString slides = firstMissing == unsigned(limits.slides)
+        ? limitText(QStringLiteral("%1 slides").arg(limits.slides), "--max-slides")
+        : drawn;
+    const Missing notRendered{int(total - firstMissing),
+                              QStringLiteral("slide %1").arg(firstMissing + 1)};
+    QStringList lines{
+        renderer.notDecoded().text(QStringLiteral("pictures that were not decoded"),
+                                   limitText(millions(limits.decoded), "--max-decoded")),
+        renderer.notDrawn().text(QStringLiteral("media that were not drawn"), drawn),
+        notRendered.text(QStringLiteral("slides that were not rendered"), slides)};
+    lines.removeAll(QString());
+    return lines;
+}
+
 } // namespace
 
-QImage renderSlide(const Message &message, unsigned int index, int scale)
+void Missing::add(const QString &one)
 {
-    const Slide *slide = message.slides().getSlide(index);
-    if (!slide)
+    if (count++ == 0)
+        first = one;
+}
+
+QString Missing::text(const QString &what, const QString &limit) const
+{
+    if (count == 0)
+        return QString();
+    return QStringLiteral("%1: %2, from %3 on (%4)")
+        .arg(what)
+        .arg(count)
+        .arg(visible(first), limit);
+}
+
+/// How a slide is drawn.
+struct SlideRenderer::Style
+{
+    QString slide; ///< its name in reports
+    QColor paper;
+    QColor ink; ///< contrasts with the paper
+    QColor textInk;
+    double textHeight;
+};
+
+SlideRenderer::SlideRenderer(const Message &message, int scale, const RenderLimits &limits)
+    : m_message(message), m_page(message.slides()), m_unit(pageUnit(m_page.size())),
+      m_scale(scaleWithin(m_page.size(), scale)), m_drawn(limits.drawn * Million),
+      m_pictures(limits.decoded * Million), m_texts(message)
+{
+}
+
+QSize SlideRenderer::wholeSize() const
+{
+    return m_page.size() + QSize(0, stripHeight(m_unit));
+}
+
+SlideRenderer::Style SlideRenderer::styleOf(const Slide &slide, unsigned int index) const
+{
+    Style style;
+    style.slide = QStringLiteral("slide %1").arg(index + 1);
+    style.paper = paperOf(m_message.slides(), slide);
+    style.ink = qGray(style.paper.rgb()) < 128 ? Qt::white : Qt::black;
+    style.textInk = isGiven(slide.getTextColor()) ? slide.getTextColor().color : style.ink;
+    style.textHeight = textHeight(slide.getTextSize()) * m_unit;
+    return style;
+}
+
+bool SlideRenderer::isEmptyText(const Object &object)
+{
+    return object.getMediaElementType() == SMIL_MEDIA_TEXT && object.getData()
+        && m_texts.find(*object.getData()).isEmpty();
+}
+
+QList<const MMS_COMP_SMILMediaObject *> SlideRenderer::objectsOnPage(const Slide &slide)
+{
+    QList<const Object *> objects;
+    for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i) {
+        const Object *object = slide.getMediaObject(i);
+        if (object->getMediaElementType() != SMIL_MEDIA_AUDIO && !isEmptyText(*object))
+            objects += object;
+    }
+    return objects;
+}
+
+qint64 SlideRenderer::costOf(const Style &style, const Object &object, const QRectF &area)
+{
+    const double pixels = area.width() * area.height() * m_scale * m_scale;
+    qint64 cost = ObjectWork + qint64(pixels) / DrawnPixelsForOne;
+    if (object.getMediaElementType() == SMIL_MEDIA_TEXT && object.getData())
+        cost += CharacterWork
+            * fittingText(m_texts.find(*object.getData()), area.size(), style.textHeight).size();
+    return cost;
+}
+
+void SlideRenderer::drawObject(QPainter *painter, const Style &style, const PlacedObject &place)
+{
+    const QRectF area = place.area & QRectF(QPointF(0, 0), m_page.size());
+    if (area.isEmpty())
+        return;
+    if (!m_drawn.take(costOf(style, *place.object, area)))
+        return m_notDrawn.add(style.slide);
+    painter->save();
+    painter->setClipRect(area);
+    painter->setFont(pictureFont(LabelHeight * m_unit));
+    drawMedia(painter, style, place, area);
+    painter->restore();
+}
+
+void SlideRenderer::drawMedia(QPainter *painter, const Style &style, const PlacedObject &place,
+                              const QRectF &area)
+{
+    const Object &object = *place.object;
+    const int type = object.getMediaElementType();
+    if (type == SMIL_MEDIA_VIDEO && object.getData())
+        return drawVideo(painter, m_unit, area, object.getSrc());
+    if (type == SMIL_MEDIA_TEXT && object.getData())
+        return drawTextOf(painter, style, place, area);
+    if (type == SMIL_MEDIA_IMAGE && object.getData())
+        return drawImage(painter, style, place, area);
+    drawNotShown(painter, m_unit, style.ink, area, object.getSrc());
+}
+
+void SlideRenderer::drawImage(QPainter *painter, const Style &style, const PlacedObject &place,
+                              const QRectF &area)
+{
+    const Picture picture = m_pictures.find(*place.object->getData(), place, m_scale);
+    if (m_pictures.isBeyondLimit(*place.object->getData()))
+        m_notDecoded.add(style.slide);
+    if (picture.image.isNull())
+        return drawNotShown(painter, m_unit, style.ink, area, place.object->getSrc());
+    const PictureDrawing drawing(picture, place, m_page.size(), m_scale);
+    if (!m_drawn.take(drawing.scaledPixels() / DrawnPixelsForOne))
+        return m_notDrawn.add(style.slide);
+    drawing.draw(painter);
+}
+
+void SlideRenderer::drawTextOf(QPainter *painter, const Style &style, const PlacedObject &place,
+                               const QRectF &area)
+{
+    const double margin = marginIn(area, TextMargin * m_unit);
+    const double top = place.sharesPage ? margin : 0;
+    painter->setFont(pictureFont(style.textHeight));
+    painter->setPen(style.textInk);
+    drawText(painter, area.adjusted(margin, top, -margin, 0),
+             m_texts.find(*place.object->getData()));
+}
+
+QImage SlideRenderer::render(unsigned int index)
+{
+    const Slide *slide = m_message.slides().getSlide(index);
+    const QSize whole = wholeSize();
+    const QSize size = whole * m_scale;
+    if (!slide
+        || !m_drawn.take(SlideWork + qint64(size.width()) * size.height() + sheetPixels(size)))
         return QImage();
-    const Style style = styleOf(message, *slide);
-    const QSize page = pageSize(message.slides());
-    const QSize whole = page + QSize(0, stripHeight(style.unit));
-    scale = scaleWithin(page, scale);
-    QImage image(whole * scale, QImage::Format_RGB32);
+    const Style style = styleOf(*slide, index);
+    QImage image(size, QImage::Format_RGB32);
     image.fill(style.paper);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
                            | QPainter::SmoothPixmapTransform);
-    painter.scale(scale, scale);
-    for (const PlacedObject &place : placeObjects(message.slides(), objectsOnPage(message, *slide)))
-        drawObject(&painter, style, page, place);
-    drawStrip(&painter, QRectF(QPointF(0, page.height()), whole - QSize(0, page.height())),
-              style.unit, index + 1, *slide);
+    painter.scale(m_scale, m_scale);
+    for (const PlacedObject &place : m_page.place(objectsOnPage(*slide)))
+        drawObject(&painter, style, place);
+    const QRectF strip(0, m_page.size().height(), whole.width(),
+                       whole.height() - m_page.size().height());
+    drawStrip(&painter, strip, m_unit, index + 1, *slide);
     return image;
 }
 
-bool renderSlides(const Message &message, const QString &directory, int scale, QStringList *report,
-                  QString *error)
+bool renderSlides(const Message &message, const QString &directory, int scale,
+                  const RenderLimits &limits, QStringList *report, QString *error)
 {
     const unsigned int total = message.slides().getTotalSlidesNum();
-    const unsigned int count = std::min(total, MostSlides);
+    const unsigned int most = std::min(total, unsigned(limits.slides));
+    SlideRenderer renderer(message, scale, limits);
     QList<QImage> thumbnails;
-    for (unsigned int i = 0; i < count; ++i) {
-        const QImage slide = renderSlide(message, i, scale);
-        if (!writePicture(slide,
-                          FileName::inFolder(directory, QStringLiteral("slide-%1.png").arg(i + 1)),
-                          report, error))
+    unsigned int count = 0;
+    const auto writeSheet = [&] {
+        return thumbnails.isEmpty()
+            || writePicture(contactSheet(std::exchange(thumbnails, {})),
+                            FileName::inFolder(directory, sheetName((count - 1) / SlidesPerSheet)),
+                            report, error);
+    };
+    for (; count < most; ++count) {
+        if (thumbnails.size() == SlidesPerSheet && !writeSheet())
+            return false;
+        const QImage slide = renderer.render(count);
+        if (slide.isNull())
+            break;
+        if (!writePicture(
+                slide, FileName::inFolder(directory, QStringLiteral("slide-%1.png").arg(count + 1)),
+                report, error))
             return false;
         thumbnails += thumbnail(slide);
-        if (thumbnails.size() < SlidesPerSheet && i + 1 < count)
-            continue;
-        if (!writePicture(contactSheet(std::exchange(thumbnails, {})),
-                          FileName::inFolder(directory, sheetName(i / SlidesPerSheet)), report,
-                          error))
-            return false;
     }
-    if (count < total)
-        *report += QStringLiteral("slides that were not rendered: %1").arg(total - count);
+    if (!writeSheet())
+        return false;
+    *report += missingLines(renderer, limits, count, total);
     return true;
 }

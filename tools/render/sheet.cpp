@@ -12,13 +12,27 @@ constexpr QSize LargestThumbnail(240, 360);
 constexpr QRgb Table = qRgb(0xE4, 0xE7, 0xEB);
 constexpr QRgb Edge = qRgb(0xA8, 0xB0, 0xBA);
 
+QSize thumbnailSize(const QSize &slide)
+{
+    return slide.width() <= LargestThumbnail.width() && slide.height() <= LargestThumbnail.height()
+        ? slide
+        : slide.scaled(LargestThumbnail, Qt::KeepAspectRatio).expandedTo({1, 1});
+}
+
 } // namespace
 
 QImage thumbnail(const QImage &slide)
 {
-    if (slide.width() <= LargestThumbnail.width() && slide.height() <= LargestThumbnail.height())
-        return slide;
-    return slide.scaled(LargestThumbnail, Qt::KeepAspectRatio, Qt::SmoothTransformation);
+    const QSize size = thumbnailSize(slide.size());
+    return size == slide.size()
+        ? slide
+        : slide.scaled(size, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+}
+
+qint64 sheetPixels(const QSize &slide)
+{
+    const QSize cell = thumbnailSize(slide) + QSize(SheetMargin, SheetMargin);
+    return qint64(cell.width()) * cell.height();
 }
 
 QImage contactSheet(const QList<QImage> &thumbnails)

@@ -53,8 +53,6 @@ QString elidedAt(const QString &text, qsizetype lineStart, const QFont &font, do
     return text.first(lineStart) + QFontMetricsF(font).elidedText(line, Qt::ElideRight, width);
 }
 
-} // namespace
-
 QString shownText(const QvlMessage &message, const MMS_COMP_SMILMultipartBodypart &part)
 {
     QString text = message.text(part);
@@ -66,6 +64,15 @@ QString shownText(const QvlMessage &message, const MMS_COMP_SMILMultipartBodypar
     return withLineSeparators(text);
 }
 
+} // namespace
+
+QString Texts::find(const MMS_COMP_SMILMultipartBodypart &part)
+{
+    const auto known = m_texts.constFind(&part);
+    return known != m_texts.constEnd() ? *known
+                                       : *m_texts.insert(&part, shownText(m_message, part));
+}
+
 QFont pictureFont(double pixels)
 {
     QFont font(QStringLiteral("sans-serif"));
@@ -75,16 +82,25 @@ QFont pictureFont(double pixels)
     return font;
 }
 
+QString fittingText(const QString &text, const QSizeF &size, double height)
+{
+    constexpr double narrowest = 1.0 / 8; // width of a letter, relative to its height
+    const double columns = size.width() / (height * narrowest) + 1;
+    const double lines = size.height() / height + 1;
+    return text.left(qsizetype(std::min(columns * lines, double(LongestText))));
+}
+
 void drawText(QPainter *painter, const QRectF &area, const QString &text)
 {
     if (area.isEmpty() || text.isEmpty())
         return;
-    QTextLayout layout(text, painter->font());
-    layout.setTextOption(textOptionFor(text));
+    const QString fitting = fittingText(text, area.size(), painter->font().pixelSize());
+    QTextLayout layout(fitting, painter->font());
+    layout.setTextOption(textOptionFor(fitting));
     int lines = layOutLines(&layout, area.size());
     const QTextLine last = layout.lineAt(lines - 1);
     if (last.textStart() + last.textLength() < text.size()) {
-        layout.setText(elidedAt(text, last.textStart(), painter->font(), area.width()));
+        layout.setText(elidedAt(fitting, last.textStart(), painter->font(), area.width()));
         lines = std::min(layOutLines(&layout, area.size()), lines);
     }
     painter->save();
@@ -96,7 +112,7 @@ void drawText(QPainter *painter, const QRectF &area, const QString &text)
 
 void drawName(QPainter *painter, const QRectF &area, int flags, const QString &name)
 {
-    const QString text = TerminalText::visible(name.left(LongestDrawnName));
+    const QString text = TerminalText::visible(name.left(LongestDrawnName)).left(LongestDrawnName);
     painter->drawText(area, flags | Qt::TextSingleLine,
                       QFontMetricsF(painter->font())
                           .elidedText(text, Qt::ElideMiddle, std::max(area.width(), 0.0)));

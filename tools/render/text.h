@@ -6,17 +6,35 @@
 #include <qvlsmilparser.h>
 
 #include <QFont>
+#include <QHash>
 #include <QPainter>
 #include <QString>
 
 /// Height of the font of names, in handset pixels on the handset's page.
 constexpr int LabelHeight = 9;
 
-/// The text of @p part, a part of @p message, up to its first NUL; "" if it has only blanks.
-QString shownText(const QvlMessage &message, const MMS_COMP_SMILMultipartBodypart &part);
+/// The texts of a message. Decodes each only once.
+class Texts
+{
+public:
+    explicit Texts(const QvlMessage &message) : m_message(message) { }
+
+    /// The text of @p part, a part of the message, up to its first NUL; "" if it has only blanks.
+    QString find(const MMS_COMP_SMILMultipartBodypart &part);
+
+    int decodings() const { return int(m_texts.size()); }
+
+private:
+    const QvlMessage &m_message;
+    QHash<const MMS_COMP_SMILMultipartBodypart *, QString> m_texts;
+};
 
 /// The font of all pictures, @p pixels high.
 QFont pictureFont(double pixels);
+
+/// The beginning of @p text that can fit into an area of the size @p size with letters @p height
+/// high. Only this much of a text is broken into lines.
+QString fittingText(const QString &text, const QSizeF &size, double height);
 
 /// Draws @p text in the painter's font and color, from the top of @p area, and clips it to the
 /// area.

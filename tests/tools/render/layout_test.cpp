@@ -35,10 +35,9 @@ QRectF areaOf(const QList<PlacedObject> &places, MMS_COMP_SMIL_MEDIA_ELEMENT_TYP
 QList<PlacedObject> placed(Message *message, const Placed &row)
 {
     message->slides().appendSlide(3000u);
-    return placeObjects(
-        message->slides(),
-        {addObject(message, 0, SMIL_MEDIA_TEXT, QString::fromUtf16(row.textRegion), "a"),
-         addObject(message, 0, SMIL_MEDIA_IMAGE, QString::fromUtf16(row.imageRegion), "a")});
+    return Page(message->slides())
+        .place({addObject(message, 0, SMIL_MEDIA_TEXT, QString::fromUtf16(row.textRegion), "a"),
+                addObject(message, 0, SMIL_MEDIA_IMAGE, QString::fromUtf16(row.imageRegion), "a")});
 }
 
 void expectPlaced(Message *message, const Placed &row)
@@ -73,7 +72,7 @@ TEST(RenderLayout, TextAfterItsPictureIsBelowIt)
     message.slides().appendSlide(3000u);
     const auto *image = addObject(&message, 0, SMIL_MEDIA_IMAGE, QStringLiteral("image"), "a");
     const auto *text = addObject(&message, 0, SMIL_MEDIA_TEXT, QStringLiteral("text"), "a");
-    const auto places = placeObjects(message.slides(), {image, text});
+    const auto places = Page(message.slides()).place({image, text});
     EXPECT_TRUE(message.slides().getSlide(0)->isTextBellowImg());
     EXPECT_EQ(areaOf(places, SMIL_MEDIA_IMAGE), UpperHalf);
     EXPECT_EQ(areaOf(places, SMIL_MEDIA_TEXT), LowerHalf);
@@ -85,7 +84,7 @@ TEST(RenderLayout, OneObjectHasTheWholePage)
     MMS_COMP_SMILParser::updateToCorvaneRegion(&message.slides());
     message.slides().appendSlide(3000u);
     const auto *object = addObject(&message, 0, SMIL_MEDIA_IMAGE, QStringLiteral("image"), "a");
-    const auto places = placeObjects(message.slides(), {object});
+    const auto places = Page(message.slides()).place({object});
     EXPECT_EQ(areaOf(places, SMIL_MEDIA_IMAGE), QRectF(QPointF(0, 0), HandsetPage));
     EXPECT_TRUE(places[0].sharesPage);
 }
@@ -150,7 +149,7 @@ TEST(RenderLayout, RegionWithoutVisibleAreaIsIgnored)
         addRegion(&message, QStringLiteral("a"), area);
         message.slides().appendSlide(3000u);
         const auto *object = addObject(&message, 0, SMIL_MEDIA_IMAGE, QStringLiteral("a"), "a");
-        EXPECT_EQ(placeObjects(message.slides(), {object})[0].area,
+        EXPECT_EQ(Page(message.slides()).place({object})[0].area,
                   QRectF(QPointF(0, 0), HandsetPage));
     }
 }

@@ -1,5 +1,5 @@
 /*
- * Pictures on the page: fitted into regions, the first of an animation, and refused if too large.
+ * Pictures on the page: fitted into regions, rotated, and the first of an animation.
  */
 #include "render/picture.h"
 
@@ -39,24 +39,6 @@ void expectNear(const QRect &actual, const QRect &expected, int tolerance = 1)
     EXPECT_NEAR(actual.right(), expected.right(), tolerance);
     EXPECT_EQ(actual.top(), expected.top());
     EXPECT_EQ(actual.bottom(), expected.bottom());
-}
-
-QByteArray jpeg(const QImage &image)
-{
-    QByteArray octets;
-    QBuffer buffer(&octets);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "JPEG", 100);
-    return octets;
-}
-
-Picture readGreyJpeg(const QSize &size)
-{
-    QImage image(size, QImage::Format_Grayscale8);
-    image.fill(0);
-    MMS_COMP_SMILMultipartBodypart part;
-    part.setBodyData(jpeg(image));
-    return readPicture(part);
 }
 
 // A JPEG of a camera that was held upright: its left side must be shown on top.
@@ -153,22 +135,4 @@ TEST(RenderPicture, IsRotatedByItsOrientation)
     EXPECT_EQ(boundsOfDrawing(page), QRect(20, 30, 16, 32));
     EXPECT_TRUE(isNear(page.pixel(28, 33), Red));
     EXPECT_TRUE(isNear(page.pixel(28, 58), Blue));
-}
-
-TEST(RenderPicture, HugePictureIsDecodedSmaller)
-{
-    const Picture picture = readGreyJpeg({8000, 4000});
-    EXPECT_EQ(picture.size, QSizeF(8000, 4000));
-    EXPECT_EQ(picture.image.size(), QSize(2048, 1024));
-}
-
-TEST(RenderPicture, IsRefusedAboveSixtyFourMillionPixels)
-{
-    EXPECT_FALSE(readGreyJpeg({8000, 8000}).image.isNull());
-    EXPECT_TRUE(readGreyJpeg({8000, 8001}).image.isNull());
-}
-
-TEST(RenderPicture, ScaledThinPictureKeepsOnePixel)
-{
-    EXPECT_EQ(readGreyJpeg({1, 30000}).image.size(), QSize(1, 2048));
 }

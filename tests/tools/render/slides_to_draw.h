@@ -58,6 +58,11 @@ inline void addRegion(Message *message, const QString &id, const QRectF &area,
                                    float(area.height()), QString::fromLatin1(fit), id);
 }
 
+inline QImage renderSlide(const Message &message, unsigned int index, int scale)
+{
+    return SlideRenderer(message, scale).render(index);
+}
+
 /// A message with one slide, which has one object in a region.
 struct OneObject
 {
@@ -87,6 +92,15 @@ inline QByteArray png(const QImage &image)
     QBuffer buffer(&octets);
     buffer.open(QIODevice::WriteOnly);
     image.save(&buffer, "PNG");
+    return octets;
+}
+
+inline QByteArray jpeg(const QImage &image)
+{
+    QByteArray octets;
+    QBuffer buffer(&octets);
+    buffer.open(QIODevice::WriteOnly);
+    image.save(&buffer, "JPEG", 100);
     return octets;
 }
 

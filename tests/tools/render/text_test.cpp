@@ -33,6 +33,12 @@ const ReadRow readRows[] = {
     {"nothing but blanks", "20 0D 0A 09 20"_octets, u""},
 };
 
+QString decoded(const MMS_COMP_SMILMultipartBodypart &part)
+{
+    const QvlMessage message;
+    return Texts(message).find(part);
+}
+
 struct ScriptRow
 {
     const char *name;
@@ -82,7 +88,7 @@ TEST(ShownText, IsDecodedUpToItsFirstNul)
     for (const ReadRow &row : readRows) {
         MMS_COMP_SMILMultipartBodypart part;
         part.setBodyData(row.octets);
-        EXPECT_EQ(shownText(QvlMessage(), part).toStdU16String(), row.text) << row.name;
+        EXPECT_EQ(decoded(part).toStdU16String(), row.text) << row.name;
     }
 }
 
@@ -90,7 +96,43 @@ TEST(ShownText, IsTruncatedBeyondAnyPage)
 {
     MMS_COMP_SMILMultipartBodypart part;
     part.setBodyData(QByteArray(10'000'000, 'a'));
-    EXPECT_EQ(shownText(QvlMessage(), part).size(), 10000);
+    EXPECT_EQ(decoded(part).size(), 10000);
+}
+
+TEST(ShownText, IsDecodedOnceForAllItsUses)
+{
+    const QvlMessage message;
+    MMS_COMP_SMILMultipartBodypart part;
+    part.setBodyData("text");
+    Texts texts(message);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_EQ(texts.find(part), "text");
+    EXPECT_EQ(texts.decodings(), 1);
+}
+
+TEST(FittingText, IsAsMuchAsTheAreaHolds)
+{
+    const QString text(100'000, QLatin1Char('a'));
+    EXPECT_GT(fittingText(text, {120, 160}, 12).size(), 10 * 20);
+    EXPECT_LT(fittingText(text, {120, 160}, 12).size(), 2000);
+    EXPECT_EQ(fittingText(text, {1200, 1600}, 120).size(),
+              fittingText(text, {120, 160}, 12).size());
+    EXPECT_EQ(fittingText(text, {2048, 2048}, 1).size(), 10000);
+    EXPECT_EQ(fittingText(QStringLiteral("abc"), {120, 160}, 12), "abc");
+}
+
+TEST(FittingText, HoldsEveryLetterThatIsDrawn)
+{
+    const QString narrow(2000, QLatin1Char('i'));
+    QTextLayout layout(narrow, pictureFont(12));
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAnywhere);
+    layout.setTextOption(option);
+    layout.beginLayout();
+    QTextLine line = layout.createLine();
+    line.setLineWidth(120);
+    layout.endLayout();
+    EXPECT_GT(fittingText(narrow, {120, 12}, 12).size(), line.textLength());
 }
 
 TEST(RenderText, IsDrawnInItsColorInsideItsRegion)
