@@ -64,9 +64,20 @@ on_user 'qvlmms show --json clip.mms' | grep playDuration >/dev/null || fail "qv
 quietly on_user 'qvlmms render related.mms . && [ -s slide-1.png ]'
 [ "$(on_user 'qvlmms --version')" = "qvlmms $(on_user "dpkg-query -W -f '\${Version}' qvlmms")" ] \
   || fail "qvlmms and its package have different versions"
-for file in man/man1/qvlmms.1.gz bash-completion/completions/qvlmms zsh/vendor-completions/_qvlmms; do
+for file in man/man1/qvlmms.1.gz bash-completion/completions/qvlmms zsh/vendor-completions/_qvlmms \
+  mime/packages/qvlmms.xml thumbnailers/qvlmms.thumbnailer; do
   [ -s "$user/usr/share/$file" ] || fail "/usr/share/$file is missing"
 done
+
+step "the desktop"
+install_on_user 'file libfile-mimeinfo-perl shared-mime-info xdg-utils'
+quietly on_user 'cp related.mms unnamed && update-mime-database /usr/share/mime'
+for file in related.mms unnamed; do
+  [ "$(on_user "xdg-mime query filetype $file")" = application/vnd.wap.mms-message ] \
+    || fail "the desktop does not recognize $file"
+done
+quietly on_user "$(sed -n 's/^Exec=//p' "$source_dir/tools/desktop/qvlmms.thumbnailer" \
+  | sed 's/%s/128/; s/%i/related.mms/; s/%o/thumbnail.png/') && [ -s thumbnail.png ]"
 
 step "a program"
 install_on_user '/packages/libqvlsmilparser-dev_*.deb cmake g++ ninja-build pkgconf'

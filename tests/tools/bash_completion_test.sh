@@ -43,7 +43,7 @@ show --json a|a b.jpg a.mms
 extract a.mms f|folder
 extract -|--help --max-size
 smil -|--help --max-size --model
-render -|--help --max-decoded --max-drawn --max-size --max-slides --scale
+render -|--help --max-decoded --max-drawn --max-size --max-slides --scale --thumbnail --width
 compose -o a.|a.mms
 compose --image a|a b.jpg a.mms
 compose --to ''|

@@ -29,6 +29,20 @@ done
 "$qvlmms" render "$2/messages/related.mms" "$work/deep/pictures" >/dev/null
 cmp "$work/double.png" "$work/deep/pictures/slide-1.png" || fail "did not replace an existing picture"
 
+thumbnail=$work/thumbnail.png
+"$qvlmms" render --thumbnail 128 "$2/messages/related.mms" "$thumbnail" >"$work/printed"
+grep -qxF "wrote $thumbnail ($(size_in "$thumbnail"))" "$work/printed" || fail "did not report the thumbnail"
+[ "$(size_in "$thumbnail")" = 96x128 ] || fail "the thumbnail is as large as $(size_in "$thumbnail")"
+"$qvlmms" render --thumbnail 128 "$2/messages/related.mms" - | cmp - "$thumbnail" || fail "standard output differs"
+
+"$qvlmms" compose -o "$work/long.mms" --to 1 --text "$(printf 'word %.0s' {1..99})" >/dev/null
+"$qvlmms" render --width 900 "$work/long.mms" "$work/long" >"$work/printed" 2>"$work/error"
+grep -qxF 'qvlmms: slide 1: the text slide1.txt does not fit; see contact-sheet.png' "$work/error" \
+  || fail "does not report a long text"
+[[ "$(size_in "$work/long/contact-sheet.png")" == 900x* ]] || fail "the sheet has another width"
+"$qvlmms" render --max-slides 1 "$2/messages/related.mms" "$work/long" 2>&1 >/dev/null \
+  | grep -q '^qvlmms: slides that were not rendered: 1, from slide 2 on' || fail "does not report a limit"
+
 refuse() { # CODE PATTERN ARGUMENT...
   local code=$1 pattern=$2 actual=0
   shift 2
@@ -38,6 +52,13 @@ refuse() { # CODE PATTERN ARGUMENT...
 for scale in 0 9 -1 2.5 two '' 99999999999; do
   refuse 2 "^qvlmms: --scale $scale: a number from 1 to 8 is expected\$" "--scale=$scale" "$2/messages/related.mms" "$work/none"
 done
+for width in 99 3001 wide; do
+  refuse 2 "^qvlmms: --width $width: a number from 100 to 3000 is expected\$" "--width=$width" "$2/messages/related.mms" "$work/none"
+done
+refuse 2 '^qvlmms: --thumbnail 0: a number from 1 to 1024 is expected$' --thumbnail 0 "$2/messages/related.mms" "$work/none"
+refuse 2 '^qvlmms: --thumbnail determines the size; leave out --scale and --width$' \
+  --thumbnail 9 --width 200 "$2/messages/related.mms" "$work/none"
+refuse 1 'notification.mms: the message has no slides; ' --thumbnail 9 "$2/messages/notification.mms" "$work/none"
 refuse 2 'too few arguments: DIR is missing$' "$2/messages/related.mms"
 refuse 2 'cannot read .*/missing.mms: there is no such file' "$work/missing.mms" "$work/none"
 refuse 1 'notification.mms: the message has no slides; qvlmms show lists its contents$' "$2/messages/notification.mms" "$work/none"

@@ -24,7 +24,7 @@ QString standardValue(const Option &option)
 {
     if (option.isSize)
         return sizeText(StandardSizeLimit);
-    return option.isNumber() ? QString::number(option.numbers.standard) : QString();
+    return option.numbers.standard > 0 ? QString::number(option.numbers.standard) : QString();
 }
 
 void addOptions(QCommandLineParser *parser, const Description &description)
@@ -98,10 +98,11 @@ QString expectation(const Option &option, const QString &given)
         return sizeFrom(given)
             ? QString()
             : QStringLiteral("a size from 1 to %1 such as 100M").arg(sizeText(LargestSizeLimit));
+    const auto [standard, least, most] = option.numbers;
     const int number = given.toInt(); // 0 when it is not a number
-    return number >= 1 && number <= option.numbers.most
+    return number >= least && number <= most
         ? QString()
-        : QStringLiteral("a number from 1 to %1").arg(option.numbers.most);
+        : QStringLiteral("a number from %1 to %2").arg(least).arg(most);
 }
 
 // Describes the first option whose value is not one of its numbers or no size, or nothing.
@@ -111,6 +112,8 @@ QString wrongValue(const QCommandLineParser &parser, const Description &descript
         if (!option.isNumber() && !option.isSize)
             continue; // newer Qt ends the process when an option takes no value
         const QString name = QString::fromLatin1(option.name);
+        if (!parser.isSet(name))
+            continue;
         const QString given = parser.value(name);
         if (const QString expected = expectation(option, given); !expected.isEmpty())
             return dashed(name) + QLatin1Char(' ') + given + QLatin1String(": ") + expected

@@ -68,9 +68,9 @@ QString numbersText(const Option &option)
             .arg(sizeText(LargestSizeLimit), sizeText(StandardSizeLimit));
     if (!option.isNumber())
         return QString();
-    return QStringLiteral(", 1 to %1 (default %2)")
-        .arg(option.numbers.most)
-        .arg(option.numbers.standard);
+    const auto [standard, least, most] = option.numbers;
+    const QString range = QStringLiteral(", %1 to %2").arg(least).arg(most);
+    return standard > 0 ? range + QStringLiteral(" (default %1)").arg(standard) : range;
 }
 
 QList<Row> rowsOf(const QList<Option> &options)

@@ -15,10 +15,11 @@ struct Argument
     const char *help;
 };
 
-/// The whole numbers from 1 to @p most, and the default.
+/// The whole numbers from @p least to @p most, and the default.
 struct Numbers
 {
-    int standard = 0;
+    int standard = 0; ///< 0 when there is none
+    int least = 1;
     int most = 0; ///< 0 when the value is not a number
 };
 

@@ -12,7 +12,7 @@ namespace {
 int extractToFolder(Message &message, const QCommandLineParser &arguments)
 {
     const bool hasParts = message.parts().getPartCount() > 0;
-    const auto write = [&](const QString &directory, QStringList *report, QString *error) {
+    const auto write = [&](const QString &directory, Report *report, QString *error) {
         return extractParts(message, directory, report, error);
     };
     const int exitCode =

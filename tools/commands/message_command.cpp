@@ -104,11 +104,13 @@ int writeToFolder(const Message &message, const QString &directory, bool hasFile
     }
     if (hasFiles && !createFolder(directory))
         return CannotDo;
-    QStringList report;
+    Report report;
     QString error;
     const bool written = write(directory, &report, &error);
-    for (const QString &line : report)
+    for (const QString &line : report.written)
         print(stdout, line.toUtf8() + '\n');
+    for (const QString &line : report.remarks)
+        printError(line);
     if (!written) {
         printError(error);
         return CannotDo;

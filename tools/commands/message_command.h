@@ -6,6 +6,7 @@
 
 #include "commands/command_line.h"
 #include "input/message.h"
+#include "output/report.h"
 
 #include <QString>
 #include <QStringList>
@@ -44,10 +45,9 @@ int refuse(const Message &message, const QString &why);
 /// Prints why the file cannot be a message, if that is so.
 void printAdvice(const Message &message);
 
-/// Writes files to a folder and adds a line to @p report for each. False, with the reason in
-/// @p error, if a file cannot be written.
-using WriteFiles =
-    std::function<bool(const QString &directory, QStringList *report, QString *error)>;
+/// Writes files to a folder and reports each. False, with the reason in @p error, if a file cannot
+/// be written.
+using WriteFiles = std::function<bool(const QString &directory, Report *report, QString *error)>;
 
 /// Creates the folder @p directory if @p hasFiles, calls @p write for it, and prints the report.
 /// Returns the exit code, also for a message that was refused.

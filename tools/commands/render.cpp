@@ -2,6 +2,8 @@
 
 #include "commands/message_command.h"
 #include "render/render.h"
+#include "render/sheet.h"
+#include "render/slide_files.h"
 
 #include <QCommandLineParser>
 
@@ -10,23 +12,64 @@ using namespace CommandLine;
 namespace {
 
 constexpr int MostOfAnyLimit = 1'000'000;
+constexpr int MostThumbnailSize = 1024;
 
-int renderToFolder(Message &message, const QCommandLineParser &arguments)
+int number(const QCommandLineParser &arguments, const char *option)
 {
-    const auto number = [&](const char *option) {
-        return arguments.value(QLatin1String(option)).toInt();
-    };
-    const RenderLimits limits{number("max-slides"), number("max-drawn"), number("max-decoded")};
+    return arguments.value(QLatin1String(option)).toInt();
+}
+
+RenderLimits limitsFrom(const QCommandLineParser &arguments)
+{
+    return {number(arguments, "max-slides"), number(arguments, "max-drawn"),
+            number(arguments, "max-decoded")};
+}
+
+int refuseWithoutSlides(const Message &message)
+{
+    return message.isRefused()
+        ? refuse(message)
+        : refuse(message,
+                 QStringLiteral("the message has no slides; qvlmms show lists its contents"));
+}
+
+int renderToFolder(const Message &message, const QCommandLineParser &arguments)
+{
     const bool hasSlides = message.slides().getTotalSlidesNum() > 0;
-    const auto write = [&](const QString &directory, QStringList *report, QString *error) {
-        return renderSlides(message, directory, number("scale"), limits, report, error);
+    const PictureSizes sizes{arguments.isSet(QStringLiteral("scale")) ? number(arguments, "scale")
+                                                                      : 0,
+                             number(arguments, "width")};
+    const auto write = [&](const QString &directory, Report *report, QString *error) {
+        return writeSlides(message, directory, sizes, limitsFrom(arguments), report, error);
     };
     const int exitCode =
         writeToFolder(message, arguments.positionalArguments().at(1), hasSlides, write);
-    if (exitCode != AllDecoded || hasSlides)
-        return exitCode;
-    return refuse(message,
-                  QStringLiteral("the message has no slides; qvlmms show lists its contents"));
+    return exitCode != AllDecoded || hasSlides ? exitCode : refuseWithoutSlides(message);
+}
+
+int renderThumbnail(const Message &message, const QCommandLineParser &arguments)
+{
+    if (message.slides().getTotalSlidesNum() == 0)
+        return refuseWithoutSlides(message);
+    const QImage page = firstPage(message, number(arguments, "thumbnail"), limitsFrom(arguments));
+    if (page.isNull()) {
+        printError(QStringLiteral("the first slide exceeds --max-drawn"));
+        return CannotDo;
+    }
+    const QString size = QStringLiteral(" (%1x%2)").arg(page.width()).arg(page.height());
+    const int exitCode = writeOutput(pngOctets(page), arguments.positionalArguments().at(1), size);
+    return exitCode == AllDecoded && message.isRefused() ? refuse(message) : exitCode;
+}
+
+int renderMessage(Message &message, const QCommandLineParser &arguments)
+{
+    if (!arguments.isSet(QStringLiteral("thumbnail")))
+        return renderToFolder(message, arguments);
+    if (arguments.isSet(QStringLiteral("scale")) || arguments.isSet(QStringLiteral("width"))) {
+        printError(QStringLiteral("--thumbnail determines the size; leave out --scale and --width"));
+        return CannotDo;
+    }
+    return renderThumbnail(message, arguments);
 }
 
 } // namespace
@@ -39,19 +82,31 @@ Command Commands::render()
              .summary = "render the slides of a message as the handset shows them",
              .purpose = "Renders every slide of a message, and a contact sheet of all slides, and "
                         "writes the pictures to a folder as slide-1.png and so on and "
-                        "contact-sheet.png. Files of these names are replaced. Limits bound the "
+                        "contact-sheet.png. Files of these names are replaced. The sheet also "
+                        "has the texts that do not fit into their slides. Limits bound the "
                         "time and memory for one message; a line says which limit left out "
                         "slides or media.",
              .exitCodes =
                  "0 rendered, 1 the message was refused or has no slides, 2 wrong usage or a "
                  "file that cannot be read or written.",
              .arguments = {{"FILE", "file with one message; - is standard input"},
-                           {"DIR", "folder for the pictures; created if it does not exist"}},
+                           {"DIR",
+                            "folder for the pictures, created if it does not exist; with "
+                            "--thumbnail the PNG file, or - for standard output"}},
              .groups = {{"Options",
                          {{.name = "scale",
                            .value = "N",
                            .help = "width and height of a handset pixel in picture pixels",
                            .numbers = {.standard = 2, .most = LargestScale}},
+                          {.name = "width",
+                           .value = "PIXELS",
+                           .help = "width of the contact sheet; makes its slides, and unless "
+                                   "--scale is given all pictures, as large as that needs",
+                           .numbers = {.least = LeastSheetWidth, .most = MostSheetWidth}},
+                          {.name = "thumbnail",
+                           .value = "SIZE",
+                           .help = "write only the first slide, with a longer side of SIZE pixels",
+                           .numbers = {.most = MostThumbnailSize}},
                           {.name = "max-slides",
                            .value = "N",
                            .help = "slides that are rendered",
@@ -65,7 +120,7 @@ Command Commands::render()
                            .help = "millions of pixels of pictures that are decoded",
                            .numbers = {.standard = RenderLimits().decoded, .most = MostOfAnyLimit}},
                           SizeLimitOption}}}},
-        .run = onMessage(renderToFolder),
+        .run = onMessage(renderMessage),
         .draws = true,
     };
 }

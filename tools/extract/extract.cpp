@@ -88,8 +88,7 @@ QString safeFileName(const QString &location, const QString &fallback)
     return name.isEmpty() ? fallback : shortened(name);
 }
 
-bool extractParts(const Message &message, const QString &directory, QStringList *report,
-                  QString *error)
+bool extractParts(const Message &message, const QString &directory, Report *report, QString *error)
 {
     for (int i = 0; i < message.parts().getPartCount(); ++i) {
         const Part &part = *message.parts().getBodypartByIndex(i);
@@ -99,10 +98,10 @@ bool extractParts(const Message &message, const QString &directory, QStringList 
             *error = cannotWrite(path, qt_error_string(failure));
             return false;
         }
-        *report += writtenFileText(path,
-                                   QStringLiteral(" (%1 octets, ").arg(part.getBodyDataLen())
-                                       + part.getMimeFormat() + decodingText(message, i)
-                                       + QLatin1Char(')'));
+        report->written += writtenFileText(
+            path,
+            QStringLiteral(" (%1 octets, ").arg(part.getBodyDataLen()) + part.getMimeFormat()
+                + decodingText(message, i) + QLatin1Char(')'));
     }
     return true;
 }

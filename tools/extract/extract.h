@@ -3,6 +3,8 @@
  */
 #pragma once
 
+#include "output/report.h"
+
 #include <QString>
 #include <QStringList>
 
@@ -20,5 +22,4 @@ QString safeFileName(const QString &location, const QString &fallback);
  * name when a file of that name exists. Adds a line to @p report for each part. False, with the
  * reason in @p error, when a file cannot be written.
  */
-bool extractParts(const Message &message, const QString &directory, QStringList *report,
-                  QString *error);
+bool extractParts(const Message &message, const QString &directory, Report *report, QString *error);

@@ -1,26 +1,17 @@
 #include "render/render.h"
 
-#include "input/file_name.h"
 #include "input/message.h"
-#include "output/write_file.h"
-#include "render/sheet.h"
 #include "render/strip.h"
-#include "view/file_view.h"
-#include "view/terminal_text.h"
 
-#include <QBuffer>
 #include <QPainter>
 
 #include <algorithm>
-#include <utility>
 
 namespace {
 
 using Object = MMS_COMP_SMILMediaObject;
 using Slide = MMS_COMP_SMILTimingContainer;
-using TerminalText::visible;
 
-constexpr qint64 Million = 1'000'000;
 constexpr int LongestDrawnSide = 4096; // of the page, in picture pixels
 constexpr qint64 MostDrawnPixels = 10'000'000;
 constexpr int TextMargin = 3; // these are handset pixels on the handset's own page
@@ -29,7 +20,6 @@ constexpr int BoxMargin = 4;
 // Work that takes as long as drawing and writing this number of pixels.
 constexpr qint64 SlideWork = 10'000;
 constexpr qint64 ObjectWork = 2'000;
-constexpr qint64 CharacterWork = 40;
 constexpr qint64 DrawnPixelsForOne = 8; // pixels that are drawn as fast as one is written
 
 constexpr QRgb VideoFrame = qRgb(0x20, 0x24, 0x2A);
@@ -130,77 +120,18 @@ int scaleWithin(const QSize &page, int scale)
     return scale;
 }
 
-bool writePicture(const QImage &image, const QString &path, QStringList *report, QString *error)
-{
-    QBuffer png;
-    if (!png.open(QIODevice::WriteOnly) || !image.save(&png, "PNG")) {
-        *error = cannotWrite(path, QStringLiteral("there is not enough memory for the picture"));
-        return false;
-    }
-    if (!replaceFile(png.data(), path, error))
-        return false;
-    *report +=
-        writtenFileText(path, QStringLiteral(" (%1x%2)").arg(image.width()).arg(image.height()));
-    return true;
-}
-
-QString sheetName(unsigned int sheet)
-{
-    return sheet == 0 ? QStringLiteral("contact-sheet.png")
-                      : QStringLiteral("contact-sheet-%1.png").arg(sheet + 1);
-}
-
-QString limitText(const QString &limit, const char *option)
-{
-    return QStringLiteral("limit: %1; raise it with %2").arg(limit, QLatin1String(option));
-}
-
-QString millions(int pixels)
-{
-    return QStringLiteral("%1 million pixels").arg(pixels);
-}
-
-// The lines for what the limits left out; @p firstMissing is the first slide that was not rendered.
-QStringList missingLines(const SlideRenderer &renderer, const RenderLimits &limits,
-                         unsigned int firstMissing, unsigned int total)
-{
-    const QString drawn = limitText(millions(limits.drawn), "--max-drawn");
-    const QString slides = firstMissing == unsigned(limits.slides)
-        ? limitText(QStringLiteral("%1 slides").arg(limits.slides), "--max-slides")
-        : drawn;
-    const Missing notRendered{int(total - firstMissing),
-                              QStringLiteral("slide %1").arg(firstMissing + 1)};
-    QStringList lines{
-        renderer.notDecoded().text(QStringLiteral("pictures that were not decoded"),
-                                   limitText(millions(limits.decoded), "--max-decoded")),
-        renderer.notDrawn().text(QStringLiteral("media that were not drawn"), drawn),
-        notRendered.text(QStringLiteral("slides that were not rendered"), slides)};
-    lines.removeAll(QString());
-    return lines;
-}
-
 } // namespace
 
-void Missing::add(const QString &one)
+void Missing::add(int slide)
 {
     if (count++ == 0)
-        first = one;
-}
-
-QString Missing::text(const QString &what, const QString &limit) const
-{
-    if (count == 0)
-        return QString();
-    return QStringLiteral("%1: %2, from %3 on (%4)")
-        .arg(what)
-        .arg(count)
-        .arg(visible(first), limit);
+        firstSlide = slide;
 }
 
 /// How a slide is drawn.
 struct SlideRenderer::Style
 {
-    QString slide; ///< its name in reports
+    int number; ///< of the slide, counts from 1
     QColor paper;
     QColor ink; ///< contrasts with the paper
     QColor textInk;
@@ -222,7 +153,7 @@ QSize SlideRenderer::wholeSize() const
 SlideRenderer::Style SlideRenderer::styleOf(const Slide &slide, unsigned int index) const
 {
     Style style;
-    style.slide = QStringLiteral("slide %1").arg(index + 1);
+    style.number = int(index) + 1;
     style.paper = paperOf(m_message.slides(), slide);
     style.ink = qGray(style.paper.rgb()) < 128 ? Qt::white : Qt::black;
     style.textInk = isGiven(slide.getTextColor()) ? slide.getTextColor().color : style.ink;
@@ -263,7 +194,7 @@ void SlideRenderer::drawObject(QPainter *painter, const Style &style, const Plac
     if (area.isEmpty())
         return;
     if (!m_drawn.take(costOf(style, *place.object, area)))
-        return m_notDrawn.add(style.slide);
+        return m_notDrawn.add(style.number);
     painter->save();
     painter->setClipRect(area);
     painter->setFont(pictureFont(LabelHeight * m_unit));
@@ -290,12 +221,12 @@ void SlideRenderer::drawImage(QPainter *painter, const Style &style, const Place
 {
     const Picture picture = m_pictures.find(*place.object->getData(), place, m_scale);
     if (m_pictures.isBeyondLimit(*place.object->getData()))
-        m_notDecoded.add(style.slide);
+        m_notDecoded.add(style.number);
     if (picture.image.isNull())
         return drawNotShown(painter, m_unit, style.ink, area, place.object->getSrc());
     const PictureDrawing drawing(picture, place, m_page.size(), m_scale);
     if (!m_drawn.take(drawing.scaledPixels() / DrawnPixelsForOne))
-        return m_notDrawn.add(style.slide);
+        return m_notDrawn.add(style.number);
     drawing.draw(painter);
 }
 
@@ -306,20 +237,20 @@ void SlideRenderer::drawTextOf(QPainter *painter, const Style &style, const Plac
     const double top = place.sharesPage ? margin : 0;
     painter->setFont(pictureFont(style.textHeight));
     painter->setPen(style.textInk);
-    drawText(painter, area.adjusted(margin, top, -margin, 0),
-             m_texts.find(*place.object->getData()));
+    const QString text = m_texts.find(*place.object->getData());
+    if (!drawText(painter, area.adjusted(margin, top, -margin, 0), text))
+        m_longTexts += {place.object->getSrc(), text};
 }
 
-QImage SlideRenderer::render(unsigned int index)
+QImage SlideRenderer::render(unsigned int index, const QSize &size)
 {
+    m_longTexts.clear();
     const Slide *slide = m_message.slides().getSlide(index);
-    const QSize whole = wholeSize();
-    const QSize size = whole * m_scale;
-    if (!slide
-        || !m_drawn.take(SlideWork + qint64(size.width()) * size.height() + sheetPixels(size)))
+    const QSize pixels = size * m_scale;
+    if (!slide || !m_drawn.take(SlideWork + qint64(pixels.width()) * pixels.height()))
         return QImage();
     const Style style = styleOf(*slide, index);
-    QImage image(size, QImage::Format_RGB32);
+    QImage image(pixels, QImage::Format_RGB32);
     image.fill(style.paper);
     QPainter painter(&image);
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
@@ -327,40 +258,9 @@ QImage SlideRenderer::render(unsigned int index)
     painter.scale(m_scale, m_scale);
     for (const PlacedObject &place : m_page.place(objectsOnPage(*slide)))
         drawObject(&painter, style, place);
-    const QRectF strip(0, m_page.size().height(), whole.width(),
-                       whole.height() - m_page.size().height());
-    drawStrip(&painter, strip, m_unit, index + 1, *slide);
+    const QRectF strip(0, m_page.size().height(), size.width(),
+                       size.height() - m_page.size().height());
+    if (!strip.isEmpty())
+        drawStrip(&painter, strip, m_unit, index + 1, *slide);
     return image;
-}
-
-bool renderSlides(const Message &message, const QString &directory, int scale,
-                  const RenderLimits &limits, QStringList *report, QString *error)
-{
-    const unsigned int total = message.slides().getTotalSlidesNum();
-    const unsigned int most = std::min(total, unsigned(limits.slides));
-    SlideRenderer renderer(message, scale, limits);
-    QList<QImage> thumbnails;
-    unsigned int count = 0;
-    const auto writeSheet = [&] {
-        return thumbnails.isEmpty()
-            || writePicture(contactSheet(std::exchange(thumbnails, {})),
-                            FileName::inFolder(directory, sheetName((count - 1) / SlidesPerSheet)),
-                            report, error);
-    };
-    for (; count < most; ++count) {
-        if (thumbnails.size() == SlidesPerSheet && !writeSheet())
-            return false;
-        const QImage slide = renderer.render(count);
-        if (slide.isNull())
-            break;
-        if (!writePicture(
-                slide, FileName::inFolder(directory, QStringLiteral("slide-%1.png").arg(count + 1)),
-                report, error))
-            return false;
-        thumbnails += thumbnail(slide);
-    }
-    if (!writeSheet())
-        return false;
-    *report += missingLines(renderer, limits, count, total);
-    return true;
 }

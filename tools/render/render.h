@@ -17,23 +17,20 @@ struct Message;
 /// Most picture pixels, in each direction, for one handset pixel.
 constexpr int LargestScale = 8;
 
-/// Limits on the work for one message. The defaults take less than two seconds.
-struct RenderLimits
-{
-    int slides = 1000;
-    int drawn = 20; ///< millions of pixels of slides and contact sheets
-    int decoded = 40; ///< millions of pixels of pictures
-};
-
-/// Things that are missing in the rendered slides: how many, and the first of them.
+/// Things that are missing in the rendered slides: how many, and the slide of the first of them.
 struct Missing
 {
     int count = 0;
-    QString first;
+    int firstSlide = 0; ///< counts from 1
 
-    void add(const QString &one);
-    /// "" if nothing is missing.
-    QString text(const QString &what, const QString &limit) const;
+    void add(int slide);
+};
+
+/// A text that does not fit into its area.
+struct LongText
+{
+    QString name;
+    QString text;
 };
 
 /// Renders the slides of a message. Needs a QGuiApplication.
@@ -44,12 +41,18 @@ public:
     /// larger than any screen.
     SlideRenderer(const Message &message, int scale, const RenderLimits &limits = {});
 
-    /// Null if there is no slide at @p index, or if it exceeds the limit on drawn pixels.
-    QImage render(unsigned int index);
+    /// Size of the picture of a slide.
+    QSize size() const { return wholeSize() * m_scale; }
+    /// The page of a slide and a strip below it. Null if there is no slide at @p index, or if it
+    /// exceeds the limit on drawn pixels.
+    QImage render(unsigned int index) { return render(index, wholeSize()); }
+    /// The page without the strip.
+    QImage renderPage(unsigned int index) { return render(index, m_page.size()); }
 
-    /// Drawn pixels so far, including the pixels of a contact sheet for each slide. Media count as
-    /// the pixels that take as long to draw and write.
-    qint64 drawnPixels() const { return m_drawn.done(); }
+    /// The texts of the last slide that do not fit.
+    const QList<LongText> &longTexts() const { return m_longTexts; }
+    /// The count of drawn pixels. Media count as the pixels that take as long to draw and write.
+    Work &drawn() { return m_drawn; }
     const Pictures &pictures() const { return m_pictures; }
     const Texts &texts() const { return m_texts; }
     /// Media that were not drawn because of the limit on drawn pixels.
@@ -63,6 +66,7 @@ private:
     using Slide = MMS_COMP_SMILTimingContainer;
 
     QSize wholeSize() const;
+    QImage render(unsigned int index, const QSize &size);
     Style styleOf(const Slide &slide, unsigned int index) const;
     QList<const Object *> objectsOnPage(const Slide &slide);
     bool isEmptyText(const Object &object);
@@ -82,14 +86,7 @@ private:
     Work m_drawn;
     Pictures m_pictures;
     Texts m_texts;
+    QList<LongText> m_longTexts;
     Missing m_notDrawn;
     Missing m_notDecoded;
 };
-
-/**
- * Writes a picture of every slide of @p message, and contact sheets of all slides, to the folder
- * @p directory. Replaces files of the same names. Adds a line to @p report for each file and for
- * each limit that was met. False, with the reason in @p error, if a file cannot be written.
- */
-bool renderSlides(const Message &message, const QString &directory, int scale,
-                  const RenderLimits &limits, QStringList *report, QString *error);

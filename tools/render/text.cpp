@@ -2,14 +2,14 @@
 
 #include "view/terminal_text.h"
 
-#include <QTextLayout>
-
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
-constexpr qsizetype LongestText = 10000; // characters; more than fit on any page
+constexpr qsizetype LongestText = 20'000; // characters; more than fit on any page
 constexpr qsizetype LongestDrawnName = 200;
+constexpr QChar Ellipsis(0x2026);
 
 QString withLineSeparators(QString text)
 {
@@ -49,7 +49,7 @@ int layOutLines(QTextLayout *layout, const QSizeF &size)
 
 QString elidedAt(const QString &text, qsizetype lineStart, const QFont &font, double width)
 {
-    const QString line = text.sliced(lineStart).section(QChar::LineSeparator, 0, 0) + QChar(0x2026);
+    const QString line = text.sliced(lineStart).section(QChar::LineSeparator, 0, 0) + Ellipsis;
     return text.first(lineStart) + QFontMetricsF(font).elidedText(line, Qt::ElideRight, width);
 }
 
@@ -58,7 +58,8 @@ QString shownText(const QvlMessage &message, const MMS_COMP_SMILMultipartBodypar
     QString text = message.text(part);
     if (const qsizetype end = text.indexOf(QChar(0)); end >= 0)
         text.truncate(end);
-    text.truncate(LongestText);
+    if (text.size() > LongestText)
+        text = text.first(LongestText - 1) + Ellipsis;
     while (!text.isEmpty() && text.back().isSpace())
         text.chop(1);
     return withLineSeparators(text);
@@ -90,24 +91,46 @@ QString fittingText(const QString &text, const QSizeF &size, double height)
     return text.left(qsizetype(std::min(columns * lines, double(LongestText))));
 }
 
-void drawText(QPainter *painter, const QRectF &area, const QString &text)
+TextLines::TextLines(const QString &text, const QSizeF &most, const QFont &font)
 {
-    if (area.isEmpty() || text.isEmpty())
+    if (most.isEmpty() || text.isEmpty()) {
+        m_isWhole = text.isEmpty();
         return;
-    const QString fitting = fittingText(text, area.size(), painter->font().pixelSize());
-    QTextLayout layout(fitting, painter->font());
-    layout.setTextOption(textOptionFor(fitting));
-    int lines = layOutLines(&layout, area.size());
-    const QTextLine last = layout.lineAt(lines - 1);
-    if (last.textStart() + last.textLength() < text.size()) {
-        layout.setText(elidedAt(fitting, last.textStart(), painter->font(), area.width()));
-        lines = std::min(layOutLines(&layout, area.size()), lines);
     }
+    const QString fitting = fittingText(text, most, font.pixelSize());
+    m_layout.setFont(font);
+    m_layout.setText(fitting);
+    m_layout.setTextOption(textOptionFor(fitting));
+    m_count = layOutLines(&m_layout, most);
+    const QTextLine last = m_layout.lineAt(m_count - 1);
+    const bool hasAllLines = last.textStart() + last.textLength() >= text.size();
+    m_isWhole = hasAllLines && height() <= std::ceil(most.height());
+    if (hasAllLines)
+        return;
+    m_layout.setText(elidedAt(fitting, last.textStart(), font, most.width()));
+    m_count = std::min(layOutLines(&m_layout, most), m_count);
+}
+
+int TextLines::height() const
+{
+    const QTextLine last = m_layout.lineAt(m_count - 1);
+    return m_count > 0 ? int(std::ceil(last.y() + last.height())) : 0;
+}
+
+void TextLines::draw(QPainter *painter, const QPointF &corner) const
+{
+    for (int i = 0; i < m_count; ++i)
+        m_layout.lineAt(i).draw(painter, corner);
+}
+
+bool drawText(QPainter *painter, const QRectF &area, const QString &text)
+{
+    const TextLines lines(text, area.size(), painter->font());
     painter->save();
     painter->setClipRect(area, Qt::IntersectClip);
-    for (int i = 0; i < lines; ++i)
-        layout.lineAt(i).draw(painter, area.topLeft());
+    lines.draw(painter, area.topLeft());
     painter->restore();
+    return lines.isWhole();
 }
 
 void drawName(QPainter *painter, const QRectF &area, int flags, const QString &name)

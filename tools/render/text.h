@@ -9,6 +9,7 @@
 #include <QHash>
 #include <QPainter>
 #include <QString>
+#include <QTextLayout>
 
 /// Height of the font of names, in handset pixels on the handset's page.
 constexpr int LabelHeight = 9;
@@ -36,9 +37,27 @@ QFont pictureFont(double pixels);
 /// high. Only this much of a text is broken into lines.
 QString fittingText(const QString &text, const QSizeF &size, double height);
 
+/// A text in lines. The last line ends with an ellipsis if the text does not fit.
+class TextLines
+{
+public:
+    /// The lines of @p text that fit into the size @p most.
+    TextLines(const QString &text, const QSizeF &most, const QFont &font);
+
+    bool isWhole() const { return m_isWhole; }
+    int height() const; ///< rounded up
+    /// Draws in the painter's color.
+    void draw(QPainter *painter, const QPointF &corner) const;
+
+private:
+    QTextLayout m_layout;
+    int m_count = 0;
+    bool m_isWhole = true;
+};
+
 /// Draws @p text in the painter's font and color, from the top of @p area, and clips it to the
-/// area.
-void drawText(QPainter *painter, const QRectF &area, const QString &text);
+/// area. False if it does not fit.
+bool drawText(QPainter *painter, const QRectF &area, const QString &text);
 
 /// Draws a name on one line, with an ellipsis in its middle if it is too long.
 void drawName(QPainter *painter, const QRectF &area, int flags, const QString &name);

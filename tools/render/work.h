@@ -3,7 +3,20 @@
  */
 #pragma once
 
-#include <QtGlobal>
+#include <QString>
+
+/// Limits on the work for one message. The defaults take less than two seconds.
+struct RenderLimits
+{
+    int slides = 1000;
+    int drawn = 20; ///< millions of pixels of slides and contact sheets
+    int decoded = 40; ///< millions of pixels of pictures
+};
+
+constexpr qint64 Million = 1'000'000;
+
+/// Work that takes as long as drawing and writing this number of pixels.
+constexpr qint64 CharacterWork = 40;
 
 class Work
 {

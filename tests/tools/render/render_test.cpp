@@ -1,14 +1,11 @@
 /*
- * Whole slides: page, strip, unsupported media, and the files that are written.
+ * Whole slides: page, strip, and unsupported media.
  */
 #include "render/render.h"
 
 #include "tools/render/slides_to_draw.h"
 
-#include <QDir>
-#include <QFile>
 #include <QGuiApplication>
-#include <QTemporaryDir>
 
 #include <gtest/gtest.h>
 
@@ -34,40 +31,6 @@ const PaperRow paperRows[] = {
     {"red", "blue", Red}, {"", "blue", Blue}, {"no color", "#0000ff", Blue},
     {"#ff0000", "", Red}, {"", "", White},    {"no color", "no color", White},
 };
-
-/// The names in the folder, in order.
-QStringList namesIn(const QTemporaryDir &directory)
-{
-    return QDir(directory.path()).entryList(QDir::Files, QDir::Name);
-}
-
-// Small pages, so that many can be written quickly.
-void addSmallSlides(Message *message, int count)
-{
-    message->slides().setRootLayout(4, 4);
-    for (int i = 0; i < count; ++i)
-        message->slides().appendSlide(3000u);
-}
-
-QStringList reportOf(const Message &message, const QTemporaryDir &directory,
-                     const RenderLimits &limits)
-{
-    QStringList report;
-    QString error;
-    EXPECT_TRUE(renderSlides(message, directory.path(), 1, limits, &report, &error));
-    return report;
-}
-
-// A slide with boxes that cover the page, each in a region of its own.
-void addOverlapping(Message *message, int count)
-{
-    message->slides().appendSlide(3000u);
-    for (int i = 0; i < count; ++i) {
-        const QString id = QString::number(i);
-        addRegion(message, id, {0, 0, 120, 161});
-        addObject(message, 0, SMIL_MEDIA_REF, id, "a");
-    }
-}
 
 // More slides with the object's part.
 void addUses(OneObject *made, int count)
@@ -251,117 +214,18 @@ TEST(RenderSlide, StripShowsNumberAndDuration)
     }
 }
 
-TEST(RenderSlides, WritesEverySlideAndAContactSheet)
-{
-    const QTemporaryDir directory;
-    OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({20, 20}));
-    made.message.slides().appendSlide(3000u);
-    QStringList report;
-    QString error;
-    ASSERT_TRUE(renderSlides(made.message, directory.path(), 2, {}, &report, &error));
-    EXPECT_EQ(namesIn(directory), (QStringList{"contact-sheet.png", "slide-1.png", "slide-2.png"}));
-    EXPECT_EQ(QImage(directory.filePath("slide-1.png")), made.picture(2));
-    const QSize size = made.picture(2).size();
-    EXPECT_EQ(report[1],
-              QStringLiteral("wrote %1/slide-2.png (%2x%3)")
-                  .arg(directory.path())
-                  .arg(size.width())
-                  .arg(size.height()));
-    EXPECT_EQ(report.size(), 3);
-}
-
-TEST(RenderSlides, PutsAHundredSlidesOnASheet)
-{
-    const QTemporaryDir directory;
-    Message message;
-    addSmallSlides(&message, 101);
-    QStringList report;
-    QString error;
-    ASSERT_TRUE(renderSlides(message, directory.path(), 1, {}, &report, &error));
-    EXPECT_EQ(report.size(), 103);
-    const QImage first(directory.filePath("contact-sheet.png"));
-    const QImage second(directory.filePath("contact-sheet-2.png"));
-    EXPECT_GT(first.height(), 10 * second.height());
-    EXPECT_GT(first.width(), 2 * second.width());
-}
-
-TEST(RenderSlides, StopsAfterAThousandSlides)
-{
-    const QTemporaryDir directory;
-    Message message;
-    addSmallSlides(&message, 1002);
-    QStringList report;
-    QString error;
-    ASSERT_TRUE(renderSlides(message, directory.path(), 1, {}, &report, &error));
-    EXPECT_EQ(report.last(),
-              "slides that were not rendered: 2, from slide 1001 on (limit: 1000 slides; raise it "
-              "with --max-slides)");
-    EXPECT_EQ(namesIn(directory).size(), 1010);
-}
-
-TEST(RenderSlides, StopsAtTheLimitOfSlides)
-{
-    const QTemporaryDir directory;
-    Message message;
-    addSmallSlides(&message, 5);
-    const QStringList report = reportOf(message, directory, {.slides = 3});
-    EXPECT_EQ(namesIn(directory),
-              (QStringList{"contact-sheet.png", "slide-1.png", "slide-2.png", "slide-3.png"}));
-    EXPECT_EQ(report.last(),
-              "slides that were not rendered: 2, from slide 4 on (limit: 3 slides; raise it with "
-              "--max-slides)");
-}
-
-TEST(RenderSlides, StopsAtTheLimitOfDrawnPixels)
-{
-    const QTemporaryDir directory;
-    Message message;
-    message.slides().setRootLayout(1000, 600);
-    for (int i = 0; i < 5; ++i)
-        message.slides().appendSlide(3000u);
-    const QStringList report = reportOf(message, directory, {.drawn = 2});
-    EXPECT_EQ(namesIn(directory), (QStringList{"contact-sheet.png", "slide-1.png", "slide-2.png"}));
-    EXPECT_EQ(report.last(),
-              "slides that were not rendered: 3, from slide 3 on (limit: 2 million pixels; raise "
-              "it with --max-drawn)");
-}
-
-TEST(RenderSlides, ReportsMediaThatWereNotDrawn)
-{
-    const QTemporaryDir directory;
-    Message message;
-    addOverlapping(&message, 1000);
-    const QStringList report = reportOf(message, directory, {.drawn = 1});
-    EXPECT_EQ(namesIn(directory), (QStringList{"contact-sheet.png", "slide-1.png"}));
-    EXPECT_TRUE(report.last().startsWith("media that were not drawn: "))
-        << report.last().toStdString();
-    EXPECT_TRUE(report.last().endsWith(
-        ", from slide 1 on (limit: 1 million pixels; raise it with --max-drawn)"));
-}
-
-TEST(RenderSlides, ReportsPicturesThatWereNotDecoded)
-{
-    const QTemporaryDir directory;
-    OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({2000, 1000}));
-    const QStringList report = reportOf(made.message, directory, {.decoded = 1});
-    EXPECT_EQ(report.last(),
-              "pictures that were not decoded: 1, from slide 1 on (limit: 1 million pixels; raise "
-              "it with --max-decoded)");
-    EXPECT_NE(reportOf(made.message, directory, {}).last(), report.last());
-}
-
 TEST(SlideRenderer, CountsThePixelsOfSlidesAndMedia)
 {
     Message message;
     message.slides().appendSlide(3000u);
     SlideRenderer blank(message, 4);
     const QImage slide = blank.render(0);
-    EXPECT_GE(blank.drawnPixels(), qint64(slide.width()) * slide.height());
+    EXPECT_GE(blank.drawn().done(), qint64(slide.width()) * slide.height());
     Message crowded;
     addOverlapping(&crowded, 100);
     SlideRenderer renderer(crowded, 4);
     renderer.render(0);
-    EXPECT_GE(renderer.drawnPixels() - blank.drawnPixels(), 100 * 480 * 640 / 8);
+    EXPECT_GE(renderer.drawn().done() - blank.drawn().done(), 100 * 480 * 640 / 8);
 }
 
 TEST(SlideRenderer, CountsTheCharactersOfTexts)
@@ -372,8 +236,30 @@ TEST(SlideRenderer, CountsTheCharactersOfTexts)
     SlideRenderer second(full.message, 1);
     first.render(0);
     second.render(0);
-    EXPECT_GT(second.drawnPixels(), first.drawnPixels() + 10'000);
-    EXPECT_LT(second.drawnPixels(), first.drawnPixels() + 100'000);
+    EXPECT_GT(second.drawn().done(), first.drawn().done() + 10'000);
+    EXPECT_LT(second.drawn().done(), first.drawn().done() + 100'000);
+}
+
+TEST(SlideRenderer, ListsTheTextsThatDoNotFit)
+{
+    OneObject made(SMIL_MEDIA_TEXT, QByteArray(1000, 'w'));
+    addObject(&made.message, 0, SMIL_MEDIA_TEXT, QStringLiteral("own"), "w");
+    made.message.slides().appendSlide(3000u);
+    SlideRenderer renderer(made.message, 1);
+    renderer.render(0);
+    ASSERT_EQ(renderer.longTexts().size(), 1);
+    EXPECT_EQ(renderer.longTexts()[0].name, "name");
+    EXPECT_EQ(renderer.longTexts()[0].text, QString(1000, QLatin1Char('w')));
+    renderer.render(1);
+    EXPECT_TRUE(renderer.longTexts().isEmpty());
+}
+
+TEST(SlideRenderer, ListsTheTextWhoseLineIsTallerThanItsRegion)
+{
+    const OneObject made(SMIL_MEDIA_TEXT, "w", {0, 0, 120, 5});
+    SlideRenderer renderer(made.message, 1);
+    renderer.render(0);
+    EXPECT_EQ(renderer.longTexts().size(), 1);
 }
 
 TEST(SlideRenderer, DecodesThePictureOfManySlidesOnce)
@@ -394,21 +280,6 @@ TEST(SlideRenderer, DecodesTheTextOfManySlidesOnce)
     for (unsigned int i = 0; i <= 50; ++i)
         EXPECT_FALSE(renderer.render(i).isNull());
     EXPECT_EQ(renderer.texts().decodings(), 1);
-}
-
-TEST(RenderSlides, ReportsTheFileThatCannotBeWritten)
-{
-    const QTemporaryDir directory;
-    ASSERT_TRUE(QDir(directory.path()).mkdir("slide-2.png"));
-    Message message;
-    addSmallSlides(&message, 3);
-    QStringList report;
-    QString error;
-    EXPECT_FALSE(renderSlides(message, directory.path(), 1, {}, &report, &error));
-    EXPECT_EQ(report.size(), 1);
-    EXPECT_TRUE(error.startsWith("cannot write " + directory.filePath("slide-2.png") + ": "))
-        << error.toStdString();
-    EXPECT_EQ(namesIn(directory), QStringList("slide-1.png"));
 }
 
 int main(int argc, char **argv)

@@ -156,3 +156,14 @@ inline QRect boundsOfDrawing(const QImage &page)
 {
     return boundsOf(page, [](QRgb pixel) { return !isNear(pixel, White); });
 }
+
+/// A slide with boxes that cover the page, each in a region of its own.
+inline void addOverlapping(Message *message, int count)
+{
+    message->slides().appendSlide(3000u);
+    for (int i = 0; i < count; ++i) {
+        const QString id = QString::number(i);
+        addRegion(message, id, {0, 0, 120, 161});
+        addObject(message, 0, SMIL_MEDIA_REF, id, "a");
+    }
+}

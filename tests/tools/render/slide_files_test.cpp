@@ -1,0 +1,221 @@
+/*
+ * The files with slides and contact sheets: their names and sizes, and what is reported.
+ */
+#include "render/slide_files.h"
+
+#include "tools/render/slides_to_draw.h"
+
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QTemporaryDir>
+
+namespace {
+
+/// The names in the folder, in order.
+QStringList namesIn(const QTemporaryDir &directory)
+{
+    return QDir(directory.path()).entryList(QDir::Files, QDir::Name);
+}
+
+// Small pages, so that many can be written quickly.
+void addSmallSlides(Message *message, int count)
+{
+    message->slides().setRootLayout(4, 4);
+    for (int i = 0; i < count; ++i)
+        message->slides().appendSlide(3000u);
+}
+
+Report write(const Message &message, const QTemporaryDir &directory,
+             const PictureSizes &sizes = {1}, const RenderLimits &limits = {})
+{
+    Report report;
+    QString error;
+    EXPECT_TRUE(writeSlides(message, directory.path(), sizes, limits, &report, &error))
+        << error.toStdString();
+    return report;
+}
+
+QStringList remarks(const Message &message, const QTemporaryDir &directory,
+                    const RenderLimits &limits)
+{
+    return write(message, directory, {1}, limits).remarks;
+}
+
+} // namespace
+
+TEST(SlideFiles, WritesEverySlideAndAContactSheet)
+{
+    const QTemporaryDir directory;
+    OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({20, 20}));
+    made.message.slides().appendSlide(3000u);
+    const QStringList written = write(made.message, directory, {2}).written;
+    EXPECT_EQ(namesIn(directory), (QStringList{"contact-sheet.png", "slide-1.png", "slide-2.png"}));
+    EXPECT_EQ(QImage(directory.filePath("slide-1.png")), made.picture(2));
+    const QSize size = made.picture(2).size();
+    EXPECT_EQ(written[1],
+              QStringLiteral("wrote %1/slide-2.png (%2x%3)")
+                  .arg(directory.path())
+                  .arg(size.width())
+                  .arg(size.height()));
+    EXPECT_EQ(written.size(), 3);
+}
+
+TEST(SlideFiles, PutsAHundredSlidesOnASheet)
+{
+    const QTemporaryDir directory;
+    Message message;
+    addSmallSlides(&message, 101);
+    EXPECT_EQ(write(message, directory).written.size(), 103);
+    const QImage first(directory.filePath("contact-sheet.png"));
+    const QImage second(directory.filePath("contact-sheet-2.png"));
+    EXPECT_GT(first.height(), 10 * second.height());
+    EXPECT_GT(first.width(), 2 * second.width());
+}
+
+TEST(SlideFiles, StopsAfterAThousandSlides)
+{
+    const QTemporaryDir directory;
+    Message message;
+    addSmallSlides(&message, 1002);
+    EXPECT_EQ(write(message, directory).remarks.last(),
+              "slides that were not rendered: 2, from slide 1001 on (limit: 1000 slides; raise it "
+              "with --max-slides)");
+    EXPECT_EQ(namesIn(directory).size(), 1010);
+}
+
+TEST(SlideFiles, StopsAtTheLimitOfSlides)
+{
+    const QTemporaryDir directory;
+    Message message;
+    addSmallSlides(&message, 5);
+    const QStringList report = remarks(message, directory, {.slides = 3});
+    EXPECT_EQ(namesIn(directory),
+              (QStringList{"contact-sheet.png", "slide-1.png", "slide-2.png", "slide-3.png"}));
+    EXPECT_EQ(report.last(),
+              "slides that were not rendered: 2, from slide 4 on (limit: 3 slides; raise it with "
+              "--max-slides)");
+}
+
+TEST(SlideFiles, StopsAtTheLimitOfDrawnPixels)
+{
+    const QTemporaryDir directory;
+    Message message;
+    message.slides().setRootLayout(1000, 600);
+    for (int i = 0; i < 5; ++i)
+        message.slides().appendSlide(3000u);
+    const QStringList report = remarks(message, directory, {.drawn = 2});
+    EXPECT_EQ(namesIn(directory), (QStringList{"contact-sheet.png", "slide-1.png", "slide-2.png"}));
+    EXPECT_EQ(report.last(),
+              "slides that were not rendered: 3, from slide 3 on (limit: 2 million pixels; raise "
+              "it with --max-drawn)");
+}
+
+TEST(SlideFiles, ReportsMediaThatWereNotDrawn)
+{
+    const QTemporaryDir directory;
+    Message message;
+    addOverlapping(&message, 1000);
+    const QStringList report = remarks(message, directory, {.drawn = 1});
+    EXPECT_EQ(namesIn(directory), (QStringList{"contact-sheet.png", "slide-1.png"}));
+    EXPECT_TRUE(report.last().startsWith("media that were not drawn: "))
+        << report.last().toStdString();
+    EXPECT_TRUE(report.last().endsWith(
+        ", from slide 1 on (limit: 1 million pixels; raise it with --max-drawn)"));
+}
+
+TEST(SlideFiles, ReportsPicturesThatWereNotDecoded)
+{
+    const QTemporaryDir directory;
+    OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({2000, 1000}));
+    const QStringList report = remarks(made.message, directory, {.decoded = 1});
+    EXPECT_EQ(report.last(),
+              "pictures that were not decoded: 1, from slide 1 on (limit: 1 million pixels; raise "
+              "it with --max-decoded)");
+    EXPECT_TRUE(remarks(made.message, directory, {}).isEmpty());
+}
+
+TEST(SlideFiles, ReportsTheFileThatCannotBeWritten)
+{
+    const QTemporaryDir directory;
+    ASSERT_TRUE(QDir(directory.path()).mkdir("slide-2.png"));
+    Message message;
+    addSmallSlides(&message, 3);
+    Report report;
+    QString error;
+    EXPECT_FALSE(writeSlides(message, directory.path(), {1}, {}, &report, &error));
+    EXPECT_EQ(report.written.size(), 1);
+    EXPECT_TRUE(error.startsWith("cannot write " + directory.filePath("slide-2.png") + ": "))
+        << error.toStdString();
+    EXPECT_EQ(namesIn(directory), QStringList("slide-1.png"));
+}
+
+TEST(SlideFiles, ShowTheTextThatDoesNotFitBelowItsSlide)
+{
+    const QTemporaryDir directory;
+    OneObject made(SMIL_MEDIA_TEXT, QByteArray(1000, 'w'));
+    const QStringList report = remarks(made.message, directory, {});
+    EXPECT_EQ(report, QStringList("slide 1: the text name does not fit; see contact-sheet.png"));
+    const int height = QImage(directory.filePath("contact-sheet.png")).height();
+    made.object->getData()->setBodyData("w");
+    EXPECT_TRUE(remarks(made.message, directory, {}).isEmpty());
+    EXPECT_GT(height, QImage(directory.filePath("contact-sheet.png")).height() + 100);
+}
+
+TEST(SlideFiles, ReportTextsThatTheLimitLeavesOut)
+{
+    const QTemporaryDir directory;
+    OneObject made(SMIL_MEDIA_TEXT, QByteArray(10'000, 'w'));
+    EXPECT_EQ(remarks(made.message, directory, {.drawn = 1}).last(),
+              "texts that are not shown whole: 1, from slide 1 on (limit: 1 million pixels; raise "
+              "it with --max-drawn)");
+}
+
+TEST(SlideFiles, FillSheetsOfTheGivenWidth)
+{
+    const QTemporaryDir directory;
+    Message message;
+    addSmallSlides(&message, 5);
+    for (const int width : {100, 333, 1600}) {
+        write(message, directory, {1, width});
+        EXPECT_EQ(QImage(directory.filePath("contact-sheet.png")).width(), width);
+    }
+}
+
+TEST(SlideFiles, AreDrawnAsLargeAsTheSheetShowsThem)
+{
+    const QTemporaryDir directory;
+    Message message;
+    message.slides().appendSlide(3000u);
+    const auto widthOfSlide = [&](const PictureSizes &sizes) {
+        write(message, directory, sizes);
+        return QImage(directory.filePath("slide-1.png")).width();
+    };
+    EXPECT_EQ(widthOfSlide({}), 240);
+    EXPECT_EQ(widthOfSlide({0, 200}), 240);
+    EXPECT_EQ(widthOfSlide({0, 641}), 720); // 641 less two margins of 20 is 601
+    EXPECT_EQ(widthOfSlide({0, 3000}), 960);
+    EXPECT_EQ(widthOfSlide({1, 3000}), 120);
+}
+
+TEST(FirstPage, FillsTheSizeWithoutTheStrip)
+{
+    const OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({120, 160}), {0, 0, 120, 160});
+    for (const int size : {1, 16, 128, 256, 1024}) {
+        const QImage page = firstPage(made.message, size, {});
+        EXPECT_EQ(page.size(), QSize(std::max(size * 3 / 4, 1), size)) << size;
+    }
+    const QImage page = firstPage(made.message, 160, {});
+    EXPECT_TRUE(isNear(page.pixel(10, 155), Red));
+    EXPECT_TRUE(isNear(page.pixel(110, 155), Blue));
+}
+
+TEST(FirstPage, IsNullWithoutASlideOrBeyondTheLimit)
+{
+    Message message;
+    EXPECT_TRUE(firstPage(message, 128, {}).isNull());
+    message.slides().setRootLayout(2048, 2048);
+    message.slides().appendSlide(3000u);
+    EXPECT_TRUE(firstPage(message, 128, {.drawn = 1}).isNull());
+    EXPECT_FALSE(firstPage(message, 128, {}).isNull());
+}
