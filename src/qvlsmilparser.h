@@ -22,6 +22,7 @@
 #include "multipart/liveness.h"
 #include "multipart/multipart.h"
 #include "multipart/multipart_result.h"
+#include "multipart/picture_octets.h"
 #include "platform/comp_util.h"
 #include "platform/debug_log.h"
 #include "platform/email_util.h"

@@ -1,6 +1,7 @@
 #include "smil/media_probe.h"
 
 #include "multipart/body_part.h"
+#include "multipart/picture_octets.h"
 
 #include <QBuffer>
 #include <QImageReader>
@@ -27,6 +28,12 @@ qint64 jpegScans(const QByteArray &octets)
     return octets.startsWith("\xFF\xD8") ? octets.count("\xFF\xDA") : 0;
 }
 
+// Such a file holds pictures of other formats, and its header does not say how large these are.
+bool isContainer(const QByteArray &format)
+{
+    return format == "cur" || format == "icns" || format == "ico";
+}
+
 // The work of decoding a picture with @p size, as a number of pixels.
 qint64 pixelsToDecode(const QByteArray &octets, QSize size)
 {
@@ -41,11 +48,12 @@ bool MediaProbe::passes(MMS_COMP_SMILMultipartBodypart *part)
 {
     if (part->getContentType() != "image"_L1)
         return part->isMediaObjectSupported();
-    QByteArray octets = part->getBodyData();
+    QByteArray octets = qvlPictureOctets(part->getBodyData());
     QBuffer buffer(&octets);
     QImageReader reader(&buffer);
     const qint64 pixels = pixelsToDecode(octets, reader.size());
-    if (!reader.supportsOption(QImageIOHandler::Size) || pixels > m_pixelsLeft)
+    if (!reader.supportsOption(QImageIOHandler::Size) || isContainer(reader.format())
+        || pixels > m_pixelsLeft)
         return reader.canRead();
     m_pixelsLeft -= pixels;
     return part->isMediaObjectSupported();

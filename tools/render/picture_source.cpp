@@ -1,5 +1,7 @@
 #include "render/picture_source.h"
 
+#include <qvlsmilparser.h>
+
 #include <QBuffer>
 #include <QImageReader>
 
@@ -108,36 +110,11 @@ Cost costOf(const Format &format, const QByteArray &octets)
     return qstrcmp(format.name, "jpeg") == 0 ? jpegCost(octets, format.cost) : format.cost;
 }
 
-bool isNeededChunk(const QByteArray &type)
-{
-    return !type.isEmpty() && (qstrcmp(type, "tRNS") == 0 || (type[0] >= 'A' && type[0] <= 'Z'));
-}
-
-// Leaves out texts and color profiles: they are compressed, and a few KB become gigabytes.
-QByteArray withoutPngMetadata(const QByteArray &octets)
-{
-    constexpr qsizetype signature = 8;
-    constexpr qsizetype frame = 12; // length, type and checksum
-    QByteArray result = octets.first(std::min(signature, octets.size()));
-    for (qsizetype at = signature; at < octets.size();) {
-        const qsizetype size = frame + qsizetype(bigEndian(octets, at, 4));
-        if (isNeededChunk(octets.mid(at + 4, 4)))
-            result += octets.mid(at, size);
-        at += size;
-    }
-    return result;
-}
-
 } // namespace
-
-QByteArray pictureOctets(const QByteArray &octets)
-{
-    return octets.startsWith("\x89PNG\r\n\x1A\n") ? withoutPngMetadata(octets) : octets;
-}
 
 PictureSource examinePicture(const QByteArray &octets)
 {
-    QByteArray needed = pictureOctets(octets);
+    QByteArray needed = qvlPictureOctets(octets);
     QBuffer buffer(&needed);
     QImageReader reader(&buffer);
     const QByteArray name = reader.format();

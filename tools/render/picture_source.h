@@ -18,8 +18,5 @@ struct PictureSource
     QSize shownSize() const { return isTurned ? storedSize.transposed() : storedSize; }
 };
 
-/// The octets of a picture without metadata that would take long to read.
-QByteArray pictureOctets(const QByteArray &octets);
-
 /// Examines @p octets without decoding the picture.
 PictureSource examinePicture(const QByteArray &octets);

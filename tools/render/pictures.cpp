@@ -58,7 +58,7 @@ QImage Pictures::decode(const Part &part, Source *source, const QSize &size)
     if (source->isBeyondLimit)
         return QImage();
     ++m_decodings;
-    QByteArray octets = pictureOctets(part.getBodyData());
+    QByteArray octets = qvlPictureOctets(part.getBodyData());
     QBuffer buffer(&octets);
     QImageReader reader(&buffer, source->format);
     reader.setAutoTransform(true);

@@ -1,5 +1,5 @@
 /*
- * Pictures before they are decoded: sizes, costs, and metadata that is left out.
+ * Pictures before they are decoded: sizes and costs.
  */
 #include "render/picture_source.h"
 
@@ -43,13 +43,6 @@ struct CostRow
     double work;
     double space;
 };
-
-QByteArray chunk(const char *type, const QByteArray &data)
-{
-    const auto length =
-        octet(0) + octet(0) + octet(int(data.size()) >> 8) + octet(int(data.size()));
-    return length + type + data + QByteArray(4, '\0');
-}
 
 QByteArray withPreview(QByteArray jpeg, const QByteArray &preview)
 {
@@ -110,34 +103,4 @@ TEST(PictureSource, OctetsOfAnyOtherFormatAreNoPicture)
     for (const QByteArray &octets : {QByteArray(), QByteArray("no picture"),
                                      QByteArray("<svg xmlns='http://www.w3.org/2000/svg'/>")})
         EXPECT_TRUE(examinePicture(octets).format.isEmpty()) << octets.toStdString();
-}
-
-TEST(PictureOctets, LeaveOutMetadataOfAPng)
-{
-    const QByteArray plain = encoded("png", QImage::Format_RGB32);
-    QByteArray octets = plain;
-    for (const char *type : {"zTXt", "iCCP", "tEXt"})
-        octets.insert(HeaderEnd, chunk(type, "data"));
-    const QByteArray needed = pictureOctets(octets);
-    for (const char *type : {"zTXt", "iCCP", "tEXt"})
-        EXPECT_FALSE(needed.contains(type)) << type;
-    EXPECT_EQ(QImage::fromData(needed), QImage::fromData(plain));
-}
-
-TEST(PictureOctets, KeepTheTransparencyAndColorsOfAPng)
-{
-    QImage image(2, 1, QImage::Format_Indexed8);
-    image.setColorTable({qRgba(255, 0, 0, 100), Blue});
-    image.setPixel(0, 0, 0);
-    image.setPixel(1, 0, 1);
-    const QByteArray octets = png(image);
-    ASSERT_TRUE(octets.contains("tRNS"));
-    EXPECT_EQ(QImage::fromData(pictureOctets(octets)), QImage::fromData(octets));
-}
-
-TEST(PictureOctets, MayBeTruncatedAnywhere)
-{
-    const QByteArray octets = encoded("png", QImage::Format_RGB32);
-    for (qsizetype size = 0; size < octets.size(); ++size)
-        EXPECT_LE(pictureOctets(octets.first(size)).size(), size);
 }
