@@ -9,10 +9,14 @@
 #include <QGuiApplication>
 #include <QLoggingCategory>
 
+#include <fcntl.h>
+#include <unistd.h>
+
 #include <csignal>
 #include <cstdlib>
 #include <memory>
 #include <tuple>
+#include <utility>
 
 using namespace CommandLine;
 
@@ -65,10 +69,22 @@ int runProgram(const QStringList &arguments)
     return CannotDo;
 }
 
+// Without this, a file that the command opens could get the number of a closed standard stream, and
+// what is printed would land in it. Reading and writing report "Bad file descriptor", as they would.
+void keepStandardStreamsApart()
+{
+    for (const auto &[stream, mode] :
+         {std::pair(STDIN_FILENO, O_WRONLY), {STDOUT_FILENO, O_RDONLY}, {STDERR_FILENO, O_RDONLY}}) {
+        if (::fcntl(stream, F_GETFD) < 0)
+            std::ignore = ::open("/dev/null", mode); // gets the lowest free number, this one
+    }
+}
+
 } // namespace
 
 int main(int argc, char **argv)
 {
+    keepStandardStreamsApart();
     endWhenOutOfMemory();
     std::ignore = std::signal(SIGXFSZ, SIG_IGN); // a write past `ulimit -f` reports an error
     qInstallMessageHandler(printLogged);

@@ -74,6 +74,16 @@ for arguments in "show -" "show --json -" "show --strict -" "extract - $work/non
   # shellcheck disable=SC2086
   expect 1 '^qvlmms: -: the file is empty$|"refused":true' "$qvlmms" $arguments
 done
+"$qvlmms" show --json "$work/empty" >"$work/json" || true
+! grep -q '"decoded"\|"checks"' "$work/json" || fail "an empty file counts as decoded: $(cat "$work/json")"
+for closed in 'show "$0" >&-' 'show "$0" >&- 2>&-' 'extract "$0" "$1" <&- >&-'; do
+  code=0
+  mkdir -p "$work/apart"
+  bash -c "\"$qvlmms\" $closed" "$message" "$work/apart" 2>"$work/error" || code=$?
+  [ "$code" -eq 2 ] || fail "$closed: exit code $code"
+  [[ $closed == *2* ]] || grep -q 'cannot write to standard output: Bad file descriptor$' "$work/error" \
+    || fail "$closed: $(cat "$work/error")"
+done
 expect 1 '1 decoded, 1 refused, 0 not readable' "$qvlmms" show "$message" "$work/empty"
 for command in show smil extract render rewrite; do
   expect 2 '^qvlmms: the name of the file to read is empty; name a file$' "$qvlmms" "$command" '' ${last[$command]-}
@@ -94,6 +104,10 @@ expect 1 '3 messages: 2 decoded, 1 refused, 0 not readable' "$qvlmms" show "$mes
 expect 2 '3 messages: 1 decoded, 1 refused, 1 not readable' "$qvlmms" show "$work/missing" "$work/refused" "$message"
 expect 2 'cannot create the folder .*/refused: .*/refused is a file; name another folder$' \
   "$qvlmms" extract "$message" "$work/refused"
+ln -s "$work/missing" "$work/link"
+expect 2 '/link is a link to no folder; name a folder$' "$qvlmms" extract "$message" "$work/link"
+ln -s loop "$work/loop"
+expect 2 'cannot create the folder .*/loop/a: Too many levels of symbolic links$' "$qvlmms" extract "$message" "$work/loop/a"
 expect 2 'cannot create the folder /proc/none: /proc does not allow creating a folder in it$' "$qvlmms" extract "$message" /proc/none
 expect 0 'the message has no parts' "$qvlmms" extract "$2/messages/notification.mms" "$work/none"
 expect 1 'REFUSED' "$qvlmms" extract "$work/refused" "$work/none"

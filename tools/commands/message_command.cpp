@@ -35,9 +35,10 @@ QString whyNotCreated(const fs::path &above, const std::error_code &error)
     std::error_code ignored;
     if (!fs::is_directory(above, ignored))
         return textOf(above) + QLatin1String(" is a file; name another folder");
-    if (error == std::errc::no_space_on_device || error == std::errc::filename_too_long)
-        return qt_error_string(error.value());
-    return textOf(above) + QLatin1String(" does not allow creating a folder in it");
+    if (error == std::errc::permission_denied || error == std::errc::operation_not_permitted
+        || error == std::errc::no_such_file_or_directory) // as /proc says it
+        return textOf(above) + QLatin1String(" does not allow creating a folder in it");
+    return qt_error_string(error.value());
 }
 
 // Creates a folder unless it exists. Prints an error if that fails.
@@ -49,6 +50,11 @@ bool createFolder(const QString &directory)
     fs::create_directories(path, error);
     if (!error && fs::is_directory(path, error))
         return true;
+    std::error_code ignored;
+    if (fs::is_symlink(path, ignored)) {
+        printError(directory + QLatin1String(" is a link to no folder; name a folder"));
+        return false;
+    }
     printError(QLatin1String("cannot create the folder ") + directory + QLatin1String(": ")
                + whyNotCreated(above, error));
     return false;

@@ -26,6 +26,10 @@ QvlMessage::Result receive(Message *message)
 
 void decode(Message *message)
 {
+    if (message->octets.isEmpty()) { // for the decoder, a header without fields
+        message->headerResult = WireResult::OutOfData;
+        return;
+    }
     const QvlMessage::Result received = receive(message);
     if (received.layer == Layer::Header)
         message->headerResult = static_cast<unsigned char>(received.code);

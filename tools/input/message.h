@@ -26,7 +26,7 @@ struct Message : QvlMessage
 
     bool isRefused() const
     {
-        return octets.isEmpty() || headerResult != WireResult::Read
+        return headerResult != WireResult::Read
             || bodyResult.value_or(MultipartResult::Ok) != 0
             || smilResult.value_or(SmilResult::Ok) != 0;
     }
