@@ -70,11 +70,13 @@ int runProgram(const QStringList &arguments)
 }
 
 // Without this, a file that the command opens could get the number of a closed standard stream, and
-// what is printed would land in it. Reading and writing report "Bad file descriptor", as they would.
+// what is printed would land in it. Reading and writing report "Bad file descriptor", as they
+// would.
 void keepStandardStreamsApart()
 {
-    for (const auto &[stream, mode] :
-         {std::pair(STDIN_FILENO, O_WRONLY), {STDOUT_FILENO, O_RDONLY}, {STDERR_FILENO, O_RDONLY}}) {
+    for (const auto &[stream, mode] : {std::pair(STDIN_FILENO, O_WRONLY),
+                                       {STDOUT_FILENO, O_RDONLY},
+                                       {STDERR_FILENO, O_RDONLY}}) {
         if (::fcntl(stream, F_GETFD) < 0)
             std::ignore = ::open("/dev/null", mode); // gets the lowest free number, this one
     }

@@ -19,10 +19,15 @@ int number(const QCommandLineParser &arguments, const char *option)
     return arguments.value(QLatin1String(option)).toInt();
 }
 
-RenderLimits limitsFrom(const QCommandLineParser &arguments)
+RenderLimits limitsFrom(const QCommandLineParser &arguments, const Message &message)
 {
-    return {number(arguments, "max-slides"), number(arguments, "max-drawn"),
-            number(arguments, "max-decoded")};
+    RenderLimits limits = limitsFor(message.octets.size());
+    limits.slides = number(arguments, "max-slides");
+    if (arguments.isSet(QStringLiteral("max-drawn")))
+        limits.drawn = number(arguments, "max-drawn");
+    if (arguments.isSet(QStringLiteral("max-decoded")))
+        limits.decoded = number(arguments, "max-decoded");
+    return limits;
 }
 
 int refuseWithoutSlides(const Message &message)
@@ -40,7 +45,8 @@ int renderToFolder(const Message &message, const QCommandLineParser &arguments)
                                                                       : 0,
                              number(arguments, "width")};
     const auto write = [&](const QString &directory, Report *report, QString *error) {
-        return writeSlides(message, directory, sizes, limitsFrom(arguments), report, error);
+        return writeSlides(message, directory, sizes, limitsFrom(arguments, message), report,
+                           error);
     };
     const int exitCode =
         writeToFolder(message, arguments.positionalArguments().at(1), hasSlides, write);
@@ -51,7 +57,8 @@ int renderThumbnail(const Message &message, const QCommandLineParser &arguments)
 {
     if (message.slides().getTotalSlidesNum() == 0)
         return refuseWithoutSlides(message);
-    const QImage page = firstPage(message, number(arguments, "thumbnail"), limitsFrom(arguments));
+    const QImage page =
+        firstPage(message, number(arguments, "thumbnail"), limitsFrom(arguments, message));
     if (page.isNull()) {
         printError(QStringLiteral("the first slide exceeds --max-drawn"));
         return CannotDo;
@@ -66,7 +73,8 @@ int renderMessage(Message &message, const QCommandLineParser &arguments)
     if (!arguments.isSet(QStringLiteral("thumbnail")))
         return renderToFolder(message, arguments);
     if (arguments.isSet(QStringLiteral("scale")) || arguments.isSet(QStringLiteral("width"))) {
-        printError(QStringLiteral("--thumbnail determines the size; leave out --scale and --width"));
+        printError(
+            QStringLiteral("--thumbnail determines the size; leave out --scale and --width"));
         return CannotDo;
     }
     return renderThumbnail(message, arguments);
@@ -93,33 +101,36 @@ Command Commands::render()
                            {"DIR",
                             "folder for the pictures, created if it does not exist; with "
                             "--thumbnail the PNG file, or - for standard output"}},
-             .groups = {{"Options",
-                         {{.name = "scale",
-                           .value = "N",
-                           .help = "width and height of a handset pixel in picture pixels",
-                           .numbers = {.standard = 2, .most = LargestScale}},
-                          {.name = "width",
-                           .value = "PIXELS",
-                           .help = "width of the contact sheet; makes its slides, and unless "
-                                   "--scale is given all pictures, as large as that needs",
-                           .numbers = {.least = LeastSheetWidth, .most = MostSheetWidth}},
-                          {.name = "thumbnail",
-                           .value = "SIZE",
-                           .help = "write only the first slide, with a longer side of SIZE pixels",
-                           .numbers = {.most = MostThumbnailSize}},
-                          {.name = "max-slides",
-                           .value = "N",
-                           .help = "slides that are rendered",
-                           .numbers = {.standard = RenderLimits().slides, .most = MostOfAnyLimit}},
-                          {.name = "max-drawn",
-                           .value = "N",
-                           .help = "millions of pixels of slides and contact sheets",
-                           .numbers = {.standard = RenderLimits().drawn, .most = MostOfAnyLimit}},
-                          {.name = "max-decoded",
-                           .value = "N",
-                           .help = "millions of pixels of pictures that are decoded",
-                           .numbers = {.standard = RenderLimits().decoded, .most = MostOfAnyLimit}},
-                          SizeLimitOption}}}},
+             .groups =
+                 {{"Options",
+                   {{.name = "scale",
+                     .value = "N",
+                     .help = "width and height of a handset pixel in picture pixels",
+                     .numbers = {.standard = 2, .most = LargestScale}},
+                    {.name = "width",
+                     .value = "PIXELS",
+                     .help = "width of the contact sheet; makes its slides, and unless "
+                             "--scale is given all pictures, as large as that needs",
+                     .numbers = {.least = LeastSheetWidth, .most = MostSheetWidth}},
+                    {.name = "thumbnail",
+                     .value = "SIZE",
+                     .help = "write only the first slide, with a longer side of SIZE pixels",
+                     .numbers = {.most = MostThumbnailSize}},
+                    {.name = "max-slides",
+                     .value = "N",
+                     .help = "slides that are rendered",
+                     .numbers = {.standard = RenderLimits().slides, .most = MostOfAnyLimit}},
+                    {.name = "max-drawn",
+                     .value = "N",
+                     .help = "millions of pixels of slides and contact sheets; the default is for "
+                             "each started 300 KB of the message",
+                     .numbers = {.standard = RenderLimits().drawn, .most = MostOfAnyLimit}},
+                    {.name = "max-decoded",
+                     .value = "N",
+                     .help = "millions of pixels of pictures that are decoded; the default is for "
+                             "each started 300 KB",
+                     .numbers = {.standard = RenderLimits().decoded, .most = MostOfAnyLimit}},
+                    SizeLimitOption}}}},
         .run = onMessage(renderMessage),
         .draws = true,
     };

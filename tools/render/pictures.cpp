@@ -42,7 +42,8 @@ Pictures::Pictures(qint64 mostPixels) : m_decoded(mostPixels), m_images(MostKept
     // In MB. Pictures that are decoded as a whole take four octets for a pixel, and as many pixels
     // of them are allowed as a quarter of the limit.
     constexpr qint64 LongestSidesSquared = 17; // MB
-    const qint64 megabytes = std::clamp<qint64>(mostPixels / 1'000'000, LongestSidesSquared, 1 << 20);
+    const qint64 megabytes =
+        std::clamp<qint64>(mostPixels / 1'000'000, LongestSidesSquared, 1 << 20);
     QImageReader::setAllocationLimit(int(megabytes));
 }
 

@@ -22,13 +22,28 @@ int scaleFor(int pixels, int handsetPixels)
     return (pixels + handsetPixels - 1) / handsetPixels;
 }
 
-// Slides are drawn as large as a sheet shows them.
-int scaleOf(const Message &message, const PictureSizes &sizes, const SheetFormat &format)
+// True if the pages of all slides take no more than half of the limit.
+bool areWithinLimit(const QSize &page, int slides, int scale, const RenderLimits &limits)
 {
-    if (sizes.scale > 0 || sizes.sheetWidth == 0)
-        return sizes.scale > 0 ? sizes.scale : OrdinaryScale;
-    const int needed = scaleFor(format.largestSlide.width(), pageSize(message.slides()).width());
-    return std::clamp(needed, OrdinaryScale, LargestScale);
+    const qint64 pixels = qint64(page.width()) * page.height() * scale * scale;
+    return pixels * std::min(slides, limits.slides) <= limits.drawn * Million / 2;
+}
+
+// Slides are drawn as large as a sheet shows them. Without a wish, many slides of large pages are
+// drawn smaller, so that the limit leaves out none or fewer.
+int scaleOf(const Message &message, const PictureSizes &sizes, const SheetFormat &format,
+            const RenderLimits &limits)
+{
+    if (sizes.scale > 0)
+        return sizes.scale;
+    const QSize page = pageSize(message.slides());
+    const int slides = int(message.slides().getTotalSlidesNum());
+    const int needed =
+        sizes.sheetWidth > 0 ? scaleFor(format.largestSlide.width(), page.width()) : 0;
+    int scale = std::clamp(needed, OrdinaryScale, LargestScale);
+    while (scale > 1 && !areWithinLimit(page, slides, scale, limits))
+        --scale;
+    return scale;
 }
 
 QString limitText(int limit, const QString &unit, const char *option)
@@ -56,7 +71,7 @@ public:
         : m_directory(std::move(directory)), m_limits(limits),
           m_total(int(message.slides().getTotalSlidesNum())),
           m_format(sheetFormat(std::min(m_total, limits.slides), sizes.sheetWidth)),
-          m_renderer(message, scaleOf(message, sizes, m_format), limits),
+          m_renderer(message, scaleOf(message, sizes, m_format, limits), limits),
           m_captions(limits.drawn * Million / 8)
     {
     }

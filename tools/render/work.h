@@ -3,20 +3,32 @@
  */
 #pragma once
 
-#include <QString>
+#include <QtGlobal>
+
+#include <algorithm>
 
 /// Limits on the work for one message. The defaults take less than two seconds.
 struct RenderLimits
 {
     int slides = 1000;
-    int drawn = 20; ///< millions of pixels of slides and contact sheets
-    int decoded = 40; ///< millions of pixels of pictures
+    int drawn = 40; ///< millions of pixels of slides and contact sheets
+    int decoded = 64; ///< millions of pixels of pictures
 };
+
+/// The default limits for a message of @p octets octets: pixels for each started 300 KB.
+inline RenderLimits limitsFor(qint64 octets)
+{
+    constexpr qint64 UnitSize = 300 * 1024;
+    constexpr qint64 MostUnits = 10'000;
+    const int units = int(std::clamp((octets + UnitSize - 1) / UnitSize, qint64(1), MostUnits));
+    const RenderLimits one;
+    return {one.slides, one.drawn * units, one.decoded * units};
+}
 
 constexpr qint64 Million = 1'000'000;
 
 /// Work that takes as long as drawing and writing this number of pixels.
-constexpr qint64 CharacterWork = 40;
+constexpr qint64 CharacterWork = 300;
 
 class Work
 {

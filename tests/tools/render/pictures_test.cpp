@@ -161,3 +161,12 @@ TEST(RenderPictures, MemoryForDecodedPicturesIsLimited)
     pictures.find(made.front()->part, placeIn({2000, 1500}), 1);
     EXPECT_EQ(pictures.decodings(), 7) << "six take 72 MB";
 }
+
+TEST(Pictures, OrdinaryPictureIsDecodedWithinALowLimit)
+{
+    MMS_COMP_SMILMultipartBodypart part;
+    part.setBodyData(png(QImage(640, 480, QImage::Format_ARGB32)));
+    Pictures pictures(1'000'000);
+    const PlacedObject place{nullptr, QRectF(0, 0, 640, 480), SMIL_REGION_FIT_FILL, false};
+    EXPECT_EQ(pictures.find(part, place, 1).image.size(), QSize(640, 480));
+}

@@ -198,6 +198,39 @@ TEST(SlideFiles, AreDrawnAsLargeAsTheSheetShowsThem)
     EXPECT_EQ(widthOfSlide({1, 3000}), 120);
 }
 
+TEST(RenderLimits, GrowWithTheMessage)
+{
+    for (const qint64 octets : {0, 1, 300 * 1024}) {
+        EXPECT_EQ(limitsFor(octets).drawn, RenderLimits().drawn);
+        EXPECT_EQ(limitsFor(octets).decoded, RenderLimits().decoded);
+    }
+    EXPECT_EQ(limitsFor(300 * 1024 + 1).drawn, 2 * RenderLimits().drawn);
+    EXPECT_EQ(limitsFor(900 * 1024).decoded, 3 * RenderLimits().decoded);
+    EXPECT_EQ(limitsFor(900 * 1024).slides, RenderLimits().slides);
+    EXPECT_GT(limitsFor(std::numeric_limits<qint64>::max() / 2).decoded, 0);
+}
+
+TEST(RenderLimits, SufficeForAHundredSlidesWithPictures)
+{
+    const QTemporaryDir directory;
+    OneObject made(SMIL_MEDIA_IMAGE, jpeg(QImage(640, 480, QImage::Format_RGB32)), {0, 0, 120, 160},
+                   "meet");
+    addUses(&made, 99);
+    EXPECT_TRUE(write(made.message, directory, {}).remarks.isEmpty());
+    EXPECT_EQ(QImage(directory.filePath("slide-100.png")).width(), 240);
+}
+
+TEST(RenderLimits, SufficeForThirtySlidesOfALargePage)
+{
+    const QTemporaryDir directory;
+    Message message;
+    message.slides().setRootLayout(720, 1280);
+    for (int i = 0; i < 30; ++i)
+        message.slides().appendSlide(3000u);
+    EXPECT_TRUE(write(message, directory, {}).remarks.isEmpty());
+    EXPECT_EQ(QImage(directory.filePath("slide-30.png")).width(), 720);
+}
+
 TEST(FirstPage, FillsTheSizeWithoutTheStrip)
 {
     const OneObject made(SMIL_MEDIA_IMAGE, redAndBlue({120, 160}), {0, 0, 120, 160});

@@ -167,3 +167,15 @@ inline void addOverlapping(Message *message, int count)
         addObject(message, 0, SMIL_MEDIA_REF, id, "a");
     }
 }
+
+/// More slides with the object's part.
+inline void addUses(OneObject *made, int count)
+{
+    for (int i = 0; i < count; ++i) {
+        auto object = std::make_unique<MMS_COMP_SMILMediaObject>(&made->message.parts());
+        object->setMediaElementType(made->object->getMediaElementType());
+        object->setRegionId(QStringLiteral("own"));
+        object->setData(made->object->getData());
+        made->message.slides().appendSlide(3000u)->appendObject(object.release());
+    }
+}
