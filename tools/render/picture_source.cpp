@@ -34,14 +34,6 @@ int octetAt(const QByteArray &octets, qsizetype position)
     return position < octets.size() ? uchar(octets[position]) : 0;
 }
 
-qint64 bigEndian(const QByteArray &octets, qsizetype position, int length)
-{
-    qint64 value = 0;
-    for (int i = 0; i < length; ++i)
-        value = value << 8 | octetAt(octets, position + i);
-    return value;
-}
-
 // The decoder allocates the whole screen of a GIF, even if the picture on it is smaller.
 QSize gifScreen(const QByteArray &octets)
 {
@@ -91,7 +83,8 @@ JpegScans jpegScans(const QByteArray &octets)
             found.isSequential = marker < 0xC2;
             found.components = octetAt(octets, at + 9);
         }
-        at += hasLength ? 2 + qsizetype(std::max(bigEndian(octets, at + 2, 2), qint64(2))) : 1;
+        const int length = octetAt(octets, at + 2) << 8 | octetAt(octets, at + 3);
+        at += hasLength ? 2 + std::max(length, 2) : 1;
     }
     return found;
 }

@@ -113,8 +113,10 @@ TextLines::TextLines(const QString &text, const QSizeF &most, const QFont &font)
 
 int TextLines::height() const
 {
+    if (m_count == 0)
+        return 0;
     const QTextLine last = m_layout.lineAt(m_count - 1);
-    return m_count > 0 ? int(std::ceil(last.y() + last.height())) : 0;
+    return int(std::ceil(last.y() + last.height()));
 }
 
 void TextLines::draw(QPainter *painter, const QPointF &corner) const

@@ -18,12 +18,17 @@ QStringList namesIn(const QTemporaryDir &directory)
     return QDir(directory.path()).entryList(QDir::Files, QDir::Name);
 }
 
-// Small pages, so that many can be written quickly.
-void addSmallSlides(Message *message, int count)
+void addSlides(Message *message, int count, const QSize &page)
 {
-    message->slides().setRootLayout(4, 4);
+    message->slides().setRootLayout(unsigned(page.width()), unsigned(page.height()));
     for (int i = 0; i < count; ++i)
         message->slides().appendSlide(3000u);
+}
+
+// So small that many can be written quickly.
+void addSmallSlides(Message *message, int count)
+{
+    addSlides(message, count, {4, 4});
 }
 
 Report write(const Message &message, const QTemporaryDir &directory,
@@ -40,6 +45,19 @@ QStringList remarks(const Message &message, const QTemporaryDir &directory,
                     const RenderLimits &limits)
 {
     return write(message, directory, {1}, limits).remarks;
+}
+
+struct Rendered
+{
+    QStringList names; ///< of the files, in order
+    QString lastRemark;
+};
+
+Rendered render(const Message &message, const RenderLimits &limits)
+{
+    const QTemporaryDir directory;
+    const QStringList report = remarks(message, directory, limits);
+    return {namesIn(directory), report.value(report.size() - 1)};
 }
 
 } // namespace
@@ -86,41 +104,36 @@ TEST(SlideFiles, StopsAfterAThousandSlides)
 
 TEST(SlideFiles, StopsAtTheLimitOfSlides)
 {
-    const QTemporaryDir directory;
     Message message;
     addSmallSlides(&message, 5);
-    const QStringList report = remarks(message, directory, {.slides = 3});
-    EXPECT_EQ(namesIn(directory),
+    const Rendered rendered = render(message, {.slides = 3});
+    EXPECT_EQ(rendered.names,
               (QStringList{"contact-sheet.png", "slide-1.png", "slide-2.png", "slide-3.png"}));
-    EXPECT_EQ(report.last(),
+    EXPECT_EQ(rendered.lastRemark,
               "slides that were not rendered: 2, from slide 4 on (limit: 3 slides; raise it with "
               "--max-slides)");
 }
 
 TEST(SlideFiles, StopsAtTheLimitOfDrawnPixels)
 {
-    const QTemporaryDir directory;
     Message message;
-    message.slides().setRootLayout(1000, 600);
-    for (int i = 0; i < 5; ++i)
-        message.slides().appendSlide(3000u);
-    const QStringList report = remarks(message, directory, {.drawn = 2});
-    EXPECT_EQ(namesIn(directory), (QStringList{"contact-sheet.png", "slide-1.png", "slide-2.png"}));
-    EXPECT_EQ(report.last(),
+    addSlides(&message, 5, {1000, 600});
+    const Rendered rendered = render(message, {.drawn = 2});
+    EXPECT_EQ(rendered.names, (QStringList{"contact-sheet.png", "slide-1.png", "slide-2.png"}));
+    EXPECT_EQ(rendered.lastRemark,
               "slides that were not rendered: 3, from slide 3 on (limit: 2 million pixels; raise "
               "it with --max-drawn)");
 }
 
 TEST(SlideFiles, ReportsMediaThatWereNotDrawn)
 {
-    const QTemporaryDir directory;
     Message message;
     addOverlapping(&message, 1000);
-    const QStringList report = remarks(message, directory, {.drawn = 1});
-    EXPECT_EQ(namesIn(directory), (QStringList{"contact-sheet.png", "slide-1.png"}));
-    EXPECT_TRUE(report.last().startsWith("media that were not drawn: "))
-        << report.last().toStdString();
-    EXPECT_TRUE(report.last().endsWith(
+    const Rendered rendered = render(message, {.drawn = 1});
+    EXPECT_EQ(rendered.names, (QStringList{"contact-sheet.png", "slide-1.png"}));
+    EXPECT_TRUE(rendered.lastRemark.startsWith("media that were not drawn: "))
+        << rendered.lastRemark.toStdString();
+    EXPECT_TRUE(rendered.lastRemark.endsWith(
         ", from slide 1 on (limit: 1 million pixels; raise it with --max-drawn)"));
 }
 
@@ -224,9 +237,7 @@ TEST(RenderLimits, SufficeForThirtySlidesOfALargePage)
 {
     const QTemporaryDir directory;
     Message message;
-    message.slides().setRootLayout(720, 1280);
-    for (int i = 0; i < 30; ++i)
-        message.slides().appendSlide(3000u);
+    addSlides(&message, 30, {720, 1280});
     EXPECT_TRUE(write(message, directory, {}).remarks.isEmpty());
     EXPECT_EQ(QImage(directory.filePath("slide-30.png")).width(), 720);
 }
