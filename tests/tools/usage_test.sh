@@ -63,7 +63,8 @@ expect 2 'too many arguments: "b" is superfluous' "$qvlmms" extract "$message" a
 
 expect 2 'cannot read .*/missing.mms: there is no such file; check its name$' "$qvlmms" show "$work/missing.mms"
 expect 2 'cannot read .*/missing.smil: there is no such file' "$qvlmms" smil "$work/missing.smil"
-expect 2 'cannot read .*: it is a folder; name the files in it$' "$qvlmms" show "$work"
+expect 2 'cannot read .*: it is a folder; name the files in it$' "$qvlmms" smil "$work"
+expect 1 'REFUSED.*octet 2' "$qvlmms" show "$work"
 expect 2 '^qvlmms: cannot read standard input: ' bash -c '"$1" show - <"$2"' - "$qvlmms" "$work"
 expect 1 'the message has no presentation; qvlmms show lists its contents$' "$qvlmms" smil "$2/messages/notification.mms"
 expect 1 'the message was refused; qvlmms show prints the reason$' "$qvlmms" smil "$work/refused"

@@ -1,9 +1,11 @@
 #include "commands/commands.h"
 
+#include "commands/files_in_order.h"
 #include "commands/message_command.h"
 #include "commands/progress.h"
-#include "commands/shown_files.h"
+#include "commands/shown_file.h"
 #include "input/message.h"
+#include "input/message_files.h"
 #include "view/message_view.h"
 
 #include <QCommandLineParser>
@@ -21,7 +23,7 @@ ShownFile showFile(const QString &fileName, const ReadOptions &options, bool jso
         shown.text =
             json ? messageJson(*message) : linesFor(stdout, messageText(*message)).toStdString();
         shown.advice = json ? QString() : whyNoMessage(*message);
-        shown.refused = message->isRefused();
+        shown.exitCode = message->isRefused() ? Refused : AllDecoded;
     }
     return shown;
 }
@@ -67,7 +69,7 @@ private:
     {
         if (m_decoded + m_refused > 0 && !m_json)
             CommandLine::print(stdout, "\n");
-        ++(shown.refused ? m_refused : m_decoded);
+        ++(shown.exitCode == Refused ? m_refused : m_decoded);
         CommandLine::print(stdout, shown.text);
         if (!shown.advice.isEmpty())
             printError(name + QLatin1String(": ") + shown.advice);
@@ -89,10 +91,12 @@ int showFiles(const QCommandLineParser &arguments)
                                   ? QvlMessage::Strict
                                   : QvlMessage::AnyVersion};
     Printer printer(names.size(), wantsJson);
-    ShownFiles files(
-        names, [&](const QString &name) { return showFile(name, options, wantsJson); },
+    MessageFiles found(names, false);
+    FilesInOrder<ShownFile> files(
+        [&] { return found.next(); },
+        [&](const QString &name) { return showFile(name, options, wantsJson); },
         [&](const QString &name, const ShownFile &shown) { printer.print(name, shown); });
-    files.printAll(arguments.value(QStringLiteral("jobs")).toInt());
+    files.run(arguments.value(QStringLiteral("jobs")).toInt());
     return printer.finish();
 }
 
@@ -107,7 +111,8 @@ Command Commands::show()
              .purpose = "Shows the header, checks, parts and slides of messages.",
              .exitCodes =
                  "0 all decoded, 1 a message was refused, 2 wrong usage or an unreadable file.",
-             .arguments = {{"FILE...", "files with one message each; - is standard input"}},
+             .arguments = {{"FILE...",
+                            "files with one message each, or folders; - is standard input"}},
              .groups = {{"Options",
                          {{.name = "json", .help = "print one JSON object per line"},
                           {.name = "strict",

@@ -1,0 +1,84 @@
+/*
+ * Works on files with several threads and passes the results on in the order of the files. The
+ * thread that finishes a file also passes on all results that are ready then, so that no other
+ * thread has to be woken up for that.
+ */
+#pragma once
+
+#include <QString>
+
+#include <condition_variable>
+#include <functional>
+#include <map>
+#include <mutex>
+#include <optional>
+#include <system_error>
+#include <thread>
+#include <utility>
+#include <vector>
+
+template <typename Result>
+class FilesInOrder
+{
+public:
+    using Next = std::function<std::optional<QString>()>; // nothing after the last file
+    using Work = std::function<Result(const QString &name)>;
+    using Take = std::function<void(const QString &name, Result result)>;
+
+    /// Several threads call @p work at the same time; only one at a time calls @p next and @p take.
+    FilesInOrder(Next next, Work work, Take take)
+        : m_next(std::move(next)), m_work(std::move(work)), m_take(std::move(take))
+    {
+    }
+
+    /// Works on all files, with @p jobs threads.
+    void run(int jobs)
+    {
+        m_mostAhead = 4 * qsizetype(jobs);
+        std::vector<std::jthread> others;
+        try {
+            for (int i = 1; i < jobs; ++i)
+                others.emplace_back([this] { workOnAll(); });
+        } catch (const std::system_error &) {
+            // The system allows no more threads; those that exist do all files.
+        }
+        workOnAll();
+    }
+
+private:
+    void workOnAll()
+    {
+        std::unique_lock lock(m_mutex);
+        while (const std::optional<QString> name = m_next()) {
+            const qsizetype index = m_started++;
+            // Limits the results that wait in memory while an earlier file still takes time.
+            m_tookMore.wait(lock, [&] { return index < m_taken + m_mostAhead; });
+            lock.unlock();
+            Result result = m_work(*name);
+            lock.lock();
+            m_ready.emplace(index, std::pair(*name, std::move(result)));
+            takeReady();
+        }
+    }
+
+    void takeReady()
+    {
+        while (!m_ready.empty() && m_ready.begin()->first == m_taken) {
+            auto node = m_ready.extract(m_ready.begin());
+            m_take(node.mapped().first, std::move(node.mapped().second));
+            ++m_taken;
+        }
+        m_tookMore.notify_all();
+    }
+
+    const Next m_next;
+    const Work m_work;
+    const Take m_take;
+    qsizetype m_mostAhead = 0;
+
+    std::mutex m_mutex; // protects the members below
+    std::condition_variable m_tookMore;
+    std::map<qsizetype, std::pair<QString, Result>> m_ready; // by index
+    qsizetype m_started = 0;
+    qsizetype m_taken = 0;
+};
