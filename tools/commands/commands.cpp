@@ -6,8 +6,8 @@ using namespace CommandLine;
 
 const QList<Command> &Commands::all()
 {
-    static const QList<Command> commands{show(),    extract(), smil(), render(),
-                                         compose(), rewrite(), help()};
+    static const QList<Command> commands{show(),   check(),   extract(), smil(),
+                                         render(), compose(), rewrite(), help()};
     return commands;
 }
 

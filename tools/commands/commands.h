@@ -11,6 +11,7 @@
 namespace Commands {
 
 CommandLine::Command show();
+CommandLine::Command check();
 CommandLine::Command extract();
 CommandLine::Command smil();
 CommandLine::Command render();

@@ -20,7 +20,7 @@ _qvlmms() { # QVLMMS WORD_BEGUN WORD_BEFORE
     case $title$name in
       *:) title=$name ;;
       Commands:*) commands+=("$name") ;;
-      Arguments:*) wanted=${wanted:-$name} ;;
+      Arguments:*) wanted=${wanted:-${name//[][]/}} ;;
       *:-*) options+=("$name") value_of[$name]=$value help_of[$name]=$help ;;
       Values:*) help_of[$name]=$help ;;
     esac

@@ -6,6 +6,7 @@
 #include <QXmlStreamReader>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <new>
 
@@ -114,6 +115,12 @@ std::unique_ptr<Message> openFile(const QString &fileName, const ReadOptions &op
 }
 
 } // namespace
+
+const char *stateName(MessageState state)
+{
+    constexpr std::array names{"ok", "changed", "refused"};
+    return names[std::size_t(state)];
+}
 
 std::unique_ptr<Message> decodeMessage(const QByteArray &octets)
 {

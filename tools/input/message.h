@@ -13,6 +13,16 @@
 #include <memory>
 #include <optional>
 
+/// What became of a message.
+enum class MessageState : unsigned char {
+    Ok, ///< read as it is
+    Changed, ///< read after something was left out or rewritten
+    Refused, ///< not read, or not all of it
+};
+
+/// "ok", "changed" or "refused".
+const char *stateName(MessageState state);
+
 /// A message, and the results of reading its file.
 struct Message : QvlMessage
 {
@@ -29,6 +39,13 @@ struct Message : QvlMessage
         return headerResult != WireResult::Read
             || bodyResult.value_or(MultipartResult::Ok) != 0
             || smilResult.value_or(SmilResult::Ok) != 0;
+    }
+
+    MessageState state() const
+    {
+        return isRefused()      ? MessageState::Refused
+            : changes().empty() ? MessageState::Ok
+                                : MessageState::Changed;
     }
 };
 

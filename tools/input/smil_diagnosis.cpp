@@ -4,40 +4,28 @@
 
 #include <QXmlStreamReader>
 
-#include <algorithm>
-
-namespace {
-
-// The place of @p reader in a document that has the text @p before in front of what it reads.
-QString placeOf(const QXmlStreamReader &reader, QStringView before)
+QString SmilMistake::text() const
 {
-    const bool isFirstLine = reader.lineNumber() == 1;
-    const qsizetype skipped =
-        isFirstLine ? before.size() - before.lastIndexOf(QLatin1Char('\n')) - 1 : 0;
-    return QStringLiteral("line %1, column %2: ")
-        .arg(reader.lineNumber() + before.count(QLatin1Char('\n')))
-        .arg(reader.columnNumber() + skipped);
+    return QStringLiteral("line %1, column %2: ").arg(place.line).arg(place.column) + reason;
 }
 
-} // namespace
-
-QString whyNotWellFormed(const QByteArray &smil)
+std::optional<SmilMistake> findMistake(const QByteArray &smil)
 {
-    const QString all = QString::fromUtf8(smil);
-    const qsizetype start = std::max<qsizetype>(all.indexOf(QLatin1String("<smil")), 0);
-    const QString text = all.sliced(start);
-    if (text.contains(QLatin1String("<!ENTITY")) || text.contains(QLatin1String("<!ATTLIST")))
-        return QString();
-    QXmlStreamReader reader(text);
+    const SmilText text(smil);
+    if (text.hasDeclarations())
+        return std::nullopt;
+    QXmlStreamReader reader(text.text());
     reader.setNamespaceProcessing(false);
     for (int depth = 0; !reader.atEnd() && depth <= int(QvlDocumentLimits::DeepestNesting);) {
         reader.readNext();
         depth += reader.isStartElement() ? 1 : reader.isEndElement() ? -1 : 0;
     }
-    const QString place = placeOf(reader, QStringView(all).first(start));
+    const SmilText::Place place = text.placeOf(reader);
     if (!reader.atEnd())
-        return place
-            + QStringLiteral("nested more than %1 levels deep")
-                  .arg(QvlDocumentLimits::DeepestNesting);
-    return reader.hasError() ? place + reader.errorString() : QString();
+        return SmilMistake{place,
+                           QStringLiteral("nested more than %1 levels deep")
+                               .arg(QvlDocumentLimits::DeepestNesting)};
+    if (reader.hasError())
+        return SmilMistake{place, reader.errorString()};
+    return std::nullopt;
 }

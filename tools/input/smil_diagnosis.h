@@ -4,11 +4,22 @@
  */
 #pragma once
 
-#include <QByteArray>
-#include <QString>
+#include "input/smil_text.h"
+
+#include <optional>
+
+/// Where and why a text is not well-formed.
+struct SmilMistake
+{
+    SmilText::Place place;
+    QString reason;
+
+    /// Such as "line 3, column 7: ...".
+    QString text() const;
+};
 
 /**
- * Where and why @p smil is not well-formed, such as "line 3, column 7: ..."; "" if it is. Also ""
- * if it declares entities or attributes, because expanding them may take long.
+ * The first mistake in @p smil; nothing if it is well-formed. Also nothing if it declares entities
+ * or attributes, because expanding them may take long.
  */
-QString whyNotWellFormed(const QByteArray &smil);
+std::optional<SmilMistake> findMistake(const QByteArray &smil);

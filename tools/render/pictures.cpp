@@ -74,11 +74,17 @@ QImage Pictures::decode(const Part &part, Source *source, const QSize &size)
 
 Picture Pictures::find(const Part &part, const PlacedObject &place, double scale)
 {
+    const QSizeF size(source(part).shownSize());
+    return size.isEmpty() ? Picture() : find(part, sizeOnPage(size, place) * scale);
+}
+
+Picture Pictures::find(const Part &part, const QSizeF &drawn)
+{
     Source &found = source(part);
     const QSizeF size(found.shownSize());
     if (found.format.isEmpty() || found.storedSize.isEmpty() || found.isMalformed)
         return {};
-    const QSize wanted = decodedSize(found.shownSize(), sizeOnPage(size, place) * scale);
+    const QSize wanted = decodedSize(found.shownSize(), drawn);
     const Decoded *kept = m_images.object(&part);
     if (kept && covers(kept->wanted, wanted))
         return {kept->image, size};

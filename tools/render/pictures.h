@@ -29,6 +29,9 @@ public:
      */
     Picture find(const Part &part, const PlacedObject &place, double scale);
 
+    /// The picture in @p part, decoded with at least the resolution of @p drawn pixels.
+    Picture find(const Part &part, const QSizeF &drawn);
+
     /// True if find() did not decode the picture in @p part because of the limit.
     bool isBeyondLimit(const Part &part) const { return m_sources.value(&part).isBeyondLimit; }
 

@@ -62,22 +62,6 @@ QString checksText(const MMS_UA_UAMsg &header)
     return texts.join(QLatin1String(", "));
 }
 
-// The fields of the record have the sender's times in place of decoded ones.
-QList<FieldView> fieldViews(const Message &message)
-{
-    const QvlSentTimes sent = message.sentTimes();
-    QList<FieldView> views;
-    for (const MessageField &field : messageFields(message)) {
-        const unsigned char code = field.recordCode;
-        if (code != 0)
-            views += {QString::fromLatin1(headerFieldInfo(code)->name),
-                      recordText(code, message.header(), sent)};
-        else if (!field.isListed)
-            views += {visible(fieldName(*field.scanned)), fieldText(*field.scanned)};
-    }
-    return views;
-}
-
 QString fieldsText(const Message &message)
 {
     constexpr qsizetype Widest = 32; // names of the standard have up to 31 characters
@@ -186,6 +170,21 @@ void writeSentTimes(const QvlSentTimes &times, JsonWriter *json)
 
 } // namespace
 
+QList<FieldView> fieldViews(const Message &message)
+{
+    const QvlSentTimes sent = message.sentTimes();
+    QList<FieldView> views;
+    for (const MessageField &field : messageFields(message)) {
+        const unsigned char code = field.recordCode;
+        if (code != 0)
+            views += {QString::fromLatin1(headerFieldInfo(code)->name),
+                      recordText(code, message.header(), sent)};
+        else if (!field.isListed)
+            views += {visible(fieldName(*field.scanned)), fieldText(*field.scanned)};
+    }
+    return views;
+}
+
 QString messageText(const Message &message)
 {
     const MMS_UA_UAMsg &header = message.header();
@@ -207,10 +206,11 @@ QString messageText(const Message &message)
 QString refusedSmilText(const Message &message)
 {
     const int result = message.smilResult.value_or(SmilResult::Ok);
-    const QString why =
-        result == SmilResult::NotWellFormed ? whyNotWellFormed(message.smil) : QString();
     const QString text = QLatin1String("SMIL: ") + resultText(SmilResult::meaning(result), result);
-    return why.isEmpty() ? text : text + QLatin1String(", ") + why;
+    if (result != SmilResult::NotWellFormed)
+        return text;
+    const auto mistake = findMistake(message.smil);
+    return mistake ? text + QLatin1String(", ") + mistake->text() : text;
 }
 
 std::string messageJson(const Message &message)

@@ -1,0 +1,257 @@
+/*
+ * Every rule, with a message that breaks it and one that does not. The octets are written by hand.
+ */
+#include "check/check.h"
+
+#include "input/message.h"
+#include "support/pdu_writer.h"
+
+#include <QBuffer>
+#include <QImage>
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+using namespace Check;
+using namespace PduWriter;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr qint64 Limit = 30'000; // octets
+constexpr int Latin1 = 4;
+constexpr int Utf8 = 106;
+
+// Codes of header fields.
+constexpr int Content = 0x04;
+constexpr int MessageType = 0x0C;
+constexpr int Priority = 0x0F;
+constexpr int ReadStatus = 0x1B;
+constexpr int ResponseStatus = 0x12;
+constexpr int Subject = 0x16;
+constexpr int To = 0x17;
+constexpr int TransactionId = 0x18;
+constexpr int Version = 0x0D;
+
+// Codes of media types, of parameters, and of headers of parts.
+constexpr int TextPlain = 0x03;
+constexpr int Gif = 0x1D;
+constexpr int Jpeg = 0x1E;
+constexpr int Png = 0x20;
+constexpr int Mixed = 0x23;
+constexpr int Related = 0x33;
+constexpr int Charset = 0x01;
+constexpr int Location = 0x0E;
+constexpr int Id = 0x40;
+
+const QByteArray SendReq =
+    field(MessageType, token(128)) + field(TransactionId, text("T")) + field(Version, token(0x90));
+const QByteArray ToPhone = field(To, text("+491511234/TYPE=PLMN"));
+const QByteArray Smil = "<smil><head><layout><root-layout width=\"160\" height=\"120\"/>"
+                        "<region id=\"r\" width=\"100%\" height=\"120\"/></layout></head>"
+                        "<body><par dur=\"2s\"><img src=\"a.png\" region=\"r\"/></par></body>"
+                        "</smil>";
+
+QByteArray png(int width, int height)
+{
+    QByteArray octets;
+    QBuffer buffer(&octets);
+    QImage image(width, height, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    image.save(&buffer, "PNG");
+    return octets;
+}
+
+QByteArray named(const QByteArray &contentType, const QByteArray &location, const QByteArray &data)
+{
+    return part(contentType, field(Location, text(location)), data);
+}
+
+QByteArray withCharset(int charset)
+{
+    return generalType(mediaCode(TextPlain), field(Charset, integer(quint64(charset))));
+}
+
+QByteArray textPart(const QByteArray &location, const QByteArray &data = "text")
+{
+    return named(withCharset(Utf8), location, data);
+}
+
+QByteArray smilPart(const QByteArray &smil)
+{
+    return part(generalType(text("application/smil")), {}, smil);
+}
+
+QByteArray mixed(const QList<QByteArray> &parts)
+{
+    return SendReq + ToPhone + field(Content, mediaCode(Mixed)) + body(parts);
+}
+
+QByteArray related(const QByteArray &smil, const QList<QByteArray> &parts)
+{
+    return SendReq + ToPhone + field(Content, mediaCode(Related))
+        + body(QList<QByteArray>{smilPart(smil)} + parts);
+}
+
+QByteArray withPicture(int width, int height)
+{
+    return related(Smil, {named(mediaCode(Png), "a.png", png(width, height))});
+}
+
+QByteArray withSmil(const QByteArray &before, const QByteArray &after)
+{
+    return related(QByteArray(Smil).replace(before, after),
+                   {named(mediaCode(Png), "a.png", png(8, 8))});
+}
+
+QByteArray manyParts(int count)
+{
+    QList<QByteArray> parts;
+    for (int i = 0; i < count; ++i)
+        parts += textPart("t" + QByteArray::number(i));
+    return mixed(parts);
+}
+
+// The header of a bitmap, without its pixels.
+QByteArray bitmap(int width, int height)
+{
+    const auto number = [](int value) {
+        return octet(value & 0xFF) + octet(value >> 8 & 0xFF) + octet(value >> 16) + octet(0);
+    };
+    return "BM" + number(54) + octet(0, 4) + number(54) + number(40) + number(width)
+        + number(height) + octet(1) + octet(0) + octet(24) + octet(0) + octet(0, 24);
+}
+
+struct Row
+{
+    Rule rule;
+    QByteArray breaking;
+    QByteArray keeping;
+};
+
+const std::vector<Row> &rows()
+{
+    static const QByteArray body =
+        field(Content, mediaCode(Mixed)) + PduWriter::body({textPart("a")});
+    static const QByteArray whole = SendReq + ToPhone + body;
+    static const std::vector<Row> rows{
+        {Rule::HeaderRefused, SendReq + "\x05"_L1.latin1(), whole},
+        {Rule::WrongVersion,
+         field(MessageType, token(128)) + field(TransactionId, text("T"))
+             + field(Version, token(0xA0)) + ToPhone + body,
+         whole},
+        {Rule::LaterVersion,
+         field(MessageType, token(128)) + field(TransactionId, text("T"))
+             + field(Version, token(0x92)) + ToPhone + body,
+         whole},
+        {Rule::MissingField,
+         field(MessageType, token(129)) + field(TransactionId, text("T"))
+             + field(Version, token(0x90)),
+         field(MessageType, token(129)) + field(TransactionId, text("T"))
+             + field(Version, token(0x90)) + field(ResponseStatus, token(128))},
+        {Rule::FieldOrder,
+         field(MessageType, token(128)) + field(Version, token(0x90)) + ToPhone
+             + field(TransactionId, text("T")) + body,
+         whole},
+        {Rule::LaterField, SendReq + field(ReadStatus, token(128)) + ToPhone + body,
+         SendReq + field(Priority, token(128)) + ToPhone + body},
+        {Rule::UnknownField, SendReq + fieldInLetters("X-Own", text("1")) + ToPhone + body, whole},
+        {Rule::RepeatedField,
+         SendReq + field(Priority, token(128)) + field(Priority, token(129)) + ToPhone + body,
+         SendReq + ToPhone + ToPhone + body},
+        {Rule::MalformedField, SendReq + field(Priority, text("high")) + ToPhone + body,
+         SendReq + field(Priority, token(130)) + ToPhone + body},
+        {Rule::HeaderForm, SendReq + field(Priority, withLength(token(128))) + ToPhone + body,
+         whole},
+        {Rule::NoRecipient, SendReq + body, whole},
+        {Rule::EmptyRecipient, SendReq + field(To, text("/TYPE=PLMN")) + body, whole},
+        {Rule::HeaderCharset,
+         SendReq + field(Subject, encodedText(Utf8, text("\xE4"))) + ToPhone + body,
+         SendReq + field(Subject, encodedText(Latin1, text("\xE4"))) + ToPhone + body},
+        {Rule::BodyRefused, whole.chopped(1), whole},
+        {Rule::PartForm,
+         mixed({part(text("text/plain"), field(Location, withLength(integer(Utf8) + text("a"))),
+                     "x")}),
+         whole},
+        {Rule::TooManyParts, manyParts(128), manyParts(127)},
+        {Rule::TooLarge, mixed({textPart("a", QByteArray(Limit, 'x'))}),
+         mixed({textPart("a", QByteArray(Limit - 200, 'x'))})},
+        {Rule::EmptyPart, mixed({textPart("a", "")}), whole},
+        {Rule::SameName, mixed({textPart("a"), textPart("A")}),
+         mixed({textPart("a"), textPart("b")})},
+        {Rule::NoName, related(Smil, {part(mediaCode(Png), {}, png(8, 8))}), withPicture(8, 8)},
+        {Rule::UnsafeName, mixed({textPart("a/b")}), mixed({textPart("a-b.txt")})},
+        {Rule::LongName, mixed({textPart(QByteArray(101, 'a'))}),
+         mixed({textPart(QByteArray(100, 'a'))})},
+        {Rule::ForeignName, mixed({textPart("\xC3\xA4")}), whole},
+        {Rule::BareContentId, mixed({part(withCharset(Utf8), field(Id, quotedString("a")), "x")}),
+         mixed({part(withCharset(Utf8), field(Id, quotedString("<a>")), "x")})},
+        {Rule::TextCharset, mixed({textPart("a", "\xE4")}),
+         mixed({named(withCharset(Latin1), "a", "\xE4")})},
+        {Rule::WrongType, mixed({named(mediaCode(Jpeg), "a", png(8, 8))}),
+         mixed({named(mediaCode(Png), "a", png(8, 8))})},
+        {Rule::BrokenPicture, mixed({named(mediaCode(Png), "a", png(8, 8).first(40))}),
+         mixed({named(mediaCode(Png), "a", png(8, 8))})},
+        {Rule::LargePicture, mixed({named(text("image/bmp"), "a", bitmap(9000, 9000))}),
+         mixed({named(mediaCode(Png), "a", png(8, 8))})},
+        {Rule::NoClipLength, mixed({named(text("audio/amr"), "a.amr", "#!AMR\n")}), whole},
+        {Rule::NoSlides, whole, withPicture(8, 8)},
+        {Rule::SmilRefused, withSmil("</body>", ""), withPicture(8, 8)},
+        {Rule::SkippedElement, withSmil("<par", "<excl/><par"), withPicture(8, 8)},
+        {Rule::MissingPart, withSmil("a.png", "b.png"), withPicture(8, 8)},
+        {Rule::UnusedPart,
+         related(Smil, {named(mediaCode(Png), "a.png", png(8, 8)), textPart("b")}),
+         withPicture(8, 8)},
+        {Rule::SmallRegion, withPicture(161, 120), withPicture(160, 120)},
+        {Rule::ZeroDuration, withSmil("2s", "0ms"), withPicture(8, 8)},
+    };
+    return rows;
+}
+
+class CheckRule : public testing::TestWithParam<Row>
+{
+};
+
+Findings findingsIn(const QByteArray &octets)
+{
+    const auto message = decodeMessage(octets);
+    return checkMessage(*message, {Limit});
+}
+
+TEST_P(CheckRule, FindsTheMessageThatBreaksIt)
+{
+    EXPECT_TRUE(findingsIn(GetParam().breaking).has(GetParam().rule));
+}
+
+TEST_P(CheckRule, FindsNothingInTheOtherMessage)
+{
+    EXPECT_FALSE(findingsIn(GetParam().keeping).has(GetParam().rule));
+}
+
+std::string nameOfRow(const testing::TestParamInfo<Row> &info)
+{
+    std::string name = textOf(info.param.rule).id;
+    std::erase(name, '-');
+    return name;
+}
+
+INSTANTIATE_TEST_SUITE_P(All, CheckRule, testing::ValuesIn(rows()), nameOfRow);
+
+TEST(CheckHeader, FindsAValueAfterWhichTheHeaderCanBeReadInTwoWays)
+{
+    constexpr int Expiry = 0x08;
+    const Findings findings = findingsIn(SendReq + field(Expiry, text("soon")) + ToPhone
+                                         + field(Content, mediaCode(Mixed)) + octet(0));
+    EXPECT_TRUE(findings.has(Rule::MalformedField));
+}
+
+TEST(CheckRules, AreAllTested)
+{
+    std::set<Rule> tested;
+    for (const Row &row : rows())
+        tested.insert(row.rule);
+    EXPECT_EQ(tested.size(), rules().size());
+}
+
+} // namespace

@@ -1,0 +1,220 @@
+#include "check/charset_fit.h"
+#include "check/check.h"
+#include "input/message.h"
+#include "view/field_values.h"
+#include "view/message_fields.h"
+#include "view/scanned_field_view.h"
+
+#include <algorithm>
+#include <array>
+
+using namespace Qt::StringLiterals;
+
+namespace Check {
+
+namespace {
+
+constexpr std::array recipientCodes{HeaderFieldCode::To, HeaderFieldCode::Cc, HeaderFieldCode::Bcc};
+
+bool isRecipient(int code)
+{
+    return std::ranges::find(recipientCodes, code) != recipientCodes.end();
+}
+
+Place placeOf(const QvlScannedField &field)
+{
+    return {.octet = field.offset, .name = fieldName(field)};
+}
+
+// Where the field with @p code is; only its name when the scanner does not find it.
+Place placeOf(unsigned char code, const std::vector<MessageField> &fields)
+{
+    for (const MessageField &field : fields) {
+        if (field.scanned && field.scanned->code == code)
+            return placeOf(*field.scanned);
+    }
+    return {.name = QString::fromLatin1(headerFieldInfo(code)->name)};
+}
+
+void checkRefusal(const Message &message, Findings *findings)
+{
+    if (message.headerResult == WireResult::Read)
+        return;
+    if (const auto refused = refusedField(message))
+        findings->add(Rule::HeaderRefused,
+                      {.octet = refused->field.offset, .name = fieldName(refused->field)},
+                      QString::fromLatin1(refused->reason));
+    else
+        findings->add(Rule::HeaderRefused, {.octet = 0},
+                      QString::fromLatin1(WireResult::meaning(message.headerResult)));
+}
+
+void checkVersion(const MMS_UA_UAMsg &header, const std::vector<MessageField> &fields,
+                  Findings *findings)
+{
+    if (!header.fieldsPresent(headerFieldMask(HeaderFieldCode::MmsVersion)))
+        return;
+    const Place place = placeOf(HeaderFieldCode::MmsVersion, fields);
+    const QString problem = u"the version is "_s + FieldValue::version(header.getMMSVersion());
+    if (!header.isMMSVersionCorrect())
+        findings->add(Rule::WrongVersion, place, problem);
+    else if (!header.isMMSMinorVersionCorrect())
+        findings->add(Rule::LaterVersion, place, problem);
+}
+
+void checkMandatoryFields(const MMS_UA_UAMsg &header, Findings *findings)
+{
+    const MessageTypeInfo *type = messageTypeInfo(header.getMessageType());
+    if (!type)
+        return;
+    for (const HeaderFieldInfo &field : headerFields()) {
+        const unsigned int mask = headerFieldMask(field.code);
+        if ((type->mandatoryFields & mask) != 0 && !header.fieldsPresent(mask))
+            findings->add(Rule::MissingField, {},
+                          u"%1 has no field %2"_s.arg(QLatin1StringView(type->name),
+                                                      QLatin1StringView(field.name)));
+    }
+}
+
+void checkOrder(const MMS_UA_UAMsg &header, Findings *findings)
+{
+    if (!header.pduOrderCheck())
+        findings->add(Rule::FieldOrder, {.octet = 0},
+                      u"the fields are not in order: Message-Type, Transaction-Id and MMS-Version "
+                      "come first, Content-Type last"_s);
+}
+
+void checkKind(const QvlScannedField &field, Findings *findings)
+{
+    if (!field.known)
+        findings->add(Rule::UnknownField, placeOf(field), u"no version of MMS has this field"_s);
+    else if (field.known->version > QvlMmsVersion::Version10)
+        findings->add(
+            Rule::LaterField, placeOf(field),
+            u"MMS %1 introduced this field"_s.arg(FieldValue::version(field.known->version)));
+}
+
+void checkValue(const QvlScannedField &field, Findings *findings)
+{
+    if (field.known && field.known->form != QvlFieldForm::Opaque && !field.decoded().isReadable)
+        findings->add(Rule::MalformedField, placeOf(field), u"the value is malformed"_s);
+}
+
+// Then the decoder divides the header in another way than the standard's rule for lengths.
+void checkDivision(const std::vector<MessageField> &fields, Findings *findings)
+{
+    const bool isDivided = std::ranges::any_of(
+        fields, [](const MessageField &field) { return field.scanned.has_value(); });
+    if (!fields.empty() && !isDivided)
+        findings->add(Rule::MalformedField, {.octet = 0},
+                      u"a value has a wrong length, so the header can be read in two ways"_s);
+}
+
+void checkRepetition(const std::vector<MessageField> &fields, Findings *findings)
+{
+    std::array<bool, HeaderFieldCode::TransactionId + 1> seen{};
+    for (const MessageField &field : fields) {
+        if (!field.scanned || !headerFieldInfo(field.scanned->code)
+            || isRecipient(field.scanned->code))
+            continue;
+        bool &wasSeen = seen[std::size_t(field.scanned->code)];
+        if (wasSeen)
+            findings->add(Rule::RepeatedField, placeOf(*field.scanned),
+                          u"the field occurs a second time"_s);
+        wasSeen = true;
+    }
+}
+
+// Fields that are left out have rules of their own.
+void checkForms(const Message &message, Findings *findings)
+{
+    for (const QvlChange &change : message.changes()) {
+        const bool isField = change.place == QvlChange::HeaderField;
+        if (isField && change.kind == QvlChange::Rewritten)
+            findings->add(Rule::HeaderForm, placeOf(changedField(change)),
+                          QString::fromLatin1(change.reason));
+        else if (change.place == QvlChange::HeaderEnd)
+            findings->add(Rule::HeaderForm, {.octet = change.offset},
+                          QString::fromLatin1(change.reason));
+    }
+}
+
+bool isEmptyRecipient(const QvlScannedField &field)
+{
+    const QvlScannedValue value = field.decoded();
+    return isRecipient(field.code) && value.isReadable
+        && value.text.section(u'/', 0, 0).trimmed().isEmpty();
+}
+
+void checkRecipients(const MMS_UA_UAMsg &header, const std::vector<MessageField> &fields,
+                     Findings *findings)
+{
+    for (const MessageField &field : fields) {
+        if (field.scanned && isEmptyRecipient(*field.scanned))
+            findings->add(Rule::EmptyRecipient, placeOf(*field.scanned),
+                          u"the recipient has no address"_s);
+    }
+    const bool isSent = header.getMessageType() == QvlMessageType::SendReq;
+    const bool hasAny = std::ranges::any_of(recipientCodes, [&](unsigned char code) {
+        return header.fieldsPresent(headerFieldMask(code));
+    });
+    if (isSent && !hasAny)
+        findings->add(Rule::NoRecipient, {}, u"nobody receives the message"_s);
+}
+
+// The octets of an encoded text: after value-length, charset and quote.
+QByteArrayView textOctets(const QvlScannedField &field, int charset)
+{
+    QByteArrayView octets = field.value;
+    if (charset != 0) {
+        auto buffer = LinearBuffer::forReading(
+            reinterpret_cast<const unsigned char *>(octets.data()), int(octets.size()));
+        int number = 0;
+        std::ignore = ValueLengthBinary::readFrom(&buffer, &number);
+        std::ignore = CharsetBinary::readFrom(&buffer, &number);
+        octets = octets.sliced(std::min<qsizetype>(buffer.getPosition(), octets.size()));
+    }
+    if (octets.startsWith('\x7F'))
+        octets = octets.sliced(1);
+    const qsizetype end = octets.indexOf('\0');
+    return end < 0 ? octets : octets.first(end);
+}
+
+void checkCharset(const QvlScannedField &field, Findings *findings)
+{
+    if (!field.known || field.known->form != QvlFieldForm::EncodedText)
+        return;
+    const QvlScannedValue value = field.decoded();
+    if (!value.isReadable || fitsCharset(textOctets(field, value.charset), value.charset))
+        return;
+    findings->add(Rule::HeaderCharset, placeOf(field),
+                  value.charset == 0
+                      ? u"the text has octets above 7F and no charset"_s
+                      : u"the text is not in %1"_s.arg(FieldValue::charsetName(value.charset)));
+}
+
+} // namespace
+
+void checkHeader(Message &message, Findings *findings)
+{
+    const std::vector<MessageField> fields = messageFields(message);
+    for (const MessageField &field : fields) {
+        if (field.scanned) {
+            checkKind(*field.scanned, findings);
+            checkValue(*field.scanned, findings);
+            checkCharset(*field.scanned, findings);
+        }
+    }
+    checkDivision(fields, findings);
+    checkRepetition(fields, findings);
+    checkForms(message, findings);
+    checkRefusal(message, findings);
+    if (message.headerResult != WireResult::Read)
+        return;
+    checkVersion(message.header(), fields, findings);
+    checkMandatoryFields(message.header(), findings);
+    checkOrder(message.header(), findings);
+    checkRecipients(message.header(), fields, findings);
+}
+
+} // namespace Check

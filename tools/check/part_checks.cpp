@@ -1,0 +1,175 @@
+#include "check/check.h"
+#include "check/part_keys.h"
+#include "check/sent_body.h"
+#include "input/message.h"
+
+#include <QHash>
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace Check {
+
+namespace {
+
+constexpr qsizetype LongestName = 100; // octets
+constexpr QStringView UnsafeCharacters = u"/\\:*?\"<>|";
+
+bool isAscii(const QString &name)
+{
+    return std::ranges::all_of(name, [](QChar character) { return character.unicode() < 0x80; });
+}
+
+bool isUnsafe(const QString &name)
+{
+    const auto isRefused = [](QChar character) {
+        return character.unicode() < u' ' || character.unicode() == 0x7F
+            || UnsafeCharacters.contains(character);
+    };
+    return name.startsWith(u'.') || name.startsWith(u'-') || std::ranges::any_of(name, isRefused);
+}
+
+void checkName(const QString &what, const QString &name, const Place &place, Findings *findings)
+{
+    const qsizetype octets = name.toUtf8().size();
+    if (octets > LongestName)
+        findings->add(Rule::LongName, place, u"the %1 has %2 octets"_s.arg(what).arg(octets));
+    if (!isAscii(name))
+        findings->add(Rule::ForeignName, place, u"the %1 is not ASCII"_s.arg(what));
+    if (isUnsafe(name))
+        findings->add(Rule::UnsafeName, place,
+                      u"the %1 begins with a point or a hyphen, or has one of "_s.arg(what)
+                          + UnsafeCharacters.toString() + u" or a control character"_s);
+}
+
+bool isBare(const QString &id)
+{
+    return !id.isEmpty() && !(id.startsWith(u'<') && id.endsWith(u'>'));
+}
+
+/// Finds names that two parts share.
+class Names
+{
+public:
+    explicit Names(Findings *findings) : m_findings(findings) { }
+
+    void add(const QString &name, int part, const Place &place)
+    {
+        const QString key = partKey(name);
+        if (key.isEmpty())
+            return;
+        const auto known = m_parts.constFind(key);
+        if (known == m_parts.constEnd())
+            m_parts.insert(key, part);
+        else if (*known != part)
+            m_findings->add(Rule::SameName, place,
+                            u"part %1 has the name \"%2\", too"_s.arg(*known).arg(name));
+    }
+
+private:
+    QHash<QString, int> m_parts;
+    Findings *m_findings;
+};
+
+void checkNames(Message &message, const SentBody &body, Findings *findings)
+{
+    Names names(findings);
+    for (int i = 0; i < message.parts().getPartCount(); ++i) {
+        const QvlScannedPart *sent = body.part(i);
+        if (!sent)
+            continue;
+        const Place place = body.placeOf(i);
+        const QString location = sent->location();
+        const QString id = sent->id();
+        const QString fileName = sent->fileName();
+        names.add(location, i, place);
+        names.add(id, i, place);
+        checkName(u"Content-Location"_s, location, place, findings);
+        if (fileName != location)
+            checkName(u"file name"_s, fileName, place, findings);
+        if (isBare(id))
+            findings->add(Rule::BareContentId, place,
+                          u"the Content-ID \"%1\" has no angle brackets"_s.arg(id));
+        if (message.smilResult && location.isEmpty() && id.isEmpty() && fileName.isEmpty()
+            && message.parts().getBodypartByIndex(i) != message.parts().getSmilPart())
+            findings->add(Rule::NoName, place, u"the part has no name"_s);
+    }
+}
+
+void checkForms(const Message &message, const SentBody &body, Findings *findings)
+{
+    for (const QvlChange &change : message.changes()) {
+        if (change.place == QvlChange::HeaderField || change.place == QvlChange::HeaderEnd)
+            continue;
+        Place place{.octet = change.offset, .part = change.part};
+        if (change.part >= 0 && change.part < message.parts().getPartCount())
+            place.name = body.placeOf(change.part).name;
+        findings->add(Rule::PartForm, place, QString::fromLatin1(change.reason));
+    }
+}
+
+void checkCount(const Message &message, Findings *findings)
+{
+    if (!message.isMultipart())
+        return;
+    const int count =
+        QvlPartScanner(QByteArrayView(message.octets).sliced(message.sentBodyOffset())).count();
+    if (count > QvlMessage::MostParts)
+        findings->add(Rule::TooManyParts, {.octet = message.sentBodyOffset()},
+                      u"the message has %1 parts"_s.arg(count));
+}
+
+int largestPart(const Message &message)
+{
+    int largest = -1;
+    for (int i = 0; i < message.parts().getPartCount(); ++i) {
+        if (largest < 0
+            || message.parts().getBodypartByIndex(i)->getBodyDataLen()
+                > message.parts().getBodypartByIndex(largest)->getBodyDataLen())
+            largest = i;
+    }
+    return largest;
+}
+
+void checkSize(const Message &message, qint64 limit, const SentBody &body, Findings *findings)
+{
+    const qint64 octets = message.octets.size();
+    if (octets <= limit)
+        return;
+    const QString problem =
+        u"%1 octets, %2 above the limit of %3"_s.arg(octets).arg(octets - limit).arg(limit);
+    const int largest = largestPart(message);
+    if (largest < 0)
+        return findings->add(Rule::TooLarge, {}, problem);
+    findings->add(Rule::TooLarge, body.placeOf(largest),
+                  problem
+                      + u"; this part is the largest, with %1"_s.arg(
+                          message.parts().getBodypartByIndex(largest)->getBodyDataLen()));
+}
+
+void checkEmptyParts(const Message &message, const SentBody &body, Findings *findings)
+{
+    for (int i = 0; i < message.parts().getPartCount(); ++i) {
+        if (message.parts().getBodypartByIndex(i)->getBodyDataLen() == 0)
+            findings->add(Rule::EmptyPart, body.placeOf(i), u"the part has no content"_s);
+    }
+}
+
+} // namespace
+
+void checkParts(Message &message, const Limits &limits, Findings *findings)
+{
+    const SentBody body(message);
+    if (const int code = message.bodyResult.value_or(MultipartResult::Ok))
+        findings->add(Rule::BodyRefused, {.octet = message.sentBodyOffset()},
+                      QString::fromLatin1(MultipartResult::meaning(code))
+                          + whyBodyRefused(message));
+    checkForms(message, body, findings);
+    checkCount(message, findings);
+    checkSize(message, limits.octets, body, findings);
+    checkEmptyParts(message, body, findings);
+    checkNames(message, body, findings);
+}
+
+} // namespace Check

@@ -1,0 +1,246 @@
+#include "check/check.h"
+#include "check/part_keys.h"
+#include "check/picture_size.h"
+#include "check/sent_body.h"
+#include "check/smil_outline.h"
+#include "input/message.h"
+#include "input/smil_diagnosis.h"
+
+#include <QHash>
+#include <QSet>
+
+#include <algorithm>
+#include <charconv>
+#include <optional>
+
+using namespace Qt::StringLiterals;
+
+namespace Check {
+
+namespace {
+
+constexpr double LowestText = 8; // pixels of a line of small text
+
+Place placeOf(const SmilElement &element)
+{
+    return {.line = element.line, .column = element.column};
+}
+
+bool isMedia(const SmilElement &element)
+{
+    return std::ranges::any_of(
+        qvlMediaKinds, [&element](const QvlMediaKind &kind) { return element.tag == kind.tag; });
+}
+
+bool isSlide(const SmilElement &element)
+{
+    return element.tag == "par"_L1 || element.tag == "seq"_L1;
+}
+
+/// Parts by the names that references may have.
+class PartsByName
+{
+public:
+    explicit PartsByName(const MMS_COMP_SMILMultipart &parts)
+    {
+        for (int i = 0; i < parts.getPartCount(); ++i) {
+            const auto &part = *parts.getBodypartByIndex(i);
+            add(part.getContentLocation(), i);
+            add(part.getContentID(), i);
+        }
+    }
+
+    /// The index of the part, or -1.
+    int find(const QString &reference) const { return m_parts.value(partKey(reference), -1); }
+
+private:
+    void add(const QString &name, int index)
+    {
+        const QString key = partKey(name);
+        if (!key.isEmpty() && !m_parts.contains(key))
+            m_parts.insert(key, index);
+    }
+
+    QHash<QString, int> m_parts;
+};
+
+/// The size of a region as it was sent.
+struct RegionSize
+{
+    double width;
+    double height;
+    bool isCutting; // media are neither scaled nor scrolled
+};
+
+// The number that the text begins with.
+std::optional<double> leadingNumber(const QString &text)
+{
+    const QByteArray octets = text.toLatin1();
+    double number = 0;
+    const auto read = std::from_chars(octets.begin(), octets.end(), number);
+    return read.ec == std::errc() ? std::optional(number) : std::nullopt;
+}
+
+// In pixels; nothing when it is not given, or in percent of an unknown size.
+std::optional<double> pixels(const QString &text, std::optional<double> whole)
+{
+    const std::optional<double> number = leadingNumber(text);
+    if (!number || !text.contains(u'%'))
+        return number;
+    return whole ? std::optional(*number * *whole / 100) : std::nullopt;
+}
+
+/// The regions of a SMIL text that have a size.
+class Regions
+{
+public:
+    explicit Regions(const std::vector<SmilElement> &elements)
+    {
+        std::optional<double> width;
+        std::optional<double> height;
+        for (const SmilElement &element : elements) {
+            if (element.tag == "root-layout"_L1 && !element.isSkipped) {
+                width = leadingNumber(element.value("width"_L1));
+                height = leadingNumber(element.value("height"_L1));
+            }
+        }
+        for (const SmilElement &element : elements) {
+            if (element.tag == "region"_L1 && !element.isSkipped)
+                add(element, width, height);
+        }
+    }
+
+    std::optional<RegionSize> find(const QString &id) const
+    {
+        const auto found = m_regions.constFind(id);
+        return found == m_regions.constEnd() ? std::nullopt : std::optional(*found);
+    }
+
+private:
+    void add(const SmilElement &element, std::optional<double> rootWidth,
+             std::optional<double> rootHeight)
+    {
+        const auto width = pixels(element.value("width"_L1), rootWidth);
+        const auto height = pixels(element.value("height"_L1), rootHeight);
+        const QString fit = element.value("fit"_L1);
+        if (width && height)
+            m_regions.insert(element.value("id"_L1),
+                             {*width, *height, fit.isEmpty() || fit == "hidden"_L1});
+    }
+
+    QHash<QString, RegionSize> m_regions;
+};
+
+QString sizeText(double width, double height)
+{
+    return u"%1x%2"_s.arg(width).arg(height);
+}
+
+/// Checks the media of a presentation.
+class MediaChecks
+{
+public:
+    MediaChecks(const Message &message, const std::vector<SmilElement> &elements,
+                Findings *findings)
+        : m_message(message), m_names(message.parts()), m_regions(elements), m_findings(findings)
+    {
+    }
+
+    void check(const SmilElement &element)
+    {
+        const QString source = element.value("src"_L1);
+        const int part = m_names.find(source);
+        if (part < 0) {
+            m_findings->add(Rule::MissingPart, placeOf(element),
+                            source.isEmpty() ? u"<%1> has no src"_s.arg(element.tag)
+                                             : u"no part is named \"%1\""_s.arg(source));
+            return;
+        }
+        m_used.insert(part);
+        if (const auto region = m_regions.find(element.value("region"_L1)))
+            checkRegion(element, part, *region);
+    }
+
+    bool isUsed(int part) const { return m_used.contains(part); }
+
+private:
+    void checkRegion(const SmilElement &element, int part, const RegionSize &region)
+    {
+        const QString size = sizeText(region.width, region.height);
+        if (element.tag == "text"_L1 && (region.width < LowestText || region.height < LowestText))
+            m_findings->add(Rule::SmallRegion, placeOf(element),
+                            u"the region of %1 pixels has no room for a text"_s.arg(size));
+        if (element.tag != "img"_L1 || !region.isCutting)
+            return;
+        const QSize picture = sizeOf(part);
+        if (picture.width() > region.width || picture.height() > region.height)
+            m_findings->add(Rule::SmallRegion, placeOf(element),
+                            u"the picture has %1 pixels and the region %2"_s.arg(
+                                sizeText(picture.width(), picture.height()), size));
+    }
+
+    QSize sizeOf(int part)
+    {
+        const auto known = m_sizes.constFind(part);
+        if (known != m_sizes.constEnd())
+            return *known;
+        return *m_sizes.insert(part, pictureSize(*m_message.parts().getBodypartByIndex(part)));
+    }
+
+    const Message &m_message;
+    const PartsByName m_names;
+    const Regions m_regions;
+    Findings *m_findings;
+    QHash<int, QSize> m_sizes;
+    QSet<int> m_used;
+};
+
+void checkSmil(const Message &message, Findings *findings)
+{
+    const int result = message.smilResult.value_or(SmilResult::Ok);
+    if (result == SmilResult::Ok)
+        return;
+    const auto mistake =
+        result == SmilResult::NotWellFormed ? findMistake(message.smil) : std::nullopt;
+    findings->add(Rule::SmilRefused,
+                  mistake ? Place{.line = mistake->place.line, .column = mistake->place.column}
+                          : Place{},
+                  mistake ? mistake->reason : QString::fromLatin1(SmilResult::meaning(result)));
+}
+
+void checkElement(const SmilElement &element, MediaChecks *media, Findings *findings)
+{
+    if (element.isSkipped)
+        findings->add(Rule::SkippedElement, placeOf(element),
+                      u"<%1> is skipped"_s.arg(element.tag));
+    else if (isMedia(element))
+        media->check(element);
+    else if (isSlide(element) && MMS_COMP_SMILParser::parseDur(element.value("dur"_L1)) == 0)
+        findings->add(Rule::ZeroDuration, placeOf(element), u"the slide lasts 0 ms"_s);
+}
+
+} // namespace
+
+void checkPresentation(Message &message, Findings *findings)
+{
+    const auto *smil = message.parts().getSmilPart();
+    if (!smil) {
+        if (message.parts().getPartCount() > 0)
+            findings->add(Rule::NoSlides, {}, u"the message has no presentation"_s);
+        return;
+    }
+    checkSmil(message, findings);
+    const std::vector<SmilElement> elements = smilOutline(message.smil);
+    MediaChecks media(message, elements, findings);
+    for (const SmilElement &element : elements)
+        checkElement(element, &media, findings);
+    if (elements.empty() || message.smilResult.value_or(SmilResult::Ok) < SmilResult::Ok)
+        return;
+    const SentBody body(message);
+    for (int i = 0; i < message.parts().getPartCount(); ++i) {
+        if (message.parts().getBodypartByIndex(i) != smil && !media.isUsed(i))
+            findings->add(Rule::UnusedPart, body.placeOf(i), u"no slide refers to the part"_s);
+    }
+}
+
+} // namespace Check

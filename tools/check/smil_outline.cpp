@@ -1,0 +1,132 @@
+#include "check/smil_outline.h"
+
+#include "input/smil_text.h"
+
+#include <qvlsmilparser.h>
+
+#include <QXmlStreamReader>
+
+#include <algorithm>
+#include <array>
+#include <string_view>
+
+using namespace Qt::StringLiterals;
+
+namespace Check {
+
+namespace {
+
+enum class Content : unsigned char {
+    Document,
+    Smil,
+    Head,
+    Layout,
+    Slides, // of body, par and seq
+    Params,
+    Nothing,
+};
+
+/// An element that is read in a certain content, and its own content.
+struct Known
+{
+    Content in;
+    std::string_view tag;
+    Content content;
+    bool isSingle; // in its content; everything of the same kind after it is skipped
+};
+
+constexpr std::array known{
+    Known{Content::Document, "smil", Content::Smil, true},
+    Known{Content::Smil, "head", Content::Head, true},
+    Known{Content::Smil, "body", Content::Slides, true},
+    Known{Content::Head, "meta", Content::Nothing, false},
+    Known{Content::Head, "layout", Content::Layout, true},
+    Known{Content::Layout, "region", Content::Nothing, false},
+    Known{Content::Layout, "root-layout", Content::Nothing, true},
+    Known{Content::Slides, "par", Content::Slides, false},
+    Known{Content::Slides, "seq", Content::Slides, false},
+    Known{Content::Slides, "text", Content::Params, false},
+    Known{Content::Slides, "img", Content::Params, false},
+    Known{Content::Slides, "video", Content::Params, false},
+    Known{Content::Slides, "audio", Content::Params, false},
+    Known{Content::Slides, "ref", Content::Params, false},
+    Known{Content::Params, "param", Content::Nothing, false},
+};
+
+/// The content of an element that is open.
+class Level
+{
+public:
+    explicit Level(Content content) : m_content(content) { }
+
+    /// What the next element @p tag is; null when it is skipped.
+    const Known *next(const QString &tag)
+    {
+        const auto row = std::ranges::find_if(known, [&](const Known &one) {
+            return one.in == m_content
+                && tag == QLatin1StringView(one.tag.data(), qsizetype(one.tag.size()));
+        });
+        const Known *found = row != known.end() ? &*row : nullptr;
+        return isRead(found) ? found : nullptr;
+    }
+
+private:
+    // Head and layout have one place for an element that may be another, and end at the second one.
+    bool isRead(const Known *found)
+    {
+        switch (m_content) {
+        case Content::Head:
+        case Content::Layout:
+            if (!found || found->isSingle)
+                ++m_singles;
+            return found && m_singles <= 1;
+        case Content::Smil:
+            return found && isInOrder(*found);
+        default:
+            return found != nullptr;
+        }
+    }
+
+    // A head counts only before the body, and each of them once.
+    bool isInOrder(const Known &found)
+    {
+        const int place = found.content == Content::Head ? 1 : 2;
+        const bool isLater = place > m_singles;
+        m_singles = std::max(m_singles, place);
+        return isLater;
+    }
+
+    Content m_content;
+    int m_singles = 0;
+};
+
+} // namespace
+
+std::vector<SmilElement> smilOutline(const QByteArray &smil)
+{
+    std::vector<SmilElement> elements;
+    const SmilText text(smil);
+    if (text.hasDeclarations())
+        return elements;
+    QXmlStreamReader reader(text.text());
+    reader.setNamespaceProcessing(false);
+    std::vector<Level> levels{Level(Content::Document)};
+    while (!reader.atEnd() && levels.size() <= QvlDocumentLimits::DeepestNesting) {
+        const SmilText::Place before = text.placeOf(reader);
+        reader.readNext();
+        if (reader.isEndElement())
+            levels.pop_back();
+        if (!reader.isStartElement())
+            continue;
+        const Known *row = levels.back().next(reader.name().toString());
+        elements.push_back({reader.name().toString(), reader.attributes(), before.line,
+                            before.column + 1, row == nullptr});
+        if (row)
+            levels.emplace_back(row->content);
+        else
+            reader.skipCurrentElement();
+    }
+    return elements;
+}
+
+} // namespace Check

@@ -1,0 +1,35 @@
+/*
+ * The text of a SMIL part for Qt's XML reader, which finds places in it. The library reads it with
+ * another parser and reports no places.
+ */
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+class QXmlStreamReader;
+
+/// The text from its first "<smil" on, as the library reads it.
+class SmilText
+{
+public:
+    /// A place in the part.
+    struct Place
+    {
+        qint64 line; ///< from 1
+        qint64 column; ///< from 1; 0 before the first character of a line
+    };
+
+    explicit SmilText(const QByteArray &smil);
+
+    const QString &text() const { return m_text; }
+    /// Whether the text declares entities or attributes. Expanding them may take long.
+    bool hasDeclarations() const;
+    /// The place of the last character that @p reader, which reads text(), has passed.
+    Place placeOf(const QXmlStreamReader &reader) const;
+
+private:
+    QString m_text;
+    qint64 m_linesBefore;
+    qint64 m_columnsBefore; // in the line in which the text begins
+};
