@@ -6,7 +6,7 @@ using namespace CommandLine;
 
 const QList<Command> &Commands::all()
 {
-    static const QList<Command> commands{show(),   check(),   extract(), smil(),
+    static const QList<Command> commands{list(),   show(),    check(),   extract(), smil(),
                                          render(), compose(), rewrite(), help()};
     return commands;
 }

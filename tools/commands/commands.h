@@ -10,6 +10,7 @@
 
 namespace Commands {
 
+CommandLine::Command list();
 CommandLine::Command show();
 CommandLine::Command check();
 CommandLine::Command extract();

@@ -21,27 +21,6 @@ int width(char32_t character)
     return columns < 0 ? 1 : columns;
 }
 
-QString truncated(const QString &text)
-{
-    if (TerminalText::width(text) <= LongestCell)
-        return text;
-    QString result;
-    int columns = 1; // the ellipsis
-    for (char32_t character : text.toUcs4()) {
-        columns += width(character);
-        if (columns > LongestCell)
-            break;
-        result += QChar::fromUcs4(character);
-    }
-    return result + QChar(0x2026);
-}
-
-QString padded(const QString &text, int columns, bool alignRight)
-{
-    const QString padding(std::max(columns - TerminalText::width(text), 0), QLatin1Char(' '));
-    return alignRight ? padding + text : text + padding;
-}
-
 } // namespace
 
 bool TerminalText::hasVisibleForm(char32_t character)
@@ -83,6 +62,27 @@ int TerminalText::width(const QString &text)
     return columns;
 }
 
+QString TerminalText::truncated(const QString &text, int longest)
+{
+    if (width(text) <= longest)
+        return text;
+    QString result;
+    int columns = 1; // the ellipsis
+    for (char32_t character : text.toUcs4()) {
+        columns += ::width(character);
+        if (columns > longest)
+            break;
+        result += QChar::fromUcs4(character);
+    }
+    return result + QChar(0x2026);
+}
+
+QString TerminalText::padded(const QString &text, int columns, bool alignRight)
+{
+    const QString padding(std::max(columns - width(text), 0), QLatin1Char(' '));
+    return alignRight ? padding + text : text + padding;
+}
+
 QStringList TerminalText::table(const QList<Column> &columns, const QList<QStringList> &rows,
                                 const QString &indent)
 {
@@ -92,7 +92,7 @@ QStringList TerminalText::table(const QList<Column> &columns, const QList<QStrin
     for (const QStringList &row : rows) {
         QStringList shown;
         for (const QString &cell : row)
-            shown += truncated(visible(cell));
+            shown += truncated(visible(cell), LongestCell);
         cells += shown;
     }
     QList<int> widths(columns.size());

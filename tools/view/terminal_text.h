@@ -20,6 +20,12 @@ QString visible(const QString &text);
 /// The number of columns of @p text, made visible(), on a terminal.
 int width(const QString &text);
 
+/// @p text, which is visible(), with at most @p longest columns; a longer one ends in an ellipsis.
+QString truncated(const QString &text, int longest);
+
+/// @p text, which is visible(), with blanks up to @p columns: after it, or before it.
+QString padded(const QString &text, int columns, bool alignRight);
+
 /// A column of a table.
 struct Column
 {
