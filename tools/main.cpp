@@ -4,6 +4,7 @@
  */
 #include "commands/commands.h"
 #include "commands/out_of_memory.h"
+#include "convert/child.h"
 #include "input/file_name.h"
 
 #include <QGuiApplication>
@@ -14,6 +15,7 @@
 
 #include <csignal>
 #include <cstdlib>
+#include <cstring>
 #include <memory>
 #include <tuple>
 #include <utility>
@@ -86,6 +88,8 @@ void keepStandardStreamsApart()
 
 int main(int argc, char **argv)
 {
+    if (argc > 1 && std::strcmp(argv[1], ConvertChild::Argument) == 0)
+        return ConvertChild::run(argc - 2, argv + 2);
     keepStandardStreamsApart();
     endWhenOutOfMemory();
     std::ignore = std::signal(SIGXFSZ, SIG_IGN); // a write past `ulimit -f` reports an error

@@ -6,8 +6,8 @@ using namespace CommandLine;
 
 const QList<Command> &Commands::all()
 {
-    static const QList<Command> commands{list(),   show(),    check(),   extract(), smil(),
-                                         render(), compose(), rewrite(), help()};
+    static const QList<Command> commands{list(),   show(), check(),   extract(), smil(),
+                                         render(), html(), compose(), rewrite(), help()};
     return commands;
 }
 

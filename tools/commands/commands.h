@@ -11,6 +11,7 @@
 namespace Commands {
 
 CommandLine::Command list();
+CommandLine::Command html();
 CommandLine::Command show();
 CommandLine::Command check();
 CommandLine::Command extract();

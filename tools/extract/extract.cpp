@@ -88,13 +88,18 @@ QString safeFileName(const QString &location, const QString &fallback)
     return name.isEmpty() ? fallback : shortened(name);
 }
 
+QString partFileName(const MMS_COMP_SMILMultipartBodypart &part, int index)
+{
+    return safeFileName(part.getDispFileName(), fallbackName(part, index));
+}
+
 bool extractParts(const Message &message, const QString &directory, Report *report, QString *error)
 {
     for (int i = 0; i < message.parts().getPartCount(); ++i) {
         const Part &part = *message.parts().getBodypartByIndex(i);
-        const QString name = safeFileName(part.getDispFileName(), fallbackName(part, i));
         QString path;
-        if (const int failure = writeNew(part.getBodyData(), directory, name, &path)) {
+        if (const int failure =
+                writeNew(part.getBodyData(), directory, partFileName(part, i), &path)) {
             *error = cannotWrite(path, qt_error_string(failure));
             return false;
         }

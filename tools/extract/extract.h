@@ -8,6 +8,7 @@
 #include <QString>
 #include <QStringList>
 
+class MMS_COMP_SMILMultipartBodypart;
 struct Message;
 
 /**
@@ -16,6 +17,9 @@ struct Message;
  * for every file system. Returns @p fallback if nothing is left of the location.
  */
 QString safeFileName(const QString &location, const QString &fallback);
+
+/// The file name of @p part, which is at @p index in its message.
+QString partFileName(const MMS_COMP_SMILMultipartBodypart &part, int index);
 
 /**
  * Writes every part of @p message to a new file in the folder @p directory. Adds a number to the

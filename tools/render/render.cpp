@@ -1,6 +1,7 @@
 #include "render/render.h"
 
 #include "input/message.h"
+#include "render/slide_style.h"
 #include "render/strip.h"
 
 #include <QPainter>
@@ -23,28 +24,6 @@ constexpr qint64 ObjectWork = 2'000;
 constexpr qint64 DrawnPixelsForOne = 8; // pixels that are drawn as fast as one is written
 
 constexpr QRgb VideoFrame = qRgb(0x20, 0x24, 0x2A);
-
-bool isGiven(const MMS_COMP_COLOR &color)
-{
-    return color.isUsable() && color.color.isValid();
-}
-
-QColor paperOf(const MMS_COMP_SMILData &slides, const Slide &slide)
-{
-    const MMS_COMP_SMILRootLayout *root = slides.getRootLayout();
-    if (isGiven(slide.getPageColor()))
-        return slide.getPageColor().color;
-    return root && isGiven(*root->getBackgroundColor()) ? root->getBackgroundColor()->color
-                                                        : QColor(Qt::white);
-}
-
-// In handset pixels. Every other text means "normal".
-double textHeight(const QString &size)
-{
-    if (size.compare(QLatin1String("small"), Qt::CaseInsensitive) == 0)
-        return 10;
-    return size.compare(QLatin1String("large"), Qt::CaseInsensitive) == 0 ? 16 : 12;
-}
 
 QRectF middleOf(const QRectF &area, double width, double height)
 {
@@ -122,20 +101,10 @@ int scaleWithin(const QSize &page, int scale)
 
 } // namespace
 
-void Missing::add(int slide)
+/// How a slide is drawn, and its name in reports.
+struct SlideRenderer::Style : SlideStyle
 {
-    if (count++ == 0)
-        firstSlide = slide;
-}
-
-/// How a slide is drawn.
-struct SlideRenderer::Style
-{
-    int number; ///< of the slide, counts from 1
-    QColor paper;
-    QColor ink; ///< contrasts with the paper
-    QColor textInk;
-    double textHeight;
+    QString slide;
 };
 
 SlideRenderer::SlideRenderer(const Message &message, int scale, const RenderLimits &limits)
@@ -152,30 +121,8 @@ QSize SlideRenderer::wholeSize() const
 
 SlideRenderer::Style SlideRenderer::styleOf(const Slide &slide, unsigned int index) const
 {
-    Style style;
-    style.number = int(index) + 1;
-    style.paper = paperOf(m_message.slides(), slide);
-    style.ink = qGray(style.paper.rgb()) < 128 ? Qt::white : Qt::black;
-    style.textInk = isGiven(slide.getTextColor()) ? slide.getTextColor().color : style.ink;
-    style.textHeight = textHeight(slide.getTextSize()) * m_unit;
-    return style;
-}
-
-bool SlideRenderer::isEmptyText(const Object &object)
-{
-    return object.getMediaElementType() == SMIL_MEDIA_TEXT && object.getData()
-        && m_texts.find(*object.getData()).isEmpty();
-}
-
-QList<const MMS_COMP_SMILMediaObject *> SlideRenderer::objectsOnPage(const Slide &slide)
-{
-    QList<const Object *> objects;
-    for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i) {
-        const Object *object = slide.getMediaObject(i);
-        if (object->getMediaElementType() != SMIL_MEDIA_AUDIO && !isEmptyText(*object))
-            objects += object;
-    }
-    return objects;
+    return {slideStyle(m_message.slides(), slide, m_unit),
+            QStringLiteral("slide %1").arg(index + 1)};
 }
 
 qint64 SlideRenderer::costOf(const Style &style, const Object &object, const QRectF &area)
@@ -194,7 +141,7 @@ void SlideRenderer::drawObject(QPainter *painter, const Style &style, const Plac
     if (area.isEmpty())
         return;
     if (!m_drawn.take(costOf(style, *place.object, area)))
-        return m_notDrawn.add(style.number);
+        return m_notDrawn.add(style.slide);
     painter->save();
     painter->setClipRect(area);
     painter->setFont(pictureFont(LabelHeight * m_unit));
@@ -221,12 +168,12 @@ void SlideRenderer::drawImage(QPainter *painter, const Style &style, const Place
 {
     const Picture picture = m_pictures.find(*place.object->getData(), place, m_scale);
     if (m_pictures.isBeyondLimit(*place.object->getData()))
-        m_notDecoded.add(style.number);
+        m_notDecoded.add(style.slide);
     if (picture.image.isNull())
         return drawNotShown(painter, m_unit, style.ink, area, place.object->getSrc());
     const PictureDrawing drawing(picture, place, m_page.size(), m_scale);
     if (!m_drawn.take(drawing.scaledPixels() / DrawnPixelsForOne))
-        return m_notDrawn.add(style.number);
+        return m_notDrawn.add(style.slide);
     drawing.draw(painter);
 }
 
@@ -256,7 +203,7 @@ QImage SlideRenderer::render(unsigned int index, const QSize &size)
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
                            | QPainter::SmoothPixmapTransform);
     painter.scale(m_scale, m_scale);
-    for (const PlacedObject &place : m_page.place(objectsOnPage(*slide)))
+    for (const PlacedObject &place : m_page.place(objectsOnPage(*slide, &m_texts)))
         drawObject(&painter, style, place);
     const QRectF strip(0, m_page.size().height(), size.width(),
                        size.height() - m_page.size().height());

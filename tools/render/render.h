@@ -4,6 +4,7 @@
 #pragma once
 
 #include "render/layout.h"
+#include "render/missing.h"
 #include "render/pictures.h"
 #include "render/text.h"
 #include "render/work.h"
@@ -16,15 +17,6 @@ struct Message;
 
 /// Most picture pixels, in each direction, for one handset pixel.
 constexpr int LargestScale = 8;
-
-/// Things that are missing in the rendered slides: how many, and the slide of the first of them.
-struct Missing
-{
-    int count = 0;
-    int firstSlide = 0; ///< counts from 1
-
-    void add(int slide);
-};
 
 /// A text that does not fit into its area.
 struct LongText
@@ -68,8 +60,6 @@ private:
     QSize wholeSize() const;
     QImage render(unsigned int index, const QSize &size);
     Style styleOf(const Slide &slide, unsigned int index) const;
-    QList<const Object *> objectsOnPage(const Slide &slide);
-    bool isEmptyText(const Object &object);
     qint64 costOf(const Style &style, const Object &object, const QRectF &area);
     void drawObject(QPainter *painter, const Style &style, const PlacedObject &place);
     void drawMedia(QPainter *painter, const Style &style, const PlacedObject &place,

@@ -46,21 +46,14 @@ int scaleOf(const Message &message, const PictureSizes &sizes, const SheetFormat
     return scale;
 }
 
-QString limitText(int limit, const QString &unit, const char *option)
+QString slideName(int number)
 {
-    return QStringLiteral("limit: %1 %2; raise it with %3")
-        .arg(limit)
-        .arg(unit, QLatin1String(option));
+    return QStringLiteral("slide %1").arg(number);
 }
 
-void addRemark(Report *report, const char *what, const Missing &missing, const QString &limit)
+QString millions(int pixels)
 {
-    if (missing.count > 0)
-        report->remarks += QStringLiteral("%1: %2, from slide %3 on (%4)")
-                               .arg(QLatin1String(what))
-                               .arg(missing.count)
-                               .arg(missing.firstSlide)
-                               .arg(limit);
+    return QStringLiteral("%1 million pixels").arg(pixels);
 }
 
 class SlideFiles
@@ -131,7 +124,7 @@ QImage SlideFiles::captionOf(int width, Report *report)
     const QImage caption = isBeyondLimit ? QImage() : sheetCaption(texts, width, &m_captions);
     for (const LongText &text : m_renderer.longTexts()) {
         if (caption.isNull())
-            m_notShownWhole.add(m_written);
+            m_notShownWhole.add(slideName(m_written));
         else
             report->remarks += QStringLiteral("slide %1: the text %2 does not fit; see %3")
                                    .arg(m_written)
@@ -163,17 +156,18 @@ bool SlideFiles::writeSheet(Report *report, QString *error)
 
 void SlideFiles::addRemarks(Report *report) const
 {
-    const QString pixels = QStringLiteral("million pixels");
-    const QString drawn = limitText(m_limits.drawn, pixels, "--max-drawn");
+    const QString drawn = limitText(millions(m_limits.drawn), "--max-drawn");
     const QString slides = m_written == m_limits.slides
-        ? limitText(m_limits.slides, QStringLiteral("slides"), "--max-slides")
+        ? limitText(QStringLiteral("%1 slides").arg(m_limits.slides), "--max-slides")
         : drawn;
-    addRemark(report, "pictures that were not decoded", m_renderer.notDecoded(),
-              limitText(m_limits.decoded, pixels, "--max-decoded"));
-    addRemark(report, "media that were not drawn", m_renderer.notDrawn(), drawn);
-    addRemark(report, "texts that are not shown whole", m_notShownWhole, drawn);
-    addRemark(report, "slides that were not rendered", {m_total - m_written, m_written + 1},
-              slides);
+    const Missing notRendered{m_total - m_written, slideName(m_written + 1)};
+    report->remarks +=
+        {m_renderer.notDecoded().text(QStringLiteral("pictures that were not decoded"),
+                                      limitText(millions(m_limits.decoded), "--max-decoded")),
+         m_renderer.notDrawn().text(QStringLiteral("media that were not drawn"), drawn),
+         m_notShownWhole.text(QStringLiteral("texts that are not shown whole"), drawn),
+         notRendered.text(QStringLiteral("slides that were not rendered"), slides)};
+    report->remarks.removeAll(QString());
 }
 
 bool SlideFiles::write(Report *report, QString *error)

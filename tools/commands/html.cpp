@@ -1,0 +1,118 @@
+#include "commands/commands.h"
+
+#include "check/check.h"
+#include "commands/message_command.h"
+#include "html/media.h"
+#include "html/message_page.h"
+#include "html/page.h"
+#include "input/message.h"
+#include "input/message_files.h"
+
+#include <QBuffer>
+#include <QCommandLineParser>
+
+using namespace CommandLine;
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int SizeLimit = 300; // KB
+constexpr int MostOfAnyLimit = 1'000'000;
+
+/// Writes a page message by message.
+class PageWriter
+{
+public:
+    PageWriter(const ReadOptions &options, const PageLimits &limits)
+        : m_options(options), m_limits(limits)
+    {
+        m_page.open(QIODevice::WriteOnly);
+        beginPage(&m_html, u"Multimedia messages"_s);
+    }
+
+    /// Reads a message and adds it to the page. Prints an error if it cannot be read.
+    void add(const QString &fileName)
+    {
+        QString error;
+        const auto message = readMessage(fileName, m_options, &error);
+        if (!message) {
+            m_exitCode = CannotDo;
+            return printError(error);
+        }
+        const Check::Findings findings = Check::checkMessage(*message, {SizeLimit * qint64(1024)});
+        PageMedia media(*message, m_limits);
+        writeMessage(&m_html, *message, findings, ++m_count, &media);
+        for (const QString &line : media.missingLines())
+            printError(fileName + u": "_s + line);
+    }
+
+    /// Writes the page to a file unless it has no message. Returns the exit code.
+    int finish(const QString &fileName)
+    {
+        if (m_count == 0) {
+            printError(u"no message was found, so no page was written"_s);
+            return CannotDo;
+        }
+        endPage(&m_html);
+        const int exitCode =
+            writeOutput(m_page.data(), fileName,
+                        (m_count == 1 ? u" (1 message)"_s : u" (%1 messages)"_s.arg(m_count)));
+        return exitCode == AllDecoded ? m_exitCode : exitCode;
+    }
+
+private:
+    const ReadOptions m_options;
+    const PageLimits m_limits;
+    QBuffer m_page;
+    HtmlWriter m_html{&m_page};
+    int m_count = 0;
+    int m_exitCode = AllDecoded;
+};
+
+int writePage(const QCommandLineParser &arguments)
+{
+    const auto number = [&](QLatin1StringView option) { return arguments.value(option).toInt(); };
+    PageWriter page({.sizeLimit = sizeLimit(arguments)},
+                    {number("max-media"_L1), number("max-clips"_L1), number("max-decoded"_L1)});
+    MessageFiles found(arguments.positionalArguments(), false);
+    while (const auto name = found.next())
+        page.add(*name);
+    return page.finish(arguments.value(u"o"_s));
+}
+
+} // namespace
+
+Command Commands::html()
+{
+    return {
+        .description =
+            {.name = "html",
+             .summary = "write a page to look at messages in a browser",
+             .purpose = "Writes a self-contained page that plays the slides of messages and shows "
+                        "their headers, parts and problems. Limits bound the time and memory for "
+                        "one message; a line says which limit left out media.",
+             .exitCodes = "0 all written, 2 wrong usage, or a file that cannot be read or written.",
+             .arguments = {{"FILE...",
+                            "files with one message each, or folders; - is standard input"}},
+             .groups = {{"Options",
+                         {{.name = "o",
+                           .value = "OUT",
+                           .help = "the page to write; - is standard output",
+                           .isNeeded = true},
+                          {.name = "max-media",
+                           .value = "N",
+                           .help = "millions of octets of media that the slides of a message show",
+                           .numbers = {.standard = PageLimits().media, .most = MostOfAnyLimit}},
+                          {.name = "max-clips",
+                           .value = "N",
+                           .help = "clips of a message that are converted for the browser",
+                           .numbers = {.standard = PageLimits().clips, .most = MostOfAnyLimit}},
+                          {.name = "max-decoded",
+                           .value = "N",
+                           .help = "millions of pixels of pictures that are converted",
+                           .numbers = {.standard = PageLimits().decoded, .most = MostOfAnyLimit}},
+                          SizeLimitOption}}}},
+        .run = writePage,
+        .draws = true,
+    };
+}

@@ -1,0 +1,16 @@
+/*
+ * The child process that converts a clip: reads it from standard input and writes the result to
+ * standard output. Hostile clips may crash or fill it without harm to the command.
+ */
+#pragma once
+
+namespace ConvertChild {
+
+/// The first argument of a child process. Not for users.
+inline constexpr char Argument[] = "--convert-clip";
+
+/// Runs the child with the arguments after Argument: "sound" or "picture", and a file extension.
+/// Returns the exit code, 0 when something was converted.
+int run(int argc, char **argv);
+
+} // namespace ConvertChild

@@ -1,0 +1,34 @@
+#include "convert/wav.h"
+
+#include <QtEndian>
+
+#include <algorithm>
+
+namespace {
+
+QByteArray number(quint32 value, qsizetype octets)
+{
+    const quint32 little = qToLittleEndian(value);
+    return QByteArray(reinterpret_cast<const char *>(&little), octets);
+}
+
+} // namespace
+
+QByteArray Sound::wav(const Form &form, const QByteArray &samples)
+{
+    constexpr quint32 SampleOctets = 2;
+    constexpr quint32 FormatOctets = 16;
+    constexpr quint32 Pcm = 1;
+    const auto channels = quint32(form.channels);
+    const auto rate = quint32(form.rate);
+    const auto size = quint32(samples.size());
+    const QByteArray format = number(Pcm, 2) + number(channels, 2) + number(rate, 4)
+        + number(rate * channels * SampleOctets, 4) + number(channels * SampleOctets, 2)
+        + number(SampleOctets * 8, 2);
+    QByteArray little = samples;
+    auto *first = reinterpret_cast<quint16 *>(little.data());
+    std::transform(first, first + samples.size() / 2, first,
+                   [](quint16 sample) { return qToLittleEndian(sample); });
+    return "RIFF" + number(4 + 8 + FormatOctets + 8 + size, 4) + "WAVEfmt "
+        + number(FormatOctets, 4) + format + "data" + number(size, 4) + little;
+}

@@ -1,0 +1,147 @@
+#include "html/media.h"
+
+#include "check/media_signatures.h"
+#include "input/message.h"
+
+#include <QBuffer>
+
+#include <algorithm>
+#include <array>
+#include <span>
+
+namespace {
+
+using Part = MMS_COMP_SMILMultipartBodypart;
+
+constexpr double PixelsForOne = 2; // of a converted picture, for one handset pixel
+
+constexpr std::array pictures{"image/jpeg", "image/png", "image/gif", "image/webp"};
+constexpr std::array sounds{"audio/mpeg", "audio/wav", "audio/ogg"};
+
+// The type that the content has, if it is one of @p types.
+BrowserMedia recognized(const Part &part, std::span<const char *const> types)
+{
+    const QString type = Check::recognizedType(part.getBodyData());
+    const auto found = std::ranges::find_if(
+        types, [&type](const char *one) { return type == QLatin1StringView(one); });
+    return found != types.end() ? BrowserMedia{*found, part.getBodyData()} : BrowserMedia();
+}
+
+// A file of ISO base media; the part says whether it has pictures.
+bool isBaseMedia(const Part &part)
+{
+    return Check::recognizedType(part.getBodyData()) == QLatin1StringView("video/3gpp");
+}
+
+// By the media type; by the name if the type says nothing.
+QString extensionOf(const Part &part)
+{
+    const QString extension =
+        MMS_COMP_Util::getFirstSupportExtNameByMIMEType(part.getContentType(), part.getSubType());
+    return extension.isEmpty() ? MMS_COMP_Util::getExtName(part.getContentLocation()) : extension;
+}
+
+} // namespace
+
+PageMedia::PageMedia(const Message &message, const PageLimits &limits)
+    : m_limits(limits), m_octets(limits.media * Million), m_clips(limits.clips),
+      m_pictures(limits.decoded * Million), m_texts(message), m_shown(message)
+{
+}
+
+bool PageMedia::take(const MMS_COMP_SMILMediaObject &object, qsizetype octets)
+{
+    const bool isTaken = m_octets.take(octets);
+    if (!isTaken)
+        m_notShown.add(object.getSrc());
+    return isTaken;
+}
+
+bool PageMedia::takeClip(const Part &part)
+{
+    const bool isTaken = m_clips.take(1);
+    if (!isTaken)
+        m_notConverted.add(part.getContentLocation());
+    return isTaken;
+}
+
+BrowserMedia PageMedia::asPng(const PlacedObject &place)
+{
+    const Part &part = *place.object->getData();
+    const Picture picture = m_pictures.find(part, place, PixelsForOne);
+    if (m_pictures.isBeyondLimit(part))
+        m_notDecoded.add(place.object->getSrc());
+    QBuffer buffer;
+    if (picture.image.isNull() || !picture.image.save(&buffer, "PNG"))
+        return {};
+    return {"image/png", buffer.data()};
+}
+
+BrowserMedia PageMedia::imageOf(const PlacedObject &place)
+{
+    std::optional<BrowserMedia> &picture = m_converted[place.object->getData()].picture;
+    if (!picture) {
+        picture = recognized(*place.object->getData(), pictures);
+        if (!picture->type)
+            picture = asPng(place);
+    }
+    return *picture;
+}
+
+BrowserMedia PageMedia::soundOf(const Part &part)
+{
+    std::optional<BrowserMedia> &sound = m_converted[&part].sound;
+    if (sound)
+        return *sound;
+    sound = recognized(part, sounds);
+    if (sound->type || !takeClip(part))
+        return *sound;
+    const QByteArray wav = Converter::wavOf(part.getBodyData(), extensionOf(part));
+    if (!wav.isEmpty())
+        sound = BrowserMedia{"audio/wav", wav};
+    return *sound;
+}
+
+const Converter::VideoPicture &PageMedia::videoOf(const Part &part)
+{
+    std::optional<Converter::VideoPicture> &video = m_converted[&part].video;
+    if (!video)
+        video = takeClip(part) ? Converter::firstPictureOf(part.getBodyData(), extensionOf(part))
+                               : Converter::VideoPicture();
+    return *video;
+}
+
+BrowserMedia PageMedia::picture(const PlacedObject &place)
+{
+    const Part *part = place.object->getData();
+    const int type = place.object->getMediaElementType();
+    if (type == SMIL_MEDIA_IMAGE && part)
+        return imageOf(place);
+    const QByteArray first = type == SMIL_MEDIA_VIDEO && part ? videoOf(*part).png : QByteArray();
+    return first.isEmpty() ? BrowserMedia() : BrowserMedia{"image/png", first};
+}
+
+BrowserMedia PageMedia::player(const Part &part, bool isVideo)
+{
+    if (!isVideo)
+        return soundOf(part);
+    const bool isPlayed = isBaseMedia(part) && videoOf(part).codec == "h264";
+    return isPlayed ? BrowserMedia{"video/mp4", part.getBodyData()} : BrowserMedia();
+}
+
+QStringList PageMedia::missingLines() const
+{
+    const auto millions = [](int number, const char *unit) {
+        return QStringLiteral("%1 million %2").arg(number).arg(QLatin1StringView(unit));
+    };
+    QStringList lines{
+        m_notShown.text(QStringLiteral("media that the slides do not show"),
+                        limitText(millions(m_limits.media, "octets"), "--max-media")),
+        m_notConverted.text(
+            QStringLiteral("clips that were not converted"),
+            limitText(QStringLiteral("%1 clips").arg(m_limits.clips), "--max-clips")),
+        m_notDecoded.text(QStringLiteral("pictures that were not converted"),
+                          limitText(millions(m_limits.decoded, "pixels"), "--max-decoded"))};
+    lines.removeAll(QString());
+    return lines;
+}

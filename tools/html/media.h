@@ -1,0 +1,87 @@
+/*
+ * What a browser can show or play of the parts of a message.
+ */
+#pragma once
+
+#include "convert/converter.h"
+#include "render/missing.h"
+#include "render/pictures.h"
+#include "render/text.h"
+#include "render/work.h"
+#include "view/shown_parts.h"
+
+#include <qvlsmilparser.h>
+
+#include <QByteArray>
+#include <QHash>
+#include <QStringList>
+
+#include <optional>
+
+struct Message;
+
+/// Limits on the work for one message of a page.
+struct PageLimits
+{
+    int media = 10; ///< millions of octets of media and texts in slides
+    int clips = 4; ///< clips that are converted
+    int decoded = 10; ///< millions of pixels of pictures that are converted
+};
+
+/// Octets that a browser shows or plays, with their media type.
+struct BrowserMedia
+{
+    const char *type = nullptr; ///< null when the browser cannot
+    QByteArray octets;
+};
+
+/// The media of a message for its slides. Converts each part only once, and limits what all slides
+/// show of them.
+class PageMedia
+{
+public:
+    using Part = MMS_COMP_SMILMultipartBodypart;
+
+    /// @p message must not change meanwhile.
+    PageMedia(const Message &message, const PageLimits &limits);
+
+    /// The picture, or the first picture of the video, at its place. Formats that browsers do not
+    /// know are converted.
+    BrowserMedia picture(const PlacedObject &place);
+    /// What the browser plays of the sound or video in @p part.
+    BrowserMedia player(const Part &part, bool isVideo);
+    /// Milliseconds that the clip in @p part plays, or -1.
+    int playDuration(Part &part) { return m_shown.playDuration(part); }
+    Texts &texts() { return m_texts; }
+
+    /// Counts @p octets that a slide shows of @p object. False if that exceeds the limit.
+    bool take(const MMS_COMP_SMILMediaObject &object, qsizetype octets);
+
+    /// A line for each limit that was met.
+    QStringList missingLines() const;
+
+private:
+    struct Converted
+    {
+        std::optional<BrowserMedia> picture;
+        std::optional<BrowserMedia> sound;
+        std::optional<Converter::VideoPicture> video;
+    };
+
+    BrowserMedia asPng(const PlacedObject &place);
+    BrowserMedia imageOf(const PlacedObject &place);
+    BrowserMedia soundOf(const Part &part);
+    const Converter::VideoPicture &videoOf(const Part &part);
+    bool takeClip(const Part &part);
+
+    const PageLimits m_limits;
+    Work m_octets;
+    Work m_clips;
+    Pictures m_pictures;
+    Texts m_texts;
+    ShownParts m_shown;
+    QHash<const Part *, Converted> m_converted;
+    Missing m_notShown;
+    Missing m_notConverted;
+    Missing m_notDecoded;
+};

@@ -1,0 +1,115 @@
+#include "html/message_page.h"
+
+#include "extract/extract.h"
+#include "html/slide_page.h"
+#include "input/message.h"
+#include "view/findings_view.h"
+#include "view/message_view.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+void writeHeader(HtmlWriter *html, const Message &message)
+{
+    html->open("dl");
+    for (const FieldView &field : fieldViews(message)) {
+        html->element("dt", field.name);
+        html->element("dd", field.text, {{"dir", u"auto"_s}});
+    }
+    html->close();
+}
+
+void writeButton(HtmlWriter *html, const char *action, const QString &name)
+{
+    html->element("button", name,
+                  {{"type", u"button"_s}, {"data-action", QString::fromLatin1(action)}});
+}
+
+void writeStage(HtmlWriter *html, const Message &message, PageMedia *media)
+{
+    if (message.slides().getTotalSlidesNum() == 0)
+        return;
+    html->element("h3",
+                  message.areSlidesGenerated()
+                      ? u"Slides, generated from the parts: the message has none"_s
+                      : u"Slides"_s);
+    html->open("section",
+               {{"class", u"stage"_s}, {"tabindex", u"0"_s}, {"aria-label", u"Slides"_s}});
+    html->open("div", {{"class", u"controls"_s}});
+    writeButton(html, "previous", u"Previous"_s);
+    writeButton(html, "play", u"Play"_s);
+    writeButton(html, "next", u"Next"_s);
+    html->element("span", QString(), {{"class", u"position"_s}, {"role", u"status"_s}});
+    writeButton(html, "all", u"All slides"_s);
+    html->close();
+    html->open("ol", {{"class", u"slides"_s}});
+    writeSlides(html, message.slides(), media);
+    html->close();
+    html->close();
+}
+
+void writeParts(HtmlWriter *html, const Message &message)
+{
+    if (message.parts().getPartCount() == 0)
+        return;
+    html->element("h3", u"Parts"_s);
+    html->open("table");
+    html->open("tbody");
+    for (int i = 0; i < message.parts().getPartCount(); ++i) {
+        const auto &part = *message.parts().getBodypartByIndex(i);
+        html->open("tr");
+        html->element("td", part.getContentLocation());
+        html->element("td", part.getMimeFormat());
+        html->element("td", u"%1 octets"_s.arg(part.getBodyDataLen()));
+        html->open("td");
+        // Never with the part's own type: the browser would open some instead of saving them.
+        html->openWithData("a", "href", "application/octet-stream", part.getBodyData(),
+                           {{"download", partFileName(part, i)}});
+        html->text(u"Save"_s);
+        html->close();
+        html->close();
+        html->close();
+    }
+    html->close();
+    html->close();
+}
+
+void writeFindings(HtmlWriter *html, const Check::Findings &findings)
+{
+    html->element("h3", u"Check: "_s + findingsSummary(findings));
+    html->open("ul", {{"class", u"findings"_s}});
+    for (const Check::Finding &finding : findings.inOrder()) {
+        const QString severity = Check::nameOf(finding.severity());
+        html->open("li");
+        html->element("b", severity, {{"class", severity}});
+        html->element("bdi", sentenceOf(finding));
+        html->close();
+    }
+    html->close();
+}
+
+} // namespace
+
+void writeMessage(HtmlWriter *html, const Message &message, const Check::Findings &findings,
+                  int number, PageMedia *media)
+{
+    const QString state = QString::fromLatin1(stateName(message.state()));
+    html->open("article", {{"class", u"message"_s}, {"id", u"m%1"_s.arg(number)}});
+    html->open("h2");
+    html->element("bdi",
+                  message.header().getSubject().isEmpty() ? message.fileName
+                                                          : message.header().getSubject());
+    html->close();
+    html->open("p");
+    html->element("bdi", message.fileName);
+    html->text(u", %1 octets, "_s.arg(message.octets.size()));
+    html->element("span", state, {{"class", u"state-"_s + state}});
+    html->close();
+    writeHeader(html, message);
+    writeStage(html, message, media);
+    writeParts(html, message);
+    writeFindings(html, findings);
+    html->close();
+    html->markup("\n");
+}

@@ -1,0 +1,102 @@
+// Plays the slides of each message: one at a time, for as long as the presentation says.
+"use strict";
+document.documentElement.classList.add("scripted");
+
+class Player {
+  constructor(stage) {
+    this.stage = stage;
+    this.slides = [...stage.querySelectorAll(".slide")];
+    this.controls = stage.querySelector(".controls");
+    this.button = name => this.controls.querySelector(`[data-action=${name}]`);
+    this.timer = 0;
+    this.show(0);
+    this.controls.addEventListener("click", event => this.act(event.target.dataset.action));
+    stage.addEventListener("keydown", event => this.press(event));
+  }
+
+  get isPlaying() { return this.stage.dataset.state === "playing"; }
+
+  show(index) {
+    this.stopMedia();
+    this.index = Math.min(Math.max(index, 0), this.slides.length - 1);
+    this.slides.forEach((slide, i) => slide.classList.toggle("current", i === this.index));
+    this.controls.querySelector(".position").textContent = `${this.index + 1} of ${this.slides.length}`;
+    this.button("previous").disabled = this.index === 0;
+    this.button("next").disabled = this.index === this.slides.length - 1;
+    if (this.isPlaying)
+      this.playCurrent();
+  }
+
+  media() { return [...this.slides[this.index ?? 0].querySelectorAll("audio, video")]; }
+
+  playCurrent() {
+    for (const medium of this.media()) {
+      medium.currentTime = 0;
+      medium.play().catch(() => {}); // the browser does not play this kind, and shows that
+    }
+    const milliseconds = Number(this.slides[this.index].dataset.duration);
+    if (milliseconds >= 0)
+      this.timer = setTimeout(() => this.advance(), milliseconds);
+  }
+
+  advance() {
+    if (this.index + 1 < this.slides.length)
+      this.show(this.index + 1);
+    else
+      this.pause();
+  }
+
+  stopMedia() {
+    clearTimeout(this.timer);
+    for (const medium of this.media())
+      medium.pause();
+  }
+
+  play() {
+    this.stage.dataset.state = "playing";
+    this.label();
+    if (this.index === this.slides.length - 1 && this.slides.length > 1)
+      this.show(0);
+    else
+      this.playCurrent();
+  }
+
+  pause() {
+    this.stage.dataset.state = "paused";
+    this.stopMedia();
+    this.label();
+  }
+
+  label() {
+    this.button("play").textContent = this.isPlaying ? "Pause" : "Play";
+  }
+
+  act(action) {
+    if (action === "play")
+      this.isPlaying ? this.pause() : this.play();
+    else if (action === "previous")
+      this.show(this.index - 1);
+    else if (action === "next")
+      this.show(this.index + 1);
+    else if (action === "all")
+      this.toggleAll();
+  }
+
+  toggleAll() {
+    this.pause();
+    const all = this.stage.classList.toggle("all");
+    this.button("all").setAttribute("aria-pressed", String(all));
+  }
+
+  press(event) {
+    const actions = {" ": "play", k: "play", ArrowLeft: "previous", ArrowRight: "next"};
+    const isControl = event.target.closest("button, audio, video");
+    if (!(event.key in actions) || (isControl && event.key === " "))
+      return;
+    event.preventDefault();
+    this.act(actions[event.key]);
+  }
+}
+
+for (const stage of document.querySelectorAll(".stage"))
+  new Player(stage);

@@ -1,0 +1,159 @@
+#include "html/slide_page.h"
+
+#include "html/media.h"
+#include "render/layout.h"
+#include "render/slide_style.h"
+#include "render/text.h"
+#include "view/model_text.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using Object = MMS_COMP_SMILMediaObject;
+using Slide = MMS_COMP_SMILTimingContainer;
+
+constexpr qsizetype OctetsForCharacter = 10; // as many octets of a picture take as long to write
+constexpr QStringView NotShown = u" is left out: the page would be too large";
+
+/// The slides, and the page that all of them have.
+struct SlidesOfPage
+{
+    const MMS_COMP_SMILData &data;
+    Page page;
+};
+
+QString number(double value)
+{
+    return QString::number(value, 'g', 6);
+}
+
+const char *fitClass(const PlacedObject &place)
+{
+    if (place.sharesPage)
+        return "shared";
+    switch (place.fit) {
+    case SMIL_REGION_FIT_FILL:
+        return "fill";
+    case SMIL_REGION_FIT_MEET:
+        return "meet";
+    case SMIL_REGION_FIT_SLICE:
+        return "slice";
+    default:
+        return "hidden";
+    }
+}
+
+void writeName(HtmlWriter *html, const QString &name, QStringView why)
+{
+    html->element("div", name + why.toString(), {{"class", u"name"_s}});
+}
+
+void writePicture(HtmlWriter *html, const PlacedObject &place, const BrowserMedia &picture)
+{
+    const Object &object = *place.object;
+    html->singleWithData("img", "src", picture.type, picture.octets,
+                         {{"class", QString::fromLatin1(fitClass(place))},
+                          {"alt", object.getAlt().isEmpty() ? object.getSrc() : object.getAlt()},
+                          {"loading", u"lazy"_s},
+                          {"decoding", u"async"_s}});
+}
+
+void writeMedia(HtmlWriter *html, const PlacedObject &place, PageMedia *media)
+{
+    const Object &object = *place.object;
+    if (object.getMediaElementType() == SMIL_MEDIA_TEXT && object.getData()) {
+        const QString text = media->texts().find(*object.getData());
+        if (!media->take(object, text.size() * OctetsForCharacter))
+            return writeName(html, object.getSrc(), NotShown);
+        return html->element("div", text, {{"class", u"text"_s}, {"dir", u"auto"_s}});
+    }
+    const BrowserMedia picture = media->picture(place);
+    if (!picture.type)
+        return writeName(html, object.getSrc(), u" cannot be shown");
+    if (!media->take(object, picture.octets.size()))
+        return writeName(html, object.getSrc(), NotShown);
+    writePicture(html, place, picture);
+}
+
+void writePlaced(HtmlWriter *html, const SlideStyle &style, const PlacedObject &place,
+                 const QRectF &page, PageMedia *media)
+{
+    const QRectF area = place.area & page;
+    if (area.isEmpty())
+        return;
+    html->open("foreignObject",
+               {{"x", number(area.x())},
+                {"y", number(area.y())},
+                {"width", number(area.width())},
+                {"height", number(area.height())},
+                {"color", style.textInk.name()},
+                {"font-size", number(style.textHeight)}});
+    html->open("div", {{"class", u"page"_s}});
+    writeMedia(html, place, media);
+    html->close();
+    html->close();
+}
+
+void writePage(HtmlWriter *html, const SlidesOfPage &slides, const Slide &slide, unsigned int index,
+               PageMedia *media)
+{
+    const QSize size = slides.page.size();
+    const SlideStyle style = slideStyle(slides.data, slide, pageUnit(size));
+    html->open("svg",
+               {{"viewBox", u"0 0 %1 %2"_s.arg(size.width()).arg(size.height())},
+                {"role", u"group"_s},
+                {"aria-label", u"Slide %1"_s.arg(index + 1)}});
+    html->open("rect", {{"width", u"100%"_s}, {"height", u"100%"_s}, {"fill", style.paper.name()}});
+    html->close();
+    for (const PlacedObject &place : slides.page.place(objectsOnPage(slide, &media->texts())))
+        writePlaced(html, style, place, QRectF(QPointF(0, 0), size), media);
+    html->close();
+}
+
+QString lengthText(int milliseconds)
+{
+    return milliseconds < 0 ? u"of unknown length"_s : ModelText::duration(milliseconds);
+}
+
+// Sounds and videos below the page, where their controls have room.
+void writePlayer(HtmlWriter *html, const Object &object, PageMedia *media)
+{
+    auto *part = object.getData();
+    const bool isVideo = object.getMediaElementType() == SMIL_MEDIA_VIDEO;
+    if (!part || (!isVideo && object.getMediaElementType() != SMIL_MEDIA_AUDIO))
+        return;
+    const BrowserMedia clip = media->player(*part, isVideo);
+    const bool isPlayed = clip.type && media->take(object, clip.octets.size());
+    if (isPlayed) {
+        html->openWithData(isVideo ? "video" : "audio", "src", clip.type, clip.octets,
+                           {{"controls", {}}, {"preload", u"none"_s}, {"title", object.getSrc()}});
+        html->close();
+    }
+    html->element("p",
+                  object.getSrc() + u", "_s + lengthText(media->playDuration(*part))
+                      + (isPlayed ? QString() : u", is not played here"_s),
+                  {{"class", u"caption"_s}});
+}
+
+void writeSlide(HtmlWriter *html, const SlidesOfPage &slides, unsigned int index, PageMedia *media)
+{
+    const Slide &slide = *slides.data.getSlide(index);
+    html->open("li", {{"class", u"slide"_s}, {"data-duration", QString::number(slide.getDur())}});
+    writePage(html, slides, slide, index, media);
+    for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
+        writePlayer(html, *slide.getMediaObject(i), media);
+    html->element("p", u"Slide %1, "_s.arg(index + 1) + ModelText::duration(slide.getDur()),
+                  {{"class", u"caption"_s}});
+    html->close();
+    html->markup("\n");
+}
+
+} // namespace
+
+void writeSlides(HtmlWriter *html, const MMS_COMP_SMILData &slides, PageMedia *media)
+{
+    const SlidesOfPage page{slides, Page(slides)};
+    for (unsigned int i = 0; i < slides.getTotalSlidesNum(); ++i)
+        writeSlide(html, page, i, media);
+}
