@@ -28,10 +28,10 @@ expect() { # OFFERED WORD...
 while IFS='|' read -r words expected; do
   eval "expect '$expected' $words"
 done <<'ROWS'
-''|compose extract help render rewrite show smil
+''|check compose extract help html list render rewrite show smil
 r|render rewrite
 -|--help --version
-help ''|compose extract help render rewrite show smil
+help ''|check compose extract help html list render rewrite show smil
 help e|extract
 help -|
 show ''|a b.jpg a.mms folder
@@ -40,6 +40,9 @@ show -|--help --jobs --json --max-size --strict
 show --js|--json
 show --jobs ''|
 show --json a|a b.jpg a.mms
+check a.|a.mms
+list a.|a.mms
+html -o a.|a.mms
 extract a.mms f|folder
 extract -|--help --max-size
 smil -|--help --max-size --model

@@ -8,8 +8,8 @@ source "$(dirname "$0")/../support/script.sh"
 cd "$work"
 failed=0
 
-declare -A last=([extract]=out [render]=out [rewrite]=out.mms) # arguments after FILE
-commands=(show 'show --json' 'show --jobs 2' smil 'smil --model' extract render rewrite)
+declare -A last=([extract]=out [render]=out [html]='-o out.html' [rewrite]=out.mms) # arguments after FILE
+commands=(check 'check --json' list 'list --json' html show 'show --json' 'show --jobs 2' smil 'smil --model' extract render rewrite)
 
 expect() { # CODE ERROR COMMAND...: without waiting for the end of an endless input
   local code=$1 error=$2 actual=0
@@ -46,7 +46,7 @@ size=$(stat -c %s "$fixtures/messages/related.mms")
 expect 2 "qvlmms: cannot read related.mms: it has more than $((size - 1)) octets; set a higher limit with --max-size" \
   env --chdir="$fixtures/messages" "$qvlmms" show --max-size $((size - 1)) related.mms
 
-for command in show smil extract render rewrite; do
+for command in check list html show smil extract render rewrite; do
   for value in 0 -1 2G 1.5M 64MB M 99999999999 ''; do
     expect 2 "qvlmms: --max-size $value: a size from 1 to 1G such as 100M is expected" \
       "$qvlmms" $command "--max-size=$value" /dev/null ${last[$command]-}

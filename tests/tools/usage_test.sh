@@ -6,7 +6,10 @@ qvlmms=$1
 message=$2/messages/related.mms
 source "$(dirname "$0")/../support/script.sh"
 printf '\x8c\x80\xff' >"$work/refused"
-declare -A last=([extract]=$work/none [render]=$work/none [rewrite]=$work/none) # arguments after FILE
+# A text with an octet above 7F and without a charset.
+printf '\x8c\x84\x98T\0\x8d\x90\x85\x04\x40\xf8\0\0\x89\x01\x81\x84\xa3\x01\x08\x01\x83\x8ea.txt\0\xe9' \
+  >"$work/warning"
+declare -A last=([extract]=$work/none [render]=$work/none [rewrite]=$work/none [html]="-o $work/none") # arguments after FILE
 failed=0
 
 expect() { # CODE PATTERN COMMAND...: expects this exit code, and the pattern in the output or the errors
@@ -58,6 +61,20 @@ expect 2 '^qvlmms: the name of the file to write is empty; name a file, or - for
 expect 2 '^qvlmms: too many arguments: "you!" is superfluous; quote a text with blanks$' \
   "$qvlmms" compose -o "$work/out.mms" --to 1 --subject See you!
 expect 2 'too few arguments: FILE is missing' "$qvlmms" smil
+expect 2 'too few arguments: FILE is missing' "$qvlmms" check
+expect 2 '^qvlmms: --fail-on all: error, warning or note is expected$' "$qvlmms" check --fail-on all "$message"
+expect 2 '^qvlmms: there is no rule no-slide; did you mean no-slides\?$' "$qvlmms" check --explain no-slide
+expect 0 '^no-slides \(note\): ' "$qvlmms" check --explain all
+expect 3 ': 1 warning, 1 note$' "$qvlmms" check "$work/warning"
+expect 1 ': 1 warning, 1 note$' "$qvlmms" check --fail-on warning "$work/warning"
+expect 2 'no such file' "$qvlmms" check "$work/warning" "$work/refused" "$work/missing.mms"
+expect 1 ': 1 error$' "$qvlmms" check "$work/refused"
+expect 2 '^qvlmms: --sort age: one of date, ' "$qvlmms" list --sort age "$message"
+expect 2 '^qvlmms: --json and --csv exclude each other$' "$qvlmms" list --json --csv "$message"
+expect 2 '^qvlmms: --where larger=all: ' "$qvlmms" list --where larger=all "$message"
+expect 2 '^qvlmms: too few arguments: -o OUT is missing$' "$qvlmms" html "$message"
+expect 2 '^qvlmms: the name of the file to write is empty; ' "$qvlmms" html -o '' "$message"
+expect 2 '^qvlmms: no message was found, so no page was written$' "$qvlmms" html -o "$work/none" "$work/missing.mms"
 expect 2 'too few arguments: DIR is missing' "$qvlmms" extract "$message"
 expect 2 'too many arguments: "b" is superfluous' "$qvlmms" extract "$message" a b
 
@@ -86,7 +103,7 @@ for closed in 'show "$0" >&-' 'show "$0" >&- 2>&-' 'extract "$0" "$1" <&- >&-'; 
     || fail "$closed: $(cat "$work/error")"
 done
 expect 1 '1 decoded, 1 refused, 0 not readable' "$qvlmms" show "$message" "$work/empty"
-for command in show smil extract render rewrite; do
+for command in check list html show smil extract render rewrite; do
   expect 2 '^qvlmms: the name of the file to read is empty; name a file$' "$qvlmms" "$command" '' ${last[$command]-}
 done
 expect 2 '^qvlmms: the name of the file to read is empty; name a file$' "$qvlmms" compose -o "$work/none" --to 1 --attach ''

@@ -28,7 +28,7 @@ ATTRIBUTE = "x&#x9b;&#10;&#x202e;&#x2066;&#x85;&#x2028;y"
 COLOR_OR_PROGRESS = re.compile(r"\x1b\[(?:0|1|2|1;31)m|\r\x1b\[K|\r\d+ of \d+")
 HIDDEN = {"Cc", "Cf", "Cs", "Zl", "Zp"}
 
-Row = collections.namedtuple("Row", ["arguments", "raw_output"], defaults=[False])
+Row = collections.namedtuple("Row", ["arguments", "raw_output", "line_end"], defaults=[False, b"\n"])
 
 
 def encoded_text(charset, octets, end):
@@ -158,18 +158,18 @@ class Test:
             self.complain(arguments, f"prints {sorted(map(hex, map(ord, found)))}: {text!r}"[:2000])
 
     def check_code(self, arguments, code):
-        if code not in (0, 1, 2):
+        if code not in (0, 1, 2, 3):
             self.complain(arguments, f"exit code {code}")
 
     def check_row(self, row):
         """Returns what the command prints into pipes."""
         code, out, error = self.in_pipes(row.arguments)
         self.check_code(row.arguments, code)
-        self.check(row.arguments, b"" if row.raw_output else out)
+        self.check(row.arguments, b"" if row.raw_output else out.replace(row.line_end, b"\n"))
         self.check(row.arguments, error)
         code, received = self.on_terminal(row.arguments)
         self.check_code(row.arguments, code)
-        self.check(row.arguments, received)
+        self.check(row.arguments, received.replace(row.line_end, b"\n"))
         return out + error
 
 
@@ -204,6 +204,10 @@ def options_of_compose(qvlmms):
 def rows(qvlmms, messages, with_slides, documents):
     for json in ([], [b"--json"], [b"--strict"], [b"--jobs", b"3"]):
         yield Row([b"show", *json, *messages, *with_slides, b"missing" + NAME])
+    for arguments in ([b"check"], [b"check", b"--json"], [b"list"], [b"list", b"--json"]):
+        yield Row([*arguments, *messages, *with_slides, b"missing" + NAME])
+    yield Row([b"list", b"--csv", *messages, *with_slides], line_end=b"\r\n")
+    yield Row([b"html", b"-o", b"page" + NAME, *messages, *with_slides, b"missing" + NAME])
     for name in messages:
         # It prints names of fields, not their values.
         if not name.startswith(b"field-") or name == b"field-letters.mms":
@@ -220,13 +224,19 @@ def rows(qvlmms, messages, with_slides, documents):
     for name in documents:
         yield Row([b"smil", name], raw_output=True)
         yield Row([b"smil", b"--model", name])
-    for command in (b"show", b"smil", b"extract", b"render", b"rewrite"):
+    for command in (b"check", b"list", b"html", b"show", b"smil", b"extract", b"render", b"rewrite"):
         yield Row([command, NAME, NAME])
         yield Row([command, b"--max-size", b"1", with_slides[0], NAME])
         yield Row([command, b"--max-size", OCTETS, with_slides[0], NAME])
         yield Row([command, b"--" + OCTETS, NAME])
         yield Row([command, NAME, NAME, NAME])
     yield Row([b"show", b"--jobs", OCTETS, NAME])
+    for option in (b"--fail-on", b"--explain", b"--limit"):
+        yield Row([b"check", option, OCTETS, NAME])
+    for option in (b"--sort", b"--where"):
+        yield Row([b"list", option, OCTETS, NAME])
+    yield Row([b"list", b"--where", b"type=" + OCTETS, NAME])
+    yield Row([b"html", b"-o", NAME + b"/page", with_slides[0]])
     yield Row([b"render", b"--scale", OCTETS, NAME, NAME])
     yield Row([OCTETS])
     yield Row([b"-" + OCTETS])
