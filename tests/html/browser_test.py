@@ -5,7 +5,7 @@
 
 Opens a page of all fixtures, and one of messages that try to run scripts. Nothing may be loaded, no
 script of a message may run, and the console stays empty. Writes screenshots to FOLDER. Needs Chromium
-and its driver; without them the test is skipped.
+and its driver; without them the test is skipped, or fails if CI is set in the environment.
 """
 import base64
 import contextlib
@@ -21,6 +21,7 @@ import time
 import unittest
 import urllib.request
 
+FAILED = 1
 SKIPPED = 77
 PROGRAM, FIXTURES, FOLDER = (pathlib.Path(argument).resolve() for argument in sys.argv[1:4])
 DRIVER = shutil.which("chromedriver")
@@ -235,5 +236,5 @@ class PageTest(unittest.TestCase):
 if __name__ == "__main__":
     if not DRIVER:
         print("skipped: chromedriver is missing; install the package chromium-driver")
-        sys.exit(SKIPPED)
+        sys.exit(FAILED if os.environ.get("CI") else SKIPPED)
     unittest.main(argv=sys.argv[:1], verbosity=2)

@@ -57,7 +57,8 @@ holds() { # PATTERN READELF_ARGUMENT...
   shift
   readelf -W "$@" | grep -E "$pattern" >/dev/null
 }
-for hardened in "$library" "$libdir/libqvlplatform.so.1" "$libdir"/qvlsmilparser/clips.so.*; do
+for hardened in "$library" "$libdir/libqvlplatform.so.1" "$libdir"/qvlsmilparser/clips.so.* \
+  "$libdir/qvlmms/decoder.so"; do
   holds GNU_RELRO -l "$hardened" || fail "$hardened has no RELRO segment"
   holds 'FLAGS_1.*NOW' -d "$hardened" || fail "$hardened is not bound at load time"
   holds __stack_chk_fail -s "$hardened" || fail "$hardened has no stack protector"

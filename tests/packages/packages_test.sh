@@ -61,6 +61,7 @@ install_on_user '/packages/libqvlsmilparser1_*.deb /packages/qvlmms_*.deb'
 on_user 'qvlmms show related.mms' | grep '^  Subject  *Grüße aus Küstrin$' >/dev/null || fail "qvlmms does not show the message"
 quietly on_user 'qvlmms compose -o clip.mms --to +4915112345678 --slide --audio sound.amr'
 on_user 'qvlmms show --json clip.mms' | grep playDuration >/dev/null || fail "qvlmms does not measure a clip"
+on_user 'qvlmms html -o - clip.mms' | grep 'data:audio/wav' >/dev/null || fail "qvlmms does not convert a clip"
 quietly on_user 'qvlmms render related.mms . && [ -s slide-1.png ]'
 [ "$(on_user 'qvlmms --version')" = "qvlmms $(on_user "dpkg-query -W -f '\${Version}' qvlmms")" ] \
   || fail "qvlmms and its package have different versions"
