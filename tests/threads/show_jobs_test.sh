@@ -24,7 +24,7 @@ show() { # OUTPUT OPTION...
 }
 for format in '' --json; do
   # shellcheck disable=SC2086
-  show "$work/one" $format
+  show "$work/one" $format --jobs 1
   # shellcheck disable=SC2086
   show "$work/eight" $format --jobs 8
   for output in '' .error; do

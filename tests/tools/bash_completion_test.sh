@@ -36,12 +36,15 @@ help e|extract
 help -|
 show ''|a b.jpg a.mms folder
 show a.|a.mms
-show -|--help --jobs --json --max-size --strict
+show -|--files-from --help --jobs --json --max-size --strict -0
 show --js|--json
 show --jobs ''|
 show --json a|a b.jpg a.mms
 check a.|a.mms
 list a.|a.mms
+list --sort s|size subject
+list --files-from a.|a.mms
+check --fail-on ''|error note warning
 html -o a.|a.mms
 extract a.mms f|folder
 extract -|--help --max-size
@@ -62,7 +65,7 @@ ROWS
 
 # Every option of a help text is offered.
 for command in $("$qvlmms" help | sed -n '/^Commands:/,/^$/s/^  \([a-z]*\) .*/\1/p' | grep -vx help); do
-  expect "$({ echo --help; "$qvlmms" help "$command" | sed -nE 's/^  (--?[a-z-]+) .*/\1/p'; } | sort | paste -sd ' ')" \
+  expect "$({ echo --help; "$qvlmms" help "$command" | sed -nE 's/^  (--?[a-z0-9-]+) .*/\1/p'; } | sort | paste -sd ' ')" \
     "$command" -
 done
 exit "$failed"

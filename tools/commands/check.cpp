@@ -1,12 +1,11 @@
 #include "commands/commands.h"
 
 #include "check/check.h"
-#include "commands/files_in_order.h"
+#include "commands/many_files.h"
 #include "commands/message_command.h"
-#include "commands/progress.h"
 #include "commands/shown_file.h"
 #include "input/message.h"
-#include "input/message_files.h"
+#include "view/file_view.h"
 #include "view/findings_view.h"
 
 #include <QCommandLineParser>
@@ -20,7 +19,6 @@ using namespace Check;
 
 namespace {
 
-constexpr int MostJobs = 256;
 constexpr int MostKilobytes = 1'000'000;
 constexpr int OnlyWarnings = 3;
 
@@ -86,6 +84,8 @@ ShownFile checkFile(const QString &fileName, const Options &options)
             : linesFor(stdout, findingsText(*message, findings)).toStdString();
         shown.advice = options.json ? QString() : whyNoMessage(*message);
         shown.exitCode = message->isRefused() ? Refused : exitCodeOf(findings, options.failOn);
+    } else if (options.json) {
+        shown.text = errorJson(fileName, shown.error);
     }
     return shown;
 }
@@ -98,36 +98,27 @@ int worse(int a, int b)
     return rank(a) < rank(b) ? b : a;
 }
 
-int checkFiles(const QStringList &names, const Options &options, int jobs)
+int checkFiles(const QCommandLineParser &arguments, const Options &options)
 {
-    MessageFiles found(names, false);
-    Progress progress(names.size());
     int exitCode = AllDecoded;
-    FilesInOrder<ShownFile> files(
-        [&] { return found.next(); }, [&](const QString &name) { return checkFile(name, options); },
+    NamedFiles files(arguments);
+    const bool isWhole = files.forEach<ShownFile>(
+        [&](const QString &name) { return checkFile(name, options); },
         [&](const QString &name, const ShownFile &shown) {
-            progress.hide();
             if (!shown.error.isEmpty())
                 printError(shown.error);
             print(stdout, shown.text);
             if (!shown.advice.isEmpty())
                 printError(name + QLatin1String(": ") + shown.advice);
             exitCode = worse(exitCode, shown.error.isEmpty() ? shown.exitCode : CannotDo);
-            progress.step();
         });
-    files.run(jobs);
-    return exitCode;
+    return isWhole ? exitCode : CannotDo;
 }
 
 int runCheck(const QCommandLineParser &arguments)
 {
     if (arguments.isSet(QStringLiteral("explain")))
         return explain(arguments.value(QStringLiteral("explain")));
-    const QStringList names = arguments.positionalArguments();
-    if (names.isEmpty()) {
-        printError(QStringLiteral("too few arguments: FILE is missing"));
-        return CannotDo;
-    }
     const QString failOn = arguments.value(QStringLiteral("fail-on"));
     const auto severity = failOn.isEmpty() ? Severity::Error : severityNamed(failOn);
     if (!severity) {
@@ -139,7 +130,7 @@ int runCheck(const QCommandLineParser &arguments)
                           {arguments.value(QStringLiteral("limit")).toInt() * qint64(1024)},
                           *severity,
                           arguments.isSet(QStringLiteral("json"))};
-    return checkFiles(names, options, arguments.value(QStringLiteral("jobs")).toInt());
+    return checkFiles(arguments, options);
 }
 
 } // namespace
@@ -154,28 +145,24 @@ Command Commands::check()
                  "Finds what is wrong with messages: where it is, whom it hurts, and what to "
                  "do. An error makes receivers refuse or lose something, a warning some of "
                  "them; a note is worth knowing.",
-             .exitCodes = "0 nothing or only notes, 1 an error or a refused message, 2 wrong usage "
-                          "or an unreadable file, 3 warnings and no error.",
-             .arguments = {{"[FILE]...",
-                            "files with one message each, or folders; - is standard input"}},
+             .exitCodes =
+                 "0 nothing or only notes, 1 an error or a refused message (with --fail-on "
+                 "warning or note these, too), 2 wrong usage or an unreadable file, 3 warnings "
+                 "and no error.",
+             .arguments = {FilesArgument},
              .groups = {{"Options",
-                         {{.name = "fail-on",
-                           .value = "SEVERITY",
-                           .help = "exit with 1 from this severity on: error (the default), "
-                                   "warning or note"},
-                          {.name = "limit",
-                           .value = "KB",
-                           .help = "largest message, in units of 1,024 octets",
-                           .numbers = {.standard = 300, .most = MostKilobytes}},
-                          {.name = "explain",
-                           .value = "ID",
-                           .help = "explain the rule with this identifier, or all"},
-                          {.name = "json", .help = "print one JSON object per line"},
-                          {.name = "jobs",
-                           .value = "N",
-                           .help = "process N files in parallel and print them in their order",
-                           .numbers = {.standard = 1, .most = MostJobs}},
-                          SizeLimitOption}}}},
+                         QList<Option>{
+                             {.name = "fail-on", .value = "WORD", .help = "error, warning or note"},
+                             {.name = "limit",
+                              .value = "KB",
+                              .help = "largest message, in units of 1,024 octets",
+                              .numbers = {.standard = 300, .most = MostKilobytes}},
+                             {.name = "explain",
+                              .value = "ID",
+                              .help = "explain the rule with this identifier, or all",
+                              .replacesArguments = true},
+                             {.name = "json", .help = "print one JSON object per line"},
+                         } + manyFilesOptions()}}},
         .run = runCheck,
     };
 }

@@ -1,6 +1,7 @@
 #include "commands/command_line.h"
 
 #include "commands/nearest.h"
+#include "commands/progress.h"
 #include "input/files.h"
 #include "input/sizes.h"
 #include "output/write_file.h"
@@ -60,6 +61,10 @@ QString missing(const QCommandLineParser &parser, const Description &description
     for (const Option &option : allOptions(description)) {
         if (option.isNeeded && !parser.isSet(QLatin1String(option.name)))
             return withValue(option);
+    }
+    for (const Option &option : allOptions(description)) {
+        if (option.replacesArguments && parser.isSet(QLatin1String(option.name)))
+            return QString();
     }
     const qsizetype given = parser.positionalArguments().size();
     if (given >= description.arguments.size() || isOptional(description.arguments[given]))
@@ -149,6 +154,7 @@ int run(const Command &command, const QStringList &arguments)
 
 void print(FILE *stream, QByteArrayView octets)
 {
+    Progress::makeWayFor(stream);
     const size_t written = std::fwrite(octets.data(), 1, size_t(octets.size()), stream);
     if (stream == stdout && written < size_t(octets.size()) && outputError == 0)
         outputError = errno;

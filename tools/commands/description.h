@@ -32,6 +32,7 @@ struct Option
     bool isNeeded = false;
     Numbers numbers = {}; ///< accepted values; the help lists them
     bool isSize = false; ///< takes what sizeFrom() reads; the default is StandardSizeLimit
+    bool replacesArguments = false; ///< with it, no argument is needed
 
     bool isNumber() const { return numbers.most > 0; }
 };

@@ -25,7 +25,8 @@ public:
     using Work = std::function<Result(const QString &name)>;
     using Take = std::function<void(const QString &name, Result result)>;
 
-    /// Several threads call @p work at the same time; only one at a time calls @p next and @p take.
+    /// Several threads call @p work at the same time; only one at a time calls @p next, and only
+    /// one calls @p take.
     FilesInOrder(Next next, Work work, Take take)
         : m_next(std::move(next)), m_work(std::move(work)), m_take(std::move(take))
     {
@@ -46,19 +47,32 @@ public:
     }
 
 private:
+    struct Numbered
+    {
+        qsizetype index;
+        QString name;
+    };
+
     void workOnAll()
     {
-        std::unique_lock lock(m_mutex);
-        while (const std::optional<QString> name = m_next()) {
-            const qsizetype index = m_started++;
+        while (const std::optional<Numbered> file = next()) {
+            std::unique_lock lock(m_mutex);
             // Limits the results that wait in memory while an earlier file still takes time.
-            m_tookMore.wait(lock, [&] { return index < m_taken + m_mostAhead; });
+            m_tookMore.wait(lock, [&] { return file->index < m_taken + m_mostAhead; });
             lock.unlock();
-            Result result = m_work(*name);
+            Result result = m_work(file->name);
             lock.lock();
-            m_ready.emplace(index, std::pair(*name, std::move(result)));
+            m_ready.emplace(file->index, std::pair(file->name, std::move(result)));
             takeReady();
         }
+    }
+
+    // Apart from the results, which can be taken while the next name is awaited.
+    std::optional<Numbered> next()
+    {
+        const std::lock_guard lock(m_nextMutex);
+        std::optional<QString> name = m_next();
+        return name ? std::optional<Numbered>({m_started++, std::move(*name)}) : std::nullopt;
     }
 
     void takeReady()
@@ -76,9 +90,11 @@ private:
     const Take m_take;
     qsizetype m_mostAhead = 0;
 
+    std::mutex m_nextMutex; // protects m_next and m_started
+    qsizetype m_started = 0;
+
     std::mutex m_mutex; // protects the members below
     std::condition_variable m_tookMore;
     std::map<qsizetype, std::pair<QString, Result>> m_ready; // by index
-    qsizetype m_started = 0;
     qsizetype m_taken = 0;
 };

@@ -74,7 +74,7 @@ int writePage(const QCommandLineParser &arguments)
     const auto number = [&](QLatin1StringView option) { return arguments.value(option).toInt(); };
     PageWriter page({.sizeLimit = sizeLimit(arguments)},
                     {number("max-media"_L1), number("max-clips"_L1), number("max-decoded"_L1)});
-    MessageFiles found(arguments.positionalArguments(), false);
+    MessageFiles found(arguments.positionalArguments(), std::nullopt, false);
     while (const auto name = found.next())
         page.add(*name);
     return page.finish(arguments.value(u"o"_s));

@@ -1,10 +1,8 @@
 #include "commands/commands.h"
 
-#include "commands/files_in_order.h"
+#include "commands/many_files.h"
 #include "commands/message_command.h"
-#include "commands/progress.h"
 #include "input/message.h"
-#include "input/message_files.h"
 #include "list/condition.h"
 #include "list/order.h"
 #include "view/list_view.h"
@@ -22,8 +20,6 @@ using namespace MessageList;
 using namespace Qt::StringLiterals;
 
 namespace {
-
-constexpr int MostJobs = 256;
 
 // In columns; 0 when standard output is no terminal.
 int terminalWidth()
@@ -153,18 +149,18 @@ int listFiles(const QCommandLineParser &arguments)
         return CannotDo;
     }
     const Form form(arguments.isSet(u"json"_s), arguments.isSet(u"csv"_s));
-    MessageFiles found(arguments.positionalArguments(), arguments.isSet(u"all"_s));
     ListPrinter printer(form, arguments, std::move(*conditions));
     print(stdout, form.title());
     const ReadOptions options{.sizeLimit = sizeLimit(arguments)};
-    FilesInOrder<Entry> files([&] { return found.next(); },
-                              [&](const QString &name) { return readEntry(name, options); },
-                              [&](const QString &, Entry entry) { printer.add(std::move(entry)); });
-    files.run(arguments.value(u"jobs"_s).toInt());
+    NamedFiles files(arguments, arguments.isSet(u"all"_s));
+    const bool isWhole =
+        files.forEach<Entry>([&](const QString &name) { return readEntry(name, options); },
+                             [&](const QString &, Entry entry) { printer.add(std::move(entry)); });
     const int exitCode = printer.finish();
-    if (found.skipped() > 0)
-        print(stderr, u"%1 other files skipped\n"_s.arg(found.skipped()).toUtf8());
-    return exitCode;
+    if (files.skipped() > 0)
+        printError(files.skipped() == 1 ? u"1 other file skipped"_s
+                                        : u"%1 other files skipped"_s.arg(files.skipped()));
+    return isWhole ? exitCode : CannotDo;
 }
 
 } // namespace
@@ -180,26 +176,22 @@ Command Commands::list()
                         "(something was left out or rewritten to read it) or refused.",
              .exitCodes =
                  "0 all decoded, 1 a message was refused, 2 wrong usage or an unreadable file.",
-             .arguments = {{"FILE...",
-                            "files with one message each, or folders; - is standard input"}},
+             .arguments = {FilesArgument},
              .groups = {{"Options",
-                         {{.name = "sort",
-                           .value = "ORDER",
-                           .help = "sort by date, from, subject, size or type"},
-                          {.name = "reverse", .help = "reverse the order"},
-                          {.name = "where",
-                           .value = "CONDITION",
-                           .help = "list messages that meet the condition; may be repeated"},
-                          {.name = "all", .help = "find hidden files in folders, too"},
-                          {.name = "json", .help = "print one JSON object per line"},
-                          {.name = "csv", .help = "print comma-separated values with a title row"},
-                          {.name = "jobs",
-                           .value = "N",
-                           .help = "process N files in parallel and print them in their order",
-                           .numbers = {.standard = 1, .most = MostJobs}},
-                          SizeLimitOption}}},
-             .values = {{"ORDER", "date, from, subject, size or type"},
-                        {"CONDITION",
+                         QList<Option>{
+                             {.name = "sort",
+                              .value = "WORD",
+                              .help = "date, from, subject, size or type"},
+                             {.name = "reverse", .help = "reverse the order"},
+                             {.name = "where",
+                              .value = "CONDITION",
+                              .help = "list messages that meet the condition; may be repeated"},
+                             {.name = "all", .help = "find hidden files in folders, too"},
+                             {.name = "json", .help = "print one JSON object per line"},
+                             {.name = "csv",
+                              .help = "print comma-separated values with a title row"},
+                         } + manyFilesOptions()}},
+             .values = {{"CONDITION",
                          "from=ADDRESS, to=ADDRESS, subject~TEXT, type=TYPE, since=DATE, "
                          "until=DATE, has=KIND, larger=OCTETS or state=STATE"}}},
         .run = listFiles,

@@ -3,23 +3,33 @@
  */
 #pragma once
 
+#include <QElapsedTimer>
 #include <QtGlobal>
 
-/// Shows the line only for more than one item, on a terminal that can erase it again.
+#include <cstdio>
+
+/// Shows a bar on a terminal that can erase it again, once the run takes longer than half a second.
+/// There is one at most.
 class Progress
 {
 public:
-    explicit Progress(qsizetype total);
+    Progress();
     ~Progress();
     Q_DISABLE_COPY_MOVE(Progress)
 
-    /// Erases the line, so that something else can be printed.
-    void hide() const;
-    /// Counts one more item as done, and shows the line.
-    void step();
+    /// Erases the bar if it is in the way of what is printed to @p stream next.
+    static void makeWayFor(FILE *stream);
+
+    /// Counts one more message as done, and shows the bar. @p fraction is the part of the whole
+    /// run that is done, from 0 to 1; 0 if it is not known, which shows only the number.
+    void step(double fraction);
 
 private:
-    qsizetype m_total;
-    qsizetype m_done = 0;
-    bool m_shown;
+    void hide();
+
+    const bool m_isTerminal;
+    QElapsedTimer m_sinceStart;
+    qint64 m_next; // milliseconds after the start when the bar is drawn again
+    qint64 m_done = 0;
+    bool m_isVisible = false;
 };

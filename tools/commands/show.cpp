@@ -1,11 +1,10 @@
 #include "commands/commands.h"
 
-#include "commands/files_in_order.h"
+#include "commands/many_files.h"
 #include "commands/message_command.h"
-#include "commands/progress.h"
 #include "commands/shown_file.h"
 #include "input/message.h"
-#include "input/message_files.h"
+#include "view/file_view.h"
 #include "view/message_view.h"
 
 #include <QCommandLineParser>
@@ -13,8 +12,6 @@
 using namespace CommandLine;
 
 namespace {
-
-constexpr int MostJobs = 256;
 
 ShownFile showFile(const QString &fileName, const ReadOptions &options, bool json)
 {
@@ -24,6 +21,8 @@ ShownFile showFile(const QString &fileName, const ReadOptions &options, bool jso
             json ? messageJson(*message) : linesFor(stdout, messageText(*message)).toStdString();
         shown.advice = json ? QString() : whyNoMessage(*message);
         shown.exitCode = message->isRefused() ? Refused : AllDecoded;
+    } else if (json) {
+        shown.text = errorJson(fileName, shown.error);
     }
     return shown;
 }
@@ -32,25 +31,23 @@ ShownFile showFile(const QString &fileName, const ReadOptions &options, bool jso
 class Printer
 {
 public:
-    Printer(qsizetype total, bool json) : m_json(json), m_progress(total) { }
+    explicit Printer(bool json) : m_json(json) { }
 
     void print(const QString &name, const ShownFile &shown)
     {
-        m_progress.hide();
         if (!shown.error.isEmpty()) {
             printError(shown.error);
+            CommandLine::print(stdout, shown.text);
             ++m_unreadable;
         } else {
             printMessage(name, shown);
         }
-        m_progress.step();
     }
 
     /// Prints the numbers of files that were decoded, refused and not readable. Returns the exit
     /// code.
     int finish() const
     {
-        m_progress.hide();
         const int total = m_decoded + m_refused + m_unreadable;
         if (total > 1 && !m_json)
             CommandLine::print(
@@ -76,7 +73,6 @@ private:
     }
 
     const bool m_json;
-    Progress m_progress;
     int m_decoded = 0;
     int m_refused = 0;
     int m_unreadable = 0;
@@ -84,20 +80,18 @@ private:
 
 int showFiles(const QCommandLineParser &arguments)
 {
-    const QStringList names = arguments.positionalArguments();
     const bool wantsJson = arguments.isSet(QStringLiteral("json"));
     const ReadOptions options{.sizeLimit = sizeLimit(arguments),
                               .reading = arguments.isSet(QStringLiteral("strict"))
                                   ? QvlMessage::Strict
                                   : QvlMessage::AnyVersion};
-    Printer printer(names.size(), wantsJson);
-    MessageFiles found(names, false);
-    FilesInOrder<ShownFile> files(
-        [&] { return found.next(); },
+    Printer printer(wantsJson);
+    NamedFiles files(arguments);
+    const bool isWhole = files.forEach<ShownFile>(
         [&](const QString &name) { return showFile(name, options, wantsJson); },
         [&](const QString &name, const ShownFile &shown) { printer.print(name, shown); });
-    files.run(arguments.value(QStringLiteral("jobs")).toInt());
-    return printer.finish();
+    const int exitCode = printer.finish();
+    return isWhole ? exitCode : CannotDo;
 }
 
 } // namespace
@@ -111,17 +105,13 @@ Command Commands::show()
              .purpose = "Shows the header, checks, parts and slides of messages.",
              .exitCodes =
                  "0 all decoded, 1 a message was refused, 2 wrong usage or an unreadable file.",
-             .arguments = {{"FILE...",
-                            "files with one message each, or folders; - is standard input"}},
+             .arguments = {FilesArgument},
              .groups = {{"Options",
-                         {{.name = "json", .help = "print one JSON object per line"},
-                          {.name = "strict",
-                           .help = "read messages of MMS 1.0 only, as the decoder alone does"},
-                          {.name = "jobs",
-                           .value = "N",
-                           .help = "process N files in parallel and print them in their order",
-                           .numbers = {.standard = 1, .most = MostJobs}},
-                          SizeLimitOption}}}},
+                         QList<Option>{
+                             {.name = "json", .help = "print one JSON object per line"},
+                             {.name = "strict",
+                              .help = "read messages of MMS 1.0 only, as the decoder alone does"},
+                         } + manyFilesOptions()}}},
         .run = showFiles,
     };
 }

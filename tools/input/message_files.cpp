@@ -35,23 +35,23 @@ bool isHidden(const fs::path &name)
     return name.native().starts_with('.');
 }
 
-// The code of Message-Type and one of the types up to MMS 1.3.
+// The code of Message-Type and one of the types up to MMS 1.3. True also for a file that cannot be
+// read, so that reading it gives the reason.
 bool beginsLikeMessage(const fs::path &path)
 {
     constexpr int StartSize = 2;
     QByteArray start;
     QString ignored;
-    return readStart(nameOf(path), StartSize, &start, &ignored) && start.size() == StartSize
-        && start[0] == char(HeaderFieldCode::MessageType | 0x80)
+    if (!readStart(nameOf(path), StartSize, &start, &ignored))
+        return true;
+    return start.size() == StartSize && start[0] == char(HeaderFieldCode::MessageType | 0x80)
         && QvlMessageType::nameOf(static_cast<unsigned char>(start[1]));
 }
 
 } // namespace
 
-MessageFiles::MessageFiles(QStringList arguments, bool findsHidden)
-    : m_arguments(std::move(arguments)), m_findsHidden(findsHidden),
-      m_hasFolders(std::ranges::any_of(
-          m_arguments, [](const QString &argument) { return isFolder(pathOf(argument)); }))
+MessageFiles::MessageFiles(QStringList arguments, std::optional<NameList> list, bool findsHidden)
+    : m_arguments(std::move(arguments)), m_list(std::move(list)), m_findsHidden(findsHidden)
 {
 }
 
@@ -59,11 +59,9 @@ std::optional<QString> MessageFiles::next()
 {
     while (true) {
         if (m_folders.empty()) {
-            if (m_nextArgument == m_arguments.size())
-                return std::nullopt;
-            const QString argument = m_arguments[m_nextArgument++];
-            if (!isFolder(pathOf(argument)) || !enter(pathOf(argument)))
-                return argument;
+            const std::optional<QString> name = nextName();
+            if (!name || !isFolder(pathOf(*name)) || !enter(pathOf(*name)))
+                return name;
             continue;
         }
         Folder &folder = m_folders.back();
@@ -78,11 +76,36 @@ std::optional<QString> MessageFiles::next()
     }
 }
 
+bool MessageFiles::isOneFile() const
+{
+    return !m_list && m_arguments.size() == 1 && !isFolder(pathOf(m_arguments.first()));
+}
+
+double MessageFiles::fraction() const
+{
+    double ofLast = m_folders.empty() ? 1 : 0; // of the file or folder that was given last
+    for (auto folder = m_folders.rbegin(); folder != m_folders.rend(); ++folder) {
+        const auto entered = double(folder->count - folder->names.size());
+        ofLast = std::max(0.0, entered - 1 + ofLast) / double(folder->count);
+    }
+    const double ofList = m_list ? m_list->fraction() : 0;
+    const double walked = double(m_nextArgument) + (ofList > 0 ? ofList : ofLast - 1);
+    return std::max(0.0, walked) / double(m_arguments.size() + (m_list ? 1 : 0));
+}
+
+// The next argument or name of the list.
+std::optional<QString> MessageFiles::nextName()
+{
+    if (m_nextArgument < m_arguments.size())
+        return m_arguments[m_nextArgument++];
+    return m_list ? m_list->next() : std::nullopt;
+}
+
 // False when the folder cannot be listed.
 bool MessageFiles::enter(const fs::path &path)
 {
     std::error_code error;
-    Folder folder{path, {}};
+    Folder folder{path, {}, 0};
     for (fs::directory_iterator entry(path, error), end; !error && entry != end;
          entry.increment(error)) {
         fs::path name = entry->path().filename();
@@ -92,6 +115,7 @@ bool MessageFiles::enter(const fs::path &path)
     if (error)
         return false;
     std::ranges::sort(folder.names, std::greater<>());
+    folder.count = folder.names.size();
     m_folders.push_back(std::move(folder));
     return true;
 }

@@ -1,6 +1,7 @@
 #include "view/list_view.h"
 
 #include "view/field_values.h"
+#include "view/file_view.h"
 #include "view/json_writer.h"
 #include "view/terminal_text.h"
 
@@ -190,14 +191,11 @@ QString ListLines::line(const QStringList &cells) const
 
 std::string listJson(const Entry &entry)
 {
+    if (!entry.error.isEmpty())
+        return errorJson(entry.file, entry.error);
     JsonWriter json;
     json.beginObject();
-    if (!entry.error.isEmpty()) {
-        json.member("error", entry.error);
-        json.member("file", entry.file);
-    } else {
-        writeEntry(entry, &json);
-    }
+    writeEntry(entry, &json);
     json.endObject();
     return json.takeJson() + '\n';
 }

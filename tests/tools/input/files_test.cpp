@@ -3,9 +3,7 @@
  */
 #include "input/files.h"
 
-#include <QDir>
-#include <QFile>
-#include <QTemporaryDir>
+#include "support/scratch_folder.h"
 
 #include <gtest/gtest.h>
 
@@ -14,13 +12,7 @@ namespace {
 class ReadFile : public testing::Test
 {
 protected:
-    QString fileOf(const QByteArray &octets)
-    {
-        QFile file(m_directory.filePath("file"));
-        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
-        EXPECT_EQ(file.write(octets), octets.size());
-        return file.fileName();
-    }
+    QString fileOf(const QByteArray &octets) { return m_folder.write("file", octets); }
     QString sparseFileOf(qint64 size)
     {
         const QString name = fileOf("start");
@@ -32,7 +24,7 @@ protected:
     QString m_error;
 
 private:
-    const QTemporaryDir m_directory;
+    const ScratchFolder m_folder;
 };
 
 } // namespace

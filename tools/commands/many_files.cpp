@@ -1,0 +1,75 @@
+#include "commands/many_files.h"
+
+#include "commands/message_command.h"
+
+#include <QThread>
+
+using namespace Qt::StringLiterals;
+
+namespace CommandLine {
+
+namespace {
+
+constexpr int MostJobs = 256;
+
+std::optional<NameList> listFrom(const QCommandLineParser &arguments)
+{
+    if (!arguments.isSet(u"files-from"_s))
+        return std::nullopt;
+    return std::make_optional<NameList>(arguments.value(u"files-from"_s),
+                                        arguments.isSet(u"0"_s) ? '\0' : '\n');
+}
+
+int jobsFor(const MessageFiles &files, const QCommandLineParser &arguments)
+{
+    if (files.isOneFile())
+        return 1;
+    const int jobs = arguments.value(u"jobs"_s).toInt();
+    return jobs > 0 ? jobs : std::min(QThread::idealThreadCount(), MostJobs);
+}
+
+} // namespace
+
+QList<Option> namingOptions()
+{
+    return {
+        {.name = "files-from",
+         .value = "FILE",
+         .help = "take more names from the lines of FILE; - is standard input",
+         .replacesArguments = true},
+        {.name = "0", .help = "the names in FILE end with NUL octets, as find -print0 writes them"},
+        SizeLimitOption};
+}
+
+QList<Option> manyFilesOptions()
+{
+    return QList<Option>{{.name = "jobs",
+                          .value = "N",
+                          .help = "number of files to process in parallel (default: one for each "
+                                  "processor)",
+                          .numbers = {.most = MostJobs}}}
+    + namingOptions();
+}
+
+NamedFiles::NamedFiles(const QCommandLineParser &arguments, bool findsHidden)
+    : m_files(arguments.positionalArguments(), listFrom(arguments), findsHidden),
+      m_jobs(jobsFor(m_files, arguments))
+{
+}
+
+std::optional<QString> NamedFiles::next()
+{
+    std::optional<QString> name = m_files.next();
+    m_fraction = m_files.fraction();
+    return name;
+}
+
+bool NamedFiles::finish()
+{
+    if (m_files.listError().isEmpty())
+        return true;
+    printError(m_files.listError());
+    return false;
+}
+
+} // namespace CommandLine

@@ -1,0 +1,63 @@
+/*
+ * The frame of the commands that take many files: the options for that, the order of the results,
+ * and the progress.
+ */
+#pragma once
+
+#include "commands/command_line.h"
+#include "commands/files_in_order.h"
+#include "commands/progress.h"
+#include "input/message_files.h"
+
+#include <QCommandLineParser>
+
+#include <atomic>
+#include <functional>
+
+namespace CommandLine {
+
+/// The argument of these commands.
+inline constexpr Argument FilesArgument{
+    "FILE...", "files with one message each, or folders; - is standard input"};
+
+/// The options that name files.
+QList<Option> namingOptions();
+/// These, and that for the number of threads.
+QList<Option> manyFilesOptions();
+
+/// The files that the user named, one after the other.
+class NamedFiles
+{
+public:
+    explicit NamedFiles(const QCommandLineParser &arguments, bool findsHidden = false);
+
+    /// Works on each file with @p work, in several threads, and hands the results to @p take in the
+    /// order of the files. Shows the progress. Returns false, and prints why, if the list of names
+    /// cannot be read.
+    template <typename Result>
+    bool forEach(const typename FilesInOrder<Result>::Work &work,
+                 const typename FilesInOrder<Result>::Take &take)
+    {
+        FilesInOrder<Result> files([this] { return next(); }, work,
+                                   [&](const QString &name, Result result) {
+                                       take(name, std::move(result));
+                                       m_progress.step(m_fraction);
+                                   });
+        files.run(m_jobs);
+        return finish();
+    }
+
+    /// Files in folders that were passed over because they are no messages.
+    qsizetype skipped() const { return m_files.skipped(); }
+
+private:
+    std::optional<QString> next();
+    bool finish();
+
+    MessageFiles m_files;
+    const int m_jobs;
+    Progress m_progress;
+    std::atomic<double> m_fraction = 0;
+};
+
+} // namespace CommandLine
