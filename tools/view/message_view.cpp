@@ -235,6 +235,7 @@ std::string messageJson(const Message &message)
         writeRefusedField(*refused, &json);
     writeResult(WireResult::meaning(message.headerResult), message.headerResult, &json);
     writeSentTimes(message.sentTimes(), &json);
+    json.member("state", stateName(message.state()));
     json.endObject();
     std::string line = json.takeJson();
     line += '\n';
