@@ -17,38 +17,89 @@ namespace {
 using namespace MessageList;
 using TerminalText::visible;
 
-/// A column of the list.
+/// A column of the list. Its width grows from the least one to the good one, and to more if it
+/// shares what is left. Narrow terminals have no room for the columns with a rank; the lowest rank
+/// is left out first.
 struct Column
 {
     const char *title;
-    int width; ///< 0 for columns that share what is left
-    bool alignRight;
+    int least;
+    int good;
+    bool shares = false;
+    bool alignRight = false;
+    bool endMatters = false; ///< more than the beginning, as for paths
+    int rank = 0;
 };
+
+constexpr int WholeDate = 16; // columns of a date with its time
+constexpr int DayOnly = 10;
 
 constexpr std::array columns{
-    Column{"Date", 16, false},   Column{"Type", 17, false}, Column{"From or to", 0, false},
-    Column{"Subject", 0, false}, Column{"Slides", 6, true}, Column{"Parts", 12, false},
-    Column{"Octets", 8, true},   Column{"State", 7, false}, Column{"File", 0, false},
+    Column{.title = "Date", .least = DayOnly, .good = WholeDate},
+    Column{.title = "Type", .least = 8, .good = 17, .rank = 3},
+    Column{.title = "From or to", .least = 8, .good = 15, .shares = true},
+    Column{.title = "Subject", .least = 8, .good = 15, .shares = true},
+    Column{.title = "Slides", .least = 6, .good = 6, .alignRight = true, .rank = 2},
+    Column{.title = "Parts", .least = 5, .good = 12, .rank = 1},
+    Column{.title = "Octets", .least = 8, .good = 8, .alignRight = true, .rank = 5},
+    Column{.title = "State", .least = 7, .good = 7},
+    Column{.title = "File", .least = 8, .good = 15, .shares = true, .endMatters = true, .rank = 4},
 };
+constexpr int Ranks = 5;
 
-constexpr int Gap = 2;
-constexpr int NarrowestShared = 8;
+constexpr int WideGap = 2; // columns between two cells
+constexpr int NarrowGap = 1;
 constexpr int UsualWidth = 150;
 
-int sharedWidth(int width)
+using Widths = std::array<int, columns.size()>;
+
+int total(const Widths &widths, int gap)
 {
-    int shared = 0;
-    int left = width - Gap * (int(columns.size()) - 1);
-    for (const Column &column : columns) {
-        left -= column.width;
-        shared += column.width == 0;
-    }
-    return std::max(left / shared, NarrowestShared);
+    int sum = -gap;
+    for (int width : widths)
+        sum += width > 0 ? width + gap : 0;
+    return sum;
 }
 
-QString dateColumn(const Entry &entry)
+Widths widthsOf(int Column::*width)
 {
-    return entry.date ? FieldValue::dateText(*entry.date).left(16).replace(u'T', u' ') : QString();
+    Widths widths{};
+    std::ranges::transform(columns, widths.begin(), width);
+    return widths;
+}
+
+// The least widths that fit.
+Widths leastWidths(int most)
+{
+    Widths widths = widthsOf(&Column::least);
+    for (int rank = 1; rank <= Ranks && total(widths, NarrowGap) > most; ++rank)
+        widths[std::size_t(std::ranges::find(columns, rank, &Column::rank) - columns.begin())] = 0;
+    return widths;
+}
+
+// Gives the columns what is left, first to those that share it.
+void grow(Widths *widths, int left)
+{
+    for (bool shares : {true, false}) {
+        for (std::size_t i = 0; i < columns.size(); ++i) {
+            if ((*widths)[i] == 0 || columns[i].shares != shares)
+                continue;
+            const int more = std::clamp(columns[i].good - (*widths)[i], 0, left);
+            (*widths)[i] += more;
+            left -= more;
+        }
+    }
+    const auto sharing = int(std::ranges::count(columns, true, &Column::shares));
+    for (std::size_t i = 0; i < columns.size(); ++i) {
+        if ((*widths)[i] > 0 && columns[i].shares)
+            (*widths)[i] += left / sharing;
+    }
+}
+
+QString dateColumn(const Entry &entry, int width)
+{
+    return entry.date ? FieldValue::dateText(*entry.date).left(width).replace(u'T', u' ')
+                      : QString();
 }
 
 // "retrieve-conf" of "m-retrieve-conf".
@@ -60,12 +111,17 @@ QString typeColumn(const Entry &entry)
     return name.startsWith("m-"_L1) ? name.sliced(2) : name;
 }
 
+// The sender; without one, the first recipient and how many others there are.
 QString addressColumn(const Entry &entry)
 {
-    return entry.from.isEmpty() ? entry.to.join(", "_L1) : entry.from;
+    if (!entry.from.isEmpty() || entry.to.isEmpty())
+        return entry.from;
+    return entry.to.size() == 1
+        ? entry.to.first()
+        : u"%1 +%2"_s.arg(entry.to.first(), QString::number(entry.to.size() - 1));
 }
 
-// Such as "2 img, 1 txt".
+// Such as "2i 1t".
 QString partsColumn(const Entry &entry)
 {
     constexpr std::array<const char *, PartKinds> letters{"i", "a", "v", "t", "s", "o"};
@@ -149,9 +205,12 @@ QByteArray csvLine(const QList<QByteArray> &fields)
 
 } // namespace
 
-ListLines::ListLines(int width)
-    : m_width(sharedWidth(width == 0 ? UsualWidth : width)), m_truncates(width > 0)
+ListLines::ListLines(int width) : m_truncates(width > 0)
 {
+    const int most = m_truncates ? width : UsualWidth;
+    m_gap = total(widthsOf(&Column::good), WideGap) <= most ? WideGap : NarrowGap;
+    m_widths = leastWidths(most);
+    grow(&m_widths, std::max(0, most - total(m_widths, m_gap)));
 }
 
 QString ListLines::title() const
@@ -166,8 +225,8 @@ QString ListLines::lineOf(const Entry &entry) const
 {
     if (!entry.error.isEmpty())
         return QString();
-    return line({dateColumn(entry), typeColumn(entry), visible(addressColumn(entry)),
-                 visible(entry.subject),
+    return line({dateColumn(entry, m_widths.front() < WholeDate ? DayOnly : WholeDate),
+                 typeColumn(entry), visible(addressColumn(entry)), visible(entry.subject),
                  entry.slides > 0 ? QString::number(entry.slides) : QString(), partsColumn(entry),
                  QString::number(entry.octets), QString::fromLatin1(stateName(entry.state)),
                  visible(entry.file)});
@@ -177,12 +236,14 @@ QString ListLines::line(const QStringList &cells) const
 {
     QString text;
     for (std::size_t i = 0; i < columns.size(); ++i) {
-        const int width = columns[i].width > 0 ? columns[i].width : m_width;
-        const bool isLast = i + 1 == columns.size();
-        const QString &cell = cells[qsizetype(i)];
-        text += TerminalText::padded(m_truncates ? TerminalText::truncated(cell, width) : cell,
-                                     width, columns[i].alignRight)
-            + (isLast ? QString() : QString(Gap, u' '));
+        const int width = m_widths[i];
+        if (width == 0)
+            continue;
+        QString cell = cells[qsizetype(i)];
+        if (m_truncates)
+            cell = columns[i].endMatters ? TerminalText::endOf(cell, width)
+                                         : TerminalText::truncated(cell, width);
+        text += TerminalText::padded(cell, width, columns[i].alignRight) + QString(m_gap, u' ');
     }
     while (text.endsWith(u' '))
         text.chop(1);

@@ -8,6 +8,7 @@
 #include <QByteArray>
 #include <QString>
 
+#include <array>
 #include <string>
 
 /// Lines of a list. The columns have fixed widths, so that each line can be printed when its
@@ -27,7 +28,10 @@ public:
 private:
     QString line(const QStringList &cells) const;
 
-    int m_width; // of the columns that share the width
+    static constexpr std::size_t Columns = 9;
+
+    std::array<int, Columns> m_widths; // 0 for columns that are left out
+    int m_gap;
     bool m_truncates;
 };
 

@@ -77,6 +77,20 @@ QString TerminalText::truncated(const QString &text, int longest)
     return result + QChar(0x2026);
 }
 
+QString TerminalText::endOf(const QString &text, int longest)
+{
+    int columns = width(text);
+    if (columns <= longest)
+        return text;
+    const QList<uint> characters = text.toUcs4();
+    qsizetype left = 0;
+    for (; left < characters.size() && columns + 1 > longest; ++left) // with the ellipsis
+        columns -= ::width(characters[left]);
+    return QChar(0x2026)
+        + QString::fromUcs4(reinterpret_cast<const char32_t *>(characters.constData()) + left,
+                            characters.size() - left);
+}
+
 QString TerminalText::padded(const QString &text, int columns, bool alignRight)
 {
     const QString padding(std::max(columns - width(text), 0), QLatin1Char(' '));

@@ -23,6 +23,9 @@ int width(const QString &text);
 /// @p text, which is visible(), with at most @p longest columns; a longer one ends in an ellipsis.
 QString truncated(const QString &text, int longest);
 
+/// The same with the end of a longer text, after an ellipsis.
+QString endOf(const QString &text, int longest);
+
 /// @p text, which is visible(), with blanks up to @p columns: after it, or before it.
 QString padded(const QString &text, int columns, bool alignRight);
 

@@ -139,10 +139,43 @@ TEST(ListLine, FitsTheWidthOfTheTerminal)
 {
     Entry wide = entry();
     wide.subject = u"港口の写真と長い件名がここに続きます"_s;
-    for (int width : {80, 120, 200}) {
-        const QString line = ListLines(width).lineOf(wide).chopped(1);
-        EXPECT_LE(TerminalText::width(line), std::max(width, 104)) << width;
+    for (int width : {36, 40, 60, 76, 80, 100, 120, 200}) {
+        const ListLines lines(width);
+        EXPECT_LE(TerminalText::width(lines.lineOf(wide).chopped(1)), width) << width;
+        EXPECT_LE(TerminalText::width(lines.title().chopped(1)), width) << width;
     }
+}
+
+TEST(ListLine, HasAllColumnsOnAnOrdinaryTerminal)
+{
+    const QString line = ListLines(80).lineOf(entry());
+    for (const char *cell : {"2001-09-09 ", " retriev… ", " +4915112345 ", " At the … ", " 2 ",
+                             " 1i 2… ", " 2048 ", " ok ", " a.mms"})
+        EXPECT_TRUE(line.contains(QString::fromUtf8(cell))) << cell << " in " << qPrintable(line);
+}
+
+TEST(ListLine, LeavesOutColumnsOnANarrowTerminal)
+{
+    EXPECT_EQ(ListLines(40).title().simplified(), u"Date From or to Subject State"_s);
+    EXPECT_TRUE(ListLines(60).lineOf(entry()).contains(u"2048"_s));
+}
+
+TEST(ListLine, EndsWithTheEndOfThePath)
+{
+    Entry deep = entry();
+    deep.file = u"messages/of/the/last/year/harbor.mms"_s;
+    EXPECT_TRUE(ListLines(100).lineOf(deep).endsWith(u" …ear/harbor.mms\n"_s))
+        << qPrintable(ListLines(100).lineOf(deep));
+}
+
+TEST(ListLine, CountsTheOtherRecipients)
+{
+    Entry sent = entry();
+    sent.from.clear();
+    sent.to = {u"+49151"_s, u"a@example.org"_s, u"b@example.org"_s};
+    EXPECT_TRUE(ListLines(0).lineOf(sent).contains(u" +49151 +2 "_s));
+    sent.to = {u"+49151"_s};
+    EXPECT_TRUE(ListLines(0).lineOf(sent).contains(u" +49151  "_s));
 }
 
 TEST(ListLine, AlignsWideCharacters)

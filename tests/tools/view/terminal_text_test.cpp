@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+using namespace Qt::StringLiterals;
 using namespace TerminalText;
 
 namespace {
@@ -70,4 +71,21 @@ TEST(TerminalTextTable, DoesNotTruncateCellsOfTheFullWidth)
 {
     const QString cell(40, QLatin1Char('x'));
     EXPECT_EQ(table({{QStringLiteral("T")}}, {{cell}}, QString())[1], cell);
+}
+
+TEST(TerminalTextEnd, IsTheWholeTextIfThatFits)
+{
+    EXPECT_EQ(endOf(u"/a/b"_s, 4), u"/a/b"_s);
+}
+
+TEST(TerminalTextEnd, FollowsAnEllipsis)
+{
+    EXPECT_EQ(endOf(u"/a/bc"_s, 4), u"…/bc"_s);
+    EXPECT_EQ(endOf(u"abc"_s, 1), u"…"_s);
+}
+
+TEST(TerminalTextEnd, CountsTheColumnsOfWideCharacters)
+{
+    EXPECT_EQ(endOf(u"港口港"_s, 4), u"…港"_s);
+    EXPECT_EQ(endOf(u"\U0001F600\U0001F600"_s, 3), u"…\U0001F600"_s);
 }
