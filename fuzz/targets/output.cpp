@@ -1,14 +1,23 @@
 /*
  * The command's output for an untrusted message: no terminal control characters, one line of JSON,
- * and no path outside the folder.
+ * no path outside the folder, and a page that loads nothing.
  */
+#include "check/check.h"
 #include "extract/extract.h"
+#include "html/media.h"
+#include "html/message_page.h"
 #include "input/message.h"
+#include "list/entry.h"
+#include "view/findings_view.h"
+#include "view/list_view.h"
 #include "view/message_view.h"
+#include "view/terminal_text.h"
 
 #include "support/invariant.h"
 
+#include <QBuffer>
 #include <QJsonDocument>
+#include <QXmlStreamReader>
 
 #include <algorithm>
 #include <cstdint>
@@ -37,6 +46,58 @@ void checkNames(const Message &message)
     }
 }
 
+void checkJson(const std::string &line)
+{
+    const QByteArray json = QByteArray::fromStdString(line);
+    require(json.count('\n') == 1 && json.endsWith('\n'), "JSON is one line");
+    require(QJsonDocument::fromJson(json).isObject(), "JSON is an object");
+    require(isHarmless(QString::fromUtf8(json)), "JSON has no control characters");
+}
+
+void checkList(const Message &message)
+{
+    constexpr int Width = 80;
+    const MessageList::Entry entry = MessageList::entryOf(message);
+    const QString line = ListLines(Width).lineOf(entry);
+    require(isHarmless(line) && line.count(u'\n') == 1, "a line of a list is harmless");
+    require(TerminalText::width(line.chopped(1)) <= Width, "a line of a list fits the terminal");
+    checkJson(listJson(entry));
+    const QByteArray row = csvRow(entry);
+    require(row.endsWith("\r\n") && isHarmless(QString::fromUtf8(row.chopped(2))),
+            "a row of CSV is harmless");
+    require(row.count('"') % 2 == 0, "quotes in CSV are closed");
+}
+
+void checkElement(const QXmlStreamReader &page)
+{
+    static const QStringList known{
+        "a",  "article", "audio", "b",     "bdi",   "button", "dd",   "div", "dl", "dt",
+        "h2", "h3",      "img",   "li",    "ol",    "p",      "rect", "svg", "td", "foreignObject",
+        "tr", "section", "span",  "tbody", "table", "ul",     "video"};
+    require(known.contains(page.name()), "a page has no other elements");
+    for (const QXmlStreamAttribute &attribute : page.attributes()) {
+        require(!attribute.name().startsWith(u"on"), "a page has no handlers");
+        const bool isAddress = attribute.name() == u"href" || attribute.name() == u"src";
+        require(!isAddress || attribute.value().startsWith(u"data:"), "a page loads nothing");
+    }
+}
+
+// Without a child process that converts clips.
+void checkPage(const Message &message, const Check::Findings &findings)
+{
+    QBuffer out;
+    out.open(QIODevice::WriteOnly);
+    HtmlWriter html(&out);
+    PageMedia media(message, {.media = 1, .clips = 0, .decoded = 1});
+    writeMessage(&html, message, findings, 1, &media);
+    QXmlStreamReader page(out.data());
+    while (!page.atEnd()) {
+        if (page.readNext() == QXmlStreamReader::StartElement)
+            checkElement(page);
+    }
+    require(!page.hasError(), "a page is well-formed");
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size)
@@ -44,10 +105,12 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     const auto message =
         decodeMessage(QByteArray(reinterpret_cast<const char *>(data), qsizetype(size)));
     require(isHarmless(messageText(*message)), "the text has no control characters");
-    const QByteArray json = QByteArray::fromStdString(messageJson(*message));
-    require(json.count('\n') == 1 && json.endsWith('\n'), "JSON is one line");
-    require(QJsonDocument::fromJson(json).isObject(), "JSON is an object");
-    require(isHarmless(QString::fromUtf8(json)), "JSON has no control characters");
+    checkJson(messageJson(*message));
     checkNames(*message);
+    checkList(*message);
+    const Check::Findings findings = Check::checkMessage(*message, {300 * 1024});
+    require(isHarmless(findingsText(*message, findings)), "findings have no control characters");
+    checkJson(findingsJson(*message, findings));
+    checkPage(*message, findings);
     return 0;
 }

@@ -58,7 +58,7 @@ void HtmlWriter::close()
 void HtmlWriter::single(const char *tag, Attributes attributes)
 {
     start(tag, attributes);
-    markup(">");
+    markup("/>");
 }
 
 void HtmlWriter::text(const QString &text)
@@ -73,8 +73,23 @@ void HtmlWriter::element(const char *tag, const QString &content, Attributes att
     close();
 }
 
+void HtmlWriter::openWithData(const char *tag, const char *name, const char *mediaType,
+                              const QByteArray &octets, Attributes attributes)
+{
+    startWithData(tag, name, mediaType, octets, attributes);
+    markup(">");
+    m_open.push_back(tag);
+}
+
 void HtmlWriter::singleWithData(const char *tag, const char *name, const char *mediaType,
                                 const QByteArray &octets, Attributes attributes)
+{
+    startWithData(tag, name, mediaType, octets, attributes);
+    markup("/>");
+}
+
+void HtmlWriter::startWithData(const char *tag, const char *name, const char *mediaType,
+                               const QByteArray &octets, Attributes attributes)
 {
     start(tag, attributes);
     markup(" ");
@@ -83,14 +98,7 @@ void HtmlWriter::singleWithData(const char *tag, const char *name, const char *m
     markup(mediaType);
     markup(";base64,");
     writeData(octets);
-    markup("\">");
-}
-
-void HtmlWriter::openWithData(const char *tag, const char *name, const char *mediaType,
-                              const QByteArray &octets, Attributes attributes)
-{
-    singleWithData(tag, name, mediaType, octets, attributes);
-    m_open.push_back(tag);
+    markup("\"");
 }
 
 void HtmlWriter::markup(QByteArrayView markup)
@@ -105,8 +113,6 @@ void HtmlWriter::start(const char *tag, Attributes attributes)
     for (const Attribute &attribute : attributes) {
         markup(" ");
         markup(attribute.name);
-        if (attribute.value.isNull())
-            continue;
         markup("=\"");
         text(attribute.value);
         markup("\"");

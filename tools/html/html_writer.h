@@ -1,6 +1,6 @@
 /*
- * Writes HTML piece by piece. Every text and every value of an attribute is escaped here, so no
- * text of a message can become markup.
+ * Writes HTML piece by piece. The elements are well-formed XML, too. Every text and every value of
+ * an attribute is escaped here, so no text of a message can become markup.
  */
 #pragma once
 
@@ -14,7 +14,7 @@
 class HtmlWriter
 {
 public:
-    /// An attribute. A null value gives an attribute without one.
+    /// An attribute; one that is only there or not, such as controls, has an empty value.
     struct Attribute
     {
         const char *name;
@@ -51,6 +51,8 @@ public:
 
 private:
     void start(const char *tag, Attributes attributes);
+    void startWithData(const char *tag, const char *name, const char *mediaType,
+                       const QByteArray &octets, Attributes attributes);
     void writeData(const QByteArray &octets);
 
     QIODevice *m_out;
