@@ -36,7 +36,6 @@ constexpr int Version = 0x0D;
 
 // Codes of media types, of parameters, and of headers of parts.
 constexpr int TextPlain = 0x03;
-constexpr int Gif = 0x1D;
 constexpr int Jpeg = 0x1E;
 constexpr int Png = 0x20;
 constexpr int Mixed = 0x23;

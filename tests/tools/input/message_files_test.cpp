@@ -41,7 +41,7 @@ protected:
     qsizetype m_skipped = 0;
 
 private:
-    const ScratchFolder m_folder;
+    ScratchFolder m_folder;
 };
 
 } // namespace

@@ -30,7 +30,7 @@ protected:
     QString m_error;
 
 private:
-    const ScratchFolder m_folder;
+    ScratchFolder m_folder;
 };
 
 } // namespace

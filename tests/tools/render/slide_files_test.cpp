@@ -20,7 +20,7 @@ QStringList namesIn(const QTemporaryDir &directory)
 
 void addSlides(Message *message, int count, const QSize &page)
 {
-    message->slides().setRootLayout(unsigned(page.width()), unsigned(page.height()));
+    message->slides().setRootLayout(page.width(), page.height());
     for (int i = 0; i < count; ++i)
         message->slides().appendSlide(3000u);
 }
