@@ -25,7 +25,7 @@ UCS2 = (TEXT + "\ud800x\udc00").encode("utf-16-be", "surrogatepass")
 # XML allows these characters, and the others in no form.
 ATTRIBUTE = "x&#x9b;&#10;&#x202e;&#x2066;&#x85;&#x2028;y"
 
-COLOR_OR_PROGRESS = re.compile(r"\x1b\[(?:0|1|2|1;31)m|\r\x1b\[K|\r\d+ of \d+")
+COLOR_OR_PROGRESS = re.compile(r"\x1b\[(?:0|1|2|1;31)m|\r(?:(?:\[#*-*\] \d+%, )?\d+ done)?\x1b\[K")
 HIDDEN = {"Cc", "Cf", "Cs", "Zl", "Zp"}
 
 Row = collections.namedtuple("Row", ["arguments", "raw_output", "line_end"], defaults=[False, b"\n"])
