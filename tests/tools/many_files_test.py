@@ -101,6 +101,18 @@ class ManyFiles(unittest.TestCase):
             self.assertIn(b"cannot read the names in ", done.stderr)
             self.assertIn(b"notification.mms", done.stdout)
 
+    def test_other_files_in_folders_are_counted(self):
+        self.message("a")
+        (self.folder / "notes").write_text("text")
+        for command in COMMANDS:
+            done = run(command, self.folder)
+            self.assertEqual((done.returncode, done.stderr), (0, b"qvlmms: 1 other file skipped\n"))
+
+    def test_a_folder_without_messages_is_mentioned(self):
+        for command in COMMANDS:
+            done = run(command, self.folder)
+            self.assertEqual((done.returncode, done.stderr), (0, b"qvlmms: no message was found\n"))
+
     def run_slowly(self, command, **streams):
         """Runs the command on three messages; the second one comes after the delay of the bar."""
         slow = self.folder / "slow"

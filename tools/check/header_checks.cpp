@@ -23,7 +23,9 @@ bool isRecipient(int code)
 
 Place placeOf(const QvlScannedField &field)
 {
-    return {.octet = field.offset, .name = fieldName(field)};
+    const bool hasName =
+        field.known || field.code != QvlScannedField::NoCode || !field.letters.isEmpty();
+    return {.octet = field.offset, .name = hasName ? fieldName(field) : QString()};
 }
 
 // Where the field with @p code is; only its name when the scanner does not find it.
@@ -41,8 +43,7 @@ void checkRefusal(const Message &message, Findings *findings)
     if (message.headerResult == WireResult::Read)
         return;
     if (const auto refused = refusedField(message))
-        findings->add(Rule::HeaderRefused,
-                      {.octet = refused->field.offset, .name = fieldName(refused->field)},
+        findings->add(Rule::HeaderRefused, placeOf(refused->field),
                       QString::fromLatin1(refused->reason));
     else
         findings->add(Rule::HeaderRefused, {.octet = 0},
@@ -197,6 +198,12 @@ void checkCharset(const QvlScannedField &field, Findings *findings)
 
 void checkHeader(Message &message, Findings *findings)
 {
+    if (message.headerResult != WireResult::Read && !isPdu(message.octets)) {
+        findings->add(Rule::NoMessage, {},
+                      message.octets.isEmpty() ? u"the file is empty"_s
+                                               : u"the file does not begin with the octet 8C"_s);
+        return;
+    }
     const std::vector<MessageField> fields = messageFields(message);
     for (const MessageField &field : fields) {
         if (field.scanned) {

@@ -10,6 +10,8 @@ namespace {
 using enum Severity;
 
 constexpr std::array table{
+    RuleText{Rule::NoMessage, Error, "no-message", "a file that does not begin like a message",
+             "nobody can read it as one", "remove headers of HTTP or WSP before the message"},
     RuleText{Rule::HeaderRefused, Error, "header-refused", "a header that cannot be decoded",
              "receivers refuse the message", "write the field as the standard says"},
     RuleText{Rule::WrongVersion, Error, "wrong-version", "a major version other than 1",

@@ -21,6 +21,7 @@ QLatin1StringView nameOf(Severity severity);
 
 /// The rules, in the order of a message: header, body, names, content, presentation.
 enum class Rule : unsigned char {
+    NoMessage,
     HeaderRefused,
     WrongVersion,
     LaterVersion,

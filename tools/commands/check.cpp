@@ -82,7 +82,6 @@ ShownFile checkFile(const QString &fileName, const Options &options)
         shown.text = options.json
             ? findingsJson(*message, findings)
             : linesFor(stdout, findingsText(*message, findings)).toStdString();
-        shown.advice = options.json ? QString() : whyNoMessage(*message);
         shown.exitCode = message->isRefused() ? Refused : exitCodeOf(findings, options.failOn);
     } else if (options.json) {
         shown.text = errorJson(fileName, shown.error);
@@ -104,12 +103,10 @@ int checkFiles(const QCommandLineParser &arguments, const Options &options)
     NamedFiles files(arguments);
     const bool isWhole = files.forEach<ShownFile>(
         [&](const QString &name) { return checkFile(name, options); },
-        [&](const QString &name, const ShownFile &shown) {
+        [&](const QString &, const ShownFile &shown) {
             if (!shown.error.isEmpty())
                 printError(shown.error);
             print(stdout, shown.text);
-            if (!shown.advice.isEmpty())
-                printError(name + QLatin1String(": ") + shown.advice);
             exitCode = worse(exitCode, shown.error.isEmpty() ? shown.exitCode : CannotDo);
         });
     return isWhole ? exitCode : CannotDo;

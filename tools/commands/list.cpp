@@ -157,9 +157,6 @@ int listFiles(const QCommandLineParser &arguments)
         files.forEach<Entry>([&](const QString &name) { return readEntry(name, options); },
                              [&](const QString &, Entry entry) { printer.add(std::move(entry)); });
     const int exitCode = printer.finish();
-    if (files.skipped() > 0)
-        printError(files.skipped() == 1 ? u"1 other file skipped"_s
-                                        : u"%1 other files skipped"_s.arg(files.skipped()));
     return isWhole ? exitCode : CannotDo;
 }
 

@@ -66,6 +66,11 @@ std::optional<QString> NamedFiles::next()
 
 bool NamedFiles::finish()
 {
+    if (m_files.skipped() > 0)
+        printError(m_files.skipped() == 1 ? u"1 other file skipped"_s
+                                          : u"%1 other files skipped"_s.arg(m_files.skipped()));
+    if (!m_hasAny && m_files.listError().isEmpty())
+        printError(u"no message was found"_s);
     if (m_files.listError().isEmpty())
         return true;
     printError(m_files.listError());

@@ -40,15 +40,13 @@ public:
     {
         FilesInOrder<Result> files([this] { return next(); }, work,
                                    [&](const QString &name, Result result) {
+                                       m_hasAny = true;
                                        take(name, std::move(result));
                                        m_progress.step(m_fraction);
                                    });
         files.run(m_jobs);
         return finish();
     }
-
-    /// Files in folders that were passed over because they are no messages.
-    qsizetype skipped() const { return m_files.skipped(); }
 
 private:
     std::optional<QString> next();
@@ -58,6 +56,7 @@ private:
     const int m_jobs;
     Progress m_progress;
     std::atomic<double> m_fraction = 0;
+    bool m_hasAny = false;
 };
 
 } // namespace CommandLine

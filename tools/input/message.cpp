@@ -47,12 +47,6 @@ void decode(Message *message)
         message->smilResult = presented.code;
 }
 
-// A PDU begins with the code of Message-Type. No text begins with that octet.
-bool isPdu(const QByteArray &octets)
-{
-    return octets.startsWith(char(HeaderFieldCode::MessageType | 0x80));
-}
-
 std::unique_ptr<MMS_COMP_SMILMultipartBodypart> emptyPart(const QString &location)
 {
     auto part = std::make_unique<MMS_COMP_SMILMultipartBodypart>();
@@ -157,6 +151,11 @@ void requireMemory(const QvlMessage::Result &result)
         == (result.layer == Layer::Header ? int(WireResult::BadArgument)
                                           : MultipartResult::OutOfMemory))
         throw std::bad_alloc();
+}
+
+bool isPdu(const QByteArray &octets)
+{
+    return octets.startsWith(char(HeaderFieldCode::MessageType | 0x80));
 }
 
 QString whyNoMessage(const Message &message)

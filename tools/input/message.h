@@ -76,5 +76,8 @@ std::unique_ptr<Message> readMessageOrDocument(const QString &fileName, const Re
 /// Throws std::bad_alloc if @p result reports a lack of memory.
 void requireMemory(const QvlMessage::Result &result);
 
+/// Whether the octets begin like a message: with the code of Message-Type. No text does.
+bool isPdu(const QByteArray &octets);
+
 /// The reason why the file cannot be a message; "" if it begins like one.
 QString whyNoMessage(const Message &message);

@@ -135,6 +135,7 @@ const std::vector<Row> &rows()
         field(Content, mediaCode(Mixed)) + PduWriter::body({textPart("a")});
     static const QByteArray whole = SendReq + ToPhone + body;
     static const std::vector<Row> rows{
+        {Rule::NoMessage, "HTTP/1.1 200 OK", whole},
         {Rule::HeaderRefused, SendReq + "\x05"_L1.latin1(), whole},
         {Rule::WrongVersion,
          field(MessageType, token(128)) + field(TransactionId, text("T"))
