@@ -1,7 +1,7 @@
 #!/usr/bin/env bash
-# Installs to an empty prefix and uses the result like an application: the examples and the command build
-# with find_package, an example builds with pkg-config, the library has its soname and is hardened, and it
-# links with a platform library of the caller.
+# Installs to an empty prefix and uses the result like an application: the tests of debian/tests pass, the
+# examples and the command build with find_package, the library has its soname and is hardened, and it links
+# with a platform library of the caller.
 #     install_test.sh SOURCE_DIR BUILD_DIR MESSAGE
 set -euo pipefail
 source_dir=$1
@@ -20,15 +20,12 @@ for project in examples tools; do
 done
 "$work/examples/receive" "$message" | grep -q '^subject: Grüße' || fail "the example does not print the subject"
 "$work/tools/qvlmms" show "$message" | grep -q 'm-send-req (128)' || fail "the command does not show the message"
-quietly "$prefix/bin/qvlmms" compose -o "$work/clip.mms" --to +4915112345678 --slide \
-  --audio "$source_dir/tests/fixtures/clips/sound.amr"
-"$prefix/bin/qvlmms" show --json "$work/clip.mms" | grep -q playDuration || fail "the command does not measure a clip"
+PATH=$prefix/bin:$PATH "$source_dir/debian/tests/command"
 [ "$("$work/tools/qvlmms" --version)" = "$("$prefix/bin/qvlmms" --version)" ] || fail "versions differ"
 
 export PKG_CONFIG_PATH=$libdir/pkgconfig LD_LIBRARY_PATH=$libdir
 read -ra flags <<<"$(pkg-config --cflags --libs qvlsmilparser)"
-quietly g++ -std=c++20 -fPIC "$source_dir/examples/receive.cpp" -o "$work/receive" "${flags[@]}"
-"$work/receive" "$message" | grep -q '^subject: Grüße' || fail "the example built with pkg-config does not print the subject"
+CMAKE_PREFIX_PATH=$prefix "$source_dir/debian/tests/program"
 
 # An application may have folders and headers of any name, in any order of the include folders.
 while read -r header; do

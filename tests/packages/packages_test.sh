@@ -1,14 +1,13 @@
 #!/usr/bin/env bash
 # Builds the Debian packages from a copy of the tree, on a Debian with only the build dependencies of
-# debian/control. Checks them with lintian, installs them on another Debian with nothing else, and uses
-# them: the command shows a message, and the README's first program builds with pkg-config and CMake.
+# debian/control. Checks them with lintian, installs them on another Debian with nothing else, and runs the
+# tests of debian/tests there.
 #     tests/packages/packages_test.sh RELEASE            on trixie or bookworm
 #     tests/packages/packages_test.sh RELEASE FOLDER     copies the packages to FOLDER
 # This test is run by hand; it needs root, the Debian package mmdebstrap, the network and some minutes.
 set -euo pipefail
 source_dir=$(realpath "$(dirname "$0")/../..")
 message=$source_dir/tests/fixtures/messages/related.mms
-clip=$source_dir/tests/fixtures/clips/sound.amr
 source "$source_dir/tests/support/script.sh"
 source "$source_dir/tests/support/fresh_root.sh"
 if ! is_release "${1:-}" || [ $# -gt 2 ]; then
@@ -32,9 +31,6 @@ on_user() { # SCRIPT: prints its output, so that the caller can compare it
 install_on_user() { # PACKAGES, which may be a pattern of files
   quietly on_user "apt-get install -q -y --no-install-recommends $1"
 }
-readme_block() { # FENCE: prints the first block that begins with this line
-  sed -n "/^$1\$/,/^\`\`\`\$/{/^\`\`\`\$/q; /^$1\$/d; p}" "$source_dir/README.md" | grep .
-}
 
 step "two fresh roots of $release"
 fresh_root "$release" "$builder"
@@ -54,15 +50,12 @@ in_root "$builder" sh -c 'lintian --allow-root --info --fail-on error,warning /b
   || fail "lintian reports problems of the packages"
 
 step "the command"
-mkdir "$user/packages" "$user/parts"
+mkdir "$user/packages" "$user/parts" "$user/source"
 cp "$builder"/build/*.deb "$user/packages"
-cp "$message" "$clip" "$user/parts"
+cp "$message" "$user/parts"
+tar -C "$source_dir" -c README.md debian/tests examples/data tests/fixtures tests/support | tar -C "$user/source" -x
 install_on_user '/packages/libqvlsmilparser1_*.deb /packages/qvlmms_*.deb'
-on_user 'qvlmms show related.mms' | grep '^  Subject  *Grüße aus Küstrin$' >/dev/null || fail "qvlmms does not show the message"
-quietly on_user 'qvlmms compose -o clip.mms --to +4915112345678 --slide --audio sound.amr'
-on_user 'qvlmms show --json clip.mms' | grep playDuration >/dev/null || fail "qvlmms does not measure a clip"
-on_user 'qvlmms html -o - clip.mms' | grep 'data:audio/wav' >/dev/null || fail "qvlmms does not convert a clip"
-quietly on_user 'qvlmms render related.mms . && [ -s slide-1.png ]'
+quietly on_user /source/debian/tests/command
 [ "$(on_user 'qvlmms --version')" = "qvlmms $(on_user "dpkg-query -W -f '\${Version}' qvlmms")" ] \
   || fail "qvlmms and its package have different versions"
 for file in man/man1/qvlmms.1.gz bash-completion/completions/qvlmms zsh/vendor-completions/_qvlmms \
@@ -82,12 +75,5 @@ quietly on_user "$(sed -n 's/^Exec=//p' "$source_dir/tools/desktop/qvlmms.thumbn
 
 step "a program"
 install_on_user '/packages/libqvlsmilparser-dev_*.deb cmake g++ ninja-build pkgconf'
-readme_block '```cpp' >"$user/parts/main.cpp"
-readme_block '```cmake' >"$user/parts/CMakeLists.txt"
-quietly on_user 'g++ -std=c++20 -fPIC main.cpp -o parts $(pkg-config --cflags --libs qvlsmilparser)'
-quietly on_user 'cmake -G Ninja -B build && cmake --build build'
-sed -n '/^\$ build\/parts related.mms$/,/^```$/{/^\$/d; /^```$/d; p}' "$source_dir/README.md" | grep . >"$work/expected"
-for program in ./parts build/parts; do
-  on_user "$program related.mms" | diff -u "$work/expected" - || fail "the output of $program differs from the README"
-done
+quietly on_user /source/debian/tests/program
 echo "== the packages work on $release"
