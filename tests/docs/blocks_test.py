@@ -296,7 +296,7 @@ class Document:
 
 def main():
     source, build, path = (pathlib.Path(argument).resolve() for argument in sys.argv[1:])
-    missing = [program for program in ("ffmpeg", "sox") if not shutil.which(program)]
+    missing = [program for program in ("ffmpeg", "parallel", "sox") if not shutil.which(program)]
     if missing:
         print("skipped: not installed:", *missing)
         return 77
