@@ -178,6 +178,31 @@ class PageTest(unittest.TestCase):
         self.driver.screenshot(FOLDER / "fixtures.png")
         self.assert_quiet(page)
 
+    def test_an_index_shows_the_first_slides_and_leads_to_the_messages(self):
+        message = self.work / "hostile.mms"
+        message.write_bytes(hostile_message())
+        page = self.page_of(FIXTURES / "messages" / "related.mms", FIXTURES / "messages" / "notification.mms",
+                            message)
+        entries = self.driver.run("return [...document.querySelectorAll('.index li')].map(entry => "
+                                  "[entry.querySelector('a').hash, entry.innerText])")
+        self.assertEqual([address for address, _ in entries], ["#m1", "#m2", "#m3"])
+        for text in ("Grüße aus Küstrin", "To +4915187654321", "2004-07-16 ", "ok"):
+            self.assertIn(text, entries[0][1])
+        self.assertIn("m-notification-ind", entries[1][1])
+        self.assertIn("To " + ATTACK[:30], entries[2][1])
+        self.assertEqual(self.driver.run(
+            "const image = document.querySelector('.index img');"
+            "return image.decode().then(() => [image.naturalWidth, image.naturalHeight])"), [120, 160])
+        self.driver.run("document.querySelectorAll('.index a')[1].click()")
+        self.assertTrue(self.driver.run("return document.querySelector(':target h2').innerText")
+                        .startswith("Photos"))
+        self.assertIsNone(self.driver.run("return window.pwned ?? null"))
+        self.assert_quiet(page)
+
+    def test_one_message_has_no_index(self):
+        self.page_of(FIXTURES / "messages" / "related.mms")
+        self.assertIsNone(self.driver.run("return document.querySelector('.index')"))
+
     def test_a_key_starts_the_slides_and_another_one_shows_the_next(self):
         page = self.page_of(FIXTURES / "messages" / "related.mms")
         self.assertEqual(self.current(), 0)

@@ -2,13 +2,10 @@
 
 #include "check/check.h"
 #include "commands/message_command.h"
-#include "html/media.h"
-#include "html/message_page.h"
-#include "html/page.h"
+#include "html/one_page.h"
 #include "input/message.h"
 #include "input/message_files.h"
 
-#include <QBuffer>
 #include <QCommandLineParser>
 
 using namespace CommandLine;
@@ -19,64 +16,76 @@ namespace {
 constexpr int SizeLimit = 300; // KB
 constexpr int MostOfAnyLimit = 1'000'000;
 
-/// Writes a page message by message.
+/// Reads messages and adds them to a page.
 class PageWriter
 {
 public:
-    PageWriter(const ReadOptions &options, const PageLimits &limits)
-        : m_options(options), m_limits(limits)
+    PageWriter(const ReadOptions &options, const PageLimits &limits, bool mayHaveIndex)
+        : m_options(options), m_limits(limits), m_page(mayHaveIndex)
     {
-        m_page.open(QIODevice::WriteOnly);
-        beginPage(&m_html, u"Multimedia messages"_s);
     }
 
-    /// Reads a message and adds it to the page. Prints an error if it cannot be read.
-    void add(const QString &fileName)
+    /// Reads a message and adds it. Prints an error if the message cannot be read. False if the
+    /// page cannot be written.
+    bool add(const QString &fileName)
     {
         QString error;
         const auto message = readMessage(fileName, m_options, &error);
         if (!message) {
             m_exitCode = CannotDo;
-            return printError(error);
+            printError(error);
+            return true;
         }
         const Check::Findings findings = Check::checkMessage(*message, {SizeLimit * qint64(1024)});
         PageMedia media(*message, m_limits);
-        writeMessage(&m_html, *message, findings, ++m_count, &media);
+        const bool isAdded = m_page.add(*message, findings, &media, &error);
         for (const QString &line : media.missingLines())
             printError(fileName + u": "_s + line);
+        return isAdded || fail(error);
     }
 
     /// Writes the page to a file unless it has no message. Returns the exit code.
     int finish(const QString &fileName)
     {
-        if (m_count == 0) {
+        if (m_page.count() == 0) {
             printError(u"no message was found, so no page was written"_s);
             return CannotDo;
         }
-        endPage(&m_html);
-        const int exitCode =
-            writeOutput(m_page.data(), fileName,
-                        (m_count == 1 ? u" (1 message)"_s : u" (%1 messages)"_s.arg(m_count)));
-        return exitCode == AllDecoded ? m_exitCode : exitCode;
+        Report report;
+        QString error;
+        if (!m_page.write(fileName, &report, &error))
+            fail(error);
+        for (const QString &line : report.written)
+            print(stdout, line.toUtf8() + '\n');
+        return m_exitCode;
     }
 
 private:
+    bool fail(const QString &error)
+    {
+        printError(error);
+        m_exitCode = CannotDo;
+        return false;
+    }
+
     const ReadOptions m_options;
     const PageLimits m_limits;
-    QBuffer m_page;
-    HtmlWriter m_html{&m_page};
-    int m_count = 0;
+    OnePage m_page;
     int m_exitCode = AllDecoded;
 };
 
 int writePage(const QCommandLineParser &arguments)
 {
     const auto number = [&](QLatin1StringView option) { return arguments.value(option).toInt(); };
-    PageWriter page({.sizeLimit = sizeLimit(arguments)},
-                    {number("max-media"_L1), number("max-clips"_L1), number("max-decoded"_L1)});
     MessageFiles found(arguments.positionalArguments(), std::nullopt, false);
-    while (const auto name = found.next())
-        page.add(*name);
+    const bool mayHaveSeveral = !found.isOneFile();
+    PageWriter page({.sizeLimit = sizeLimit(arguments)},
+                    {number("max-media"_L1), number("max-clips"_L1), number("max-decoded"_L1)},
+                    mayHaveSeveral);
+    while (const auto name = found.next()) {
+        if (!page.add(*name))
+            return CannotDo;
+    }
     return page.finish(arguments.value(u"o"_s));
 }
 

@@ -91,15 +91,19 @@ void writeFindings(HtmlWriter *html, const Check::Findings &findings)
 
 } // namespace
 
+QString titleOf(const Message &message)
+{
+    const QString subject = message.header().getSubject();
+    return subject.trimmed().isEmpty() ? message.fileName.section(u'/', -1) : subject;
+}
+
 void writeMessage(HtmlWriter *html, const Message &message, const Check::Findings &findings,
                   int number, PageMedia *media)
 {
     const QString state = QString::fromLatin1(stateName(message.state()));
     html->open("article", {{"class", u"message"_s}, {"id", u"m%1"_s.arg(number)}});
     html->open("h2");
-    html->element("bdi",
-                  message.header().getSubject().isEmpty() ? message.fileName
-                                                          : message.header().getSubject());
+    html->element("bdi", titleOf(message));
     html->close();
     html->open("p");
     html->element("bdi", message.fileName);

@@ -10,6 +10,9 @@ struct Message;
 
 class PageMedia;
 
+/// The subject of @p message, or the name of its file without folders.
+QString titleOf(const Message &message);
+
 /// Writes @p message, the one with @p number on the page. @p media are those of the message.
 void writeMessage(HtmlWriter *html, const Message &message, const Check::Findings &findings,
                   int number, PageMedia *media);

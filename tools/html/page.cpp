@@ -1,7 +1,9 @@
 #include "html/page.h"
 
 #include "html/assets.h"
+#include "html/html_writer.h"
 
+#include <QBuffer>
 #include <QCryptographicHash>
 
 using namespace Qt::StringLiterals;
@@ -26,9 +28,7 @@ QString policy()
         + u"; base-uri 'none'; form-action 'none'"_s;
 }
 
-} // namespace
-
-void beginPage(HtmlWriter *html, const QString &title)
+void writeBefore(HtmlWriter *html, const QString &title)
 {
     html->markup("<!DOCTYPE html>\n");
     html->open("html", {{"lang", u"en"_s}});
@@ -46,9 +46,10 @@ void beginPage(HtmlWriter *html, const QString &title)
     html->open("body");
     html->open("main");
     html->element("h1", title);
+    html->markup("\n");
 }
 
-void endPage(HtmlWriter *html)
+void writeAfter(HtmlWriter *html)
 {
     html->close();
     html->open("script");
@@ -57,4 +58,17 @@ void endPage(HtmlWriter *html)
     html->close();
     html->close();
     html->markup("\n");
+}
+
+} // namespace
+
+PageFrame pageFrame(const QString &title)
+{
+    QBuffer page;
+    page.open(QIODevice::WriteOnly);
+    HtmlWriter html(&page);
+    writeBefore(&html, title);
+    const qsizetype end = page.data().size();
+    writeAfter(&html);
+    return {page.data().first(end), page.data().sliced(end)};
 }

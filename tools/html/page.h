@@ -1,18 +1,19 @@
 /*
- * A self-contained page with messages: the frame with style, script and index.
+ * The frame of a self-contained page, with its style and its script.
  */
 #pragma once
 
-#include "html/html_writer.h"
-
+#include <QByteArray>
 #include <QString>
 
-#include <vector>
+/// The octets of a page before and after its content.
+struct PageFrame
+{
+    QByteArray before;
+    QByteArray after;
 
-struct Message;
+    qsizetype size() const { return before.size() + after.size(); }
+};
 
-/// Writes the beginning of a page named @p title, up to its first message.
-void beginPage(HtmlWriter *html, const QString &title);
-
-/// Writes the end of the page.
-void endPage(HtmlWriter *html);
+/// The frame of a page named @p title.
+PageFrame pageFrame(const QString &title);

@@ -17,3 +17,8 @@ int writeOctets(int file, const QByteArray &octets)
     }
     return 0;
 }
+
+WriteTo writerOf(const QByteArray &octets)
+{
+    return [&octets](int file) { return writeOctets(file, octets); };
+}

@@ -1,7 +1,5 @@
 #include "output/unfinished_file.h"
 
-#include "output/octets.h"
-
 #include <QRandomGenerator>
 
 #include <cerrno>
@@ -85,9 +83,14 @@ int UnfinishedFile::create()
 
 int UnfinishedFile::write(const QByteArray &octets)
 {
+    return write(writerOf(octets));
+}
+
+int UnfinishedFile::write(const WriteTo &writeTo)
+{
     if (const int error = create())
         return error;
-    if (const int error = writeOctets(m_file.number(), octets))
+    if (const int error = writeTo(m_file.number()))
         return error;
     const int error = errorOf(::fsync(m_file.number())); // a full disk may only show here
     return error == EINVAL || error == ENOTSUP ? 0 : error; // the file system cannot

@@ -9,6 +9,7 @@
 #pragma once
 
 #include "input/descriptor.h"
+#include "output/octets.h"
 
 #include <QByteArray>
 
@@ -30,6 +31,8 @@ public:
     /// Creates the file, and writes @p octets to it and to the disk. May be called once. Returns 0,
     /// or the number of the error.
     int write(const QByteArray &octets);
+    /// The same with the octets that @p writeTo writes.
+    int write(const WriteTo &writeTo);
 
     /**
      * Gives the file the name @p path, in the same folder. @p existing says what happens to a file

@@ -2,7 +2,6 @@
 
 #include "input/descriptor.h"
 #include "input/file_name.h"
-#include "output/octets.h"
 #include "output/unfinished_file.h"
 
 #include <cerrno>
@@ -40,10 +39,10 @@ QByteArray folderOf(const fs::path &path)
     return path.has_parent_path() ? QByteArray::fromStdString(path.parent_path()) : ".";
 }
 
-int replace(const fs::path &path, const QByteArray &octets)
+int replace(const fs::path &path, const WriteTo &writeTo)
 {
     UnfinishedFile file(folderOf(path));
-    const int error = file.write(octets);
+    const int error = file.write(writeTo);
     return error != 0 ? error
                       : file.moveTo(QByteArray::fromStdString(path), UnfinishedFile::Replace);
 }
@@ -69,24 +68,24 @@ QString terminalRefused()
                           "file");
 }
 
-bool writeDirectly(const QByteArray &octets, int file, const QString &what, QString *error)
+bool writeDirectly(const WriteTo &writeTo, int file, const QString &what, QString *error)
 {
     if (isTerminal(file)) {
         *error = cannotWrite(what, terminalRefused());
         return false;
     }
-    const int failure = writeOctets(file, octets);
+    const int failure = writeTo(file);
     if (failure != 0)
         *error = cannotWrite(what, qt_error_string(failure));
     return failure == 0;
 }
 
-bool writeToDevice(const QByteArray &octets, const QString &fileName, QString *error)
+bool writeToDevice(const WriteTo &writeTo, const QString &fileName, QString *error)
 {
     const Descriptor file(
         ::open(FileName::toOctets(fileName).constData(), O_WRONLY | O_CLOEXEC | O_NOCTTY));
     if (file.isOpen())
-        return writeDirectly(octets, file.number(), fileName, error);
+        return writeDirectly(writeTo, file.number(), fileName, error);
     *error = cannotWrite(fileName, qt_error_string(errno));
     return false;
 }
@@ -100,13 +99,18 @@ bool isSame(const struct stat &one, const struct stat &other)
 
 bool writeFile(const QByteArray &octets, const QString &fileName, QString *error)
 {
+    return writeFile(writerOf(octets), fileName, error);
+}
+
+bool writeFile(const WriteTo &writeTo, const QString &fileName, QString *error)
+{
     if (fileName.isEmpty()) {
         *error = QStringLiteral("the name of the file to write is empty; name a file, or - for "
                                 "standard output");
         return false;
     }
     if (isStandardOutput(fileName))
-        return writeDirectly(octets, STDOUT_FILENO, QStringLiteral("standard output"), error);
+        return writeDirectly(writeTo, STDOUT_FILENO, QStringLiteral("standard output"), error);
     const fs::path named = pathOf(fileName);
     struct stat info;
     const int absence = ::stat(named.c_str(), &info) == 0 ? 0 : errno;
@@ -116,9 +120,9 @@ bool writeFile(const QByteArray &octets, const QString &fileName, QString *error
         return false;
     }
     if (absence == 0 && !S_ISREG(info.st_mode))
-        return writeToDevice(octets, fileName, error);
+        return writeToDevice(writeTo, fileName, error);
     const fs::path path = targetOf(named);
-    const int failure = absence == 0 || absence == ENOENT ? replace(path, octets) : absence;
+    const int failure = absence == 0 || absence == ENOENT ? replace(path, writeTo) : absence;
     if (failure != 0)
         *error = cannotWrite(fileName, whyNotWritten(path, failure));
     return failure == 0;
@@ -126,12 +130,17 @@ bool writeFile(const QByteArray &octets, const QString &fileName, QString *error
 
 bool replaceFile(const QByteArray &octets, const QString &fileName, QString *error)
 {
+    return replaceFile(writerOf(octets), fileName, error);
+}
+
+bool replaceFile(const WriteTo &writeTo, const QString &fileName, QString *error)
+{
     const fs::path path = pathOf(fileName);
     std::error_code ignored;
     const fs::file_status status = fs::symlink_status(path, ignored);
     const bool isReplaceable =
         !fs::exists(status) || fs::is_regular_file(status) || fs::is_symlink(status);
-    const int failure = isReplaceable ? replace(path, octets) : EEXIST;
+    const int failure = isReplaceable ? replace(path, writeTo) : EEXIST;
     if (!isReplaceable)
         *error = cannotWrite(fileName, QStringLiteral("a folder or a device has this name"));
     else if (failure != 0)

@@ -4,6 +4,8 @@
  */
 #pragma once
 
+#include "output/octets.h"
+
 #include <QByteArray>
 #include <QString>
 
@@ -14,6 +16,8 @@
  * the reason in @p error and a file unchanged, if that fails.
  */
 bool writeFile(const QByteArray &octets, const QString &fileName, QString *error);
+/// The same with the octets that @p writeTo writes.
+bool writeFile(const WriteTo &writeTo, const QString &fileName, QString *error);
 
 /**
  * Writes @p octets to the file @p fileName, whose name the command chose. Replaces a file once all
@@ -21,6 +25,8 @@ bool writeFile(const QByteArray &octets, const QString &fileName, QString *error
  * unchanged, if that fails.
  */
 bool replaceFile(const QByteArray &octets, const QString &fileName, QString *error);
+/// The same with the octets that @p writeTo writes.
+bool replaceFile(const WriteTo &writeTo, const QString &fileName, QString *error);
 
 /// True for "-", and for other names of the file that standard output is, such as /dev/stdout.
 bool isStandardOutput(const QString &fileName);

@@ -1,0 +1,94 @@
+#include "html/index.h"
+
+#include "html/message_page.h"
+#include "list/entry.h"
+#include "render/slide_files.h"
+#include "view/field_values.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+constexpr int ThumbnailSize = 160; // pixels; the handset's page fits without scaling
+
+// In place of a thumbnail.
+QString nameOf(const MessageList::Entry &entry)
+{
+    if (entry.slides > 0)
+        return u"no picture"_s;
+    const char *type = QvlMessageType::nameOf(static_cast<unsigned char>(entry.type));
+    return type ? QString::fromLatin1(type) : u"no slides"_s;
+}
+
+void writePicture(HtmlWriter *html, const MessageList::Entry &entry, const QByteArray &thumbnail)
+{
+    html->open("span", {{"class", u"thumbnail"_s}});
+    if (thumbnail.isEmpty())
+        html->text(nameOf(entry));
+    else
+        html->singleWithData("img", "src", "image/png", thumbnail,
+                             {{"alt", u""_s}, {"loading", u"lazy"_s}, {"decoding", u"async"_s}});
+    html->close();
+}
+
+void writeText(HtmlWriter *html, const QString &text, const QString &styleClass)
+{
+    if (!text.isEmpty())
+        html->element("span", text, {{"class", styleClass}, {"dir", u"auto"_s}});
+}
+
+QString addresses(const MessageList::Entry &entry)
+{
+    if (!entry.from.isEmpty())
+        return u"From "_s + entry.from;
+    return entry.to.isEmpty() ? QString() : u"To "_s + entry.to.join(u", "_s);
+}
+
+// To the minute.
+QString dateOf(const MessageList::Entry &entry)
+{
+    constexpr qsizetype LengthOfMinutes = 16; // of "2026-05-01T12:00"
+    if (!entry.date)
+        return QString();
+    const QString text = FieldValue::dateText(*entry.date);
+    return text.indexOf(u'T') == 10 ? text.first(LengthOfMinutes).replace(u'T', u' ') : text;
+}
+
+} // namespace
+
+QByteArray thumbnailOf(const Message &message)
+{
+    const QImage page = firstPage(message, ThumbnailSize, RenderLimits());
+    return page.isNull() ? QByteArray() : pngOctets(page);
+}
+
+void beginIndex(HtmlWriter *html)
+{
+    html->open("nav", {{"aria-label", u"Messages"_s}});
+    html->open("ol", {{"class", u"index"_s}});
+    html->markup("\n");
+}
+
+void writeIndexEntry(HtmlWriter *html, const Message &message, const QByteArray &thumbnail,
+                     const QString &address)
+{
+    const MessageList::Entry entry = MessageList::entryOf(message);
+    const QString state = QString::fromLatin1(stateName(entry.state));
+    html->open("li");
+    html->open("a", {{"href", address}});
+    writePicture(html, entry, thumbnail);
+    writeText(html, titleOf(message), u"title"_s);
+    html->close();
+    writeText(html, addresses(entry), u"addresses"_s);
+    writeText(html, dateOf(entry), u"date"_s);
+    html->element("span", state, {{"class", u"state-"_s + state}});
+    html->close();
+    html->markup("\n");
+}
+
+void endIndex(HtmlWriter *html)
+{
+    html->close();
+    html->close();
+    html->markup("\n");
+}
