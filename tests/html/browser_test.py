@@ -149,10 +149,16 @@ class PageTest(unittest.TestCase):
         cls.addClassCleanup(cls.driver.quit)
         FOLDER.mkdir(parents=True, exist_ok=True)
 
+    def write(self, out, *messages):
+        subprocess.run([PROGRAM, "html", *messages, "-o", out], check=True, stdout=subprocess.DEVNULL,
+                       env=os.environ | {"XDG_RUNTIME_DIR": str(self.work)})
+
     def page_of(self, *messages):
         page = self.work / f"{self.id()}.html"
-        subprocess.run([PROGRAM, "html", *messages, "-o", page], check=True, stdout=subprocess.DEVNULL,
-                       env=os.environ | {"XDG_RUNTIME_DIR": str(self.work)})
+        self.write(page, *messages)
+        return self.opened(page)
+
+    def opened(self, page):
         self.driver.requested()
         self.driver.log("browser")
         self.driver.open(page)
@@ -198,6 +204,18 @@ class PageTest(unittest.TestCase):
                         .startswith("Photos"))
         self.assertIsNone(self.driver.run("return window.pwned ?? null"))
         self.assert_quiet(page)
+
+    def test_pages_of_a_folder_lead_to_each_other(self):
+        folder = self.work / "pages"
+        folder.mkdir()
+        self.write(folder, FIXTURES / "messages" / "related.mms", FIXTURES / "messages" / "mixed.mms")
+        self.opened(folder / "index.html")
+        titles = []
+        for link in (".index a", ".neighbors a:last-child", ".neighbors a:last-child", ".neighbors a"):
+            self.driver.run(f"document.querySelector('{link}').click()")
+            titles.append(self.driver.run("return document.title"))
+        self.assertEqual(titles, ["Message 1", "Message 2", "Message 1", "Multimedia messages"])
+        self.assert_quiet(folder)
 
     def test_one_message_has_no_index(self):
         self.page_of(FIXTURES / "messages" / "related.mms")

@@ -22,6 +22,7 @@ from wire_messages import located, message, part, smil
 SEED = 20261122
 KILLS = 50
 TEMPORARY = ".qvlmms-"
+TO_FOLDER = ("extract", "html to a folder", "render")
 
 
 def large_message():
@@ -45,6 +46,8 @@ class Test:
         self.commands = {
             "extract": ["extract", "large.mms", "%s"],
             "render": ["render", "--scale", "1", "large.mms", "%s"],
+            "html": ["html", "large.mms", "-o", "%s"],
+            "html to a folder": ["html", "large.mms", "-o", "%s/"],
             "rewrite": ["rewrite", "large.mms", "%s"],
             "compose": ["compose", "-o", "%s", "--to", "1", "--transaction-id", "T", "--date", "2026-01-01",
                         "--max-size", "20000", "--slide", "--image", "picture.jpg", "--attach", "large.mms"],
@@ -59,7 +62,8 @@ class Test:
             self.complain(text)
 
     def start(self, command, out, **keywords):
-        arguments = [out if argument == "%s" else argument for argument in self.commands[command]]
+        arguments = [argument if "%s" not in argument else os.fsencode(argument).replace(b"%s", os.fsencode(out))
+                     for argument in self.commands[command]]
         keywords = {"stdout": subprocess.PIPE, "stderr": subprocess.PIPE} | keywords
         return subprocess.Popen([self.qvlmms, *arguments], cwd=self.folder, env=self.environment, **keywords)
 
@@ -77,7 +81,7 @@ class Test:
 
     def target(self, command, folder):
         """What the command gets as its output: the folder, or a file in it."""
-        return folder if command in ("extract", "render") else folder / "out.mms"
+        return folder if command in TO_FOLDER else folder / "out.mms"
 
     def written(self, folder):
         return {path.name: path.read_bytes() for path in folder.iterdir()
@@ -205,7 +209,7 @@ class Test:
         """Any octets are a name, of a folder too."""
         name = b"\x9b\xff-\xe4 \n"
         folder = os.fsencode(self.fresh(f"{command}-names")) + b"/" + name
-        if command not in ("extract", "render"):
+        if command not in TO_FOLDER:
             os.mkdir(folder)
             folder += b"/" + name
         code, _, error = self.run(command, folder)
@@ -224,7 +228,7 @@ class Test:
         self.check_kills(command, files, seconds)
         self.check_full_disk(command, files)
         self.check_names(command, files)
-        if command in ("extract", "render"):
+        if command in TO_FOLDER:
             self.check_planted_links(command, files)
         else:
             self.check_named_link(command, files)

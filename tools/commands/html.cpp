@@ -3,10 +3,16 @@
 #include "check/check.h"
 #include "commands/message_command.h"
 #include "html/one_page.h"
+#include "html/page_folder.h"
+#include "input/file_name.h"
 #include "input/message.h"
 #include "input/message_files.h"
 
 #include <QCommandLineParser>
+
+#include <filesystem>
+#include <memory>
+#include <system_error>
 
 using namespace CommandLine;
 using namespace Qt::StringLiterals;
@@ -16,12 +22,20 @@ namespace {
 constexpr int SizeLimit = 300; // KB
 constexpr int MostOfAnyLimit = 1'000'000;
 
-/// Reads messages and adds them to a page.
+// True for a name that ends like a folder, or that a folder has.
+bool isFolder(const QString &name)
+{
+    std::error_code ignored;
+    return name.endsWith(u'/')
+        || std::filesystem::is_directory(FileName::toOctets(name).toStdString(), ignored);
+}
+
+/// Reads messages and adds them to one page or to a folder of pages.
 class PageWriter
 {
 public:
-    PageWriter(const ReadOptions &options, const PageLimits &limits, bool mayHaveIndex)
-        : m_options(options), m_limits(limits), m_page(mayHaveIndex)
+    PageWriter(const QCommandLineParser &arguments, bool mayHaveIndex)
+        : m_arguments(arguments), m_mayHaveIndex(mayHaveIndex)
     {
     }
 
@@ -30,37 +44,59 @@ public:
     bool add(const QString &fileName)
     {
         QString error;
-        const auto message = readMessage(fileName, m_options, &error);
+        const auto message = readMessage(fileName, {.sizeLimit = sizeLimit(m_arguments)}, &error);
         if (!message) {
             m_exitCode = CannotDo;
             printError(error);
             return true;
         }
+        if (!m_pages && !begin())
+            return false;
         const Check::Findings findings = Check::checkMessage(*message, {SizeLimit * qint64(1024)});
-        PageMedia media(*message, m_limits);
-        const bool isAdded = m_page.add(*message, findings, &media, &error);
+        PageMedia media(*message,
+                        {number("max-media"), number("max-clips"), number("max-decoded")});
+        const bool isAdded = m_pages->add(*message, findings, &media, &error);
         for (const QString &line : media.missingLines())
             printError(fileName + u": "_s + line);
         return isAdded || fail(error);
     }
 
-    /// Writes the page to a file unless it has no message. Returns the exit code.
-    int finish(const QString &fileName)
+    /// Writes the rest unless there is no message. Returns the exit code.
+    int finish()
     {
-        if (m_page.count() == 0) {
+        if (!m_pages) {
             printError(u"no message was found, so no page was written"_s);
             return CannotDo;
         }
         Report report;
         QString error;
-        if (!m_page.write(fileName, &report, &error))
+        if (!m_pages->finish(&report, &error))
             fail(error);
         for (const QString &line : report.written)
             print(stdout, line.toUtf8() + '\n');
+        for (const QString &line : report.remarks)
+            printError(line);
         return m_exitCode;
     }
 
 private:
+    int number(const char *option) const
+    {
+        return m_arguments.value(QLatin1StringView(option)).toInt();
+    }
+
+    // The folder is created once there is a message.
+    bool begin()
+    {
+        const QString out = m_arguments.value(u"o"_s);
+        const PageLimit limit{number("limit")};
+        if (!isFolder(out))
+            m_pages = std::make_unique<OnePage>(out, limit, m_mayHaveIndex);
+        else if (createFolder(out))
+            m_pages = std::make_unique<PageFolder>(out, limit);
+        return m_pages != nullptr;
+    }
+
     bool fail(const QString &error)
     {
         printError(error);
@@ -68,25 +104,21 @@ private:
         return false;
     }
 
-    const ReadOptions m_options;
-    const PageLimits m_limits;
-    OnePage m_page;
+    const QCommandLineParser &m_arguments;
+    const bool m_mayHaveIndex;
+    std::unique_ptr<Pages> m_pages;
     int m_exitCode = AllDecoded;
 };
 
-int writePage(const QCommandLineParser &arguments)
+int writePages(const QCommandLineParser &arguments)
 {
-    const auto number = [&](QLatin1StringView option) { return arguments.value(option).toInt(); };
     MessageFiles found(arguments.positionalArguments(), std::nullopt, false);
-    const bool mayHaveSeveral = !found.isOneFile();
-    PageWriter page({.sizeLimit = sizeLimit(arguments)},
-                    {number("max-media"_L1), number("max-clips"_L1), number("max-decoded"_L1)},
-                    mayHaveSeveral);
+    PageWriter pages(arguments, found.hasFolders() || arguments.positionalArguments().size() > 1);
     while (const auto name = found.next()) {
-        if (!page.add(*name))
+        if (!pages.add(*name))
             return CannotDo;
     }
-    return page.finish(arguments.value(u"o"_s));
+    return pages.finish();
 }
 
 } // namespace
@@ -106,8 +138,14 @@ Command Commands::html()
              .groups = {{"Options",
                          {{.name = "o",
                            .value = "OUT",
-                           .help = "the page to write; - is standard output",
+                           .help =
+                               "the page to write, or a folder for an index and a page for each "
+                               "message; - is standard output",
                            .isNeeded = true},
+                          {.name = "limit",
+                           .value = "MB",
+                           .help = "largest page, in units of 1,024k",
+                           .numbers = {.standard = StandardPageLimit, .most = LargestPageLimit}},
                           {.name = "max-media",
                            .value = "N",
                            .help = "millions of octets of media that the slides of a message show",
@@ -121,7 +159,7 @@ Command Commands::html()
                            .help = "millions of pixels of pictures that are converted",
                            .numbers = {.standard = PageLimits().decoded, .most = MostOfAnyLimit}},
                           SizeLimitOption}}}},
-        .run = writePage,
+        .run = writePages,
         .draws = true,
     };
 }

@@ -41,25 +41,6 @@ QString whyNotCreated(const fs::path &above, const std::error_code &error)
     return qt_error_string(error.value());
 }
 
-// Creates a folder unless it exists. Prints an error if that fails.
-bool createFolder(const QString &directory)
-{
-    const fs::path path = FileName::toOctets(directory).toStdString();
-    const fs::path above = existingAbove(path);
-    std::error_code error;
-    fs::create_directories(path, error);
-    if (!error && fs::is_directory(path, error))
-        return true;
-    std::error_code ignored;
-    if (fs::is_symlink(path, ignored)) {
-        printError(directory + QLatin1String(" is a link to no folder; name a folder"));
-        return false;
-    }
-    printError(QLatin1String("cannot create the folder ") + directory + QLatin1String(": ")
-               + whyNotCreated(above, error));
-    return false;
-}
-
 } // namespace
 
 qint64 sizeLimit(const QCommandLineParser &arguments)
@@ -99,6 +80,24 @@ void printAdvice(const Message &message)
     const QString advice = whyNoMessage(message);
     if (!advice.isEmpty())
         printError(message.fileName + QLatin1String(": ") + advice);
+}
+
+bool createFolder(const QString &directory)
+{
+    const fs::path path = FileName::toOctets(directory).toStdString();
+    const fs::path above = existingAbove(path);
+    std::error_code error;
+    fs::create_directories(path, error);
+    if (!error && fs::is_directory(path, error))
+        return true;
+    std::error_code ignored;
+    if (fs::is_symlink(path, ignored)) {
+        printError(directory + QLatin1String(" is a link to no folder; name a folder"));
+        return false;
+    }
+    printError(QLatin1String("cannot create the folder ") + directory + QLatin1String(": ")
+               + whyNotCreated(above, error));
+    return false;
 }
 
 int writeToFolder(const Message &message, const QString &directory, bool hasFiles,

@@ -45,6 +45,9 @@ int refuse(const Message &message, const QString &why);
 /// Prints why the file cannot be a message, if that is so.
 void printAdvice(const Message &message);
 
+/// Creates the folder @p directory unless it exists. Prints an error if that fails.
+bool createFolder(const QString &directory);
+
 /// Writes files to a folder and reports each. False, with the reason in @p error, if a file cannot
 /// be written.
 using WriteFiles = std::function<bool(const QString &directory, Report *report, QString *error)>;

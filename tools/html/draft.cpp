@@ -9,30 +9,54 @@
 
 using namespace Qt::StringLiterals;
 
-Draft::Draft()
+namespace {
+
+constexpr qint64 Block = 1 << 16;
+
+} // namespace
+
+DraftFile::DraftFile()
 {
-    m_file.open();
+    if (!m_file.open())
+        m_error = errno;
+    open(QIODevice::WriteOnly);
 }
 
-QString Draft::error()
+qint64 DraftFile::writeData(const char *octets, qint64 size)
 {
-    const bool isComplete = m_html.isOk() && m_file.isOpen() && m_file.flush();
-    return isComplete
-        ? QString()
-        : cannotWrite(u"a temporary file in "_s + QDir::tempPath(), m_file.errorString());
+    m_held.append(octets, size);
+    m_size += size;
+    return m_held.size() < Block || flush() == 0 ? size : -1;
 }
 
-int Draft::writeTo(int file)
+int DraftFile::flush()
 {
-    constexpr qint64 Block = 1 << 16;
+    if (m_error == 0)
+        m_error = writeOctets(m_file.handle(), m_held);
+    m_held.clear();
+    return m_error;
+}
+
+int DraftFile::copyTo(int file)
+{
     if (!m_file.seek(0))
         return EIO;
-    while (!m_file.atEnd()) {
+    qint64 left = m_size;
+    while (left > 0) {
         const QByteArray octets = m_file.read(Block);
         if (octets.isEmpty())
             return EIO;
         if (const int error = writeOctets(file, octets))
             return error;
+        left -= octets.size();
     }
     return 0;
+}
+
+QString Draft::error()
+{
+    const int error = m_file.flush();
+    return error == 0
+        ? QString()
+        : cannotWrite(u"a temporary file in "_s + QDir::tempPath(), qt_error_string(error));
 }

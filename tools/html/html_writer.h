@@ -46,9 +46,6 @@ public:
     /// Trusted markup: that of the page itself.
     void markup(QByteArrayView markup);
 
-    /// False after the device took not all octets.
-    bool isOk() const { return m_isOk; }
-
 private:
     void start(const char *tag, Attributes attributes);
     void startWithData(const char *tag, const char *name, const char *mediaType,
@@ -57,5 +54,5 @@ private:
 
     QIODevice *m_out;
     std::vector<const char *> m_open;
-    bool m_isOk = true;
+    bool m_isOk = true; ///< false after the device took not all octets
 };

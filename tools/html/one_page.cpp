@@ -5,10 +5,13 @@
 #include "output/write_file.h"
 #include "view/file_view.h"
 
+#include <utility>
+
 using namespace Qt::StringLiterals;
 
-OnePage::OnePage(bool mayHaveIndex)
-    : m_mayHaveIndex(mayHaveIndex), m_frame(pageFrame(u"Multimedia messages"_s))
+OnePage::OnePage(QString fileName, PageLimit limit, bool mayHaveIndex)
+    : m_fileName(std::move(fileName)), m_limit(limit), m_mayHaveIndex(mayHaveIndex),
+      m_frame(pageFrame(u"Multimedia messages"_s))
 {
     beginIndex(&m_index.html());
 }
@@ -20,21 +23,32 @@ bool OnePage::add(const Message &message, const Check::Findings &findings, PageM
     if (m_mayHaveIndex)
         writeIndexEntry(&m_index.html(), message, thumbnailOf(message), u"#m%1"_s.arg(m_count));
     writeMessage(&m_messages.html(), message, findings, m_count, media);
-    *error = m_index.error() + m_messages.error();
+    *error = m_messages.error();
+    if (error->isEmpty())
+        *error = m_index.error();
+    if (error->isEmpty() && size() > m_limit.octets())
+        *error = cannotWrite(m_fileName,
+                             u"the page would have more than %1; write a folder of pages with -o "
+                             u"FOLDER/, or raise --limit"_s.arg(m_limit.text()));
     return error->isEmpty();
 }
 
-bool OnePage::write(const QString &fileName, Report *report, QString *error)
+bool OnePage::finish(Report *report, QString *error)
 {
     endIndex(&m_index.html());
     if (*error = m_index.error(); !error->isEmpty())
         return false;
-    if (!writeFile([this](int file) { return writeTo(file); }, fileName, error))
+    if (!writeFile([this](int file) { return writeTo(file); }, m_fileName, error))
         return false;
-    if (!isStandardOutput(fileName))
-        report->written += writtenFileText(
-            fileName, m_count == 1 ? u" (1 message)"_s : u" (%1 messages)"_s.arg(m_count));
+    if (!isStandardOutput(m_fileName))
+        report->written += writtenFileText(m_fileName, u" ("_s + countText() + u')');
     return true;
+}
+
+qint64 OnePage::size() const
+{
+    const qint64 index = m_count > 1 ? m_index.size() : 0;
+    return m_frame.size() + index + m_messages.size();
 }
 
 int OnePage::writeTo(int file)

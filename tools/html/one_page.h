@@ -1,34 +1,31 @@
 /*
- * A page with all messages, written message by message.
+ * One page with all messages.
  */
 #pragma once
 
-#include "check/findings.h"
 #include "html/draft.h"
-#include "html/media.h"
 #include "html/page.h"
-#include "output/report.h"
+#include "html/pages.h"
 
-class OnePage
+class OnePage : public Pages
 {
 public:
-    /// @p mayHaveIndex is false when there cannot be several messages.
-    explicit OnePage(bool mayHaveIndex);
+    /// Writes to the file @p fileName when everything is within @p limit. @p mayHaveIndex is false
+    /// when there cannot be several messages.
+    OnePage(QString fileName, PageLimit limit, bool mayHaveIndex);
 
-    /// Adds @p message, with the media @p media. False, with the reason in @p error, if that fails.
     bool add(const Message &message, const Check::Findings &findings, PageMedia *media,
-             QString *error);
-    /// Writes the page to the file @p fileName and reports it. The same when that fails.
-    bool write(const QString &fileName, Report *report, QString *error);
-    /// Messages that were added.
-    int count() const { return m_count; }
+             QString *error) override;
+    bool finish(Report *report, QString *error) override;
 
 private:
+    qint64 size() const;
     int writeTo(int file);
 
+    const QString m_fileName;
+    const PageLimit m_limit;
     const bool m_mayHaveIndex;
     const PageFrame m_frame;
     Draft m_index;
     Draft m_messages;
-    int m_count = 0;
 };
