@@ -15,7 +15,6 @@
 #include <array>
 #include <cstdio>
 #include <cstring>
-#include <string_view>
 
 namespace ConvertChild {
 
@@ -82,8 +81,9 @@ private:
             const Sound::Form form{rate, channels};
             std::fwrite(&form, sizeof form, 1, stdout);
             m_form = form;
-            m_left = std::size_t(ConvertLimits::Minutes) * 60 * std::size_t(rate)
-                * std::size_t(channels);
+            m_left = std::min(std::size_t(ConvertLimits::Minutes) * 60 * std::size_t(rate)
+                                  * std::size_t(channels),
+                              (ConvertLimits::ResultOctets - sizeof form) / sizeof *samples);
         }
         if (rate != m_form.rate || channels != m_form.channels)
             return false;
@@ -108,6 +108,11 @@ void writePicture(void *, const char *codec, int width, int height, const uint8_
 }
 
 } // namespace
+
+bool canConvert(std::string_view extension)
+{
+    return demuxerFor(extension) != nullptr;
+}
 
 int run(int argc, char **argv)
 {

@@ -5,10 +5,12 @@
 #include "convert/wav.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
 #include <QDir>
 #include <QProcess>
 
 #include <cstring>
+#include <utility>
 
 namespace {
 
@@ -21,6 +23,21 @@ QString moduleFolder()
     return program.exists(QStringLiteral("decoder.so"))
         ? program.path()
         : program.filePath(QStringLiteral(QVLMMS_MODULE_FOLDER));
+}
+
+// Reads what the child writes. False if it does not end, or writes too much.
+bool takeResult(QProcess *child, QByteArray *result)
+{
+    const QDeadlineTimer timer(ConvertLimits::WaitingSeconds * Milliseconds);
+    while (child->waitForReadyRead(int(timer.remainingTime()))) {
+        *result += child->readAllStandardOutput();
+        if (result->size() > ConvertLimits::ResultOctets)
+            return false;
+    }
+    const bool isDone = child->state() == QProcess::NotRunning
+        || child->waitForFinished(int(timer.remainingTime()));
+    *result += child->readAllStandardOutput();
+    return isDone;
 }
 
 // What the child process writes; empty when it fails. The process is gone afterwards.
@@ -36,27 +53,31 @@ QByteArray converted(const QString &what, const QByteArray &clip, const QString 
         return {};
     child.write(clip);
     child.closeWriteChannel();
-    const bool isDone = child.waitForFinished(ConvertLimits::WaitingSeconds * Milliseconds);
-    if (!isDone) {
+    QByteArray result;
+    if (!takeResult(&child, &result)) {
         child.kill();
         child.waitForFinished();
         return {};
     }
-    return child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0
-        ? child.readAllStandardOutput()
-        : QByteArray();
+    return child.exitStatus() == QProcess::NormalExit && child.exitCode() == 0 ? result
+                                                                               : QByteArray();
 }
 
 } // namespace
 
+bool Converter::canConvert(const QString &extension)
+{
+    return ConvertChild::canConvert(extension.toLower().toStdString());
+}
+
 QByteArray Converter::wavOf(const QByteArray &clip, const QString &extension)
 {
-    const QByteArray octets = converted(QStringLiteral("sound"), clip, extension);
+    QByteArray octets = converted(QStringLiteral("sound"), clip, extension);
     Sound::Form form{};
     if (octets.size() < qsizetype(sizeof form))
         return {};
     std::memcpy(&form, octets.constData(), sizeof form);
-    return Sound::wav(form, octets.sliced(sizeof form));
+    return Sound::wav(form, std::move(octets.remove(0, sizeof form)));
 }
 
 Converter::VideoPicture Converter::firstPictureOf(const QByteArray &clip, const QString &extension)

@@ -8,6 +8,9 @@
 
 namespace Converter {
 
+/// True for the file extensions of clips that can be converted.
+bool canConvert(const QString &extension);
+
 /// The sound in @p clip as a WAV file; empty when it cannot be decoded within the limits.
 QByteArray wavOf(const QByteArray &clip, const QString &extension);
 

@@ -14,7 +14,7 @@ QByteArray number(quint32 value, qsizetype octets)
 
 } // namespace
 
-QByteArray Sound::wav(const Form &form, const QByteArray &samples)
+QByteArray Sound::wav(const Form &form, QByteArray samples)
 {
     constexpr quint32 SampleOctets = 2;
     constexpr quint32 FormatOctets = 16;
@@ -25,10 +25,9 @@ QByteArray Sound::wav(const Form &form, const QByteArray &samples)
     const QByteArray format = number(Pcm, 2) + number(channels, 2) + number(rate, 4)
         + number(rate * channels * SampleOctets, 4) + number(channels * SampleOctets, 2)
         + number(SampleOctets * 8, 2);
-    QByteArray little = samples;
-    auto *first = reinterpret_cast<quint16 *>(little.data());
+    auto *first = reinterpret_cast<quint16 *>(samples.data());
     std::transform(first, first + samples.size() / 2, first,
                    [](quint16 sample) { return qToLittleEndian(sample); });
-    return "RIFF" + number(4 + 8 + FormatOctets + 8 + size, 4) + "WAVEfmt "
-        + number(FormatOctets, 4) + format + "data" + number(size, 4) + little;
+    return samples.prepend("RIFF" + number(4 + 8 + FormatOctets + 8 + size, 4) + "WAVEfmt "
+                           + number(FormatOctets, 4) + format + "data" + number(size, 4));
 }

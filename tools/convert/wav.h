@@ -15,6 +15,6 @@ struct Form
 };
 
 /// A WAV file with the samples, which are in the processor's order of octets.
-QByteArray wav(const Form &form, const QByteArray &samples);
+QByteArray wav(const Form &form, QByteArray samples);
 
 } // namespace Sound

@@ -13,6 +13,11 @@ namespace {
 
 using Part = MMS_COMP_SMILMultipartBodypart;
 
+// Why a clip is not played.
+constexpr char NotPlayed[] = "is not played here";
+constexpr char TooManyClips[] = "is not converted: the message has too many clips";
+constexpr char Failed[] = "could not be converted";
+
 constexpr double PixelsForOne = 2; // of a converted picture, for one handset pixel
 
 constexpr std::array pictures{"image/jpeg", "image/png", "image/gif", "image/webp"};
@@ -57,12 +62,15 @@ bool PageMedia::take(const MMS_COMP_SMILMediaObject &object, qsizetype octets)
     return isTaken;
 }
 
-bool PageMedia::takeClip(const Part &part)
+// Counts a clip to convert. Returns why it is not converted, or null.
+const char *PageMedia::takeClip(const Part &part)
 {
-    const bool isTaken = m_clips.take(1);
-    if (!isTaken)
-        m_notConverted.add(part.getContentLocation());
-    return isTaken;
+    if (!Converter::canConvert(extensionOf(part)))
+        return NotPlayed;
+    if (m_clips.take(1))
+        return nullptr;
+    m_notConverted.add(part.getContentLocation());
+    return TooManyClips;
 }
 
 BrowserMedia PageMedia::asPng(const PlacedObject &place)
@@ -94,21 +102,28 @@ BrowserMedia PageMedia::soundOf(const Part &part)
     if (sound)
         return *sound;
     sound = recognized(part, sounds);
-    if (sound->type || !takeClip(part))
+    if (sound->type)
+        return *sound;
+    sound->whyNot = takeClip(part);
+    if (sound->whyNot)
         return *sound;
     const QByteArray wav = Converter::wavOf(part.getBodyData(), extensionOf(part));
-    if (!wav.isEmpty())
-        sound = BrowserMedia{"audio/wav", wav};
+    sound = wav.isEmpty() ? BrowserMedia{.whyNot = Failed} : BrowserMedia{"audio/wav", wav};
     return *sound;
 }
 
-const Converter::VideoPicture &PageMedia::videoOf(const Part &part)
+const PageMedia::Converted &PageMedia::videoOf(const Part &part)
 {
-    std::optional<Converter::VideoPicture> &video = m_converted[&part].video;
-    if (!video)
-        video = takeClip(part) ? Converter::firstPictureOf(part.getBodyData(), extensionOf(part))
-                               : Converter::VideoPicture();
-    return *video;
+    Converted &converted = m_converted[&part];
+    if (converted.video)
+        return converted;
+    converted.whyNoVideo = takeClip(part);
+    converted.video = converted.whyNoVideo
+        ? Converter::VideoPicture()
+        : Converter::firstPictureOf(part.getBodyData(), extensionOf(part));
+    if (!converted.whyNoVideo)
+        converted.whyNoVideo = converted.video->png.isEmpty() ? Failed : NotPlayed;
+    return converted;
 }
 
 BrowserMedia PageMedia::picture(const PlacedObject &place)
@@ -117,7 +132,8 @@ BrowserMedia PageMedia::picture(const PlacedObject &place)
     const int type = place.object->getMediaElementType();
     if (type == SMIL_MEDIA_IMAGE && part)
         return imageOf(place);
-    const QByteArray first = type == SMIL_MEDIA_VIDEO && part ? videoOf(*part).png : QByteArray();
+    const QByteArray first =
+        type == SMIL_MEDIA_VIDEO && part ? videoOf(*part).video->png : QByteArray();
     return first.isEmpty() ? BrowserMedia() : BrowserMedia{"image/png", first};
 }
 
@@ -125,8 +141,10 @@ BrowserMedia PageMedia::player(const Part &part, bool isVideo)
 {
     if (!isVideo)
         return soundOf(part);
-    const bool isPlayed = isBaseMedia(part) && videoOf(part).codec == "h264";
-    return isPlayed ? BrowserMedia{"video/mp4", part.getBodyData()} : BrowserMedia();
+    const Converted &converted = videoOf(part);
+    const bool isPlayed = isBaseMedia(part) && converted.video->codec == "h264";
+    return isPlayed ? BrowserMedia{"video/mp4", part.getBodyData()}
+                    : BrowserMedia{.whyNot = converted.whyNoVideo};
 }
 
 QStringList PageMedia::missingLines() const

@@ -32,7 +32,8 @@ struct PageLimits
 struct BrowserMedia
 {
     const char *type = nullptr; ///< null when the browser cannot
-    QByteArray octets;
+    QByteArray octets = {};
+    const char *whyNot = nullptr; ///< why a clip is not played, as the end of a sentence
 };
 
 /// The media of a message for its slides. Converts each part only once, and limits what all slides
@@ -66,13 +67,14 @@ private:
         std::optional<BrowserMedia> picture;
         std::optional<BrowserMedia> sound;
         std::optional<Converter::VideoPicture> video;
+        const char *whyNoVideo = nullptr;
     };
 
     BrowserMedia asPng(const PlacedObject &place);
     BrowserMedia imageOf(const PlacedObject &place);
     BrowserMedia soundOf(const Part &part);
-    const Converter::VideoPicture &videoOf(const Part &part);
-    bool takeClip(const Part &part);
+    const Converted &videoOf(const Part &part);
+    const char *takeClip(const Part &part);
 
     const PageLimits m_limits;
     Work m_octets;

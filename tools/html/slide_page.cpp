@@ -116,6 +116,13 @@ QString lengthText(int milliseconds)
     return milliseconds < 0 ? u"of unknown length"_s : ModelText::duration(milliseconds);
 }
 
+QString whyNotPlayed(const BrowserMedia &clip, bool isPlayed)
+{
+    if (isPlayed)
+        return QString();
+    return clip.whyNot ? u", "_s + QLatin1StringView(clip.whyNot) : u',' + NotShown.toString();
+}
+
 // Sounds and videos below the page, where their controls have room.
 void writePlayer(HtmlWriter *html, const Object &object, PageMedia *media)
 {
@@ -132,7 +139,7 @@ void writePlayer(HtmlWriter *html, const Object &object, PageMedia *media)
     }
     html->element("p",
                   object.getSrc() + u", "_s + lengthText(media->playDuration(*part))
-                      + (isPlayed ? QString() : u", is not played here"_s),
+                      + whyNotPlayed(clip, isPlayed),
                   {{"class", u"caption"_s}});
 }
 
