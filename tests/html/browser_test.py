@@ -14,6 +14,7 @@ import os
 import pathlib
 import shutil
 import socket
+import struct
 import subprocess
 import sys
 import tempfile
@@ -77,6 +78,10 @@ class Driver:
     def run(self, script):
         return self.do("POST", "/execute/sync", {"script": script, "args": []})
 
+    def command(self, name, **parameters):
+        """A command of the browser's own protocol."""
+        return self.do("POST", "/goog/cdp/execute", {"cmd": name, "params": parameters})
+
     def press(self, key):
         self.do("POST", "/actions", {"actions": [{"type": "key", "id": "keys", "actions": [
             {"type": "keyDown", "value": key}, {"type": "keyUp", "value": key}]}]})
@@ -122,6 +127,28 @@ def part(content_type, name, data):
     headers = b"\x8e" + name.encode() + b"\0" + b"\xc0\"<" + name.encode() + b">\0"
     length = len(media) + len(headers)
     return uintvar(length) + uintvar(len(data)) + media + headers + data
+
+
+def midi():
+    """Two seconds of one note."""
+    track = b"\x00\x90\x40\x40" + uintvar(4 * 96) + b"\x80\x40\x00" + b"\x00\xff\x2f\x00"
+    return struct.pack(">4sIHHH4sI", b"MThd", 6, 0, 1, 96, b"MTrk", len(track)) + track
+
+
+def imelody():
+    """Two seconds of one note."""
+    return b"BEGIN:IMELODY\r\nVERSION:1.2\r\nFORMAT:CLASS1.0\r\nBEAT:120\r\nMELODY:c0\r\nEND:IMELODY\r\n"
+
+
+def qcelp():
+    """Two seconds of silence."""
+    frames = (b"\x01" + bytes(3)) * 100
+    identifier = bytes.fromhex("41 6D 7F 5E 15 B1 D0 11 BA 91 00 80 5F B4 B9 7E")
+    form = (struct.pack("<BB16sH80sHHHHHI", 1, 0, identifier, 2, b"", 1600, 4, 160, 8000, 16, 1)
+            + bytes([3, 1]) + bytes(14 + 20))
+    chunks = b"QLCM" + b"".join(name + struct.pack("<I", len(octets)) + octets for name, octets in (
+        (b"fmt ", form), (b"vrat", struct.pack("<II", 0, 100)), (b"data", frames)))
+    return b"RIFF" + struct.pack("<I", len(chunks)) + chunks
 
 
 def hostile_message():
@@ -267,6 +294,122 @@ class PageTest(unittest.TestCase):
         self.assertIn("<script>", self.driver.run("return document.body.innerText"))
         self.driver.screenshot(FOLDER / "hostile.png")
         self.assert_quiet(page)
+
+    def composed(self, *slides):
+        """A message with these options of `qvlmms compose`."""
+        message = self.work / f"{self.id()}.mms"
+        subprocess.run([PROGRAM, "compose", "-o", message, "--to", "1", "--subject", "S", *slides], check=True,
+                       stdout=subprocess.DEVNULL, env=os.environ | {"XDG_RUNTIME_DIR": str(self.work)})
+        return message
+
+    def written(self, name, octets):
+        path = self.work / name
+        path.write_bytes(octets)
+        return path
+
+    def captions(self):
+        """The captions of the clips, by the name of the clip."""
+        texts = self.stage("return [...stage.querySelectorAll('.caption')].map(caption => caption.textContent)")
+        return dict(text.split(", ", 1) for text in texts)
+
+    def heights(self, selector):
+        return self.driver.run(f"return [...document.querySelectorAll('{selector}')]"
+                               ".map(element => element.getBoundingClientRect().height)")
+
+    def assert_all_slides_are_shown(self):
+        slides = self.heights(".slide svg")
+        self.assertEqual(len(slides), 2)
+        self.assertGreater(min(slides), 100)
+        self.assertEqual(set(self.heights(".controls")), {0})
+        self.assertEqual(self.stage("return [...stage.querySelectorAll('.text')].map(text => text.innerText)"),
+                         ["Grüße aus dem Hafen – 港口 ⚓", "See you soon"])
+
+    def test_without_scripts_all_slides_are_shown(self):
+        self.driver.command("Emulation.setScriptExecutionDisabled", value=True)
+        try:
+            page = self.page_of(FIXTURES / "messages" / "related.mms")
+            self.assertFalse(self.driver.run("return document.documentElement.matches('.scripted')"))
+            self.assert_all_slides_are_shown()
+            self.driver.screenshot(FOLDER / "without-scripts.png")
+        finally:
+            self.driver.command("Emulation.setScriptExecutionDisabled", value=False)
+        self.assert_quiet(page)
+
+    def test_in_print_all_slides_are_shown(self):
+        page = self.page_of(FIXTURES / "messages" / "related.mms")
+        self.assertEqual(self.heights(".slide svg")[1], 0)  # on the screen
+        self.driver.command("Emulation.setEmulatedMedia", media="print")
+        try:
+            self.assert_all_slides_are_shown()
+        finally:
+            self.driver.command("Emulation.setEmulatedMedia", media="")
+        printed = base64.b64decode(self.driver.do("POST", "/print"))
+        (FOLDER / "printed.pdf").write_bytes(printed)
+        self.assertTrue(printed.startswith(b"%PDF-"))
+        self.assert_quiet(page)
+
+    def test_vector_graphics_are_not_part_of_the_page(self):
+        svg = ("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'><script>window.pwned=1</script>"
+               "<a href='http://example.org/'><circle r='9'/></a></svg>").encode()
+        message = self.work / "vector.mms"
+        smil = b"<smil><body><par><img src='a.svg'/><text src='a.txt'/></par></body></smil>"
+        message.write_bytes(b"\x8c\x84\x8d\x90\x84\xb3\x03" + part("application/smil", "s.smil", smil)
+                            + part("image/svg+xml", "a.svg", svg) + part("text/plain", "a.txt", svg))
+        page = self.page_of(message)
+        self.assertEqual(self.driver.run("return document.querySelectorAll('circle, svg svg').length"), 0)
+        self.assertNotIn("data:image/svg", page.read_text())
+        self.assertIn("a.svg cannot be shown", self.stage("return stage.textContent"))
+        self.assertIn("<circle", self.stage("return stage.textContent"))
+        self.assertIsNone(self.driver.run("return window.pwned ?? null"))
+        self.assert_quiet(page)
+
+    def test_a_video_that_is_not_played_is_shown_by_its_first_picture(self):
+        page = self.page_of(self.composed("--video", FIXTURES / "clips" / "video.3gp"))
+        self.assertEqual(self.stage("return stage.querySelector('video')"), None)
+        self.assertEqual(self.stage("const image = stage.querySelector('svg img');"
+                                    "return image.decode().then(() => image.naturalWidth > 0)"), True)
+        self.assertRegex(self.captions()["video.3gp"], r"^\d+ ms, is not played here$")
+        self.assert_quiet(page)
+
+    def test_sounds_that_are_not_played_are_named_with_their_length(self):
+        page = self.page_of(self.composed(
+            "--slide", "--audio", self.written("a.mid", midi()), "--slide", "--audio",
+            self.written("b.imy", imelody()), "--slide", "--audio", self.written("c.qcp", qcelp())))
+        self.assertEqual({name: text for name, text in self.captions().items() if "." in name},
+                         {"a.mid": "2000 ms, is not played here", "b.imy": "2000 ms, is not played here",
+                          "c.qcp": "2000 ms"})
+        self.assertEqual(self.stage("return stage.querySelectorAll('audio').length"), 1)  # QCELP is converted
+        self.assert_quiet(page)
+
+    def test_a_converted_sound_plays(self):
+        page = self.page_of(self.composed("--audio", FIXTURES / "clips" / "sound.amr"))
+        self.stage("stage.focus()")
+        self.driver.press(SPACE)
+        started = time.monotonic()
+        while time.monotonic() < started + 8 and not self.stage(
+                "return stage.querySelector('audio').currentTime > 0"):
+            time.sleep(0.05)
+        self.assertAlmostEqual(self.stage("return stage.querySelector('audio').duration"), 1, delta=0.2)
+        self.assertGreater(self.stage("return stage.querySelector('audio').currentTime"), 0)
+        self.assert_quiet(page)
+
+    def test_every_original_is_saved(self):
+        clips = FIXTURES / "clips"
+        message = self.composed("--slide", "--video", clips / "video.3gp", "--text", "t", "--slide", "--audio",
+                                clips / "sound.amr", "--attach", self.written("a.svg", b"<svg onload='alert(1)'/>"))
+        extracted, saved = self.work / "extracted", self.work / "saved"
+        subprocess.run([PROGRAM, "extract", message, extracted], check=True, stdout=subprocess.DEVNULL)
+        self.driver.command("Browser.setDownloadBehavior", behavior="allow", downloadPath=str(saved))
+        self.page_of(message)
+        names = sorted(os.listdir(extracted))
+        for index in range(len(names)):
+            self.driver.run(f"document.querySelectorAll('a[download]')[{index}].click()")
+            started = time.monotonic()
+            while time.monotonic() < started + 10 and (
+                    not saved.exists() or len(list(saved.glob("[!.]*"))) <= index or list(saved.glob("*.crdownload"))):
+                time.sleep(0.05)
+        self.assertEqual({path.name: path.read_bytes() for path in saved.iterdir()},
+                         {name: (extracted / name).read_bytes() for name in names})
 
     def test_texts_make_no_links(self):
         message = self.work / "hostile.mms"
