@@ -145,7 +145,7 @@ class HtmlTest(unittest.TestCase):
 
     def test_a_folder_is_created_only_for_a_message(self):
         done = self.run_html("missing.mms", "-o", "pages/", code=2)
-        self.assertIn("no message was found", done.stderr)
+        self.assertIn("no page was written", done.stderr)
         self.assertFalse((self.folder / "pages").exists())
 
     def test_a_folder_in_place_of_a_page_stays(self):

@@ -74,7 +74,7 @@ expect 2 '^qvlmms: --json and --csv exclude each other$' "$qvlmms" list --json -
 expect 2 '^qvlmms: --where larger=all: ' "$qvlmms" list --where larger=all "$message"
 expect 2 '^qvlmms: too few arguments: -o OUT is missing$' "$qvlmms" html "$message"
 expect 2 '^qvlmms: the name of the file to write is empty; ' "$qvlmms" html -o '' "$message"
-expect 2 '^qvlmms: no message was found, so no page was written$' "$qvlmms" html -o "$work/none" "$work/missing.mms"
+expect 2 '^qvlmms: no page was written$' "$qvlmms" html -o "$work/none" "$work/missing.mms"
 expect 2 'cannot create the folder .*/refused/: .*/refused is a file; ' "$qvlmms" html -o "$work/refused/" "$message"
 expect 2 '^qvlmms: --limit 0: a number from 1 to 1000000 is expected$' "$qvlmms" html --limit 0 -o "$work/none" "$message"
 expect 2 'too few arguments: DIR is missing' "$qvlmms" extract "$message"

@@ -1,12 +1,12 @@
 #include "commands/commands.h"
 
 #include "check/check.h"
+#include "commands/many_files.h"
 #include "commands/message_command.h"
 #include "html/one_page.h"
 #include "html/page_folder.h"
 #include "input/file_name.h"
 #include "input/message.h"
-#include "input/message_files.h"
 
 #include <QCommandLineParser>
 
@@ -65,7 +65,7 @@ public:
     int finish()
     {
         if (!m_pages) {
-            printError(u"no message was found, so no page was written"_s);
+            printError(u"no page was written"_s);
             return CannotDo;
         }
         Report report;
@@ -112,13 +112,10 @@ private:
 
 int writePages(const QCommandLineParser &arguments)
 {
-    MessageFiles found(arguments.positionalArguments(), std::nullopt, false);
-    PageWriter pages(arguments, found.hasFolders() || arguments.positionalArguments().size() > 1);
-    while (const auto name = found.next()) {
-        if (!pages.add(*name))
-            return CannotDo;
-    }
-    return pages.finish();
+    NamedFiles files(arguments);
+    PageWriter pages(arguments, !files.isOne());
+    const bool isWhole = files.inTurn([&](const QString &name) { return pages.add(name); });
+    return isWhole ? pages.finish() : CannotDo;
 }
 
 } // namespace
@@ -133,32 +130,32 @@ Command Commands::html()
                         "their headers, parts and problems. Limits bound the time and memory for "
                         "one message; a line says which limit left out media.",
              .exitCodes = "0 all written, 2 wrong usage, or a file that cannot be read or written.",
-             .arguments = {{"FILE...",
-                            "files with one message each, or folders; - is standard input"}},
-             .groups = {{"Options",
-                         {{.name = "o",
-                           .value = "OUT",
-                           .help =
-                               "the page to write, or a folder for an index and a page for each "
-                               "message; - is standard output",
-                           .isNeeded = true},
-                          {.name = "limit",
-                           .value = "MB",
-                           .help = "largest page, in units of 1,024k",
-                           .numbers = {.standard = StandardPageLimit, .most = LargestPageLimit}},
-                          {.name = "max-media",
-                           .value = "N",
-                           .help = "millions of octets of media that the slides of a message show",
-                           .numbers = {.standard = PageLimits().media, .most = MostOfAnyLimit}},
-                          {.name = "max-clips",
-                           .value = "N",
-                           .help = "clips of a message that are converted for the browser",
-                           .numbers = {.standard = PageLimits().clips, .most = MostOfAnyLimit}},
-                          {.name = "max-decoded",
-                           .value = "N",
-                           .help = "millions of pixels of pictures that are converted",
-                           .numbers = {.standard = PageLimits().decoded, .most = MostOfAnyLimit}},
-                          SizeLimitOption}}}},
+             .arguments = {FilesArgument},
+             .groups =
+                 {{"Options",
+                   QList<Option>{
+                       {.name = "o",
+                        .value = "OUT",
+                        .help = "the page to write, or a folder for an index and a page for each "
+                                "message; - is standard output",
+                        .isNeeded = true},
+                       {.name = "limit",
+                        .value = "MB",
+                        .help = "largest page, in units of 1,024k",
+                        .numbers = {.standard = StandardPageLimit, .most = LargestPageLimit}},
+                       {.name = "max-media",
+                        .value = "N",
+                        .help = "millions of octets of media that the slides of a message show",
+                        .numbers = {.standard = PageLimits().media, .most = MostOfAnyLimit}},
+                       {.name = "max-clips",
+                        .value = "N",
+                        .help = "clips of a message that are converted for the browser",
+                        .numbers = {.standard = PageLimits().clips, .most = MostOfAnyLimit}},
+                       {.name = "max-decoded",
+                        .value = "N",
+                        .help = "millions of pixels of pictures that are converted",
+                        .numbers = {.standard = PageLimits().decoded, .most = MostOfAnyLimit}}}
+                       + namingOptions()}}},
         .run = writePages,
         .draws = true,
     };

@@ -20,14 +20,6 @@ std::optional<NameList> listFrom(const QCommandLineParser &arguments)
                                         arguments.isSet(u"0"_s) ? '\0' : '\n');
 }
 
-int jobsFor(const MessageFiles &files, const QCommandLineParser &arguments)
-{
-    if (files.isOneFile())
-        return 1;
-    const int jobs = arguments.value(u"jobs"_s).toInt();
-    return jobs > 0 ? jobs : std::min(QThread::idealThreadCount(), MostJobs);
-}
-
 } // namespace
 
 QList<Option> namingOptions()
@@ -52,9 +44,28 @@ QList<Option> manyFilesOptions()
 }
 
 NamedFiles::NamedFiles(const QCommandLineParser &arguments, bool findsHidden)
-    : m_files(arguments.positionalArguments(), listFrom(arguments), findsHidden),
-      m_jobs(jobsFor(m_files, arguments))
+    : m_arguments(arguments),
+      m_files(arguments.positionalArguments(), listFrom(arguments), findsHidden)
 {
+}
+
+int NamedFiles::jobs() const
+{
+    if (m_files.isOneFile())
+        return 1;
+    const int jobs = m_arguments.value(u"jobs"_s).toInt();
+    return jobs > 0 ? jobs : std::min(QThread::idealThreadCount(), MostJobs);
+}
+
+bool NamedFiles::inTurn(const std::function<bool(const QString &)> &take)
+{
+    while (const std::optional<QString> name = next()) {
+        m_hasAny = true;
+        if (!take(*name))
+            return false;
+        m_progress.step(m_fraction);
+    }
+    return finish();
 }
 
 std::optional<QString> NamedFiles::next()

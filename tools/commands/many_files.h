@@ -44,16 +44,24 @@ public:
                                        take(name, std::move(result));
                                        m_progress.step(m_fraction);
                                    });
-        files.run(m_jobs);
+        files.run(jobs());
         return finish();
     }
 
+    /// Calls @p take for each file, until it returns false. Shows the progress. Returns false if it
+    /// did, or, after printing why, if the list of names cannot be read.
+    bool inTurn(const std::function<bool(const QString &name)> &take);
+
+    /// True when one argument names a file and no other can follow.
+    bool isOne() const { return m_files.isOneFile(); }
+
 private:
+    int jobs() const;
     std::optional<QString> next();
     bool finish();
 
+    const QCommandLineParser &m_arguments;
     MessageFiles m_files;
-    const int m_jobs;
     Progress m_progress;
     std::atomic<double> m_fraction = 0;
     bool m_hasAny = false;
