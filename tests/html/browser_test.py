@@ -348,6 +348,29 @@ class PageTest(unittest.TestCase):
         self.assertTrue(printed.startswith(b"%PDF-"))
         self.assert_quiet(page)
 
+    def test_a_text_that_does_not_fit_is_shown_whole_below_its_slide(self):
+        text = "Zeile\n" * 50 + "Ende"
+        page = self.page_of(self.composed("--slide", "--text", text, "--slide", "--text", "kurz"))
+        self.assertEqual(self.stage("return [...stage.querySelectorAll('.whole')]"
+                                    ".map(whole => whole.textContent)"), [text])
+        self.assert_quiet(page)
+
+    def test_a_phone_needs_no_sideways_scrolling(self):
+        message = self.work / "hostile.mms"
+        message.write_bytes(hostile_message())
+        width = 360
+        self.driver.command("Emulation.setDeviceMetricsOverride", width=width, height=740, deviceScaleFactor=2,
+                            mobile=True)
+        try:
+            page = self.page_of(*sorted(FIXTURES.glob("*/*.mms")), message)
+            self.assertEqual(self.driver.run("return document.documentElement.scrollWidth"), width)
+            self.driver.screenshot(FOLDER / "phone.png")
+            self.driver.run("document.querySelector('.parts').scrollIntoView()")
+            self.driver.screenshot(FOLDER / "phone-parts.png")
+        finally:
+            self.driver.command("Emulation.clearDeviceMetricsOverride")
+        self.assert_quiet(page)
+
     def test_vector_graphics_are_not_part_of_the_page(self):
         svg = ("<svg xmlns='http://www.w3.org/2000/svg' width='9' height='9'><script>window.pwned=1</script>"
                "<a href='http://example.org/'><circle r='9'/></a></svg>").encode()

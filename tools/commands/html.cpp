@@ -7,6 +7,7 @@
 #include "html/page_folder.h"
 #include "input/file_name.h"
 #include "input/message.h"
+#include "output/write_file.h"
 
 #include <QCommandLineParser>
 
@@ -27,7 +28,8 @@ bool isFolder(const QString &name)
 {
     std::error_code ignored;
     return name.endsWith(u'/')
-        || std::filesystem::is_directory(FileName::toOctets(name).toStdString(), ignored);
+        || (!isStandardOutput(name)
+            && std::filesystem::is_directory(FileName::toOctets(name).toStdString(), ignored));
 }
 
 /// Reads messages and adds them to one page or to a folder of pages.

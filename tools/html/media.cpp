@@ -62,6 +62,12 @@ bool PageMedia::take(const MMS_COMP_SMILMediaObject &object, qsizetype octets)
     return isTaken;
 }
 
+bool PageMedia::fits(const QString &text, const QSizeF &size, double height)
+{
+    return !m_measured.take(fittingText(text, size, height).size())
+        || TextLines(text, size, pictureFont(height)).isWhole();
+}
+
 // Counts a clip to convert. Returns why it is not converted, or null.
 const char *PageMedia::takeClip(const Part &part)
 {

@@ -54,6 +54,9 @@ public:
     /// Milliseconds that the clip in @p part plays, or -1.
     int playDuration(Part &part) { return m_shown.playDuration(part); }
     Texts &texts() { return m_texts; }
+    /// True if @p text, with letters @p height high, fits into an area of the size @p size. Also
+    /// true once measuring takes too long.
+    bool fits(const QString &text, const QSizeF &size, double height);
 
     /// Counts @p octets that a slide shows of @p object. False if that exceeds the limit.
     bool take(const MMS_COMP_SMILMediaObject &object, qsizetype octets);
@@ -79,6 +82,7 @@ private:
     const PageLimits m_limits;
     Work m_octets;
     Work m_clips;
+    Work m_measured{RenderLimits().drawn * Million / CharacterWork}; ///< in characters
     Pictures m_pictures;
     Texts m_texts;
     ShownParts m_shown;

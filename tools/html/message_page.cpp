@@ -49,28 +49,44 @@ void writeStage(HtmlWriter *html, const Message &message, PageMedia *media)
     html->close();
 }
 
+void writePartsTitle(HtmlWriter *html)
+{
+    html->open("thead");
+    html->open("tr");
+    for (const QString &title : {u"Name"_s, u"Type"_s, u"Octets"_s})
+        html->element("th", title, {{"scope", u"col"_s}});
+    html->element("td", QString(), {{"class", u"save"_s}});
+    html->close();
+    html->close();
+}
+
+void writePart(HtmlWriter *html, const MMS_COMP_SMILMultipartBodypart &part, int index)
+{
+    const QString name = partFileName(part, index);
+    html->open("tr");
+    html->element("td", part.getContentLocation());
+    html->element("td", part.getMimeFormat());
+    html->element("td", QString::number(part.getBodyDataLen()), {{"class", u"number"_s}});
+    html->open("td", {{"class", u"save"_s}});
+    // Never with the part's own type: the browser would open some instead of saving them.
+    html->openWithData("a", "href", "application/octet-stream", part.getBodyData(),
+                       {{"download", name}, {"aria-label", u"Save "_s + name}});
+    html->text(u"Save"_s);
+    html->close();
+    html->close();
+    html->close();
+}
+
 void writeParts(HtmlWriter *html, const Message &message)
 {
     if (message.parts().getPartCount() == 0)
         return;
     html->element("h3", u"Parts"_s);
-    html->open("table");
+    html->open("table", {{"class", u"parts"_s}});
+    writePartsTitle(html);
     html->open("tbody");
-    for (int i = 0; i < message.parts().getPartCount(); ++i) {
-        const auto &part = *message.parts().getBodypartByIndex(i);
-        html->open("tr");
-        html->element("td", part.getContentLocation());
-        html->element("td", part.getMimeFormat());
-        html->element("td", u"%1 octets"_s.arg(part.getBodyDataLen()));
-        html->open("td");
-        // Never with the part's own type: the browser would open some instead of saving them.
-        html->openWithData("a", "href", "application/octet-stream", part.getBodyData(),
-                           {{"download", partFileName(part, i)}});
-        html->text(u"Save"_s);
-        html->close();
-        html->close();
-        html->close();
-    }
+    for (int i = 0; i < message.parts().getPartCount(); ++i)
+        writePart(html, *message.parts().getBodypartByIndex(i), i);
     html->close();
     html->close();
 }

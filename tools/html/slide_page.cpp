@@ -44,6 +44,12 @@ const char *fitClass(const PlacedObject &place)
     }
 }
 
+// Qt's layouts have another character for a new line.
+void writeText(HtmlWriter *html, QString text, HtmlWriter::Attributes attributes)
+{
+    html->element("div", text.replace(QChar::LineSeparator, u'\n'), attributes);
+}
+
 void writeName(HtmlWriter *html, const QString &name, QStringView why)
 {
     html->element("div", name + why.toString(), {{"class", u"name"_s}});
@@ -66,7 +72,7 @@ void writeMedia(HtmlWriter *html, const PlacedObject &place, PageMedia *media)
         const QString text = media->texts().find(*object.getData());
         if (!media->take(object, text.size() * OctetsForCharacter))
             return writeName(html, object.getSrc(), NotShown);
-        return html->element("div", text, {{"class", u"text"_s}, {"dir", u"auto"_s}});
+        return writeText(html, text, {{"class", u"text"_s}, {"dir", u"auto"_s}});
     }
     const BrowserMedia picture = media->picture(place);
     if (!picture.type)
@@ -95,20 +101,42 @@ void writePlaced(HtmlWriter *html, const SlideStyle &style, const PlacedObject &
     html->close();
 }
 
-void writePage(HtmlWriter *html, const SlidesOfPage &slides, const Slide &slide, unsigned int index,
-               PageMedia *media)
+void writePage(HtmlWriter *html, const QList<PlacedObject> &places, const QSize &size,
+               const SlideStyle &style, unsigned int index, PageMedia *media)
 {
-    const QSize size = slides.page.size();
-    const SlideStyle style = slideStyle(slides.data, slide, pageUnit(size));
     html->open("svg",
                {{"viewBox", u"0 0 %1 %2"_s.arg(size.width()).arg(size.height())},
                 {"role", u"group"_s},
                 {"aria-label", u"Slide %1"_s.arg(index + 1)}});
     html->open("rect", {{"width", u"100%"_s}, {"height", u"100%"_s}, {"fill", style.paper.name()}});
     html->close();
-    for (const PlacedObject &place : slides.page.place(objectsOnPage(slide, &media->texts())))
+    for (const PlacedObject &place : places)
         writePlaced(html, style, place, QRectF(QPointF(0, 0), size), media);
     html->close();
+}
+
+// The texts that do not fit, whole, below the page.
+void writeLongTexts(HtmlWriter *html, const QList<PlacedObject> &places, const QSize &size,
+                    double textHeight, PageMedia *media)
+{
+    for (const PlacedObject &place : places) {
+        const Object &object = *place.object;
+        if (object.getMediaElementType() != SMIL_MEDIA_TEXT || !object.getData())
+            continue;
+        const QString text = media->texts().find(*object.getData());
+        const QRectF area = place.area & QRectF(QPointF(0, 0), size);
+        if (media->fits(text, area.size(), textHeight)
+            || !media->take(object, text.size() * OctetsForCharacter))
+            continue;
+        html->element("p", object.getSrc() + u" does not fit on the slide:"_s,
+                      {{"class", u"caption"_s}});
+        writeText(html, text,
+                  {{"class", u"whole"_s},
+                   {"dir", u"auto"_s},
+                   {"tabindex", u"0"_s},
+                   {"role", u"group"_s},
+                   {"aria-label", object.getSrc()}});
+    }
 }
 
 QString lengthText(int milliseconds)
@@ -147,7 +175,11 @@ void writeSlide(HtmlWriter *html, const SlidesOfPage &slides, unsigned int index
 {
     const Slide &slide = *slides.data.getSlide(index);
     html->open("li", {{"class", u"slide"_s}, {"data-duration", QString::number(slide.getDur())}});
-    writePage(html, slides, slide, index, media);
+    const QSize size = slides.page.size();
+    const SlideStyle style = slideStyle(slides.data, slide, pageUnit(size));
+    const QList<PlacedObject> places = slides.page.place(objectsOnPage(slide, &media->texts()));
+    writePage(html, places, size, style, index, media);
+    writeLongTexts(html, places, size, style.textHeight, media);
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
         writePlayer(html, *slide.getMediaObject(i), media);
     html->element("p", u"Slide %1, "_s.arg(index + 1) + ModelText::duration(slide.getDur()),
