@@ -3,6 +3,7 @@
 
     html_test.py QVLMMS FIXTURES
 """
+import base64
 import html.parser
 import os
 import pathlib
@@ -162,6 +163,20 @@ class HtmlTest(unittest.TestCase):
         index = Links(self.folder / "pages/index.html")
         self.assertTrue(10 < len(index.sources) < 20, len(index.sources))
         self.assertEqual(len(os.listdir(self.folder / "pages")), 21)
+
+    def test_a_wav_file_that_browsers_do_not_play_is_converted(self):
+        for codec, bits, is_converted in ((1, 16, False), (6, 8, True)):
+            form = struct.pack("<4sIHHIIHH", b"fmt ", 16, codec, 1, 8000, 1000 * bits, bits // 8, bits)
+            samples = struct.pack("<4sI", b"data", 1600) + bytes(1600)
+            wav = b"RIFF" + struct.pack("<I", 4 + len(form + samples)) + b"WAVE" + form + samples
+            (self.folder / "a.mms").write_bytes(
+                message(b"", part("application/smil", located(b"s.smil"), smil('<par><audio src="a.wav"/></par>')),
+                        part("audio/wav", located(b"a.wav"), wav)))
+            self.run_html("a.mms", "-o", "page.html")
+            source, = Links(self.folder / "page.html").sources
+            played = base64.b64decode(source.removeprefix("data:audio/wav;base64,"))
+            self.assertEqual(struct.unpack_from("<H", played, 20), (1,))
+            self.assertEqual(played != wav, is_converted)
 
 
 if __name__ == "__main__":

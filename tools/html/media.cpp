@@ -32,6 +32,25 @@ BrowserMedia recognized(const Part &part, std::span<const char *const> types)
     return found != types.end() ? BrowserMedia{*found, part.getBodyData()} : BrowserMedia();
 }
 
+// Browsers play WAV files with plain samples only.
+bool isPlayedWav(const QByteArray &octets)
+{
+    constexpr qsizetype FormOffset = 12; // the first chunk
+    constexpr qsizetype CodecOffset = 20;
+    return QByteArrayView(octets).sliced(FormOffset).startsWith("fmt ")
+        && octets.size() > CodecOffset + 1 && octets[CodecOffset] == 1
+        && octets[CodecOffset + 1] == 0;
+}
+
+// The sound that the browser plays as it is.
+BrowserMedia playedSound(const Part &part)
+{
+    const BrowserMedia sound = recognized(part, sounds);
+    const bool isOtherWav =
+        sound.type && qstrcmp(sound.type, "audio/wav") == 0 && !isPlayedWav(sound.octets);
+    return isOtherWav ? BrowserMedia() : sound;
+}
+
 // A file of ISO base media; the part says whether it has pictures.
 bool isBaseMedia(const Part &part)
 {
@@ -107,7 +126,7 @@ BrowserMedia PageMedia::soundOf(const Part &part)
     std::optional<BrowserMedia> &sound = m_converted[&part].sound;
     if (sound)
         return *sound;
-    sound = recognized(part, sounds);
+    sound = playedSound(part);
     if (sound->type)
         return *sound;
     sound->whyNot = takeClip(part);
