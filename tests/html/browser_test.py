@@ -29,6 +29,7 @@ DRIVER = shutil.which("chromedriver")
 
 SPACE = "\ue00d"
 RIGHT = "\ue014"
+CONTROL = "\ue009"
 ATTACK = ("</title></script><script>window.pwned=1;document.title='pwned'</script>"
           "<img src=x onerror=\"window.pwned=2\">\"onload=\"window.pwned=3\" '"
           "onerror='window.pwned=4'javascript:window.pwned=5")
@@ -82,9 +83,11 @@ class Driver:
         """A command of the browser's own protocol."""
         return self.do("POST", "/goog/cdp/execute", {"cmd": name, "params": parameters})
 
-    def press(self, key):
+    def press(self, *keys):
+        """Presses all keys, then releases them."""
         self.do("POST", "/actions", {"actions": [{"type": "key", "id": "keys", "actions": [
-            {"type": "keyDown", "value": key}, {"type": "keyUp", "value": key}]}]})
+            *({"type": "keyDown", "value": key} for key in keys),
+            *({"type": "keyUp", "value": key} for key in reversed(keys))]}]})
 
     def log(self, kind):
         return self.do("POST", "/se/log", {"type": kind})
@@ -259,6 +262,18 @@ class PageTest(unittest.TestCase):
         self.assertEqual(self.stage("return stage.dataset.state"), "playing")
         self.driver.screenshot(FOLDER / "playing.png")
         self.assert_quiet(page)
+
+    def test_keys_of_the_browser_and_of_players_stay_theirs(self):
+        self.page_of(self.composed("--slide", "--audio", FIXTURES / "clips" / "sound.amr", "--slide", "--text", "t"))
+        self.stage("stage.focus()")
+        self.driver.press(CONTROL, RIGHT)
+        self.assertEqual(self.current(), 0)
+        self.stage("stage.querySelector('audio').focus()")
+        self.driver.press(RIGHT)
+        self.assertEqual(self.current(), 0)
+        self.stage("stage.focus()")
+        self.driver.press(RIGHT)
+        self.assertEqual(self.current(), 1)
 
     def test_slides_last_as_long_as_the_presentation_says(self):
         page = self.page_of(FIXTURES / "messages" / "related.mms")

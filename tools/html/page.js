@@ -90,8 +90,10 @@ class Player {
 
   press(event) {
     const actions = {" ": "play", k: "play", ArrowLeft: "previous", ArrowRight: "next"};
-    const isControl = event.target.closest("button, audio, video");
-    if (!(event.key in actions) || (isControl && event.key === " "))
+    const isForBrowser = event.altKey || event.ctrlKey || event.metaKey
+      || event.target.closest("audio, video, .whole")
+      || (event.target.closest("button") && event.key === " ");
+    if (isForBrowser || !(event.key in actions))
       return;
     event.preventDefault();
     this.act(actions[event.key]);
