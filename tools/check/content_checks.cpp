@@ -7,6 +7,9 @@
 #include "render/pictures.h"
 #include "view/field_values.h"
 
+#include <algorithm>
+#include <array>
+
 using namespace Qt::StringLiterals;
 
 namespace Check {
@@ -41,31 +44,41 @@ void checkText(const Part &part, const QvlScannedPart *sent, const Place &place,
                                : u"the text is not in %1"_s.arg(FieldValue::charsetName(charset)));
 }
 
-// True when the content is what the type says, as far as a signature shows.
+// True when the content is of the kind that the type says, so far as a signature shows.
 bool checkType(const Part &part, const QString &type, const Place &place, Findings *findings)
 {
-    const QString recognized = recognizedType(part.getBodyData());
-    if (recognized.isEmpty() ? !hasSignature(type) : areCompatible(recognized, type))
+    if (fitsType(part.getBodyData(), type))
         return true;
+    const MediaContent content = recognizeMedia(part.getBodyData());
     findings->add(Rule::WrongType, place,
-                  recognized.isEmpty()
+                  content.name.isEmpty()
                       ? u"the content does not begin as %1 does"_s.arg(type)
-                      : u"the type is %1, and the content is %2"_s.arg(type, recognized));
-    return recognized.startsWith(type.section(u'/', 0, 0));
+                      : u"the type is %1, and the content is %2"_s.arg(type, content.name));
+    return content.type.startsWith(type.section(u'/', 0, 0));
 }
 
-void checkPicture(const Part &part, const Place &place, Pictures *pictures, Findings *findings)
+// The formats of other pictures depend on the machine.
+bool isAlwaysDecoded(const Part &part, const QString &type)
 {
+    constexpr std::array builtIn{"image/jpeg"_L1, "image/png"_L1, "image/gif"_L1, "image/bmp"_L1};
+    const QString recognized = recognizeMedia(part.getBodyData()).type;
+    return std::ranges::any_of(builtIn, [&](QLatin1StringView known) {
+        return known == recognized || (recognized.isEmpty() && known == type);
+    });
+}
+
+void checkPicture(const Part &part, const QString &type, const Place &place, Pictures *pictures,
+                  Findings *findings)
+{
+    if (endsTooEarly(part.getBodyData()))
+        return findings->add(Rule::BrokenPicture, place, u"the picture ends too early"_s);
     const QSize size = pictureSize(part);
     if (qint64(size.width()) * size.height() > MostPixels)
         return findings->add(
             Rule::LargePicture, place,
             u"the picture has %1x%2 pixels"_s.arg(size.width()).arg(size.height()));
     const bool isDecoded = !pictures->find(part, QSizeF(1, 1)).image.isNull();
-    if (pictures->isBeyondLimit(part))
-        findings->add(Rule::LargePicture, place,
-                      u"the pictures of the message have too many pixels to decode this one"_s);
-    else if (!isDecoded)
+    if (!isDecoded && !pictures->isBeyondLimit(part) && isAlwaysDecoded(part, type))
         findings->add(Rule::BrokenPicture, place, u"the picture cannot be decoded"_s);
 }
 
@@ -91,7 +104,7 @@ void checkContent(Message &message, Findings *findings)
             checkText(*part, body.part(i), place, findings);
         const bool isAsDeclared = checkType(*part, type, place, findings);
         if (isAsDeclared && type.startsWith("image/"_L1) && findings->takes(Rule::BrokenPicture))
-            checkPicture(*part, place, &pictures, findings);
+            checkPicture(*part, type, place, &pictures, findings);
         if (isAsDeclared && isClip(type) && findings->takes(Rule::NoClipLength))
             checkClip(part, place, findings);
     }

@@ -1,5 +1,5 @@
 /*
- * Recognizes media by the octets that they begin with.
+ * Recognizes media by the octets that they begin with, and whether they are whole.
  */
 #pragma once
 
@@ -8,14 +8,21 @@
 
 namespace Check {
 
-/// The media type whose signature @p octets have; "" for none.
-QString recognizedType(QByteArrayView octets);
+/// What the content of a part is.
+struct MediaContent
+{
+    QString name; ///< for people, such as "a PNG picture"; empty when it is not recognized
+    QString type; ///< its usual media type; empty when it is not recognized
+};
 
-/// True when content recognized as @p recognized may be declared as @p declared, both in lower
-/// case.
-bool areCompatible(const QString &recognized, const QString &declared);
+/// Recognizes @p octets by their signature.
+MediaContent recognizeMedia(QByteArrayView octets);
 
-/// True when content of the media type @p declared always has a signature.
-bool hasSignature(const QString &declared);
+/// True when the media type @p declared, in lower case, fits the content @p octets, so far as a
+/// signature shows.
+bool fitsType(QByteArrayView octets, const QString &declared);
+
+/// True when a picture of a recognized format lacks its end.
+bool endsTooEarly(QByteArrayView octets);
 
 } // namespace Check

@@ -6,6 +6,8 @@
 #include <QHash>
 
 #include <algorithm>
+#include <array>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -48,7 +50,7 @@ bool isBare(const QString &id)
     return !id.isEmpty() && !(id.startsWith(u'<') && id.endsWith(u'>'));
 }
 
-/// Finds names that two parts share.
+/// Finds names of one kind that two parts share.
 class Names
 {
 public:
@@ -59,22 +61,25 @@ public:
         const QString key = partKey(name);
         if (key.isEmpty())
             return;
-        const auto known = m_parts.constFind(key);
-        if (known == m_parts.constEnd())
-            m_parts.insert(key, part);
-        else if (*known != part)
+        const auto known = m_first.constFind(key);
+        if (known == m_first.constEnd())
+            m_first.insert(key, {part, name});
+        else
             m_findings->add(Rule::SameName, place,
-                            u"part %1 has the name \"%2\", too"_s.arg(*known).arg(name));
+                            u"\"%1\" is also the name of part %2, \"%3\""_s.arg(name)
+                                .arg(known->first)
+                                .arg(known->second));
     }
 
 private:
-    QHash<QString, int> m_parts;
+    QHash<QString, std::pair<int, QString>> m_first; // part and name by key
     Findings *m_findings;
 };
 
 void checkNames(Message &message, const SentBody &body, Findings *findings)
 {
-    Names names(findings);
+    Names locations(findings);
+    Names ids(findings);
     for (int i = 0; i < message.parts().getPartCount(); ++i) {
         const QvlScannedPart *sent = body.part(i);
         if (!sent)
@@ -83,8 +88,8 @@ void checkNames(Message &message, const SentBody &body, Findings *findings)
         const QString location = sent->location();
         const QString id = sent->id();
         const QString fileName = sent->fileName();
-        names.add(location, i, place);
-        names.add(id, i, place);
+        locations.add(location, i, place);
+        ids.add(id, i, place);
         checkName(u"Content-Location"_s, location, place, findings);
         if (fileName != location)
             checkName(u"file name"_s, fileName, place, findings);
@@ -97,10 +102,18 @@ void checkNames(Message &message, const SentBody &body, Findings *findings)
     }
 }
 
+// The header and the number of parts have rules of their own.
+bool isForm(QvlChange::Place place)
+{
+    constexpr std::array others{QvlChange::HeaderField, QvlChange::HeaderEnd, QvlChange::PartCount,
+                                QvlChange::Parts};
+    return std::ranges::find(others, place) == others.end();
+}
+
 void checkForms(const Message &message, const SentBody &body, Findings *findings)
 {
     for (const QvlChange &change : message.changes()) {
-        if (change.place == QvlChange::HeaderField || change.place == QvlChange::HeaderEnd)
+        if (!isForm(change.place))
             continue;
         Place place{.octet = change.offset, .part = change.part};
         if (change.part >= 0 && change.part < message.parts().getPartCount())

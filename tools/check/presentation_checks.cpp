@@ -7,7 +7,9 @@
 #include "input/smil_diagnosis.h"
 
 #include <QHash>
+#include <QRegularExpression>
 #include <QSet>
+#include <QUrl>
 
 #include <algorithm>
 #include <charconv>
@@ -37,6 +39,26 @@ bool isSlide(const SmilElement &element)
     return element.tag == "par"_L1 || element.tag == "seq"_L1;
 }
 
+/// The part that a reference names.
+struct Named
+{
+    int part = -1; ///< its index; -1 for none
+    QString name; ///< as the part has it, without brackets
+};
+
+// Without brackets and "cid:".
+QString bareName(const QString &name)
+{
+    return MMS_COMP_SMILMultipart::parseCid(name.trimmed());
+}
+
+// "cid:a%40b" refers to <a@b>, and "./a" to "a".
+QString unescaped(const QString &reference)
+{
+    const QString bare = bareName(reference);
+    return QUrl::fromPercentEncoding((bare.startsWith("./"_L1) ? bare.sliced(2) : bare).toUtf8());
+}
+
 /// Parts by the names that references may have.
 class PartsByName
 {
@@ -50,18 +72,22 @@ public:
         }
     }
 
-    /// The index of the part, or -1.
-    int find(const QString &reference) const { return m_parts.value(partKey(reference), -1); }
+    /// The part with that name, apart from case, or with the unescaped one.
+    Named find(const QString &reference) const
+    {
+        const auto found = m_parts.constFind(partKey(reference));
+        return found != m_parts.constEnd() ? *found : m_parts.value(unescaped(reference).toLower());
+    }
 
 private:
     void add(const QString &name, int index)
     {
         const QString key = partKey(name);
         if (!key.isEmpty() && !m_parts.contains(key))
-            m_parts.insert(key, index);
+            m_parts.insert(key, {index, bareName(name)});
     }
 
-    QHash<QString, int> m_parts;
+    QHash<QString, Named> m_parts;
 };
 
 /// The size of a region as it was sent.
@@ -149,13 +175,16 @@ public:
     void check(const SmilElement &element)
     {
         const QString source = element.value("src"_L1);
-        const int part = m_names.find(source);
+        const auto [part, name] = m_names.find(source);
         if (part < 0) {
             m_findings->add(Rule::MissingPart, placeOf(element),
                             source.isEmpty() ? u"<%1> has no src"_s.arg(element.tag)
                                              : u"no part is named \"%1\""_s.arg(source));
             return;
         }
+        if (name != bareName(source))
+            m_findings->add(Rule::OtherSpelling, placeOf(element),
+                            u"\"%1\" refers to the part \"%2\""_s.arg(source, name));
         m_used.insert(part);
         if (const auto region = m_regions.find(element.value("region"_L1)))
             checkRegion(element, part, *region);
@@ -208,15 +237,34 @@ void checkSmil(const Message &message, Findings *findings)
                   mistake ? mistake->reason : QString::fromLatin1(SmilResult::meaning(result)));
 }
 
+// clock-value ::= [hours ":"] minutes ":" seconds | number ["h" | "min" | "s" | "ms"]
+bool isNoTime(const QString &clockValue)
+{
+    static const QRegularExpression zero(u"^[+]?(0+:){0,2}0*[.]?0+[.]?(h|min|s|ms)?$"_s);
+    const QString value = clockValue.trimmed();
+    return value.startsWith(u'-') || zero.match(value).hasMatch();
+}
+
+void checkTime(const SmilElement &element, Findings *findings)
+{
+    if (!isSlide(element) && !isMedia(element))
+        return;
+    for (QLatin1StringView attribute : {"dur"_L1, "end"_L1}) {
+        const QString value = element.value(attribute);
+        if (isNoTime(value))
+            findings->add(Rule::ZeroDuration, placeOf(element),
+                          u"<%1> has %2=\"%3\""_s.arg(element.tag, attribute, value));
+    }
+}
+
 void checkElement(const SmilElement &element, MediaChecks *media, Findings *findings)
 {
     if (element.isSkipped)
-        findings->add(Rule::SkippedElement, placeOf(element),
-                      u"<%1> is skipped"_s.arg(element.tag));
-    else if (isMedia(element))
+        return findings->add(Rule::SkippedElement, placeOf(element),
+                             u"<%1> is skipped"_s.arg(element.tag));
+    checkTime(element, findings);
+    if (isMedia(element))
         media->check(element);
-    else if (isSlide(element) && MMS_COMP_SMILParser::parseDur(element.value("dur"_L1)) == 0)
-        findings->add(Rule::ZeroDuration, placeOf(element), u"the slide lasts 0 ms"_s);
 }
 
 } // namespace

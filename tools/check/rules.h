@@ -55,6 +55,7 @@ enum class Rule : unsigned char {
     SmilRefused,
     SkippedElement,
     MissingPart,
+    OtherSpelling,
     UnusedPart,
     SmallRegion,
     ZeroDuration,

@@ -26,7 +26,7 @@ constexpr std::array sounds{"audio/mpeg", "audio/wav", "audio/ogg"};
 // The type that the content has, if it is one of @p types.
 BrowserMedia recognized(const Part &part, std::span<const char *const> types)
 {
-    const QString type = Check::recognizedType(part.getBodyData());
+    const QString type = Check::recognizeMedia(part.getBodyData()).type;
     const auto found = std::ranges::find_if(
         types, [&type](const char *one) { return type == QLatin1StringView(one); });
     return found != types.end() ? BrowserMedia{*found, part.getBodyData()} : BrowserMedia();
@@ -54,7 +54,7 @@ BrowserMedia playedSound(const Part &part)
 // A file of ISO base media; the part says whether it has pictures.
 bool isBaseMedia(const Part &part)
 {
-    return Check::recognizedType(part.getBodyData()) == QLatin1StringView("video/3gpp");
+    return Check::recognizeMedia(part.getBodyData()).type == QLatin1StringView("video/3gpp");
 }
 
 // By the media type; by the name if the type says nothing.

@@ -200,6 +200,7 @@ const std::vector<Row> &rows()
         {Rule::SmilRefused, withSmil("</body>", ""), withPicture(8, 8)},
         {Rule::SkippedElement, withSmil("<par", "<excl/><par"), withPicture(8, 8)},
         {Rule::MissingPart, withSmil("a.png", "b.png"), withPicture(8, 8)},
+        {Rule::OtherSpelling, withSmil("a.png", "A.png"), withPicture(8, 8)},
         {Rule::UnusedPart,
          related(Smil, {named(mediaCode(Png), "a.png", png(8, 8)), textPart("b")}),
          withPicture(8, 8)},
@@ -244,6 +245,86 @@ TEST(CheckHeader, FindsAValueAfterWhichTheHeaderCanBeReadInTwoWays)
     const Findings findings = findingsIn(SendReq + field(Expiry, text("soon")) + ToPhone
                                          + field(Content, mediaCode(Mixed)) + octet(0));
     EXPECT_TRUE(findings.has(Rule::MalformedField));
+}
+
+bool finds(Rule rule, const QByteArray &octets)
+{
+    return findingsIn(octets).has(rule);
+}
+
+bool findsInPart(Rule rule, const QByteArray &type, const QByteArray &data)
+{
+    return finds(rule, mixed({named(text(type), "a", data)}));
+}
+
+TEST(CheckType, TakesTextsForTextsWhateverTheyBeginWith)
+{
+    for (const char *data : {"GIF89a is a format", "RIFF1234WAVE", "BEGIN:IMELODY", "ID3 tags"})
+        EXPECT_FALSE(findsInPart(Rule::WrongType, "text/plain", data)) << data;
+    EXPECT_TRUE(findsInPart(Rule::WrongType, "text/plain", png(8, 8)));
+}
+
+TEST(CheckType, DoesNotContradictTypesThatSayNothing)
+{
+    for (const char *type : {"application/octet-stream", "*/*", "image/*"})
+        EXPECT_FALSE(findsInPart(Rule::WrongType, type, png(8, 8))) << type;
+    EXPECT_TRUE(findsInPart(Rule::WrongType, "audio/*", png(8, 8)));
+}
+
+TEST(CheckType, KnowsTheFamilyOfMp4)
+{
+    const QByteArray file("\0\0\0\x10"
+                          "ftypM4A \0\0\0\0",
+                          16);
+    for (const char *type : {"audio/mp4", "audio/x-m4a", "video/quicktime", "image/heic"})
+        EXPECT_FALSE(findsInPart(Rule::WrongType, type, file)) << type;
+    EXPECT_TRUE(findsInPart(Rule::WrongType, "audio/amr", file));
+}
+
+TEST(CheckPicture, FindsPicturesThatEndTooEarly)
+{
+    const QByteArray picture = png(8, 8);
+    EXPECT_FALSE(findsInPart(Rule::BrokenPicture, "image/png", picture));
+    EXPECT_TRUE(findsInPart(Rule::BrokenPicture, "image/png", picture.chopped(12)));
+    const QByteArray scan("\xFF\xD8\xFF\xE0 \xFF\xD9 thumbnail \xFF\xDA picture", 32);
+    EXPECT_TRUE(findsInPart(Rule::BrokenPicture, "image/jpeg", scan));
+}
+
+TEST(CheckPicture, SaysNothingOfFormatsThatSomeMachinesCannotDecode)
+{
+    EXPECT_FALSE(findsInPart(Rule::BrokenPicture, "image/svg+xml", "<svg/>"));
+    EXPECT_TRUE(findsInPart(Rule::BrokenPicture, "image/bmp", "BMbroken"));
+}
+
+TEST(CheckDuration, FindsZeroInEveryForm)
+{
+    for (const char *zero : {"0", "0s", "0.0s", "00:00", "00:00:00", "0h", " 0 ", "-5s"})
+        EXPECT_TRUE(finds(Rule::ZeroDuration, withSmil("2s", zero))) << zero;
+    for (const char *time : {"0.5s", "00:01", "indefinite", "media", "x", "10ms"})
+        EXPECT_FALSE(finds(Rule::ZeroDuration, withSmil("2s", time))) << time;
+    EXPECT_TRUE(finds(Rule::ZeroDuration, withSmil("region=\"r\"", "region=\"r\" end=\"0s\"")));
+}
+
+TEST(CheckNames, MayBeSharedByALocationAndAnId)
+{
+    const QByteArray withId = part(withCharset(Utf8), field(Id, quotedString("<a>")), "x");
+    EXPECT_FALSE(finds(Rule::SameName, mixed({textPart("a"), withId})));
+    EXPECT_TRUE(finds(Rule::SameName, mixed({withId, withId})));
+}
+
+TEST(CheckReference, MayBeEscaped)
+{
+    const auto message = [](const QByteArray &reference, const QByteArray &name) {
+        return related(QByteArray(Smil).replace("a.png", reference),
+                       {named(mediaCode(Png), name, png(8, 8))});
+    };
+    for (const auto &[reference, name] :
+         {std::pair("a%20b.png", "a b.png"), {"./a.png", "a.png"}, {"A.PNG", "a.png"}}) {
+        EXPECT_FALSE(finds(Rule::MissingPart, message(reference, name))) << reference;
+        EXPECT_TRUE(finds(Rule::OtherSpelling, message(reference, name))) << reference;
+    }
+    EXPECT_FALSE(finds(Rule::OtherSpelling, message("cid:a.png", "a.png")));
+    EXPECT_TRUE(finds(Rule::MissingPart, message("%61b.png", "a.png")));
 }
 
 TEST(CheckRules, AreAllTested)
