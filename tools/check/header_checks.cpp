@@ -1,5 +1,6 @@
 #include "check/charset_fit.h"
 #include "check/check.h"
+#include "check/mandatory_fields.h"
 #include "input/message.h"
 #include "view/field_values.h"
 #include "view/message_fields.h"
@@ -63,36 +64,76 @@ void checkVersion(const MMS_UA_UAMsg &header, const std::vector<MessageField> &f
         findings->add(Rule::LaterVersion, place, problem);
 }
 
-void checkMandatoryFields(const MMS_UA_UAMsg &header, Findings *findings)
+bool isPresent(unsigned char code, const MMS_UA_UAMsg &header,
+               const std::vector<MessageField> &fields)
 {
-    const MessageTypeInfo *type = messageTypeInfo(header.getMessageType());
-    if (!type)
-        return;
-    for (const HeaderFieldInfo &field : headerFields()) {
-        const unsigned int mask = headerFieldMask(field.code);
-        if ((type->mandatoryFields & mask) != 0 && !header.fieldsPresent(mask))
-            findings->add(Rule::MissingField, {},
-                          u"%1 has no field %2"_s.arg(QLatin1StringView(type->name),
-                                                      QLatin1StringView(field.name)));
+    return (headerFieldInfo(code) && header.fieldsPresent(headerFieldMask(code)))
+        || std::ranges::any_of(fields, [code](const MessageField &field) {
+               return field.scanned && field.scanned->code == code;
+           });
+}
+
+void checkMandatoryFields(const MMS_UA_UAMsg &header, const std::vector<MessageField> &fields,
+                          Findings *findings)
+{
+    const int type = header.getMessageType();
+    const QString name =
+        QString::fromLatin1(QvlMessageType::nameOf(static_cast<unsigned char>(type)));
+    if (name.isEmpty())
+        return findings->add(Rule::UnknownType, placeOf(HeaderFieldCode::MessageType, fields),
+                             u"no version of MMS has the message type %1"_s.arg(type));
+    for (unsigned char code : mandatoryFields(type)) {
+        if (!isPresent(code, header, fields))
+            findings->add(
+                Rule::MissingField, {},
+                u"%1 has no field %2"_s.arg(name, QString::fromLatin1(qvlKnownField(code)->name)));
     }
 }
 
-void checkOrder(const MMS_UA_UAMsg &header, Findings *findings)
+// The first field that is not where it belongs; null when the order is right.
+const QvlScannedField *misplaced(const std::vector<MessageField> &fields)
 {
-    if (!header.pduOrderCheck())
-        findings->add(Rule::FieldOrder, {.octet = 0},
-                      u"the fields are not in order: Message-Type, Transaction-Id and MMS-Version "
-                      "come first, Content-Type last"_s);
+    constexpr std::array first{HeaderFieldCode::MessageType, HeaderFieldCode::TransactionId,
+                               HeaderFieldCode::MmsVersion};
+    std::size_t rank = 0; // of the next field that may be one of the first
+    for (const MessageField &field : fields) {
+        if (!field.scanned)
+            return nullptr;
+        const auto found = std::ranges::find(first, field.scanned->code);
+        const auto place = std::size_t(found - first.begin());
+        if (place < rank)
+            return &*field.scanned;
+        rank = found == first.end() ? first.size() : place + 1;
+        const bool isLast = &field == &fields.back();
+        if (field.scanned->code == HeaderFieldCode::ContentType && !isLast)
+            return &*field.scanned;
+    }
+    return nullptr;
 }
 
-void checkKind(const QvlScannedField &field, Findings *findings)
+void checkOrder(const std::vector<MessageField> &fields, Findings *findings)
+{
+    if (const QvlScannedField *field = misplaced(fields))
+        findings->add(Rule::FieldOrder, placeOf(*field), u"the field is not at its place"_s);
+}
+
+// MMS 1.0 if the message does not say.
+unsigned char declaredVersion(const MMS_UA_UAMsg &header)
+{
+    return header.fieldsPresent(headerFieldMask(HeaderFieldCode::MmsVersion))
+        ? header.getMMSVersion()
+        : QvlMmsVersion::Version10;
+}
+
+void checkKind(const QvlScannedField &field, unsigned char declared, Findings *findings)
 {
     if (!field.known)
         findings->add(Rule::UnknownField, placeOf(field), u"no version of MMS has this field"_s);
-    else if (field.known->version > QvlMmsVersion::Version10)
+    else if (field.known->version > declared)
         findings->add(
             Rule::LaterField, placeOf(field),
-            u"MMS %1 introduced this field"_s.arg(FieldValue::version(field.known->version)));
+            u"MMS %1 introduced this field, and the message is of %2"_s.arg(
+                FieldValue::version(field.known->version), FieldValue::version(declared)));
 }
 
 void checkValue(const QvlScannedField &field, Findings *findings)
@@ -194,20 +235,28 @@ void checkCharset(const QvlScannedField &field, Findings *findings)
                       : u"the text is not in %1"_s.arg(FieldValue::charsetName(value.charset)));
 }
 
+// Texts, such as headers of HTTP, can be read as fields with names in letters.
+bool isNoMessage(const Message &message)
+{
+    return !isPdu(message.octets)
+        && (message.headerResult != WireResult::Read || uchar(message.octets[0]) < 0x80);
+}
+
 } // namespace
 
 void checkHeader(Message &message, Findings *findings)
 {
-    if (message.headerResult != WireResult::Read && !isPdu(message.octets)) {
+    if (isNoMessage(message)) {
         findings->add(Rule::NoMessage, {},
                       message.octets.isEmpty() ? u"the file is empty"_s
                                                : u"the file does not begin with the octet 8C"_s);
         return;
     }
     const std::vector<MessageField> fields = messageFields(message);
+    const unsigned char declared = declaredVersion(message.header());
     for (const MessageField &field : fields) {
         if (field.scanned) {
-            checkKind(*field.scanned, findings);
+            checkKind(*field.scanned, declared, findings);
             checkValue(*field.scanned, findings);
             checkCharset(*field.scanned, findings);
         }
@@ -219,8 +268,8 @@ void checkHeader(Message &message, Findings *findings)
     if (message.headerResult != WireResult::Read)
         return;
     checkVersion(message.header(), fields, findings);
-    checkMandatoryFields(message.header(), findings);
-    checkOrder(message.header(), findings);
+    checkMandatoryFields(message.header(), fields, findings);
+    checkOrder(fields, findings);
     checkRecipients(message.header(), fields, findings);
 }
 

@@ -23,13 +23,18 @@ bool isAscii(const QString &name)
     return std::ranges::all_of(name, [](QChar character) { return character.unicode() < 0x80; });
 }
 
-bool isUnsafe(const QString &name)
+// Why file systems or programs refuse the name; empty if they do not.
+QString whyUnsafe(const QString &name)
 {
-    const auto isRefused = [](QChar character) {
-        return character.unicode() < u' ' || character.unicode() == 0x7F
-            || UnsafeCharacters.contains(character);
-    };
-    return name.startsWith(u'.') || name.startsWith(u'-') || std::ranges::any_of(name, isRefused);
+    if (name.startsWith(u'.') || name.startsWith(u'-'))
+        return u"begins with %1"_s.arg(name.front());
+    for (QChar character : name) {
+        if (character.unicode() < u' ' || character.unicode() == 0x7F)
+            return u"has a control character"_s;
+        if (UnsafeCharacters.contains(character))
+            return u"has the character %1"_s.arg(character);
+    }
+    return QString();
 }
 
 void checkName(const QString &what, const QString &name, const Place &place, Findings *findings)
@@ -39,10 +44,8 @@ void checkName(const QString &what, const QString &name, const Place &place, Fin
         findings->add(Rule::LongName, place, u"the %1 has %2 octets"_s.arg(what).arg(octets));
     if (!isAscii(name))
         findings->add(Rule::ForeignName, place, u"the %1 is not ASCII"_s.arg(what));
-    if (isUnsafe(name))
-        findings->add(Rule::UnsafeName, place,
-                      u"the %1 begins with a point or a hyphen, or has one of "_s.arg(what)
-                          + UnsafeCharacters.toString() + u" or a control character"_s);
+    if (const QString why = whyUnsafe(name); !why.isEmpty())
+        findings->add(Rule::UnsafeName, place, u"the %1 %2"_s.arg(what, why));
 }
 
 bool isBare(const QString &id)

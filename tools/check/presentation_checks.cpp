@@ -28,6 +28,11 @@ Place placeOf(const SmilElement &element)
     return {.line = element.line, .column = element.column};
 }
 
+Place placeOf(const SmilText::Place &place)
+{
+    return {.line = place.line, .column = place.column};
+}
+
 bool isMedia(const SmilElement &element)
 {
     return std::ranges::any_of(
@@ -149,9 +154,9 @@ private:
         const auto width = pixels(element.value("width"_L1), rootWidth);
         const auto height = pixels(element.value("height"_L1), rootHeight);
         const QString fit = element.value("fit"_L1);
-        if (width && height)
-            m_regions.insert(element.value("id"_L1),
-                             {*width, *height, fit.isEmpty() || fit == "hidden"_L1});
+        const QString id = element.value("id"_L1);
+        if (width && height && !id.isEmpty())
+            m_regions.insert(id, {*width, *height, fit.isEmpty() || fit == "hidden"_L1});
     }
 
     QHash<QString, RegionSize> m_regions;
@@ -199,7 +204,7 @@ private:
         if (element.tag == "text"_L1 && (region.width < LowestText || region.height < LowestText))
             m_findings->add(Rule::SmallRegion, placeOf(element),
                             u"the region of %1 pixels has no room for a text"_s.arg(size));
-        if (element.tag != "img"_L1 || !region.isCutting)
+        if ((element.tag != "img"_L1 && element.tag != "ref"_L1) || !region.isCutting)
             return;
         const QSize picture = sizeOf(part);
         if (picture.width() > region.width || picture.height() > region.height)
@@ -224,16 +229,23 @@ private:
     QSet<int> m_used;
 };
 
+// The library begins to read at "<smil", and takes other octets for the replacement character.
+void checkXml(const QByteArray &smil, Findings *findings)
+{
+    if (const auto mistake = findXmlMistake(smil))
+        findings->add(Rule::InvalidXml, placeOf(mistake->place), mistake->reason);
+}
+
 void checkSmil(const Message &message, Findings *findings)
 {
-    const int result = message.smilResult.value_or(SmilResult::Ok);
-    if (result == SmilResult::Ok)
+    if (!message.smilResult)
         return;
+    const int result = *message.smilResult;
+    if (result >= SmilResult::Ok)
+        return checkXml(message.smil, findings);
     const auto mistake =
         result == SmilResult::NotWellFormed ? findMistake(message.smil) : std::nullopt;
-    findings->add(Rule::SmilRefused,
-                  mistake ? Place{.line = mistake->place.line, .column = mistake->place.column}
-                          : Place{},
+    findings->add(Rule::SmilRefused, mistake ? placeOf(mistake->place) : Place{},
                   mistake ? mistake->reason : QString::fromLatin1(SmilResult::meaning(result)));
 }
 
@@ -284,6 +296,8 @@ void checkPresentation(Message &message, Findings *findings)
         checkElement(element, &media, findings);
     if (elements.empty() || message.smilResult.value_or(SmilResult::Ok) < SmilResult::Ok)
         return;
+    if (message.slides().getTotalSlidesNum() == 0)
+        findings->add(Rule::NoSlides, {}, u"the presentation has no slides"_s);
     const SentBody body(message);
     for (int i = 0; i < message.parts().getPartCount(); ++i) {
         if (message.parts().getBodypartByIndex(i) != smil && !media.isUsed(i))

@@ -14,10 +14,14 @@ const QvlScannedPart *SentBody::part(int index) const
 Place SentBody::placeOf(int index) const
 {
     const QvlScannedPart *sent = part(index);
-    const QString name = m_message.parts().getBodypartByIndex(index)->getContentLocation();
-    return {.octet = m_message.sentBodyOffset() + (sent ? sent->offset : 0),
+    if (!sent)
+        return {.octet = m_message.sentBodyOffset(),
+                .part = index,
+                .name = m_message.parts().getBodypartByIndex(index)->getContentLocation()};
+    const QString location = sent->location();
+    return {.octet = m_message.sentBodyOffset() + sent->offset,
             .part = index,
-            .name = name};
+            .name = location.isEmpty() ? sent->id() : location};
 }
 
 } // namespace Check

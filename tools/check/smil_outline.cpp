@@ -100,6 +100,33 @@ private:
     int m_singles = 0;
 };
 
+/// Finds lines and columns of ascending places, in one pass.
+class PlaceCounter
+{
+public:
+    explicit PlaceCounter(const SmilText &text)
+        : m_text(text.text()), m_line(text.lineOfStart()), m_column(text.columnOfStart())
+    {
+    }
+
+    SmilText::Place placeOf(qsizetype position)
+    {
+        for (; m_position < position; ++m_position) {
+            const QChar character = m_text[m_position];
+            const bool endsLine = character == u'\n';
+            m_line += endsLine;
+            m_column = endsLine ? 1 : m_column + !character.isLowSurrogate();
+        }
+        return {m_line, m_column};
+    }
+
+private:
+    const QString &m_text;
+    qsizetype m_position = 0;
+    qint64 m_line;
+    qint64 m_column;
+};
+
 } // namespace
 
 std::vector<SmilElement> smilOutline(const QByteArray &smil)
@@ -110,17 +137,20 @@ std::vector<SmilElement> smilOutline(const QByteArray &smil)
         return elements;
     QXmlStreamReader reader(text.text());
     reader.setNamespaceProcessing(false);
+    PlaceCounter places(text);
     std::vector<Level> levels{Level(Content::Document)};
     while (!reader.atEnd() && levels.size() <= QvlDocumentLimits::DeepestNesting) {
-        const SmilText::Place before = text.placeOf(reader);
         reader.readNext();
         if (reader.isEndElement())
             levels.pop_back();
         if (!reader.isStartElement())
             continue;
-        const Known *row = levels.back().next(reader.name().toString());
-        elements.push_back({reader.name().toString(), reader.attributes(), before.line,
-                            before.column + 1, row == nullptr});
+        const QString tag = reader.qualifiedName().toString();
+        const Known *row = levels.back().next(tag);
+        // No attribute has this character.
+        const qsizetype begin = text.text().lastIndexOf(u'<', reader.characterOffset() - 1);
+        const SmilText::Place place = places.placeOf(begin);
+        elements.push_back({tag, reader.attributes(), place.line, place.column, row == nullptr});
         if (row)
             levels.emplace_back(row->content);
         else

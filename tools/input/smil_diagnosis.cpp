@@ -9,23 +9,50 @@ QString SmilMistake::text() const
     return QStringLiteral("line %1, column %2: ").arg(place.line).arg(place.column) + reason;
 }
 
+namespace {
+
+QString reasonOf(const QXmlStreamReader &reader)
+{
+    const QString reason = reader.errorString();
+    return reason.endsWith(u'.') ? reason.chopped(1) : reason;
+}
+
+// Reads up to the end, the first error, or one level too many. Returns the level.
+int readLevels(QXmlStreamReader *reader)
+{
+    reader->setNamespaceProcessing(false);
+    int depth = 0;
+    while (!reader->atEnd() && depth <= int(QvlDocumentLimits::DeepestNesting)) {
+        reader->readNext();
+        depth += reader->isStartElement() ? 1 : reader->isEndElement() ? -1 : 0;
+    }
+    return depth;
+}
+
+} // namespace
+
 std::optional<SmilMistake> findMistake(const QByteArray &smil)
 {
     const SmilText text(smil);
     if (text.hasDeclarations())
         return std::nullopt;
     QXmlStreamReader reader(text.text());
-    reader.setNamespaceProcessing(false);
-    for (int depth = 0; !reader.atEnd() && depth <= int(QvlDocumentLimits::DeepestNesting);) {
-        reader.readNext();
-        depth += reader.isStartElement() ? 1 : reader.isEndElement() ? -1 : 0;
-    }
+    readLevels(&reader);
     const SmilText::Place place = text.placeOf(reader);
     if (!reader.atEnd())
         return SmilMistake{place,
                            QStringLiteral("nested more than %1 levels deep")
                                .arg(QvlDocumentLimits::DeepestNesting)};
-    if (reader.hasError())
-        return SmilMistake{place, reader.errorString()};
-    return std::nullopt;
+    return reader.hasError() ? std::optional(SmilMistake{place, reasonOf(reader)}) : std::nullopt;
+}
+
+std::optional<SmilMistake> findXmlMistake(const QByteArray &smil)
+{
+    if (SmilText(smil).hasDeclarations())
+        return std::nullopt;
+    QXmlStreamReader reader(smil);
+    readLevels(&reader);
+    if (!reader.hasError())
+        return std::nullopt;
+    return SmilMistake{{reader.lineNumber(), reader.columnNumber()}, reasonOf(reader)};
 }

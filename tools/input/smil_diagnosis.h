@@ -23,3 +23,7 @@ struct SmilMistake
  * or attributes, because expanding them may take long.
  */
 std::optional<SmilMistake> findMistake(const QByteArray &smil);
+
+/// The first mistake for an XML reader that reads all octets of @p smil in their encoding. Nothing
+/// if there is none, or the text has declarations.
+std::optional<SmilMistake> findXmlMistake(const QByteArray &smil);

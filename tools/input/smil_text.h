@@ -23,6 +23,10 @@ public:
     explicit SmilText(const QByteArray &smil);
 
     const QString &text() const { return m_text; }
+    /// The line in which the text begins, from 1.
+    qint64 lineOfStart() const { return m_linesBefore + 1; }
+    /// The column in which the text begins, from 1.
+    qint64 columnOfStart() const { return m_columnsBefore + 1; }
     /// Whether the text declares entities or attributes. Expanding them may take long.
     bool hasDeclarations() const;
     /// The place of the last character that @p reader, which reads text(), has passed.

@@ -145,6 +145,7 @@ const std::vector<Row> &rows()
          field(MessageType, token(128)) + field(TransactionId, text("T"))
              + field(Version, token(0x92)) + ToPhone + body,
          whole},
+        {Rule::UnknownType, field(MessageType, token(255)) + ToPhone + body, whole},
         {Rule::MissingField,
          field(MessageType, token(129)) + field(TransactionId, text("T"))
              + field(Version, token(0x90)),
@@ -198,6 +199,7 @@ const std::vector<Row> &rows()
         {Rule::NoClipLength, mixed({named(text("audio/amr"), "a.amr", "#!AMR\n")}), whole},
         {Rule::NoSlides, whole, withPicture(8, 8)},
         {Rule::SmilRefused, withSmil("</body>", ""), withPicture(8, 8)},
+        {Rule::InvalidXml, withSmil("<layout>", "<layout>\xFF"), withPicture(8, 8)},
         {Rule::SkippedElement, withSmil("<par", "<excl/><par"), withPicture(8, 8)},
         {Rule::MissingPart, withSmil("a.png", "b.png"), withPicture(8, 8)},
         {Rule::OtherSpelling, withSmil("a.png", "A.png"), withPicture(8, 8)},
@@ -255,6 +257,79 @@ bool finds(Rule rule, const QByteArray &octets)
 bool findsInPart(Rule rule, const QByteArray &type, const QByteArray &data)
 {
     return finds(rule, mixed({named(text(type), "a", data)}));
+}
+
+QByteArray withFields(const QByteArray &fields)
+{
+    return field(MessageType, token(128)) + fields + ToPhone + field(Content, mediaCode(Mixed))
+        + body({textPart("a")});
+}
+
+const QByteArray Transaction = field(TransactionId, text("T"));
+const QByteArray Version10 = field(Version, token(0x90));
+const QByteArray Sender = field(0x09, withLength(token(129)));
+
+TEST(CheckHeader, FindsEveryMandatoryFieldThatIsMissing)
+{
+    EXPECT_FALSE(finds(Rule::MissingField, withFields(Transaction + Version10 + Sender)));
+    EXPECT_TRUE(finds(Rule::MissingField, withFields(Version10 + Sender)));
+    EXPECT_TRUE(finds(Rule::MissingField, withFields(Transaction + Sender)));
+    EXPECT_TRUE(finds(Rule::MissingField, withFields(Transaction + Version10)));
+}
+
+TEST(CheckHeader, NamesTheFieldThatIsNotAtItsPlace)
+{
+    const Findings findings = findingsIn(withFields(Transaction + Sender + Version10));
+    ASSERT_EQ(findings.count(Rule::FieldOrder), 1);
+    EXPECT_EQ(findings.inOrder().front().place.name, "MMS-Version");
+    const QByteArray date = field(0x05, octet(4) + QByteArray("\x40\xF8\0\0", 4));
+    EXPECT_FALSE(finds(Rule::FieldOrder, withFields(Transaction + Version10 + date + date)));
+}
+
+TEST(CheckHeader, TakesFieldsOfTheDeclaredVersion)
+{
+    const QByteArray readStatus = field(ReadStatus, token(128));
+    EXPECT_FALSE(finds(Rule::LaterField,
+                       withFields(Transaction + field(Version, token(0x91)) + readStatus)));
+    EXPECT_TRUE(finds(Rule::LaterField, withFields(Transaction + Version10 + readStatus)));
+}
+
+TEST(CheckHeader, TakesAnOrderFaultForAMessage)
+{
+    EXPECT_FALSE(finds(Rule::NoMessage, Transaction + SendReq + ToPhone));
+    EXPECT_TRUE(finds(Rule::NoMessage, "HTTP/1.1 200 OK\r\n" + octet(0) + SendReq + ToPhone));
+}
+
+TEST(CheckSmil, FindsAPresentationWithoutSlides)
+{
+    const QByteArray withoutSlides = "<smil><head/><body/></smil>";
+    EXPECT_TRUE(finds(Rule::NoSlides, related(withoutSlides, {textPart("a")})));
+}
+
+TEST(CheckSmil, TakesElementsWithAPrefixForOthers)
+{
+    EXPECT_TRUE(finds(Rule::SkippedElement,
+                      withSmil("<par dur=\"2s\"", "<par><x:par xmlns:x=\"y\"/></par><par")));
+}
+
+Place placeOfSkipped(const QByteArray &octets)
+{
+    const Findings findings = findingsIn(octets);
+    for (const Finding &finding : findings.inOrder()) {
+        if (finding.rule == Rule::SkippedElement)
+            return finding.place;
+    }
+    return {};
+}
+
+TEST(CheckSmil, CountsLinesAndColumnsInCharacters)
+{
+    const Place place =
+        placeOfSkipped(withSmil("<body>", "<body title=\"\U0001F600\">\n\t <excl/>\n"));
+    EXPECT_EQ(place.line, 2);
+    EXPECT_EQ(place.column, 3);
+    EXPECT_EQ(placeOfSkipped(withSmil("<body>", "<body title=\"\U0001F600\"><excl/>")).column,
+              placeOfSkipped(withSmil("<body>", "<body title=\"x\"><excl/>")).column);
 }
 
 TEST(CheckType, TakesTextsForTextsWhateverTheyBeginWith)
