@@ -108,8 +108,9 @@ private:
     bool isSorted() const { return m_reverse || !m_order.isEmpty(); }
     bool meetsAll(const Entry &entry) const
     {
-        return std::ranges::all_of(
-            m_conditions, [&entry](const Condition &condition) { return condition(entry); });
+        return (entry.error.isEmpty() || m_conditions.empty())
+            && std::ranges::all_of(
+                   m_conditions, [&entry](const Condition &condition) { return condition(entry); });
     }
 
     const Form m_form;
@@ -132,7 +133,7 @@ Entry readEntry(const QString &fileName, const ReadOptions &options)
 QString mistakeIn(const QCommandLineParser &arguments)
 {
     const QString order = arguments.value(u"sort"_s);
-    if (!order.isEmpty() && !orderNames().contains(order))
+    if (arguments.isSet(u"sort"_s) && !orderNames().contains(order))
         return u"--sort "_s + order + u": one of %1 is expected"_s.arg(orderNames().join(u", "_s));
     if (arguments.isSet(u"json"_s) && arguments.isSet(u"csv"_s))
         return u"--json and --csv exclude each other"_s;

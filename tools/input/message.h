@@ -41,6 +41,13 @@ struct Message : QvlMessage
             || smilResult.value_or(SmilResult::Ok) != 0;
     }
 
+    /// The subject for people: the decoder keeps the NUL after a text with a charset.
+    QString subject() const
+    {
+        const QString subject = header().getSubject();
+        return subject.endsWith(QChar::Null) ? subject.chopped(1) : subject;
+    }
+
     MessageState state() const
     {
         return isRefused()      ? MessageState::Refused

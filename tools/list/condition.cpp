@@ -28,14 +28,16 @@ QString comparableAddress(const QString &address)
     for (QChar character : address) {
         if (character.isDigit() || (character == u'+' && digits.isEmpty()))
             digits += character;
-        else if (!character.isSpace() && !character.isPunct())
+        else if (!character.isSpace() && !QStringView(u"()-./").contains(character))
             return address.toCaseFolded();
     }
-    return digits;
+    return digits.isEmpty() ? address.toCaseFolded() : digits;
 }
 
 Condition readFrom(const QString &value)
 {
+    if (value.isEmpty())
+        return nullptr;
     return [wanted = comparableAddress(value)](const Entry &entry) {
         return comparableAddress(entry.from) == wanted;
     };
@@ -43,6 +45,8 @@ Condition readFrom(const QString &value)
 
 Condition readTo(const QString &value)
 {
+    if (value.isEmpty())
+        return nullptr;
     return [wanted = comparableAddress(value)](const Entry &entry) {
         return std::ranges::any_of(
             entry.to, [&](const QString &address) { return comparableAddress(address) == wanted; });
@@ -51,6 +55,8 @@ Condition readTo(const QString &value)
 
 Condition readSubject(const QString &value)
 {
+    if (value.isEmpty())
+        return nullptr;
     return
         [value](const Entry &entry) { return entry.subject.contains(value, Qt::CaseInsensitive); };
 }
@@ -121,8 +127,8 @@ constexpr std::array kinds{
     Kind{"to=", "an address", readTo},
     Kind{"subject~", "a text", readSubject},
     Kind{"type=", "the name or number of a message type", readType},
-    Kind{"since=", "a date as in ISO 8601", readSince},
-    Kind{"until=", "a date as in ISO 8601", readUntil},
+    Kind{"since=", "a date such as 2026-05-01 or 2026-05-01T12:00", readSince},
+    Kind{"until=", "a date such as 2026-05-01 or 2026-05-01T12:00", readUntil},
     Kind{"has=", "image, audio, video, text or smil", readHas},
     Kind{"larger=", "a size from 1 to 1G such as 100k", readLarger},
     Kind{"state=", "ok, changed or refused", readState},
@@ -143,7 +149,7 @@ Condition readCondition(const QString &text, QString *error)
     const auto kind = std::ranges::find_if(
         kinds, [&text](const Kind &one) { return text.startsWith(QLatin1StringView(one.start)); });
     if (kind == kinds.end()) {
-        *error = u"no condition begins like "_s + text + u"; the conditions are "_s + starts();
+        *error = u"no condition begins like \"%1\"; the conditions are %2"_s.arg(text, starts());
         return nullptr;
     }
     Condition condition = kind->read(text.sliced(QLatin1StringView(kind->start).size()));

@@ -45,7 +45,7 @@ Entry entryOf(const Message &message)
     addRecipients(header.getToRecipients(), &entry.to);
     addRecipients(header.getCcRecipients(), &entry.to);
     addRecipients(header.getBccRecipients(), &entry.to);
-    entry.subject = header.getSubject();
+    entry.subject = message.subject();
     entry.slides = int(message.slides().getTotalSlidesNum());
     for (int i = 0; i < message.parts().getPartCount(); ++i)
         ++entry.parts[std::size_t(kindOf(*message.parts().getBodypartByIndex(i)))];

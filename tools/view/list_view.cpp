@@ -140,9 +140,12 @@ QString isoDate(const Entry &entry)
 
 bool isPhoneNumber(const QString &text)
 {
-    return text.size() > 1
-        && std::ranges::all_of(text.cbegin() + text.startsWith(u'+'), text.cend(),
-                               [](QChar character) { return character.isDigit(); });
+    const auto isPart = [](QChar character) {
+        return character.isDigit() || QStringView(u" ()-./").contains(character);
+    };
+    return !text.startsWith(u'-')
+        && std::ranges::any_of(text, [](QChar character) { return character.isDigit(); })
+        && std::ranges::all_of(text.cbegin() + text.startsWith(u'+'), text.cend(), isPart);
 }
 
 // Spreadsheets would run a text that begins like a formula.
@@ -152,13 +155,26 @@ QString disarmed(const QString &text)
     return isFormula && !isPhoneNumber(text) ? u'\'' + text : text;
 }
 
-QByteArray csvField(const QString &text)
+QByteArray quotedField(const QString &text)
 {
-    const QString safe = visible(disarmed(text));
+    const QString safe = visible(text);
     const bool needsQuotes = std::ranges::any_of(
         safe, [](QChar character) { return QStringView(u",\"\r\n").contains(character); });
     return needsQuotes ? ('"' + QString(safe).replace(u'"', "\"\""_L1) + '"').toUtf8()
                        : safe.toUtf8();
+}
+
+QByteArray csvField(const QString &text)
+{
+    return quotedField(disarmed(text));
+}
+
+// Harmless if the first one is a phone number.
+QByteArray recipientsField(const QStringList &addresses)
+{
+    const QString all = addresses.join("; "_L1);
+    return !addresses.isEmpty() && isPhoneNumber(addresses.first()) ? quotedField(all)
+                                                                    : csvField(all);
 }
 
 void writeType(int type, JsonWriter *json)
@@ -275,7 +291,7 @@ QByteArray csvRow(const Entry &entry)
                              csvField(isoDate(entry)),
                              csvField(entry.type == 0 ? QString() : typeText(entry.type)),
                              csvField(entry.from),
-                             csvField(entry.to.join("; "_L1)),
+                             recipientsField(entry.to),
                              csvField(entry.subject),
                              QByteArray::number(entry.slides)};
     for (int count : entry.parts)

@@ -53,15 +53,16 @@ INSTANTIATE_TEST_SUITE_P(
     All, ListCondition,
     testing::Values(
         Case{"from=+4915112345", true}, Case{"from=+49 (151) 12-345", true},
-        Case{"from=4915112345", false}, Case{"to=anna@example.ORG", true}, Case{"to=anna", false},
-        Case{"subject~HARBOR", true}, Case{"subject~ship", false},
-        Case{"type=m-retrieve-conf", true}, Case{"type=retrieve-conf", true},
-        Case{"type=132", true}, Case{"type=128", false}, Case{"since=2001-09-09T01:46:40Z", true},
-        Case{"since=2001-09-09T01:46:41Z", false}, Case{"until=2001-09-09T01:46:40Z", true},
-        Case{"until=2001-09-09T01:46:39Z", false}, Case{"has=image", true},
-        Case{"has=audio", false}, Case{"has=smil", true}, Case{"larger=2047", true},
-        Case{"larger=2048", false}, Case{"larger=1k", true}, Case{"larger=2k", false},
-        Case{"larger=1M", false}, Case{"state=ok", true}, Case{"state=refused", false}));
+        Case{"from=4915112345", false}, Case{"from=491511@2345", false},
+        Case{"to=anna@example.ORG", true}, Case{"to=anna", false}, Case{"subject~HARBOR", true},
+        Case{"subject~ship", false}, Case{"type=m-retrieve-conf", true},
+        Case{"type=retrieve-conf", true}, Case{"type=132", true}, Case{"type=128", false},
+        Case{"since=2001-09-09T01:46:40Z", true}, Case{"since=2001-09-09T01:46:41Z", false},
+        Case{"until=2001-09-09T01:46:40Z", true}, Case{"until=2001-09-09T01:46:39Z", false},
+        Case{"has=image", true}, Case{"has=audio", false}, Case{"has=smil", true},
+        Case{"larger=2047", true}, Case{"larger=2048", false}, Case{"larger=1k", true},
+        Case{"larger=2k", false}, Case{"larger=1M", false}, Case{"state=ok", true},
+        Case{"state=refused", false}));
 
 class NoCondition : public testing::TestWithParam<const char *>
 {
@@ -75,9 +76,9 @@ TEST_P(NoCondition, IsRefusedWithAReason)
 }
 
 INSTANTIATE_TEST_SUITE_P(All, NoCondition,
-                         testing::Values("", "sender=1", "type=letter", "since=yesterday",
-                                         "until=", "has=smell", "larger=", "larger=1g", "larger=-1",
-                                         "state=fine"));
+                         testing::Values("", "sender=1", "from=", "to=", "subject~", "type=letter",
+                                         "since=yesterday", "until=", "has=smell",
+                                         "larger=", "larger=1g", "larger=-1", "state=fine"));
 
 TEST(ListConditionOfDates, TakesADateAloneAsLocalMidnight)
 {
@@ -214,6 +215,18 @@ TEST(ListCsv, DisarmsFormulas)
         Entry hostile = entry();
         hostile.subject = formula;
         EXPECT_TRUE(csvRow(hostile).contains(",'" + formula.toUtf8() + ",")) << qPrintable(formula);
+    }
+}
+
+TEST(ListCsv, LeavesPhoneNumbersAsTheyAre)
+{
+    for (const QString &number : {u"+491"_s, u"+49 (151) 123-45"_s, u"+49.151/123"_s}) {
+        Entry sent = entry();
+        sent.from = number;
+        sent.to = {number, u"b@example.org"_s};
+        const QByteArray row = csvRow(sent);
+        EXPECT_TRUE(row.contains("," + number.toUtf8() + "," + number.toUtf8() + "; b@"))
+            << row.toStdString();
     }
 }
 
