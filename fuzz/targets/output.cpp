@@ -4,6 +4,7 @@
  */
 #include "check/check.h"
 #include "extract/extract.h"
+#include "html/index.h"
 #include "html/media.h"
 #include "html/message_page.h"
 #include "input/message.h"
@@ -72,15 +73,16 @@ void checkList(const Message &message)
 void checkElement(const QXmlStreamReader &page)
 {
     static const QStringList known{
-        "a",       "article",       "audio", "b",     "bdi",   "button", "dd", "div",   "dl",
-        "dt",      "foreignObject", "h2",    "h3",    "img",   "li",     "ol", "p",     "rect",
-        "section", "span",          "svg",   "table", "tbody", "td",     "th", "thead", "tr",
-        "ul",      "video"};
+        "a",  "article", "audio",         "b",       "bdi",  "button", "dd",    "div",
+        "dl", "dt",      "foreignObject", "h2",      "h3",   "img",    "li",    "ol",
+        "p",  "rect",    "nav",           "section", "span", "svg",    "table", "tbody",
+        "td", "th",      "thead",         "tr",      "ul",   "video"};
     require(known.contains(page.name()), "a page has no other elements");
     for (const QXmlStreamAttribute &attribute : page.attributes()) {
         require(!attribute.name().startsWith(u"on"), "a page has no handlers");
         const bool isAddress = attribute.name() == u"href" || attribute.name() == u"src";
-        require(!isAddress || attribute.value().startsWith(u"data:"), "a page loads nothing");
+        require(!isAddress || attribute.value().startsWith(u"data:") || attribute.value() == u"#m1",
+                "a page loads nothing");
     }
 }
 
@@ -101,7 +103,12 @@ void checkPage(const Message &message, const Check::Findings &findings)
     out.open(QIODevice::WriteOnly);
     HtmlWriter html(&out);
     PageMedia media(message, {.media = 1, .clips = 0, .decoded = 1});
+    html.open("section");
+    beginIndex(&html);
+    writeIndexEntry(&html, message, QByteArray(), QStringLiteral("#m1"));
+    endIndex(&html);
     writeMessage(&html, message, findings, 1, &media);
+    html.close();
     QXmlStreamReader page(out.data());
     while (!page.atEnd()) {
         if (page.readNext() == QXmlStreamReader::StartElement)
