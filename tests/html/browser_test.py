@@ -402,12 +402,14 @@ class PageTest(unittest.TestCase):
         self.assert_quiet(page)
 
     def test_a_video_that_is_not_played_is_shown_by_its_first_picture(self):
-        page = self.page_of(self.composed("--video", FIXTURES / "clips" / "video.3gp"))
-        self.assertEqual(self.stage("return stage.querySelector('video')"), None)
-        self.assertEqual(self.stage("const image = stage.querySelector('svg img');"
-                                    "return image.decode().then(() => image.naturalWidth > 0)"), True)
-        self.assertRegex(self.captions()["video.3gp"], r"^\d+ ms, is not played here$")
-        self.assert_quiet(page)
+        clip = (FIXTURES / "clips" / "video.3gp").read_bytes()
+        for name in ("a.3gp", "a.mov"):
+            page = self.page_of(self.composed("--video", self.written(name, clip)))
+            self.assertEqual(self.stage("return stage.querySelector('video')"), None)
+            self.assertEqual(self.stage("const image = stage.querySelector('svg img');"
+                                        "return image.decode().then(() => image.naturalWidth > 0)"), True)
+            self.assertRegex(self.captions()[name], r"^\d+ ms, is not played here$")
+            self.assert_quiet(page)
 
     def test_sounds_that_are_not_played_are_named_with_their_length(self):
         page = self.page_of(self.composed(

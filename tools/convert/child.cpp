@@ -28,10 +28,11 @@ struct Demuxer
 };
 
 constexpr std::array demuxers{
-    Demuxer{"amr", "amr"},   Demuxer{"awb", "amr"}, Demuxer{"3gp", "mov"}, Demuxer{"3gpp", "mov"},
-    Demuxer{"3g2", "mov"},   Demuxer{"mp4", "mov"}, Demuxer{"m4a", "mov"}, Demuxer{"aac", "aac"},
-    Demuxer{"mp3", "mp3"},   Demuxer{"wav", "wav"}, Demuxer{"avi", "avi"}, Demuxer{"mpg", "mpeg"},
-    Demuxer{"mpeg", "mpeg"}, Demuxer{"qcp", "qcp"},
+    Demuxer{"amr", "amr"}, Demuxer{"awb", "amr"}, Demuxer{"3gp", "mov"},  Demuxer{"3gpp", "mov"},
+    Demuxer{"3g2", "mov"}, Demuxer{"mov", "mov"}, Demuxer{"qt", "mov"},   Demuxer{"m4v", "mov"},
+    Demuxer{"mp4", "mov"}, Demuxer{"m4a", "mov"}, Demuxer{"aac", "aac"},  Demuxer{"mp3", "mp3"},
+    Demuxer{"wav", "wav"}, Demuxer{"avi", "avi"}, Demuxer{"mpg", "mpeg"}, Demuxer{"mpeg", "mpeg"},
+    Demuxer{"qcp", "qcp"},
 };
 
 const char *demuxerFor(std::string_view extension)

@@ -9,9 +9,9 @@
 
 #include <QString>
 
-/// Octets of a page that it may have unless the user sets another limit, and at most.
+/// The largest page unless the user sets another limit, and the largest limit.
 constexpr int StandardPageLimit = 50; // MB
-constexpr int LargestPageLimit = 1'000'000;
+constexpr int LargestPageLimit = 1'000'000; // MB
 
 /// A limit on the size of a page.
 struct PageLimit

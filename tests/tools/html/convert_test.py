@@ -113,7 +113,7 @@ class ConvertTest(unittest.TestCase):
         process.returncode = os.waitstatus_to_exitcode(status)
         process.stderr.close()
         self.assertEqual(process.returncode, 0)
-        self.assertLess(usage.ru_maxrss * 1024, 300 * MB)
+        self.assertLess(usage.ru_maxrss * 1024, 150 * MB)
         self.assertEqual(self.captions((self.folder / "page.html").read_text()),
                          [f"0.amr, {FAILED}", "0.amr, of unknown length"])
 
