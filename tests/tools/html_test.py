@@ -131,6 +131,15 @@ class HtmlTest(unittest.TestCase):
             back | {"Previous message": pages[0], "Next message": pages[2]},
             back | {"Previous message": pages[1]}])
 
+    def test_the_index_shortens_long_texts_and_lists(self):
+        recipients = b"".join(b"\x97+%d/TYPE=PLMN\0" % number for number in range(20))
+        (self.folder / "a.mms").write_bytes(message(b"\x96" + b"s" * 1000 + b"\0" + recipients))
+        self.run_html("a.mms", "a.mms", "-o", "page.html")
+        index = (self.folder / "page.html").read_text().split("</nav>")[0]
+        self.assertIn("s" * 200 + "…</span>", index)
+        self.assertNotIn("s" * 201, index)
+        self.assertIn(">To +1, +0, +1 and 18 more</span>", index)
+
     def test_an_existing_folder_needs_no_slash(self):
         (self.folder / "pages").mkdir()
         self.run_html(FIXTURES / "messages" / "related.mms", "-o", "pages")

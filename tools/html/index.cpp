@@ -5,11 +5,15 @@
 #include "render/slide_files.h"
 #include "view/field_values.h"
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
 constexpr int ThumbnailSize = 160; // pixels; the handset's page fits without scaling
+constexpr qsizetype MostAddresses = 3;
+constexpr qsizetype LongestText = 200; // the page of the message has the whole text
 
 // In place of a thumbnail.
 QString nameOf(const MessageList::Entry &entry)
@@ -31,17 +35,29 @@ void writePicture(HtmlWriter *html, const MessageList::Entry &entry, const QByte
     html->close();
 }
 
+QString shortened(const QString &text)
+{
+    if (text.size() <= LongestText)
+        return text;
+    const bool isInPair = text[LongestText - 1].isHighSurrogate();
+    return text.first(LongestText - (isInPair ? 1 : 0)) + u'\u2026';
+}
+
 void writeText(HtmlWriter *html, const QString &text, const QString &styleClass)
 {
     if (!text.isEmpty())
-        html->element("span", text, {{"class", styleClass}, {"dir", u"auto"_s}});
+        html->element("span", shortened(text), {{"class", styleClass}, {"dir", u"auto"_s}});
 }
 
 QString addresses(const MessageList::Entry &entry)
 {
     if (!entry.from.isEmpty())
         return u"From "_s + entry.from;
-    return entry.to.isEmpty() ? QString() : u"To "_s + entry.to.join(u", "_s);
+    if (entry.to.isEmpty())
+        return QString();
+    const qsizetype others = entry.to.size() - MostAddresses;
+    return u"To "_s + entry.to.first(std::min(entry.to.size(), MostAddresses)).join(u", "_s)
+        + (others > 0 ? u" and %1 more"_s.arg(others) : QString());
 }
 
 // To the minute.
