@@ -131,6 +131,14 @@ class HtmlTest(unittest.TestCase):
             back | {"Previous message": pages[0], "Next message": pages[2]},
             back | {"Previous message": pages[1]}])
 
+    def test_the_end_of_an_encoded_subject_is_not_shown_in_titles(self):
+        encoded = b"\xea" + "港口".encode() + b"\0"
+        (self.folder / "a.mms").write_bytes(message(b"\x96" + bytes([len(encoded)]) + encoded))
+        self.run_html("a.mms", "a.mms", "-o", "page.html")
+        page = (self.folder / "page.html").read_text()
+        self.assertEqual(page.count(">港口</span>"), 2)
+        self.assertEqual(page.count("<bdi>港口</bdi>"), 2)
+
     def test_the_index_shortens_long_texts_and_lists(self):
         recipients = b"".join(b"\x97+%d/TYPE=PLMN\0" % number for number in range(20))
         (self.folder / "a.mms").write_bytes(message(b"\x96" + b"s" * 1000 + b"\0" + recipients))

@@ -109,7 +109,9 @@ void writeFindings(HtmlWriter *html, const Check::Findings &findings)
 
 QString titleOf(const Message &message)
 {
-    const QString subject = message.header().getSubject();
+    QString subject = message.header().getSubject();
+    if (subject.endsWith(QChar::Null)) // the decoder keeps the end of a text with a charset
+        subject.chop(1);
     return subject.trimmed().isEmpty() ? message.fileName.section(u'/', -1) : subject;
 }
 
