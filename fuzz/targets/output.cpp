@@ -73,10 +73,11 @@ void checkList(const Message &message)
 void checkElement(const QXmlStreamReader &page)
 {
     static const QStringList known{
-        "a",  "article", "audio",         "b",       "bdi",  "button", "dd",    "div",
-        "dl", "dt",      "foreignObject", "h2",      "h3",   "img",    "li",    "ol",
-        "p",  "rect",    "nav",           "section", "span", "svg",    "table", "tbody",
-        "td", "th",      "thead",         "tr",      "ul",   "video"};
+        "a",   "article", "audio", "b",     "bdi",   "code", "button",
+        "dd",  "div",     "dl",    "dt",    "h2",    "h3",   "img",
+        "li",  "ol",      "p",     "rect",  "svg",   "td",   "foreignObject",
+        "tr",  "section", "span",  "tbody", "table", "ul",   "video",
+        "nav", "th",      "thead"};
     require(known.contains(page.name()), "a page has no other elements");
     for (const QXmlStreamAttribute &attribute : page.attributes()) {
         require(!attribute.name().startsWith(u"on"), "a page has no handlers");

@@ -131,6 +131,23 @@ class HtmlTest(unittest.TestCase):
             back | {"Previous message": pages[0], "Next message": pages[2]},
             back | {"Previous message": pages[1]}])
 
+    def test_a_message_is_not_replaced_by_a_page(self):
+        octets = (FIXTURES / "messages" / "related.mms").read_bytes()
+        for name in ("a.mms", "b.mms"):
+            (self.folder / name).write_bytes(octets)
+        done = self.run_html("-o", "a.mms", "b.mms", code=2)
+        self.assertEqual(done.stderr, "qvlmms: cannot write a.mms: it is a message; name another file\n")
+        self.assertEqual((self.folder / "a.mms").read_bytes(), octets)
+
+    def test_problems_that_are_not_listed_are_counted(self):
+        parts = [part("text/plain", located(b"%d.txt" % number), b"x") for number in range(30)]
+        (self.folder / "a.mms").write_bytes(
+            message(b"", part("application/smil", located(b"s.smil"), smil("<par dur='1s'/>")), *parts))
+        self.run_html("a.mms", "-o", "page.html")
+        page = (self.folder / "page.html").read_text()
+        self.assertEqual(page.count("<code>unused-part</code>"), 20)
+        self.assertIn("<li>and 10 more of unused-part</li>", page)
+
     def test_the_end_of_an_encoded_subject_is_not_shown_in_titles(self):
         encoded = b"\xea" + "港口".encode() + b"\0"
         (self.folder / "a.mms").write_bytes(message(b"\x96" + bytes([len(encoded)]) + encoded))

@@ -7,6 +7,7 @@
 #include "html/page_folder.h"
 #include "input/file_name.h"
 #include "input/message.h"
+#include "input/message_files.h"
 #include "output/write_file.h"
 
 #include <QCommandLineParser>
@@ -23,13 +24,25 @@ namespace {
 constexpr int SizeLimit = 300; // KB
 constexpr int MostOfAnyLimit = 1'000'000;
 
+std::filesystem::path pathOf(const QString &name)
+{
+    return FileName::toOctets(name).toStdString();
+}
+
 // True for a name that ends like a folder, or that a folder has.
 bool isFolder(const QString &name)
 {
     std::error_code ignored;
     return name.endsWith(u'/')
-        || (!isStandardOutput(name)
-            && std::filesystem::is_directory(FileName::toOctets(name).toStdString(), ignored));
+        || (!isStandardOutput(name) && std::filesystem::is_directory(pathOf(name), ignored));
+}
+
+// `-o *.mms` names the first message as the page.
+bool isMessage(const QString &name)
+{
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(pathOf(name), ignored)
+        && beginsLikeMessage(pathOf(name));
 }
 
 /// Reads messages and adds them to one page or to a folder of pages.
@@ -114,6 +127,11 @@ private:
 
 int writePages(const QCommandLineParser &arguments)
 {
+    const QString out = arguments.value(u"o"_s);
+    if (isMessage(out)) {
+        printError(cannotWrite(out, u"it is a message; name another file"_s));
+        return CannotDo;
+    }
     NamedFiles files(arguments);
     PageWriter pages(arguments, !files.isOne());
     const bool isWhole = files.inTurn([&](const QString &name) { return pages.add(name); });

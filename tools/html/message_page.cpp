@@ -99,9 +99,12 @@ void writeFindings(HtmlWriter *html, const Check::Findings &findings)
         const QString severity = Check::nameOf(finding.severity());
         html->open("li");
         html->element("b", severity, {{"class", severity}});
+        html->element("code", QString::fromLatin1(Check::textOf(finding.rule).id));
         html->element("bdi", sentenceOf(finding));
         html->close();
     }
+    for (const QString &line : notKeptLines(findings))
+        html->element("li", line);
     html->close();
 }
 

@@ -35,8 +35,8 @@ bool isHidden(const fs::path &name)
     return name.native().starts_with('.');
 }
 
-// The code of Message-Type and one of the types up to MMS 1.3. True also for a file that cannot be
-// read, so that reading it gives the reason.
+} // namespace
+
 bool beginsLikeMessage(const fs::path &path)
 {
     constexpr int StartSize = 2;
@@ -47,8 +47,6 @@ bool beginsLikeMessage(const fs::path &path)
     return start.size() == StartSize && start[0] == char(HeaderFieldCode::MessageType | 0x80)
         && QvlMessageType::nameOf(static_cast<unsigned char>(start[1]));
 }
-
-} // namespace
 
 MessageFiles::MessageFiles(QStringList arguments, std::optional<NameList> list, bool findsHidden)
     : m_arguments(std::move(arguments)), m_list(std::move(list)), m_findsHidden(findsHidden)

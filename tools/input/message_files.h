@@ -12,6 +12,10 @@
 #include <optional>
 #include <vector>
 
+/// True for a file that begins with the code of Message-Type and one of the types up to MMS 1.3.
+/// Also true for a file that cannot be read, so that reading it gives the reason.
+bool beginsLikeMessage(const std::filesystem::path &path);
+
 /**
  * Walks the arguments in their order, then the list, and each folder in the order of the names of
  * its files and folders. In folders, only regular files that begin like a message are found; the

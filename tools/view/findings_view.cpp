@@ -89,16 +89,24 @@ QString findingsSummary(const Findings &findings)
     return counts.isEmpty() ? u"no problems"_s : counts.join(", "_L1);
 }
 
+QStringList notKeptLines(const Findings &findings)
+{
+    QStringList lines;
+    for (const RuleText &rule : rules()) {
+        const int more = findings.count(rule.rule) - Findings::MostOfRule;
+        if (more > 0)
+            lines += u"and %1 more of %2"_s.arg(more).arg(QLatin1StringView(rule.id));
+    }
+    return lines;
+}
+
 QString findingsText(const Message &message, const Findings &findings)
 {
     QString text = visible(message.fileName) + ": "_L1 + findingsSummary(findings) + u'\n';
     for (const Finding &finding : findings.inOrder())
         text += lineOf(finding);
-    for (const RuleText &rule : rules()) {
-        const int more = findings.count(rule.rule) - Findings::MostOfRule;
-        if (more > 0)
-            text += u"  and %1 more of %2\n"_s.arg(more).arg(QLatin1StringView(rule.id));
-    }
+    for (const QString &line : notKeptLines(findings))
+        text += u"  "_s + line + u'\n';
     return text;
 }
 

@@ -6,6 +6,7 @@
 #include "check/findings.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <string>
 
@@ -14,6 +15,9 @@ struct Message;
 /// Where and what a problem is, its effect and its remedy, in one sentence. May contain control
 /// characters.
 QString sentenceOf(const Check::Finding &finding);
+
+/// A line for each rule with problems that are not kept, such as "and 3 more of unused-part".
+QStringList notKeptLines(const Check::Findings &findings);
 
 /// Such as "1 error, 2 notes".
 QString findingsSummary(const Check::Findings &findings);
