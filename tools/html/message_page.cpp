@@ -112,9 +112,7 @@ void writeFindings(HtmlWriter *html, const Check::Findings &findings)
 
 QString titleOf(const Message &message)
 {
-    QString subject = message.header().getSubject();
-    if (subject.endsWith(QChar::Null)) // the decoder keeps the end of a text with a charset
-        subject.chop(1);
+    const QString subject = message.subject();
     return subject.trimmed().isEmpty() ? message.fileName.section(u'/', -1) : subject;
 }
 
