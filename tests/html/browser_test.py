@@ -29,6 +29,8 @@ DRIVER = shutil.which("chromedriver")
 
 SPACE = "\ue00d"
 RIGHT = "\ue014"
+LEFT = "\ue012"
+ENTER = "\ue007"
 CONTROL = "\ue009"
 ATTACK = ("</title></script><script>window.pwned=1;document.title='pwned'</script>"
           "<img src=x onerror=\"window.pwned=2\">\"onload=\"window.pwned=3\" '"
@@ -262,6 +264,78 @@ class PageTest(unittest.TestCase):
         self.assertEqual(self.stage("return stage.dataset.state"), "playing")
         self.driver.screenshot(FOLDER / "playing.png")
         self.assert_quiet(page)
+
+    def wait_for(self, condition, seconds=8):
+        """The seconds until the script gives a true value."""
+        started = time.monotonic()
+        while not self.stage(f"return {condition}"):
+            self.assertLess(time.monotonic() - started, seconds, condition)
+            time.sleep(0.02)
+        return time.monotonic() - started
+
+    def test_a_pause_keeps_the_place(self):
+        self.page_of(FIXTURES / "messages" / "related.mms")
+        self.stage("stage.focus()")
+        self.driver.press(SPACE)
+        time.sleep(2)
+        self.driver.press(SPACE)
+        self.assertEqual((self.stage("return stage.dataset.state"), self.current()), ("paused", 0))
+        self.driver.press(SPACE)
+        self.assertLess(self.wait_for("stage.querySelectorAll('.slide')[1].matches('.current')"), 3)
+        self.driver.press(SPACE)
+        self.driver.press(SPACE)
+        self.assertEqual((self.stage("return stage.dataset.state"), self.current()), ("playing", 1))
+
+    def test_a_pause_keeps_the_place_in_a_sound(self):
+        self.page_of(self.composed("--audio", FIXTURES / "clips" / "sound.amr", "--duration", "9s"))
+        self.stage("stage.focus()")
+        self.driver.press(SPACE)
+        self.wait_for("stage.querySelector('audio').currentTime > 0.2")
+        self.driver.press(SPACE)
+        paused = self.stage("return stage.querySelector('audio').currentTime")
+        self.driver.press(SPACE)
+        self.assertGreaterEqual(self.stage("return stage.querySelector('audio').currentTime"), paused)
+
+    def test_after_the_end_the_slides_play_again(self):
+        self.page_of(self.composed("--slide", "--text", "a", "--duration", "200ms",
+                                   "--slide", "--text", "b", "--duration", "200ms"))
+        self.stage("stage.focus()")
+        for _ in range(2):
+            self.driver.press(SPACE)
+            self.assertEqual(self.current(), 0)
+            self.wait_for("stage.dataset.state === 'paused'")
+            self.assertEqual(self.current(), 1)
+
+    def test_only_one_message_plays(self):
+        related = FIXTURES / "messages" / "related.mms"
+        self.page_of(related, related)
+        for stage in (0, 1):
+            self.driver.run(f"document.querySelectorAll('[data-action=play]')[{stage}].click()")
+        self.assertEqual(self.driver.run("return [...document.querySelectorAll('.stage')]"
+                                         ".map(stage => stage.dataset.state)"), ["paused", "playing"])
+
+    def test_the_keyboard_stays_in_the_stage_when_a_button_is_disabled(self):
+        self.page_of(FIXTURES / "messages" / "related.mms")
+        self.stage("stage.querySelector('[data-action=next]').focus()")
+        self.driver.press(ENTER)
+        self.assertEqual(self.current(), 1)
+        self.driver.press(LEFT)
+        self.assertEqual(self.current(), 0)
+
+    def test_slides_without_a_duration_play_as_long_as_their_clips(self):
+        smil = (b"<smil><body><par><text src='a.txt'/></par><par><audio src='b.amr'/></par>"
+                b"<par dur='2s'><audio src='b.amr'/></par></body></smil>")
+        message = self.work / "durations.mms"
+        message.write_bytes(b"\x8c\x84\x8d\x90\x84\xb3\x03" + part("application/smil", "s.smil", smil)
+                            + part("text/plain", "a.txt", b"text")
+                            + part("audio/amr", "b.amr", (FIXTURES / "clips" / "sound.amr").read_bytes()))
+        self.page_of(message)
+        self.assertEqual(self.stage("return [...stage.querySelectorAll('.slide')]"
+                                    ".map(slide => slide.dataset.duration)"), ["5000", "1000", "2000"])
+        captions = self.stage("return [...stage.querySelectorAll('.slide > :last-child')]"
+                              ".map(caption => caption.textContent)")
+        self.assertEqual(captions, ["Slide 1, no duration, plays 5000 ms",
+                                    "Slide 2, no duration, plays 1000 ms", "Slide 3, 2000 ms"])
 
     def test_keys_of_the_browser_and_of_players_stay_theirs(self):
         self.page_of(self.composed("--slide", "--audio", FIXTURES / "clips" / "sound.amr", "--slide", "--text", "t"))

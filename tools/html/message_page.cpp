@@ -26,7 +26,13 @@ void writeButton(HtmlWriter *html, const char *action, const QString &name)
                   {{"type", u"button"_s}, {"data-action", QString::fromLatin1(action)}});
 }
 
-void writeStage(HtmlWriter *html, const Message &message, PageMedia *media)
+// The id of the title of the message with @p number.
+QString titleId(int number)
+{
+    return u"title%1"_s.arg(number);
+}
+
+void writeStage(HtmlWriter *html, const Message &message, int number, PageMedia *media)
 {
     if (message.slides().getTotalSlidesNum() == 0)
         return;
@@ -35,13 +41,18 @@ void writeStage(HtmlWriter *html, const Message &message, PageMedia *media)
                       ? u"Slides, generated from the parts: the message has none"_s
                       : u"Slides"_s);
     html->open("section",
-               {{"class", u"stage"_s}, {"tabindex", u"0"_s}, {"aria-label", u"Slides"_s}});
+               {{"class", u"stage"_s},
+                {"tabindex", u"0"_s},
+                {"aria-labelledby", titleId(number)},
+                {"aria-keyshortcuts", u"Space ArrowLeft ArrowRight"_s}});
     html->open("div", {{"class", u"controls"_s}});
     writeButton(html, "previous", u"Previous"_s);
     writeButton(html, "play", u"Play"_s);
     writeButton(html, "next", u"Next"_s);
     html->element("span", QString(), {{"class", u"position"_s}, {"role", u"status"_s}});
     writeButton(html, "all", u"All slides"_s);
+    html->element("span", u"Keys: Space plays, \u2190 and \u2192 change the slide"_s,
+                  {{"class", u"keys"_s}});
     html->close();
     html->open("ol", {{"class", u"slides"_s}});
     writeSlides(html, message.slides(), media);
@@ -121,7 +132,7 @@ void writeMessage(HtmlWriter *html, const Message &message, const Check::Finding
 {
     const QString state = QString::fromLatin1(stateName(message.state()));
     html->open("article", {{"class", u"message"_s}, {"id", u"m%1"_s.arg(number)}});
-    html->open("h2");
+    html->open("h2", {{"id", titleId(number)}});
     html->element("bdi", titleOf(message));
     html->close();
     html->open("p");
@@ -130,7 +141,7 @@ void writeMessage(HtmlWriter *html, const Message &message, const Check::Finding
     html->element("span", state, {{"class", u"state-"_s + state}});
     html->close();
     writeHeader(html, message);
-    writeStage(html, message, media);
+    writeStage(html, message, number, media);
     writeParts(html, message);
     writeFindings(html, findings);
     html->close();

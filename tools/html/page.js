@@ -19,31 +19,43 @@ class Player {
   show(index) {
     this.stopMedia();
     this.index = Math.min(Math.max(index, 0), this.slides.length - 1);
+    this.left = Number(this.slides[this.index].dataset.duration); // milliseconds
+    this.hasEnded = false;
+    for (const medium of this.media())
+      medium.currentTime = 0;
     this.slides.forEach((slide, i) => slide.classList.toggle("current", i === this.index));
     this.controls.querySelector(".position").textContent = `${this.index + 1} of ${this.slides.length}`;
-    this.button("previous").disabled = this.index === 0;
-    this.button("next").disabled = this.index === this.slides.length - 1;
+    this.disable(this.button("previous"), this.index === 0);
+    this.disable(this.button("next"), this.index === this.slides.length - 1);
     if (this.isPlaying)
       this.playCurrent();
+  }
+
+  // A disabled button would lose the focus to the page.
+  disable(button, isDisabled) {
+    if (isDisabled && button === document.activeElement)
+      this.stage.focus();
+    button.disabled = isDisabled;
   }
 
   media() { return [...this.slides[this.index ?? 0].querySelectorAll("audio, video")]; }
 
   playCurrent() {
     for (const medium of this.media()) {
-      medium.currentTime = 0;
-      medium.play().catch(() => {}); // the browser does not play this kind, and shows that
+      if (!medium.ended)
+        medium.play().catch(() => {}); // the browser does not play this kind, and shows that
     }
-    const milliseconds = Number(this.slides[this.index].dataset.duration);
-    if (milliseconds >= 0)
-      this.timer = setTimeout(() => this.advance(), milliseconds);
+    this.started = performance.now();
+    this.timer = setTimeout(() => this.advance(), this.left);
   }
 
   advance() {
-    if (this.index + 1 < this.slides.length)
+    if (this.index + 1 < this.slides.length) {
       this.show(this.index + 1);
-    else
+    } else {
       this.pause();
+      this.hasEnded = true;
+    }
   }
 
   stopMedia() {
@@ -53,15 +65,18 @@ class Player {
   }
 
   play() {
+    players.filter(player => player !== this && player.isPlaying).forEach(player => player.pause());
     this.stage.dataset.state = "playing";
     this.label();
-    if (this.index === this.slides.length - 1 && this.slides.length > 1)
+    if (this.hasEnded)
       this.show(0);
     else
       this.playCurrent();
   }
 
   pause() {
+    if (this.isPlaying)
+      this.left = Math.max(this.left - (performance.now() - this.started), 0);
     this.stage.dataset.state = "paused";
     this.stopMedia();
     this.label();
@@ -100,5 +115,4 @@ class Player {
   }
 }
 
-for (const stage of document.querySelectorAll(".stage"))
-  new Player(stage);
+const players = [...document.querySelectorAll(".stage")].map(stage => new Player(stage));

@@ -139,6 +139,12 @@ void writeLongTexts(HtmlWriter *html, const QList<PlacedObject> &places, const Q
     }
 }
 
+bool isClip(const Object &object)
+{
+    const int type = object.getMediaElementType();
+    return type == SMIL_MEDIA_AUDIO || type == SMIL_MEDIA_VIDEO;
+}
+
 QString lengthText(int milliseconds)
 {
     return milliseconds < 0 ? u"of unknown length"_s : ModelText::duration(milliseconds);
@@ -156,7 +162,7 @@ void writePlayer(HtmlWriter *html, const Object &object, PageMedia *media)
 {
     auto *part = object.getData();
     const bool isVideo = object.getMediaElementType() == SMIL_MEDIA_VIDEO;
-    if (!part || (!isVideo && object.getMediaElementType() != SMIL_MEDIA_AUDIO))
+    if (!part || !isClip(object))
         return;
     const BrowserMedia clip = media->player(*part, isVideo);
     const bool isPlayed = clip.type && media->take(object, clip.octets.size());
@@ -171,10 +177,32 @@ void writePlayer(HtmlWriter *html, const Object &object, PageMedia *media)
                   {{"class", u"caption"_s}});
 }
 
+// Milliseconds that a slide plays: without a duration as long as its clips.
+int playedDuration(const Slide &slide, PageMedia *media)
+{
+    constexpr int WithoutClips = 5000; // as generated slides
+    if (slide.getDur() >= 0)
+        return slide.getDur();
+    int longest = 0;
+    for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i) {
+        auto *part = slide.getMediaObject(i)->getData();
+        if (part && isClip(*slide.getMediaObject(i)))
+            longest = std::max(longest, media->playDuration(*part));
+    }
+    return longest > 0 ? longest : WithoutClips;
+}
+
+QString durationText(const Slide &slide, int played)
+{
+    const QString text = ModelText::duration(played);
+    return slide.getDur() >= 0 ? text : u"no duration, plays "_s + text;
+}
+
 void writeSlide(HtmlWriter *html, const SlidesOfPage &slides, unsigned int index, PageMedia *media)
 {
     const Slide &slide = *slides.data.getSlide(index);
-    html->open("li", {{"class", u"slide"_s}, {"data-duration", QString::number(slide.getDur())}});
+    const int played = playedDuration(slide, media);
+    html->open("li", {{"class", u"slide"_s}, {"data-duration", QString::number(played)}});
     const QSize size = slides.page.size();
     const SlideStyle style = slideStyle(slides.data, slide, pageUnit(size));
     const QList<PlacedObject> places = slides.page.place(objectsOnPage(slide, &media->texts()));
@@ -182,7 +210,7 @@ void writeSlide(HtmlWriter *html, const SlidesOfPage &slides, unsigned int index
     writeLongTexts(html, places, size, style.textHeight, media);
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
         writePlayer(html, *slide.getMediaObject(i), media);
-    html->element("p", u"Slide %1, "_s.arg(index + 1) + ModelText::duration(slide.getDur()),
+    html->element("p", u"Slide %1, "_s.arg(index + 1) + durationText(slide, played),
                   {{"class", u"caption"_s}});
     html->close();
     html->markup("\n");
