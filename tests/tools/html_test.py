@@ -12,6 +12,7 @@ import struct
 import subprocess
 import sys
 import tempfile
+import time
 import unittest
 import zlib
 
@@ -147,6 +148,23 @@ class HtmlTest(unittest.TestCase):
         page = (self.folder / "page.html").read_text()
         self.assertEqual(page.count("<code>unused-part</code>"), 20)
         self.assertIn("<li>and 10 more of unused-part</li>", page)
+
+    def test_a_page_has_only_the_date_of_the_sender(self):
+        pages = []
+        for name in ("a.html", "b.html"):
+            self.run_html(FIXTURES / "messages" / "related.mms", "-o", name)
+            pages.append((self.folder / name).read_text())
+            time.sleep(1.1)
+        self.assertEqual(*pages)
+        self.assertRegex(pages[0], r">Date</dt><dd dir=\"auto\">2004-07-1\dT[^<( ]*</dd>")
+
+    def test_an_mp3_without_a_tag_is_played_as_it_is(self):
+        (self.folder / "a.mms").write_bytes(
+            message(b"", part("application/smil", located(b"s.smil"), smil('<par><audio src="a.mp3"/></par>')),
+                    part("audio/mpeg", located(b"a.mp3"), b"\xff\xfb\x90\x00" + bytes(413))))
+        self.run_html("a.mms", "-o", "page.html")
+        source, = Links(self.folder / "page.html").sources
+        self.assertTrue(source.startswith("data:audio/mpeg;base64,//uQ"), source[:40])
 
     def test_the_end_of_an_encoded_subject_is_not_shown_in_titles(self):
         encoded = b"\xea" + "港口".encode() + b"\0"

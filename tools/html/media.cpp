@@ -14,7 +14,7 @@ namespace {
 using Part = MMS_COMP_SMILMultipartBodypart;
 
 // Why a clip is not played.
-constexpr char NotPlayed[] = "is not played here";
+constexpr char NotPlayed[] = "is not played by browsers";
 constexpr char TooManyClips[] = "is not converted: the message has too many clips";
 constexpr char Failed[] = "could not be converted";
 
@@ -42,9 +42,25 @@ bool isPlayedWav(const QByteArray &octets)
         && octets[CodecOffset + 1] == 0;
 }
 
+// By the media type; by the name if the type says nothing.
+QString extensionOf(const Part &part)
+{
+    const QString extension =
+        MMS_COMP_Util::getFirstSupportExtNameByMIMEType(part.getContentType(), part.getSubType());
+    return extension.isEmpty() ? MMS_COMP_Util::getExtName(part.getContentLocation()) : extension;
+}
+
+// A frame of MPEG layer 3, which files without a tag begin with.
+bool beginsLikeMp3(QByteArrayView octets)
+{
+    return octets.size() > 1 && octets[0] == '\xff' && (octets[1] & 0xE6) == 0xE2;
+}
+
 // The sound that the browser plays as it is.
 BrowserMedia playedSound(const Part &part)
 {
+    if (extensionOf(part) == u"mp3" && beginsLikeMp3(part.getBodyData()))
+        return {"audio/mpeg", part.getBodyData()};
     const BrowserMedia sound = recognized(part, sounds);
     const bool isOtherWav =
         sound.type && qstrcmp(sound.type, "audio/wav") == 0 && !isPlayedWav(sound.octets);
@@ -55,14 +71,6 @@ BrowserMedia playedSound(const Part &part)
 bool isBaseMedia(const Part &part)
 {
     return Check::recognizeMedia(part.getBodyData()).type == QLatin1StringView("video/3gpp");
-}
-
-// By the media type; by the name if the type says nothing.
-QString extensionOf(const Part &part)
-{
-    const QString extension =
-        MMS_COMP_Util::getFirstSupportExtNameByMIMEType(part.getContentType(), part.getSubType());
-    return extension.isEmpty() ? MMS_COMP_Util::getExtName(part.getContentLocation()) : extension;
 }
 
 } // namespace

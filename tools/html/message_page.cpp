@@ -3,6 +3,7 @@
 #include "extract/extract.h"
 #include "html/slide_page.h"
 #include "input/message.h"
+#include "view/field_values.h"
 #include "view/findings_view.h"
 #include "view/message_view.h"
 
@@ -10,12 +11,18 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+// The date is the sender's: that of the decoding would change with each page.
 void writeHeader(HtmlWriter *html, const Message &message)
 {
+    const QString dateName = QString::fromLatin1(headerFieldInfo(HeaderFieldCode::Date)->name);
+    const auto sent = message.sentTimes().date;
     html->open("dl");
     for (const FieldView &field : fieldViews(message)) {
+        const bool isDate = field.name == dateName;
+        if (isDate && !sent)
+            continue;
         html->element("dt", field.name);
-        html->element("dd", field.text, {{"dir", u"auto"_s}});
+        html->element("dd", isDate ? FieldValue::textOf(*sent) : field.text, {{"dir", u"auto"_s}});
     }
     html->close();
 }

@@ -172,8 +172,8 @@ void writePlayer(HtmlWriter *html, const Object &object, PageMedia *media)
         html->close();
     }
     html->element("p",
-                  object.getSrc() + u", "_s + lengthText(media->playDuration(*part))
-                      + whyNotPlayed(clip, isPlayed),
+                  object.getSrc() + u" ("_s + part->getMimeFormat() + u"), "_s
+                      + lengthText(media->playDuration(*part)) + whyNotPlayed(clip, isPlayed),
                   {{"class", u"caption"_s}});
 }
 

@@ -72,7 +72,8 @@ class ConvertTest(unittest.TestCase):
         return self.finish(self.start(*messages, **keywords))
 
     def captions(self, page):
-        return re.findall(r'<p class="caption">(\d\.amr, [^<]*)</p>', page)
+        return [name + text for name, text in
+                re.findall(r'<p class="caption">(\d\.amr) \(audio/amr\)(, [^<]*)</p>', page)]
 
     def sounds(self, page):
         """The WAV files in the page."""
