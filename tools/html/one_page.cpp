@@ -10,8 +10,7 @@
 using namespace Qt::StringLiterals;
 
 OnePage::OnePage(QString fileName, PageLimit limit, bool mayHaveIndex)
-    : m_fileName(std::move(fileName)), m_limit(limit), m_mayHaveIndex(mayHaveIndex),
-      m_frame(pageFrame(u"Multimedia messages"_s))
+    : m_fileName(std::move(fileName)), m_limit(limit), m_mayHaveIndex(mayHaveIndex)
 {
     beginIndex(&m_index.html());
 }
@@ -19,7 +18,8 @@ OnePage::OnePage(QString fileName, PageLimit limit, bool mayHaveIndex)
 bool OnePage::add(const Message &message, const Check::Findings &findings, PageMedia *media,
                   QString *error)
 {
-    ++m_count;
+    if (++m_count == 1)
+        m_title = titleOf(message);
     if (m_mayHaveIndex)
         writeIndexEntry(&m_index.html(), message, thumbnailOf(message), u"#m%1"_s.arg(m_count));
     writeMessage(&m_messages.html(), message, findings, m_count, media);
@@ -45,19 +45,26 @@ bool OnePage::finish(Report *report, QString *error)
     return true;
 }
 
+PageFrame OnePage::frame() const
+{
+    return m_count == 1 ? pageFrame(m_title, u"Multimedia message"_s)
+                        : pageFrame(u"Multimedia messages"_s, u"Multimedia messages"_s);
+}
+
 qint64 OnePage::size() const
 {
     const qint64 index = m_count > 1 ? m_index.size() : 0;
-    return m_frame.size() + index + m_messages.size();
+    return frame().size() + index + m_messages.size();
 }
 
 int OnePage::writeTo(int file)
 {
-    if (const int error = writeOctets(file, m_frame.before))
+    const PageFrame frame = this->frame();
+    if (const int error = writeOctets(file, frame.before))
         return error;
     if (const int error = m_count > 1 ? m_index.writeTo(file) : 0)
         return error;
     if (const int error = m_messages.writeTo(file))
         return error;
-    return writeOctets(file, m_frame.after);
+    return writeOctets(file, frame.after);
 }

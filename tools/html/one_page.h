@@ -19,13 +19,14 @@ public:
     bool finish(Report *report, QString *error) override;
 
 private:
+    PageFrame frame() const;
     qint64 size() const;
     int writeTo(int file);
 
     const QString m_fileName;
     const PageLimit m_limit;
     const bool m_mayHaveIndex;
-    const PageFrame m_frame;
+    QString m_title; ///< of the first message
     Draft m_index;
     Draft m_messages;
 };

@@ -28,7 +28,7 @@ QString policy()
         + u"; base-uri 'none'; form-action 'none'"_s;
 }
 
-void writeBefore(HtmlWriter *html, const QString &title)
+void writeBefore(HtmlWriter *html, const QString &title, const QString &heading)
 {
     html->markup("<!DOCTYPE html>\n");
     html->open("html", {{"lang", u"en"_s}});
@@ -45,7 +45,7 @@ void writeBefore(HtmlWriter *html, const QString &title)
     html->markup("\n");
     html->open("body");
     html->open("main");
-    html->element("h1", title);
+    html->element("h1", heading);
     html->markup("\n");
 }
 
@@ -62,12 +62,12 @@ void writeAfter(HtmlWriter *html)
 
 } // namespace
 
-PageFrame pageFrame(const QString &title)
+PageFrame pageFrame(const QString &title, const QString &heading)
 {
     QBuffer page;
     page.open(QIODevice::WriteOnly);
     HtmlWriter html(&page);
-    writeBefore(&html, title);
+    writeBefore(&html, title, heading);
     const qsizetype end = page.data().size();
     writeAfter(&html);
     return {page.data().first(end), page.data().sliced(end)};

@@ -15,5 +15,5 @@ struct PageFrame
     qsizetype size() const { return before.size() + after.size(); }
 };
 
-/// The frame of a page named @p title.
-PageFrame pageFrame(const QString &title);
+/// The frame of a page named @p title, which begins with @p heading.
+PageFrame pageFrame(const QString &title, const QString &heading);

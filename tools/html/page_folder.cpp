@@ -45,12 +45,11 @@ QByteArray navigation(int number, bool hasNext)
 }
 
 // A page whose content begins with @p start and goes on with @p rest.
-bool writePage(const QString &fileName, const QString &title, const QByteArray &start, Draft *rest,
-               QString *error)
+bool writePage(const QString &fileName, const PageFrame &frame, const QByteArray &start,
+               Draft *rest, QString *error)
 {
     if (*error = rest->error(); !error->isEmpty())
         return false;
-    const PageFrame frame = pageFrame(title);
     const auto writeTo = [&](int file) {
         if (const int failure = writeOctets(file, frame.before + start))
             return failure;
@@ -80,6 +79,7 @@ bool PageFolder::add(const Message &message, const Check::Findings &findings, Pa
     writeIndexEntry(&m_index.html(), message, hasRoom ? thumbnailOf(message) : QByteArray(),
                     pageName(m_count));
     m_last = std::make_unique<Draft>();
+    m_lastTitle = titleOf(message);
     writeMessage(&m_last->html(), message, findings, m_count, media);
     *error = m_index.error();
     return error->isEmpty();
@@ -90,7 +90,8 @@ bool PageFolder::finish(Report *report, QString *error)
     endIndex(&m_index.html());
     const QString fileName = FileName::inFolder(m_folder, IndexName);
     if (!writeLast(false, error)
-        || !writePage(fileName, u"Multimedia messages"_s, {}, &m_index, error))
+        || !writePage(fileName, pageFrame(u"Multimedia messages"_s, u"Multimedia messages"_s), {},
+                      &m_index, error))
         return false;
     report->written +=
         writtenFileText(fileName, u" ("_s + countText() + u", each on its own page)"_s);
@@ -104,6 +105,7 @@ bool PageFolder::finish(Report *report, QString *error)
 bool PageFolder::writeLast(bool hasNext, QString *error)
 {
     return !m_last
-        || writePage(FileName::inFolder(m_folder, pageName(m_count)), u"Message %1"_s.arg(m_count),
+        || writePage(FileName::inFolder(m_folder, pageName(m_count)),
+                     pageFrame(m_lastTitle, u"Message %1"_s.arg(m_count)),
                      navigation(m_count, hasNext), m_last.get(), error);
 }

@@ -27,5 +27,6 @@ private:
     const PageLimit m_limit;
     Draft m_index;
     std::unique_ptr<Draft> m_last; ///< the message whose page waits for the next one
+    QString m_lastTitle;
     Missing m_withoutThumbnail;
 };
