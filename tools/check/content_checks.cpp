@@ -21,9 +21,10 @@ using Part = MMS_COMP_SMILMultipartBodypart;
 constexpr qint64 MostDecodedPixels = 40'000'000; // of all pictures
 constexpr qint64 MostPixels = 64'000'000; // 256 MB when decoded
 
-bool isText(const Part &part)
+// Others, such as vCards and HTML, may declare their charset inside.
+bool isPlainText(const QString &type)
 {
-    return part.getContentType().compare("text"_L1, Qt::CaseInsensitive) == 0;
+    return type == "text/plain"_L1;
 }
 
 bool isClip(const QString &type)
@@ -100,7 +101,7 @@ void checkContent(Message &message, Findings *findings)
             continue;
         const Place place = body.placeOf(i);
         const QString type = part->getMimeFormat().toLower();
-        if (isText(*part))
+        if (isPlainText(type))
             checkText(*part, body.part(i), place, findings);
         const bool isAsDeclared = checkType(*part, type, place, findings);
         if (isAsDeclared && type.startsWith("image/"_L1) && findings->takes(Rule::BrokenPicture))

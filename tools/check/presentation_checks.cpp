@@ -77,9 +77,12 @@ public:
         }
     }
 
-    /// The part with that name, apart from case, or with the unescaped one.
+    /// The part with that name, first of all the exact one; then apart from case, or unescaped.
     Named find(const QString &reference) const
     {
+        const QString name = bareName(reference);
+        if (const auto exact = m_exact.constFind(name); exact != m_exact.constEnd())
+            return {*exact, name};
         const auto found = m_parts.constFind(partKey(reference));
         return found != m_parts.constEnd() ? *found : m_parts.value(unescaped(reference).toLower());
     }
@@ -90,7 +93,11 @@ private:
         const QString key = partKey(name);
         if (!key.isEmpty() && !m_parts.contains(key))
             m_parts.insert(key, {index, bareName(name)});
+        if (!key.isEmpty() && !m_exact.contains(bareName(name)))
+            m_exact.insert(bareName(name), index);
     }
+
+    QHash<QString, int> m_exact;
 
     QHash<QString, Named> m_parts;
 };

@@ -2,6 +2,10 @@
 
 #include "view/highlight.h"
 
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+#include <algorithm>
 #include <cstdio>
 #include <string>
 
@@ -9,16 +13,28 @@ namespace {
 
 constexpr qint64 Delay = 500; // milliseconds
 constexpr qint64 Interval = 100; // milliseconds
-constexpr int Width = 30; // columns
+constexpr int Widest = 30; // columns
+constexpr int Beside = 30; // columns for the percentage and the number
 constexpr int Percent = 100;
 
 Progress *current = nullptr;
 
+// In columns, so that the line fits the terminal.
+std::size_t barWidth()
+{
+    winsize size{};
+    if (::ioctl(STDERR_FILENO, TIOCGWINSZ, &size) != 0 || size.ws_col == 0)
+        return Widest;
+    return std::size_t(std::clamp(size.ws_col - Beside, 0, Widest));
+}
+
 std::string barFor(double fraction)
 {
-    const auto filled = std::size_t(fraction * Width);
-    return '[' + std::string(filled, '#') + std::string(Width - filled, '-') + "] "
-        + std::to_string(int(fraction * Percent)) + "%, ";
+    const std::size_t width = barWidth();
+    const auto filled = std::size_t(fraction * double(width));
+    const std::string bar =
+        width == 0 ? "" : '[' + std::string(filled, '#') + std::string(width - filled, '-') + "] ";
+    return bar + std::to_string(int(fraction * Percent)) + "%, ";
 }
 
 } // namespace

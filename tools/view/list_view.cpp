@@ -138,13 +138,13 @@ QString isoDate(const Entry &entry)
     return entry.date ? FieldValue::dateText(*entry.date) : QString();
 }
 
+// Spreadsheets compute with other punctuation.
 bool isPhoneNumber(const QString &text)
 {
     const auto isPart = [](QChar character) {
-        return character.isDigit() || QStringView(u" ()-./").contains(character);
+        return character.isDigit() || QStringView(u" ()").contains(character);
     };
-    return !text.startsWith(u'-')
-        && std::ranges::any_of(text, [](QChar character) { return character.isDigit(); })
+    return std::ranges::any_of(text, [](QChar character) { return character.isDigit(); })
         && std::ranges::all_of(text.cbegin() + text.startsWith(u'+'), text.cend(), isPart);
 }
 
@@ -155,7 +155,7 @@ QString disarmed(const QString &text)
     return isFormula && !isPhoneNumber(text) ? u'\'' + text : text;
 }
 
-QByteArray quotedField(const QString &text)
+QByteArray csvField(const QString &text)
 {
     const QString safe = visible(text);
     const bool needsQuotes = std::ranges::any_of(
@@ -164,17 +164,13 @@ QByteArray quotedField(const QString &text)
                        : safe.toUtf8();
 }
 
-QByteArray csvField(const QString &text)
+// Some programs take a semicolon for a separator, so each recipient is disarmed.
+QString recipientsText(const QStringList &addresses)
 {
-    return quotedField(disarmed(text));
-}
-
-// Harmless if the first one is a phone number.
-QByteArray recipientsField(const QStringList &addresses)
-{
-    const QString all = addresses.join("; "_L1);
-    return !addresses.isEmpty() && isPhoneNumber(addresses.first()) ? quotedField(all)
-                                                                    : csvField(all);
+    QStringList texts;
+    for (const QString &address : addresses)
+        texts += disarmed(address);
+    return texts.join("; "_L1);
 }
 
 void writeType(int type, JsonWriter *json)
@@ -287,12 +283,12 @@ QByteArray csvTitle()
 
 QByteArray csvRow(const Entry &entry)
 {
-    QList<QByteArray> fields{csvField(entry.file),
+    QList<QByteArray> fields{csvField(disarmed(entry.file)),
                              csvField(isoDate(entry)),
                              csvField(entry.type == 0 ? QString() : typeText(entry.type)),
-                             csvField(entry.from),
-                             recipientsField(entry.to),
-                             csvField(entry.subject),
+                             csvField(disarmed(entry.from)),
+                             csvField(recipientsText(entry.to)),
+                             csvField(disarmed(entry.subject)),
                              QByteArray::number(entry.slides)};
     for (int count : entry.parts)
         fields += QByteArray::number(count);

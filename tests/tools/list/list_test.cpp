@@ -211,7 +211,8 @@ TEST(ListCsv, QuotesWhatNeedsQuotes)
 
 TEST(ListCsv, DisarmsFormulas)
 {
-    for (const QString &formula : {u"=1+1"_s, u"+1 x"_s, u"-1-1"_s, u"@SUM"_s, u"+"_s}) {
+    for (const QString &formula :
+         {u"=1+1"_s, u"+1 x"_s, u"-1-1"_s, u"+49-151"_s, u"+1/2"_s, u"@SUM"_s, u"+"_s}) {
         Entry hostile = entry();
         hostile.subject = formula;
         EXPECT_TRUE(csvRow(hostile).contains(",'" + formula.toUtf8() + ",")) << qPrintable(formula);
@@ -220,7 +221,7 @@ TEST(ListCsv, DisarmsFormulas)
 
 TEST(ListCsv, LeavesPhoneNumbersAsTheyAre)
 {
-    for (const QString &number : {u"+491"_s, u"+49 (151) 123-45"_s, u"+49.151/123"_s}) {
+    for (const QString &number : {u"+491"_s, u"+49 (151) 12345"_s}) {
         Entry sent = entry();
         sent.from = number;
         sent.to = {number, u"b@example.org"_s};
@@ -228,6 +229,13 @@ TEST(ListCsv, LeavesPhoneNumbersAsTheyAre)
         EXPECT_TRUE(row.contains("," + number.toUtf8() + "," + number.toUtf8() + "; b@"))
             << row.toStdString();
     }
+}
+
+TEST(ListCsv, DisarmsEachRecipient)
+{
+    Entry sent = entry();
+    sent.to = {u"+491"_s, u"=x"_s};
+    EXPECT_TRUE(csvRow(sent).contains(",+491; '=x,")) << csvRow(sent).toStdString();
 }
 
 TEST(ListCsv, HasAFieldForEachTitle)
