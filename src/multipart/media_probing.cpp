@@ -6,6 +6,7 @@
 
 #include "base/durations.h"
 #include "base/no_memory.h"
+#include "multipart/picture_format.h"
 #include "multipart/picture_octets.h"
 #include "platform/comp_util.h"
 #include "platform/player_engine.h"
@@ -99,7 +100,8 @@ bool MMS_COMP_SMILMultipartBodypart::isMediaObjectSupported()
         if (m_mediaCheck != MediaCheck::NotChecked)
             return m_mediaCheck == MediaCheck::Supported;
         if (m_contentType == "image"_L1) {
-            const bool supported = isDecodableImage(qvlPictureOctets(m_bodyData));
+            const QByteArray octets = qvlPictureOctets(m_bodyData);
+            const bool supported = isRasterPicture(octets) && isDecodableImage(octets);
             m_mediaCheck = supported ? MediaCheck::Supported : MediaCheck::NotSupported;
             return supported;
         }

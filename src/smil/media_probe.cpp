@@ -1,6 +1,7 @@
 #include "smil/media_probe.h"
 
 #include "multipart/body_part.h"
+#include "multipart/picture_format.h"
 #include "multipart/picture_octets.h"
 
 #include <QBuffer>
@@ -49,6 +50,8 @@ bool MediaProbe::passes(MMS_COMP_SMILMultipartBodypart *part)
     if (part->getContentType() != "image"_L1)
         return part->isMediaObjectSupported();
     QByteArray octets = qvlPictureOctets(part->getBodyData());
+    if (!isRasterPicture(octets))
+        return part->isMediaObjectSupported();
     QBuffer buffer(&octets);
     QImageReader reader(&buffer);
     const qint64 pixels = pixelsToDecode(octets, reader.size());

@@ -1,11 +1,8 @@
 #include "check/picture_size.h"
 
-#include <QBuffer>
-#include <QImageReader>
+#include "render/picture_source.h"
 
 QSize Check::pictureSize(const MMS_COMP_SMILMultipartBodypart &part)
 {
-    QByteArray octets = part.getBodyData();
-    QBuffer buffer(&octets);
-    return QImageReader(&buffer).size();
+    return examinePicture(part.getBodyData()).storedSize;
 }
