@@ -31,3 +31,12 @@ QByteArray Sound::wav(const Form &form, QByteArray samples)
     return samples.prepend("RIFF" + number(4 + 8 + FormatOctets + 8 + size, 4) + "WAVEfmt "
                            + number(FormatOctets, 4) + format + "data" + number(size, 4));
 }
+
+int Sound::milliseconds(const QByteArray &wav)
+{
+    constexpr qsizetype SpeedOffset = 28; // octets in a second
+    constexpr qsizetype SizeOffset = 40; // of the samples
+    const auto speed = qFromLittleEndian<quint32>(wav.constData() + SpeedOffset);
+    const auto size = qFromLittleEndian<quint32>(wav.constData() + SizeOffset);
+    return speed > 0 ? int(quint64(size) * 1000 / speed) : 0;
+}

@@ -17,4 +17,7 @@ struct Form
 /// A WAV file with the samples, which are in the processor's order of octets.
 QByteArray wav(const Form &form, QByteArray samples);
 
+/// Milliseconds that a file of wav() plays.
+int milliseconds(const QByteArray &wav);
+
 } // namespace Sound

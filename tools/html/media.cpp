@@ -1,6 +1,7 @@
 #include "html/media.h"
 
 #include "check/media_signatures.h"
+#include "convert/wav.h"
 #include "input/message.h"
 
 #include <QBuffer>
@@ -141,7 +142,8 @@ BrowserMedia PageMedia::soundOf(const Part &part)
     if (sound->whyNot)
         return *sound;
     const QByteArray wav = Converter::wavOf(part.getBodyData(), extensionOf(part));
-    sound = wav.isEmpty() ? BrowserMedia{.whyNot = Failed} : BrowserMedia{"audio/wav", wav};
+    sound = wav.isEmpty() ? BrowserMedia{.whyNot = Failed}
+                          : BrowserMedia{"audio/wav", wav, nullptr, Sound::milliseconds(wav)};
     return *sound;
 }
 

@@ -34,6 +34,7 @@ struct BrowserMedia
     const char *type = nullptr; ///< null when the browser cannot
     QByteArray octets = {};
     const char *whyNot = nullptr; ///< why a clip is not played, as the end of a sentence
+    int milliseconds = -1; ///< that a converted sound plays; -1 for others
 };
 
 /// The media of a message for its slides. Converts each part only once, and limits what all slides

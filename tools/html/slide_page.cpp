@@ -150,11 +150,15 @@ QString lengthText(int milliseconds)
     return milliseconds < 0 ? u"of unknown length"_s : ModelText::duration(milliseconds);
 }
 
-QString whyNotPlayed(const BrowserMedia &clip, bool isPlayed)
+// What is not played of a clip of @p length milliseconds, as the end of a sentence.
+QString notPlayed(const BrowserMedia &clip, bool isPlayed, int length)
 {
-    if (isPlayed)
-        return QString();
-    return clip.whyNot ? u", "_s + QLatin1StringView(clip.whyNot) : u',' + NotShown.toString();
+    constexpr int Tolerance = 1000; // of a measured length
+    if (!isPlayed)
+        return clip.whyNot ? u", "_s + QLatin1StringView(clip.whyNot) : u',' + NotShown.toString();
+    const bool isTruncated = clip.milliseconds >= 0 && length > clip.milliseconds + Tolerance;
+    return isTruncated ? u", only the first "_s + ModelText::duration(clip.milliseconds)
+                       : QString();
 }
 
 // Sounds and videos below the page, where their controls have room.
@@ -171,9 +175,10 @@ void writePlayer(HtmlWriter *html, const Object &object, PageMedia *media)
                            {{"controls", {}}, {"preload", u"none"_s}, {"title", object.getSrc()}});
         html->close();
     }
+    const int length = media->playDuration(*part);
     html->element("p",
-                  object.getSrc() + u" ("_s + part->getMimeFormat() + u"), "_s
-                      + lengthText(media->playDuration(*part)) + whyNotPlayed(clip, isPlayed),
+                  object.getSrc() + u" ("_s + part->getMimeFormat() + u"), "_s + lengthText(length)
+                      + notPlayed(clip, isPlayed, length),
                   {{"class", u"caption"_s}});
 }
 
