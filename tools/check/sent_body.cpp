@@ -4,7 +4,13 @@
 
 namespace Check {
 
-SentBody::SentBody(const Message &message) : m_message(message), m_parts(sentParts(message)) { }
+SentBody::SentBody(const Message &message) : m_message(message), m_parts(sentParts(message))
+{
+    for (const QvlScannedPart &part : m_parts) {
+        const QString location = part.location();
+        m_names += location.isEmpty() ? part.id() : location;
+    }
+}
 
 const QvlScannedPart *SentBody::part(int index) const
 {
@@ -18,10 +24,8 @@ Place SentBody::placeOf(int index) const
         return {.octet = m_message.sentBodyOffset(),
                 .part = index,
                 .name = m_message.parts().getBodypartByIndex(index)->getContentLocation()};
-    const QString location = sent->location();
-    return {.octet = m_message.sentBodyOffset() + sent->offset,
-            .part = index,
-            .name = location.isEmpty() ? sent->id() : location};
+    return {
+        .octet = m_message.sentBodyOffset() + sent->offset, .part = index, .name = m_names[index]};
 }
 
 } // namespace Check

@@ -6,6 +6,8 @@
 #include "check/findings.h"
 #include "view/parts_view.h"
 
+#include <QStringList>
+
 namespace Check {
 
 /// The parts as they were sent, beside those that the message has.
@@ -23,6 +25,7 @@ public:
 private:
     const Message &m_message;
     SentParts m_parts;
+    QStringList m_names; // found once: the headers of a part may be many
 };
 
 } // namespace Check
