@@ -138,8 +138,8 @@ public:
         std::optional<double> height;
         for (const SmilElement &element : elements) {
             if (element.tag == "root-layout"_L1 && !element.isSkipped) {
-                width = leadingNumber(element.value("width"_L1));
-                height = leadingNumber(element.value("height"_L1));
+                width = leadingNumber(element.value(SmilAttribute::Width));
+                height = leadingNumber(element.value(SmilAttribute::Height));
             }
         }
         for (const SmilElement &element : elements) {
@@ -158,10 +158,10 @@ private:
     void add(const SmilElement &element, std::optional<double> rootWidth,
              std::optional<double> rootHeight)
     {
-        const auto width = pixels(element.value("width"_L1), rootWidth);
-        const auto height = pixels(element.value("height"_L1), rootHeight);
-        const QString fit = element.value("fit"_L1);
-        const QString id = element.value("id"_L1);
+        const auto width = pixels(element.value(SmilAttribute::Width), rootWidth);
+        const auto height = pixels(element.value(SmilAttribute::Height), rootHeight);
+        const QString fit = element.value(SmilAttribute::Fit);
+        const QString id = element.value(SmilAttribute::Id);
         if (width && height && !id.isEmpty())
             m_regions.insert(id, {*width, *height, fit.isEmpty() || fit == "hidden"_L1});
     }
@@ -186,7 +186,7 @@ public:
 
     void check(const SmilElement &element)
     {
-        const QString source = element.value("src"_L1);
+        const QString source = element.value(SmilAttribute::Src);
         const auto [part, name] = m_names.find(source);
         if (part < 0) {
             m_findings->add(Rule::MissingPart, placeOf(element),
@@ -198,7 +198,7 @@ public:
             m_findings->add(Rule::OtherSpelling, placeOf(element),
                             u"\"%1\" refers to the part \"%2\""_s.arg(source, name));
         m_used.insert(part);
-        if (const auto region = m_regions.find(element.value("region"_L1)))
+        if (const auto region = m_regions.find(element.value(SmilAttribute::Region)))
             checkRegion(element, part, *region);
     }
 
@@ -268,11 +268,11 @@ void checkTime(const SmilElement &element, Findings *findings)
 {
     if (!isSlide(element) && !isMedia(element))
         return;
-    for (QLatin1StringView attribute : {"dur"_L1, "end"_L1}) {
-        const QString value = element.value(attribute);
-        if (isNoTime(value))
+    for (const auto &[attribute, value] : element.attributes) {
+        const bool isDur = attribute == SmilAttribute::Dur;
+        if ((isDur || attribute == SmilAttribute::End) && isNoTime(value))
             findings->add(Rule::ZeroDuration, placeOf(element),
-                          u"<%1> has %2=\"%3\""_s.arg(element.tag, attribute, value));
+                          u"<%1> has %2=\"%3\""_s.arg(element.tag, isDur ? u"dur" : u"end", value));
     }
 }
 

@@ -9,6 +9,7 @@
 #include <algorithm>
 #include <array>
 #include <string_view>
+#include <utility>
 
 using namespace Qt::StringLiterals;
 
@@ -100,6 +101,23 @@ private:
     int m_singles = 0;
 };
 
+constexpr std::array usedAttributes{
+    std::pair{"dur"_L1, SmilAttribute::Dur}, std::pair{"end"_L1, SmilAttribute::End},
+    std::pair{"fit"_L1, SmilAttribute::Fit}, std::pair{"height"_L1, SmilAttribute::Height},
+    std::pair{"id"_L1, SmilAttribute::Id},   std::pair{"region"_L1, SmilAttribute::Region},
+    std::pair{"src"_L1, SmilAttribute::Src}, std::pair{"width"_L1, SmilAttribute::Width},
+};
+
+std::vector<std::pair<SmilAttribute, QString>> usedOf(const QXmlStreamAttributes &attributes)
+{
+    std::vector<std::pair<SmilAttribute, QString>> used;
+    for (const auto &[name, attribute] : usedAttributes) {
+        if (attributes.hasAttribute(name))
+            used.emplace_back(attribute, attributes.value(name).trimmed().toString());
+    }
+    return used;
+}
+
 /// Finds lines and columns of ascending places, in one pass.
 class PlaceCounter
 {
@@ -150,7 +168,7 @@ std::vector<SmilElement> smilOutline(const QByteArray &smil)
         // No attribute has this character.
         const qsizetype begin = text.text().lastIndexOf(u'<', reader.characterOffset() - 1);
         const SmilText::Place place = places.placeOf(begin);
-        elements.push_back({tag, reader.attributes(), place.line, place.column, row == nullptr});
+        elements.push_back({tag, usedOf(reader.attributes()), place.line, place.column, !row});
         if (row)
             levels.emplace_back(row->content);
         else

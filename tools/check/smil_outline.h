@@ -6,25 +6,32 @@
 
 #include <QByteArray>
 #include <QString>
-#include <QXmlStreamAttributes>
 
+#include <utility>
 #include <vector>
 
 namespace Check {
 
-/// An element of the SMIL.
+/// An attribute that the checks look at.
+enum class SmilAttribute : unsigned char { Dur, End, Fit, Height, Id, Region, Src, Width };
+
+/// An element of the SMIL. A document may have a hundred thousand of them.
 struct SmilElement
 {
     QString tag;
-    QXmlStreamAttributes attributes;
+    std::vector<std::pair<SmilAttribute, QString>> attributes; ///< values are trimmed
     qint64 line; ///< where it begins, from 1
     qint64 column; ///< from 1
     bool isSkipped; ///< the library passes over it and its content
 
-    /// The value of an attribute, trimmed.
-    QString value(QLatin1StringView name) const
+    /// The value of an attribute; empty if the element does not have it.
+    QString value(SmilAttribute attribute) const
     {
-        return attributes.value(name).trimmed().toString();
+        for (const auto &[name, value] : attributes) {
+            if (name == attribute)
+                return value;
+        }
+        return QString();
     }
 };
 
