@@ -99,6 +99,7 @@ const std::vector<Row> rows{
     rewritten("TokenInLetters", "8F 48 69 67 68 00"_octets, "8F 82"_octets),
     rewritten("TokenWithLength", "8F 01 82"_octets, "8F 82"_octets),
     rewritten("VersionInLetters", "8D 31 2E 32 00"_octets, "8D 92"_octets),
+    leftOut("VersionWithoutMinorNumber", "8D 31 2E 78 00"_octets, MmsVersion),
     leftOut("VersionOutOfRange", "8D 39 2E 32 00"_octets, MmsVersion),
     leftOut("DateWithLongLength", "85 1F 04 01 02 03 04"_octets, Date),
     rewritten("TimeWithMoreOctets", "88 04 81 01 3C 00"_octets, "88 06 81 04 00 00 00 3C"_octets),

@@ -21,6 +21,7 @@ from wire_messages import located, message, part, smil
 
 SEED = 20261122
 KILLS = 50
+UMASK = 0o022
 TEMPORARY = ".qvlmms-"
 TO_FOLDER = ("extract", "html to a folder", "render")
 
@@ -160,7 +161,8 @@ class Test:
             self.expect((folder / "sub/real").read_bytes() == files["out.mms"],
                         f"{command} did not write the file of a link")
             mode = stat.S_IMODE((folder / "sub/real").stat().st_mode)
-            self.expect(mode == 0o640 or not existing, f"{command} changed the permissions to {mode:o}")
+            expected = 0o640 if existing else 0o666 & ~UMASK
+            self.expect(mode == expected, f"{command} gives the file the permissions {mode:o}")
         (folder / "out.mms").unlink()
         (folder / "out.mms").symlink_to("out.mms")
         code, _, error = self.run(command, folder / "out.mms")
@@ -238,6 +240,7 @@ class Test:
 
 def main():
     qvlmms, picture = map(os.path.abspath, sys.argv[1:])
+    os.umask(UMASK)
     with tempfile.TemporaryDirectory() as folder:
         test = Test(qvlmms, picture, pathlib.Path(folder))
         for command in test.commands:
