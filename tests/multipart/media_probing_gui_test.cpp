@@ -5,7 +5,6 @@
 #include "multipart/pictures.h"
 #include "support/fake_player_engine.h"
 
-#include <QGuiApplication>
 #include <QPixmap>
 
 #include <gtest/gtest.h>
@@ -29,12 +28,4 @@ TEST(MediaProbingWithGui, PictureIsProbedAnewWhenItsOctetsChange)
     EXPECT_FALSE(part.isMediaObjectSupported());
     part.setBodyData(Pictures[0].octets);
     EXPECT_TRUE(part.isMediaObjectSupported());
-}
-
-int main(int argc, char **argv)
-{
-    testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen"); // the machine may have no display
-    const QGuiApplication application(argc, argv);
-    return RUN_ALL_TESTS();
 }

@@ -90,10 +90,19 @@ bool PageMedia::take(const MMS_COMP_SMILMediaObject &object, qsizetype octets)
     return isTaken;
 }
 
-bool PageMedia::fits(const QString &text, const QSizeF &size, double height)
+bool PageMedia::measureText(const QString &text, const QSizeF &size, double height)
 {
-    return !m_measured.take(fittingText(text, size, height).size())
-        || TextLines(text, size, pictureFont(height)).isWhole();
+    return m_measured.take(fittingText(text, size, height).size())
+        && textFits(text, size, pictureFont(height));
+}
+
+bool PageMedia::fits(const Part &part, const QSizeF &size, double height)
+{
+    const auto [known, isNew] =
+        m_fitting.try_emplace({&part, size.width(), size.height(), height}, false);
+    if (isNew)
+        known->second = measureText(m_texts.find(part), size, height);
+    return known->second;
 }
 
 // Counts a clip to convert. Returns why it is not converted, or null.

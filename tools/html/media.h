@@ -16,7 +16,9 @@
 #include <QHash>
 #include <QStringList>
 
+#include <map>
 #include <optional>
+#include <tuple>
 
 struct Message;
 
@@ -55,9 +57,9 @@ public:
     /// Milliseconds that the clip in @p part plays, or -1.
     int playDuration(Part &part) { return m_shown.playDuration(part); }
     Texts &texts() { return m_texts; }
-    /// True if @p text, with letters @p height high, fits into an area of the size @p size. Also
-    /// true once measuring takes too long.
-    bool fits(const QString &text, const QSizeF &size, double height);
+    /// True if the text of @p part, with letters @p height high, fits into an area of the size
+    /// @p size. False for all that were not measured yet once measuring takes too long.
+    bool fits(const Part &part, const QSizeF &size, double height);
 
     /// Counts @p octets that a slide shows of @p object. False if that exceeds the limit.
     bool take(const MMS_COMP_SMILMediaObject &object, qsizetype octets);
@@ -66,6 +68,9 @@ public:
     QStringList missingLines() const;
 
 private:
+    /// The part, width and height of its area, and the height of its letters.
+    using PlacedText = std::tuple<const Part *, double, double, double>;
+
     struct Converted
     {
         std::optional<BrowserMedia> picture;
@@ -79,15 +84,17 @@ private:
     BrowserMedia soundOf(const Part &part);
     const Converted &videoOf(const Part &part);
     const char *takeClip(const Part &part);
+    bool measureText(const QString &text, const QSizeF &size, double height);
 
     const PageLimits m_limits;
     Work m_octets;
     Work m_clips;
-    Work m_measured{RenderLimits().drawn * Million / CharacterWork}; ///< in characters
+    Work m_measured{40'000}; ///< characters
     Pictures m_pictures;
     Texts m_texts;
     ShownParts m_shown;
     QHash<const Part *, Converted> m_converted;
+    std::map<PlacedText, bool> m_fitting;
     Missing m_notShown;
     Missing m_notConverted;
     Missing m_notDecoded;

@@ -47,6 +47,31 @@ int layOutLines(QTextLayout *layout, const QSizeF &size)
     return fitting;
 }
 
+// Lays out as much of @p text as can fit. Returns the number of lines that fit, at least 1.
+int layOutBeginning(QTextLayout *layout, const QString &text, const QSizeF &size, const QFont &font)
+{
+    const QString beginning = fittingText(text, size, font.pixelSize());
+    layout->setFont(font);
+    layout->setText(beginning);
+    layout->setTextOption(textOptionFor(beginning));
+    return layOutLines(layout, size);
+}
+
+bool hasAllOf(const QString &text, const QTextLayout &layout, int count)
+{
+    const QTextLine last = layout.lineAt(count - 1);
+    return last.textStart() + last.textLength() >= text.size();
+}
+
+// The height of @p count lines, rounded up.
+int heightOf(const QTextLayout &layout, int count)
+{
+    if (count == 0)
+        return 0;
+    const QTextLine last = layout.lineAt(count - 1);
+    return int(std::ceil(last.y() + last.height()));
+}
+
 QString elidedAt(const QString &text, qsizetype lineStart, const QFont &font, double width)
 {
     const QString line = text.sliced(lineStart).section(QChar::LineSeparator, 0, 0) + Ellipsis;
@@ -91,32 +116,34 @@ QString fittingText(const QString &text, const QSizeF &size, double height)
     return text.left(qsizetype(std::min(columns * lines, double(LongestText))));
 }
 
+bool textFits(const QString &text, const QSizeF &size, const QFont &font)
+{
+    if (size.isEmpty() || text.isEmpty())
+        return text.isEmpty();
+    QTextLayout layout;
+    const int count = layOutBeginning(&layout, text, size, font);
+    return hasAllOf(text, layout, count) && heightOf(layout, count) <= std::ceil(size.height());
+}
+
 TextLines::TextLines(const QString &text, const QSizeF &most, const QFont &font)
 {
     if (most.isEmpty() || text.isEmpty()) {
         m_isWhole = text.isEmpty();
         return;
     }
-    const QString fitting = fittingText(text, most, font.pixelSize());
-    m_layout.setFont(font);
-    m_layout.setText(fitting);
-    m_layout.setTextOption(textOptionFor(fitting));
-    m_count = layOutLines(&m_layout, most);
-    const QTextLine last = m_layout.lineAt(m_count - 1);
-    const bool hasAllLines = last.textStart() + last.textLength() >= text.size();
+    m_count = layOutBeginning(&m_layout, text, most, font);
+    const bool hasAllLines = hasAllOf(text, m_layout, m_count);
     m_isWhole = hasAllLines && height() <= std::ceil(most.height());
     if (hasAllLines)
         return;
-    m_layout.setText(elidedAt(fitting, last.textStart(), font, most.width()));
+    const int start = m_layout.lineAt(m_count - 1).textStart();
+    m_layout.setText(elidedAt(m_layout.text(), start, font, most.width()));
     m_count = std::min(layOutLines(&m_layout, most), m_count);
 }
 
 int TextLines::height() const
 {
-    if (m_count == 0)
-        return 0;
-    const QTextLine last = m_layout.lineAt(m_count - 1);
-    return int(std::ceil(last.y() + last.height()));
+    return heightOf(m_layout, m_count);
 }
 
 void TextLines::draw(QPainter *painter, const QPointF &corner) const

@@ -37,6 +37,9 @@ QFont pictureFont(double pixels);
 /// high. Only this much of a text is broken into lines.
 QString fittingText(const QString &text, const QSizeF &size, double height);
 
+/// True if all of @p text fits into an area of the size @p size.
+bool textFits(const QString &text, const QSizeF &size, const QFont &font);
+
 /// A text in lines. The last line ends with an ellipsis if the text does not fit.
 class TextLines
 {

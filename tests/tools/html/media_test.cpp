@@ -56,6 +56,30 @@ TEST(PageMedia, DoesNotConvertALargePicture)
     EXPECT_TRUE(media.missingLines().first().contains("--max-decoded"));
 }
 
+TEST(PageMedia, MeasuresATextOnlyOnceForEachArea)
+{
+    constexpr int Slides = 100;
+    const OneObject slide(SMIL_MEDIA_TEXT, QByteArray(2'000, 'x'));
+    const auto &part = *slide.object->getData();
+    PageMedia media(slide.message, {});
+    for (int i = 0; i < Slides; ++i) {
+        EXPECT_TRUE(media.fits(part, QSizeF(1000, 1000), 10));
+        EXPECT_FALSE(media.fits(part, QSizeF(100, 100), 10));
+    }
+}
+
+TEST(PageMedia, TakesATextForTooLongOnceMeasuringTakesTooLong)
+{
+    const OneObject slide(SMIL_MEDIA_TEXT, QByteArray(2'000, 'x'));
+    const auto &part = *slide.object->getData();
+    PageMedia media(slide.message, {});
+    EXPECT_TRUE(media.fits(part, QSizeF(1000, 1000), 10));
+    for (int i = 1; i <= 100; ++i)
+        media.fits(part, QSizeF(1000 + i, 1000), 10);
+    EXPECT_FALSE(media.fits(part, QSizeF(2000, 2000), 10));
+    EXPECT_TRUE(media.fits(part, QSizeF(1000, 1000), 10));
+}
+
 TEST(HtmlWriter, EscapesTextsAndValues)
 {
     QBuffer page;

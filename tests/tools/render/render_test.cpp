@@ -5,8 +5,6 @@
 
 #include "tools/render/slides_to_draw.h"
 
-#include <QGuiApplication>
-
 #include <gtest/gtest.h>
 
 #include <limits>
@@ -268,12 +266,4 @@ TEST(SlideRenderer, DecodesTheTextOfManySlidesOnce)
     for (unsigned int i = 0; i <= 50; ++i)
         EXPECT_FALSE(renderer.render(i).isNull());
     EXPECT_EQ(renderer.texts().decodings(), 1);
-}
-
-int main(int argc, char **argv)
-{
-    testing::InitGoogleTest(&argc, argv);
-    qputenv("QT_QPA_PLATFORM", "offscreen"); // the machine may have no display
-    const QGuiApplication application(argc, argv);
-    return RUN_ALL_TESTS();
 }

@@ -45,6 +45,11 @@ struct ScriptRow
     const char16_t *text;
 };
 
+void PrintTo(const ScriptRow &row, std::ostream *out)
+{
+    *out << row.name;
+}
+
 const ScriptRow scriptRows[] = {
     {"Arabic", u"مرحبا بكم في الميناء"},
     {"Devanagari", u"बंदरगाह से नमस्ते"},
