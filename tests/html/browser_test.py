@@ -334,8 +334,8 @@ class PageTest(unittest.TestCase):
                                     ".map(slide => slide.dataset.duration)"), ["5000", "1000", "2000"])
         captions = self.stage("return [...stage.querySelectorAll('.slide > :last-child')]"
                               ".map(caption => caption.textContent)")
-        self.assertEqual(captions, ["Slide 1, no duration, plays 5000 ms",
-                                    "Slide 2, no duration, plays 1000 ms", "Slide 3, 2000 ms"])
+        self.assertEqual(captions, ["Slide 1, no duration, plays 5 s",
+                                    "Slide 2, no duration, plays 1 s", "Slide 3, 2 s"])
 
     def test_keys_of_the_browser_and_of_players_stay_theirs(self):
         self.page_of(self.composed("--slide", "--audio", FIXTURES / "clips" / "sound.amr", "--slide", "--text", "t"))
@@ -482,7 +482,7 @@ class PageTest(unittest.TestCase):
             self.assertEqual(self.stage("return stage.querySelector('video')"), None)
             self.assertEqual(self.stage("const image = stage.querySelector('svg img');"
                                         "return image.decode().then(() => image.naturalWidth > 0)"), True)
-            self.assertRegex(next(iter(self.captions().values())), r"^\d+ ms, is not played by browsers$")
+            self.assertRegex(next(iter(self.captions().values())), r"^\d+ s, is not played by browsers$")
             self.assert_quiet(page)
 
     def test_sounds_that_are_not_played_are_named_with_their_length(self):
@@ -490,9 +490,9 @@ class PageTest(unittest.TestCase):
             "--slide", "--audio", self.written("a.mid", midi()), "--slide", "--audio",
             self.written("b.imy", imelody()), "--slide", "--audio", self.written("c.qcp", qcelp())))
         self.assertEqual({name: text for name, text in self.captions().items() if "." in name},
-                         {"a.mid (audio/midi)": "2000 ms, is not played by browsers",
-                          "b.imy (audio/imelody)": "2000 ms, is not played by browsers",
-                          "c.qcp (audio/qcelp)": "2000 ms"})
+                         {"a.mid (audio/midi)": "2 s, is not played by browsers",
+                          "b.imy (audio/imelody)": "2 s, is not played by browsers",
+                          "c.qcp (audio/qcelp)": "2 s"})
         self.assertEqual(self.stage("return stage.querySelectorAll('audio').length"), 1)  # QCELP is converted
         self.assert_quiet(page)
 

@@ -19,7 +19,7 @@ class Player {
   show(index) {
     this.stopMedia();
     this.index = Math.min(Math.max(index, 0), this.slides.length - 1);
-    this.left = Number(this.slides[this.index].dataset.duration); // milliseconds
+    this.left = Number(this.slides[this.index].dataset.duration); // milliseconds; less than 0 for no end
     this.hasEnded = false;
     for (const medium of this.media())
       medium.currentTime = 0;
@@ -46,7 +46,8 @@ class Player {
         medium.play().catch(() => {}); // the browser does not play this kind, and shows that
     }
     this.started = performance.now();
-    this.timer = setTimeout(() => this.advance(), this.left);
+    if (this.left >= 0)
+      this.timer = setTimeout(() => this.advance(), this.left);
   }
 
   advance() {
@@ -75,7 +76,7 @@ class Player {
   }
 
   pause() {
-    if (this.isPlaying)
+    if (this.isPlaying && this.left >= 0)
       this.left = Math.max(this.left - (performance.now() - this.started), 0);
     this.stage.dataset.state = "paused";
     this.stopMedia();

@@ -93,8 +93,8 @@ bool PageFolder::finish(Report *report, QString *error)
         || !writePage(fileName, pageFrame(u"Multimedia messages"_s, u"Multimedia messages"_s), {},
                       &m_index, error))
         return false;
-    report->written +=
-        writtenFileText(fileName, u" ("_s + countText() + u", each on its own page)"_s);
+    report->written += writtenFileText(
+        fileName, u" ("_s + countText() + (m_count == 1 ? u")"_s : u", each on its own page)"_s));
     const QString remark = m_withoutThumbnail.text(u"messages without a thumbnail"_s,
                                                    limitText(m_limit.text(), "--limit"));
     if (!remark.isEmpty())

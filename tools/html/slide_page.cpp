@@ -4,7 +4,6 @@
 #include "render/layout.h"
 #include "render/slide_style.h"
 #include "render/text.h"
-#include "view/model_text.h"
 
 using namespace Qt::StringLiterals;
 
@@ -125,7 +124,7 @@ void writeLongTexts(HtmlWriter *html, const QList<PlacedObject> &places, const Q
             continue;
         const QString text = media->texts().find(*object.getData());
         const QRectF area = place.area & QRectF(QPointF(0, 0), size);
-        if (media->fits(text, area.size(), textHeight)
+        if (media->fits(*object.getData(), area.size(), textHeight)
             || !media->take(object, text.size() * OctetsForCharacter))
             continue;
         html->element("p", object.getSrc() + u" does not fit on the slide:"_s,
@@ -145,9 +144,19 @@ bool isClip(const Object &object)
     return type == SMIL_MEDIA_AUDIO || type == SMIL_MEDIA_VIDEO;
 }
 
+// Such as "1.5 s" or "21 min 40 s".
+QString timeText(int milliseconds)
+{
+    constexpr int Second = 1000;
+    constexpr int Minute = 60 * Second;
+    const int minutes = milliseconds / Minute;
+    const QString seconds = number(double(milliseconds % Minute) / Second) + u" s"_s;
+    return minutes > 0 ? u"%1 min "_s.arg(minutes) + seconds : seconds;
+}
+
 QString lengthText(int milliseconds)
 {
-    return milliseconds < 0 ? u"of unknown length"_s : ModelText::duration(milliseconds);
+    return milliseconds < 0 ? u"of unknown length"_s : timeText(milliseconds);
 }
 
 // What is not played of a clip of @p length milliseconds, as the end of a sentence.
@@ -157,8 +166,7 @@ QString notPlayed(const BrowserMedia &clip, bool isPlayed, int length)
     if (!isPlayed)
         return clip.whyNot ? u", "_s + QLatin1StringView(clip.whyNot) : u',' + NotShown.toString();
     const bool isTruncated = clip.milliseconds >= 0 && length > clip.milliseconds + Tolerance;
-    return isTruncated ? u", only the first "_s + ModelText::duration(clip.milliseconds)
-                       : QString();
+    return isTruncated ? u", only the first "_s + timeText(clip.milliseconds) : QString();
 }
 
 // Sounds and videos below the page, where their controls have room.
@@ -182,11 +190,12 @@ void writePlayer(HtmlWriter *html, const Object &object, PageMedia *media)
                   {{"class", u"caption"_s}});
 }
 
-// Milliseconds that a slide plays: without a duration as long as its clips.
+// Milliseconds that a slide plays: without a duration as long as its clips. Indefinite for one
+// that has no end.
 int playedDuration(const Slide &slide, PageMedia *media)
 {
     constexpr int WithoutClips = 5000; // as generated slides
-    if (slide.getDur() >= 0)
+    if (slide.getDur() >= 0 || slide.getDur() == QvlDuration::Indefinite)
         return slide.getDur();
     int longest = 0;
     for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i) {
@@ -199,8 +208,9 @@ int playedDuration(const Slide &slide, PageMedia *media)
 
 QString durationText(const Slide &slide, int played)
 {
-    const QString text = ModelText::duration(played);
-    return slide.getDur() >= 0 ? text : u"no duration, plays "_s + text;
+    if (played == QvlDuration::Indefinite)
+        return u"no end"_s;
+    return slide.getDur() >= 0 ? timeText(played) : u"no duration, plays "_s + timeText(played);
 }
 
 void writeSlide(HtmlWriter *html, const SlidesOfPage &slides, unsigned int index, PageMedia *media)
