@@ -9,10 +9,13 @@ struct Message;
 
 namespace Check {
 
+/// Units of 1,024 octets that relays and handsets usually take.
+inline constexpr int UsualKilobytes = 300;
+
 /// What is checked besides the standard.
 struct Limits
 {
-    qint64 octets; ///< of a message
+    qint64 octets = UsualKilobytes * 1024; ///< of a message
 };
 
 /// Checks @p message, which was read. Decodes its pictures and measures its clips. Linear in the
@@ -23,7 +26,7 @@ Findings checkMessage(Message &message, const Limits &limits);
 /// @{
 
 /// The header: version, fields, recipients, texts.
-void checkHeader(Message &message, Findings *findings);
+void checkHeader(const Message &message, Findings *findings);
 /// The body, its size, and the names of its parts.
 void checkParts(Message &message, const Limits &limits, Findings *findings);
 /// What the parts hold.

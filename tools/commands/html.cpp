@@ -14,14 +14,12 @@
 
 #include <filesystem>
 #include <memory>
-#include <system_error>
 
 using namespace CommandLine;
 using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int SizeLimit = 300; // KB
 constexpr int MostOfAnyLimit = 1'000'000;
 
 std::filesystem::path pathOf(const QString &name)
@@ -30,11 +28,9 @@ std::filesystem::path pathOf(const QString &name)
 }
 
 // True for a name that ends like a folder, or that a folder has.
-bool isFolder(const QString &name)
+bool namesFolder(const QString &name)
 {
-    std::error_code ignored;
-    return name.endsWith(u'/')
-        || (!isStandardOutput(name) && std::filesystem::is_directory(pathOf(name), ignored));
+    return name.endsWith(u'/') || (!isStandardOutput(name) && isFolder(pathOf(name)));
 }
 
 // `-o *.mms` names the first message as the page.
@@ -67,7 +63,7 @@ public:
         }
         if (!m_pages && !begin())
             return false;
-        const Check::Findings findings = Check::checkMessage(*message, {SizeLimit * qint64(1024)});
+        const Check::Findings findings = Check::checkMessage(*message, {});
         PageMedia media(*message,
                         {number("max-media"), number("max-clips"), number("max-decoded")});
         const bool isAdded = m_pages->add(*message, findings, &media, &error);
@@ -105,7 +101,7 @@ private:
     {
         const QString out = m_arguments.value(u"o"_s);
         const PageLimit limit{number("limit")};
-        if (!isFolder(out))
+        if (!namesFolder(out))
             m_pages = std::make_unique<OnePage>(out, limit, m_mayHaveIndex);
         else if (createFolder(out))
             m_pages = std::make_unique<PageFolder>(out, limit);

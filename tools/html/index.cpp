@@ -60,16 +60,6 @@ QString addresses(const MessageList::Entry &entry)
         + (others > 0 ? u" and %1 more"_s.arg(others) : QString());
 }
 
-// To the minute.
-QString dateOf(const MessageList::Entry &entry)
-{
-    constexpr qsizetype LengthOfMinutes = 16; // of "2026-05-01T12:00"
-    if (!entry.date)
-        return QString();
-    const QString text = FieldValue::dateText(*entry.date);
-    return text.indexOf(u'T') == 10 ? text.first(LengthOfMinutes).replace(u'T', u' ') : text;
-}
-
 } // namespace
 
 QByteArray thumbnailOf(const Message &message)
@@ -96,7 +86,8 @@ void writeIndexEntry(HtmlWriter *html, const Message &message, const QByteArray 
     writeText(html, titleOf(message), u"title"_s);
     html->close();
     writeText(html, addresses(entry), u"addresses"_s);
-    writeText(html, dateOf(entry), u"date"_s);
+    if (entry.date)
+        writeText(html, FieldValue::minuteText(*entry.date), u"date"_s);
     html->element("span", state, {{"class", u"state-"_s + state}});
     html->close();
     html->markup("\n");

@@ -24,18 +24,18 @@ QString nameOf(const fs::path &path)
     return FileName::fromOctets(QByteArray::fromStdString(path.native()));
 }
 
-bool isFolder(const fs::path &path)
-{
-    std::error_code error;
-    return fs::is_directory(path, error);
-}
-
 bool isHidden(const fs::path &name)
 {
     return name.native().starts_with('.');
 }
 
 } // namespace
+
+bool isFolder(const fs::path &path)
+{
+    std::error_code ignored;
+    return fs::is_directory(path, ignored);
+}
 
 bool beginsLikeMessage(const fs::path &path)
 {

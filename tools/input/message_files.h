@@ -12,6 +12,9 @@
 #include <optional>
 #include <vector>
 
+/// True for a folder, or a link to one.
+bool isFolder(const std::filesystem::path &path);
+
 /// True for a file that begins with the code of Message-Type and one of the types up to MMS 1.3.
 /// Also true for a file that cannot be read, so that reading it gives the reason.
 bool beginsLikeMessage(const std::filesystem::path &path);

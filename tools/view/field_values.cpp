@@ -112,6 +112,14 @@ QString FieldValue::dateText(qint64 seconds)
                               : u"%1 s after 1970-01-01"_s.arg(seconds);
 }
 
+QString FieldValue::minuteText(qint64 seconds)
+{
+    const QString text = dateText(seconds);
+    const bool isDate = text.indexOf(u'T') == QLatin1StringView("2026-05-01").size();
+    return isDate ? text.first(QLatin1StringView("2026-05-01T12:00").size()).replace(u'T', u' ')
+                  : text;
+}
+
 QString FieldValue::version(int octet)
 {
     return QString::number(octet >> 4) + u'.' + QString::number(octet & 0x0F);

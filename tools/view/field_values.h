@@ -44,6 +44,8 @@ void write(const QvlContentType &content, JsonWriter *json);
 QString isoDate(const QDateTime &time);
 /// A number of seconds since 1970 as a date, or in words if it is too large for that.
 QString dateText(qint64 seconds);
+/// The same to the minute, such as "2026-05-01 12:00".
+QString minuteText(qint64 seconds);
 /// A version such as "1.3", from an octet without its high bit.
 QString version(int octet);
 /// The preferred MIME name of a charset, or its number if it has none here.

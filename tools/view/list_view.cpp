@@ -98,8 +98,7 @@ void grow(Widths *widths, int left)
 
 QString dateColumn(const Entry &entry, int width)
 {
-    return entry.date ? FieldValue::dateText(*entry.date).left(width).replace(u'T', u' ')
-                      : QString();
+    return entry.date ? FieldValue::minuteText(*entry.date).left(width) : QString();
 }
 
 // "retrieve-conf" of "m-retrieve-conf".
