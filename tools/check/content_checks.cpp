@@ -1,7 +1,7 @@
 #include "check/charset_fit.h"
 #include "check/check.h"
 #include "check/media_signatures.h"
-#include "check/picture_size.h"
+#include "check/media_size.h"
 #include "check/sent_body.h"
 #include "input/message.h"
 #include "render/pictures.h"

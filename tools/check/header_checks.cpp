@@ -54,9 +54,9 @@ void checkRefusal(const Message &message, Findings *findings)
 void checkVersion(const MMS_UA_UAMsg &header, const std::vector<MessageField> &fields,
                   Findings *findings)
 {
-    if (!header.fieldsPresent(headerFieldMask(HeaderFieldCode::MmsVersion)))
-        return;
     const Place place = placeOf(HeaderFieldCode::MmsVersion, fields);
+    if (!header.fieldsPresent(headerFieldMask(HeaderFieldCode::MmsVersion)))
+        return findings->add(Rule::WrongVersion, place, u"the message has no version"_s);
     const QString problem = u"the version is "_s + FieldValue::version(header.getMMSVersion());
     if (!header.isMMSVersionCorrect())
         findings->add(Rule::WrongVersion, place, problem);
@@ -136,10 +136,24 @@ void checkKind(const QvlScannedField &field, unsigned char declared, Findings *f
                 FieldValue::version(field.known->version), FieldValue::version(declared)));
 }
 
+bool hasToken(QvlFieldForm form)
+{
+    constexpr std::array forms{QvlFieldForm::Token, QvlFieldForm::TokenOrText,
+                               QvlFieldForm::TokenAndInteger, QvlFieldForm::TokenAndText};
+    return std::ranges::find(forms, form) != forms.end();
+}
+
 void checkValue(const QvlScannedField &field, Findings *findings)
 {
-    if (field.known && field.known->form != QvlFieldForm::Opaque && !field.decoded().isReadable)
-        findings->add(Rule::MalformedField, placeOf(field), u"the value is malformed"_s);
+    if (!field.known || field.known->form == QvlFieldForm::Opaque)
+        return;
+    const QvlScannedValue value = field.decoded();
+    if (!value.isReadable)
+        return findings->add(Rule::MalformedField, placeOf(field), u"the value is malformed"_s);
+    const bool isNamed = value.token < 0 || value.tokenName;
+    if (!isNamed && hasToken(field.known->form) && field.code != HeaderFieldCode::MessageType)
+        findings->add(Rule::UnknownValue, placeOf(field),
+                      u"no version of MMS has the value %1"_s.arg(value.token));
 }
 
 // Then the decoder divides the header in another way than the standard's rule for lengths.
@@ -244,7 +258,7 @@ bool isNoMessage(const Message &message)
 
 } // namespace
 
-void checkHeader(Message &message, Findings *findings)
+void checkHeader(const Message &message, Findings *findings)
 {
     if (isNoMessage(message)) {
         findings->add(Rule::NoMessage, {},

@@ -12,31 +12,28 @@ namespace {
 using namespace HeaderFieldCode;
 using QvlLaterFieldCode::ReadStatus;
 
-/// A type and its mandatory fields; 0 fills the row.
+/// A type and its mandatory fields besides MMS-Version; 0 fills the row.
 struct Row
 {
     int type;
-    std::array<unsigned char, 7> codes;
+    std::array<unsigned char, 6> codes;
 };
 
 constexpr std::array table{
-    Row{QvlMessageType::SendReq, {MessageType, TransactionId, MmsVersion, From, ContentType}},
-    Row{QvlMessageType::SendConf, {MessageType, TransactionId, MmsVersion, ResponseStatus}},
+    Row{QvlMessageType::SendReq, {MessageType, TransactionId, From, ContentType}},
+    Row{QvlMessageType::SendConf, {MessageType, TransactionId, ResponseStatus}},
     Row{QvlMessageType::NotificationInd,
-        {MessageType, TransactionId, MmsVersion, MessageClass, MessageSize, Expiry,
-         ContentLocation}},
-    Row{QvlMessageType::NotifyRespInd, {MessageType, TransactionId, MmsVersion, Status}},
-    Row{QvlMessageType::RetrieveConf, {MessageType, MmsVersion, Date, ContentType}},
-    Row{QvlMessageType::DeliveryInd, {MessageType, MmsVersion, MessageId, To, Date, Status}},
-    Row{QvlMessageType::ReadRecInd, {MessageType, MmsVersion, MessageId, To, From, ReadStatus}},
-    Row{QvlMessageType::ReadOrigInd,
-        {MessageType, MmsVersion, MessageId, To, From, Date, ReadStatus}},
-    Row{QvlMessageType::ForwardReq,
-        {MessageType, TransactionId, MmsVersion, From, ContentLocation}},
-    Row{QvlMessageType::ForwardConf, {MessageType, TransactionId, MmsVersion, ResponseStatus}},
-    Row{QvlMessageType::MboxDescr, {MessageType, MmsVersion}},
+        {MessageType, TransactionId, MessageClass, MessageSize, Expiry, ContentLocation}},
+    Row{QvlMessageType::NotifyRespInd, {MessageType, TransactionId, Status}},
+    Row{QvlMessageType::RetrieveConf, {MessageType, Date, ContentType}},
+    Row{QvlMessageType::DeliveryInd, {MessageType, MessageId, To, Date, Status}},
+    Row{QvlMessageType::ReadRecInd, {MessageType, MessageId, To, From, ReadStatus}},
+    Row{QvlMessageType::ReadOrigInd, {MessageType, MessageId, To, From, Date, ReadStatus}},
+    Row{QvlMessageType::ForwardReq, {MessageType, TransactionId, From, ContentLocation}},
+    Row{QvlMessageType::ForwardConf, {MessageType, TransactionId, ResponseStatus}},
+    Row{QvlMessageType::MboxDescr, {MessageType}},
 };
-constexpr Row others{0, {MessageType, TransactionId, MmsVersion}};
+constexpr Row others{0, {MessageType, TransactionId}};
 
 } // namespace
 

@@ -8,8 +8,8 @@
 
 namespace Check {
 
-/// The codes of the fields that a message of @p type must have; those of every message for other
-/// types.
+/// The codes of the fields that a message of @p type must have besides MMS-Version; those of every
+/// message for other types.
 std::span<const unsigned char> mandatoryFields(int type);
 
 } // namespace Check

@@ -1,6 +1,7 @@
 #include "check/media_signatures.h"
 
 #include <QStringList>
+#include <QtEndian>
 
 #include <algorithm>
 #include <array>
@@ -97,6 +98,13 @@ bool isText(QByteArrayView octets)
     });
 }
 
+// The length at octet 4 counts the octets after it.
+bool isWholeRiff(QByteArrayView octets)
+{
+    constexpr qint64 Header = 8;
+    return Header + qFromLittleEndian<quint32>(octets.data() + 4) <= octets.size();
+}
+
 } // namespace
 
 MediaContent recognizeMedia(QByteArrayView octets)
@@ -131,6 +139,8 @@ bool endsTooEarly(QByteArrayView octets)
         return octets.lastIndexOf("\xFF\xD9") < octets.lastIndexOf("\xFF\xDA");
     if (type == "image/png"_L1)
         return octets.lastIndexOf("IEND") < 0;
+    if (type == "image/webp"_L1)
+        return !isWholeRiff(octets);
     return type == "image/gif"_L1 && octets.lastIndexOf(';') < 0;
 }
 

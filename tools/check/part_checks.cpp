@@ -18,11 +18,6 @@ namespace {
 constexpr qsizetype LongestName = 100; // octets
 constexpr QStringView UnsafeCharacters = u"/\\:*?\"<>|";
 
-bool isAscii(const QString &name)
-{
-    return std::ranges::all_of(name, [](QChar character) { return character.unicode() < 0x80; });
-}
-
 // Why file systems or programs refuse the name; empty if they do not.
 QString whyUnsafe(const QString &name)
 {
@@ -37,20 +32,42 @@ QString whyUnsafe(const QString &name)
     return QString();
 }
 
-void checkName(const QString &what, const QString &name, const Place &place, Findings *findings)
+void checkLetters(const QString &what, const QString &name, const Place &place, Findings *findings)
 {
     const qsizetype octets = name.toUtf8().size();
     if (octets > LongestName)
         findings->add(Rule::LongName, place, u"the %1 has %2 octets"_s.arg(what).arg(octets));
-    if (!isAscii(name))
+    if (octets > name.size()) // only ASCII characters take one octet each
         findings->add(Rule::ForeignName, place, u"the %1 is not ASCII"_s.arg(what));
+}
+
+void checkSafety(const QString &what, const QString &name, const Place &place, Findings *findings)
+{
     if (const QString why = whyUnsafe(name); !why.isEmpty())
         findings->add(Rule::UnsafeName, place, u"the %1 %2"_s.arg(what, why));
+}
+
+void checkName(const QString &what, const QString &name, const Place &place, Findings *findings)
+{
+    checkLetters(what, name, place, findings);
+    checkSafety(what, name, place, findings);
 }
 
 bool isBare(const QString &id)
 {
     return !id.isEmpty() && !(id.startsWith(u'<') && id.endsWith(u'>'));
+}
+
+// A part without another name is saved by its Content-ID.
+void checkId(const QString &id, bool isOnlyName, const Place &place, Findings *findings)
+{
+    const QString name = bareName(id);
+    checkLetters(u"Content-ID"_s, name, place, findings);
+    if (isOnlyName)
+        checkSafety(u"Content-ID"_s, name, place, findings);
+    if (isBare(id))
+        findings->add(Rule::BareContentId, place,
+                      u"the Content-ID \"%1\" has no angle brackets"_s.arg(id));
 }
 
 /// Finds names of one kind that two parts share.
@@ -83,6 +100,7 @@ void checkNames(Message &message, const SentBody &body, Findings *findings)
 {
     Names locations(findings);
     Names ids(findings);
+    const auto *smil = message.parts().getSmilPart();
     for (int i = 0; i < message.parts().getPartCount(); ++i) {
         const QvlScannedPart *sent = body.part(i);
         if (!sent)
@@ -94,13 +112,11 @@ void checkNames(Message &message, const SentBody &body, Findings *findings)
         locations.add(location, i, place);
         ids.add(id, i, place);
         checkName(u"Content-Location"_s, location, place, findings);
+        checkId(id, location.isEmpty() && fileName.isEmpty(), place, findings);
         if (fileName != location)
             checkName(u"file name"_s, fileName, place, findings);
-        if (isBare(id))
-            findings->add(Rule::BareContentId, place,
-                          u"the Content-ID \"%1\" has no angle brackets"_s.arg(id));
         if (message.smilResult && location.isEmpty() && id.isEmpty() && fileName.isEmpty()
-            && message.parts().getBodypartByIndex(i) != message.parts().getSmilPart())
+            && message.parts().getBodypartByIndex(i) != smil)
             findings->add(Rule::NoName, place, u"the part has no name"_s);
     }
 }
@@ -125,15 +141,30 @@ void checkForms(const Message &message, const SentBody &body, Findings *findings
     }
 }
 
-void checkCount(const Message &message, Findings *findings)
+void checkCount(int count, const Place &place, Findings *findings)
+{
+    if (count == 0)
+        findings->add(Rule::NoParts, place, u"the body has no part"_s);
+    if (count > QvlMessage::MostParts)
+        findings->add(Rule::TooManyParts, place, u"the message has %1 parts"_s.arg(count));
+}
+
+// The body as it was sent.
+void checkDivision(const Message &message, Findings *findings)
 {
     if (!message.isMultipart())
         return;
-    const int count =
-        QvlPartScanner(QByteArrayView(message.octets).sliced(message.sentBodyOffset())).count();
-    if (count > QvlMessage::MostParts)
-        findings->add(Rule::TooManyParts, {.octet = message.sentBodyOffset()},
-                      u"the message has %1 parts"_s.arg(count));
+    const qsizetype start = message.sentBodyOffset();
+    const QByteArrayView octets = QByteArrayView(message.octets).sliced(start);
+    QvlPartScanner scanner(octets);
+    checkCount(scanner.count(), {.octet = start}, findings);
+    QvlScannedPart part;
+    while (scanner.next(&part)) { }
+    const qsizetype more = octets.size() - scanner.position();
+    if (scanner.result() == QvlPartScanner::PartsRead && more > 0)
+        findings->add(Rule::ExtraOctets, {.octet = start + scanner.position()},
+                      u"%1 %2 the last part"_s.arg(more).arg(more == 1 ? u"octet follows"_s
+                                                                       : u"octets follow"_s));
 }
 
 int largestPart(const Message &message)
@@ -182,7 +213,7 @@ void checkParts(Message &message, const Limits &limits, Findings *findings)
                       QString::fromLatin1(MultipartResult::meaning(code))
                           + whyBodyRefused(message));
     checkForms(message, body, findings);
-    checkCount(message, findings);
+    checkDivision(message, findings);
     checkSize(message, limits.octets, body, findings);
     checkEmptyParts(message, body, findings);
     checkNames(message, body, findings);

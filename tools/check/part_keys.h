@@ -9,11 +9,17 @@
 
 namespace Check {
 
-/// Names and references of the same part have the same key: without brackets and "cid:", and in
-/// lower case. Empty for a text that names no part.
+/// A name or a reference without brackets and "cid:".
+inline QString bareName(const QString &name)
+{
+    return MMS_COMP_SMILMultipart::parseCid(name.trimmed());
+}
+
+/// Names and references of the same part have the same key: the bare name in lower case. Empty for
+/// a text that names no part.
 inline QString partKey(const QString &name)
 {
-    return MMS_COMP_SMILMultipart::parseCid(name.trimmed()).toLower();
+    return bareName(name).toLower();
 }
 
 } // namespace Check

@@ -1,6 +1,6 @@
 #include "check/check.h"
+#include "check/media_size.h"
 #include "check/part_keys.h"
-#include "check/picture_size.h"
 #include "check/sent_body.h"
 #include "check/smil_outline.h"
 #include "input/message.h"
@@ -51,12 +51,6 @@ struct Named
     QString name; ///< as the part has it, without brackets
 };
 
-// Without brackets and "cid:".
-QString bareName(const QString &name)
-{
-    return MMS_COMP_SMILMultipart::parseCid(name.trimmed());
-}
-
 // "cid:a%40b" refers to <a@b>, and "./a" to "a".
 QString unescaped(const QString &reference)
 {
@@ -98,7 +92,6 @@ private:
     }
 
     QHash<QString, int> m_exact;
-
     QHash<QString, Named> m_parts;
 };
 
@@ -211,21 +204,28 @@ private:
         if (element.tag == "text"_L1 && (region.width < LowestText || region.height < LowestText))
             m_findings->add(Rule::SmallRegion, placeOf(element),
                             u"the region of %1 pixels has no room for a text"_s.arg(size));
-        if ((element.tag != "img"_L1 && element.tag != "ref"_L1) || !region.isCutting)
+        if (element.tag == "text"_L1 || !region.isCutting)
             return;
-        const QSize picture = sizeOf(part);
-        if (picture.width() > region.width || picture.height() > region.height)
+        const QSize medium = sizeOf(part);
+        if (medium.width() > region.width || medium.height() > region.height)
             m_findings->add(Rule::SmallRegion, placeOf(element),
-                            u"the picture has %1 pixels and the region %2"_s.arg(
-                                sizeText(picture.width(), picture.height()), size));
+                            u"the %1 has %2 pixels and the region %3"_s.arg(
+                                element.tag == "video"_L1 ? u"video"_s : u"picture"_s,
+                                sizeText(medium.width(), medium.height()), size));
     }
 
     QSize sizeOf(int part)
     {
         const auto known = m_sizes.constFind(part);
-        if (known != m_sizes.constEnd())
-            return *known;
-        return *m_sizes.insert(part, pictureSize(*m_message.parts().getBodypartByIndex(part)));
+        return known != m_sizes.constEnd()
+            ? *known
+            : *m_sizes.insert(part, measured(*m_message.parts().getBodypartByIndex(part)));
+    }
+
+    static QSize measured(const MMS_COMP_SMILMultipartBodypart &part)
+    {
+        const QSize video = videoSize(part.getBodyData());
+        return video.isEmpty() ? pictureSize(part) : video;
     }
 
     const Message &m_message;
@@ -245,16 +245,26 @@ void checkXml(const QByteArray &smil, Findings *findings)
         findings->add(Rule::InvalidXml, placeOf(mistake->place), mistake->reason);
 }
 
-void checkSmil(const Message &message, Findings *findings)
+bool isRefused(const Message &message)
 {
-    if (!message.smilResult)
-        return;
+    return message.smilResult.value_or(SmilResult::Ok) < SmilResult::Ok;
+}
+
+// An element at the wrong place is the first one that is skipped.
+Place placeOfRefusal(const std::vector<SmilElement> &elements)
+{
+    const auto skipped = std::ranges::find_if(elements, &SmilElement::isSkipped);
+    return skipped == elements.end() ? Place{} : placeOf(*skipped);
+}
+
+void checkSmil(const Message &message, const std::vector<SmilElement> &elements, Findings *findings)
+{
+    if (!isRefused(message))
+        return message.smilResult ? checkXml(message.smil, findings) : void();
     const int result = *message.smilResult;
-    if (result >= SmilResult::Ok)
-        return checkXml(message.smil, findings);
     const auto mistake =
         result == SmilResult::NotWellFormed ? findMistake(message.smil) : std::nullopt;
-    findings->add(Rule::SmilRefused, mistake ? placeOf(mistake->place) : Place{},
+    findings->add(Rule::SmilRefused, mistake ? placeOf(mistake->place) : placeOfRefusal(elements),
                   mistake ? mistake->reason : QString::fromLatin1(SmilResult::meaning(result)));
 }
 
@@ -278,40 +288,50 @@ void checkTime(const SmilElement &element, Findings *findings)
     }
 }
 
-void checkElement(const SmilElement &element, MediaChecks *media, Findings *findings)
+// Of a refused presentation, a skipped element is the reason, or as much as all others.
+void checkElements(const std::vector<SmilElement> &elements, bool isRefused, MediaChecks *media,
+                   Findings *findings)
 {
-    if (element.isSkipped)
-        return findings->add(Rule::SkippedElement, placeOf(element),
-                             u"<%1> is skipped"_s.arg(element.tag));
-    checkTime(element, findings);
-    if (isMedia(element))
-        media->check(element);
+    for (const SmilElement &element : elements) {
+        if (!element.isSkipped) {
+            checkTime(element, findings);
+            if (isMedia(element))
+                media->check(element);
+        } else if (!isRefused) {
+            findings->add(Rule::SkippedElement, placeOf(element),
+                          u"<%1> is skipped"_s.arg(element.tag));
+        }
+    }
+}
+
+void checkUse(Message &message, const MediaChecks &media, Findings *findings)
+{
+    const auto *smil = message.parts().getSmilPart();
+    const SentBody body(message);
+    for (int i = 0; i < message.parts().getPartCount(); ++i) {
+        if (message.parts().getBodypartByIndex(i) != smil && !media.isUsed(i))
+            findings->add(Rule::UnusedPart, body.placeOf(i), u"no slide refers to the part"_s);
+    }
 }
 
 } // namespace
 
 void checkPresentation(Message &message, Findings *findings)
 {
-    const auto *smil = message.parts().getSmilPart();
-    if (!smil) {
+    if (!message.parts().getSmilPart()) {
         if (message.parts().getPartCount() > 0)
             findings->add(Rule::NoSlides, {}, u"the message has no presentation"_s);
         return;
     }
-    checkSmil(message, findings);
     const std::vector<SmilElement> elements = smilOutline(message.smil);
+    checkSmil(message, elements, findings);
     MediaChecks media(message, elements, findings);
-    for (const SmilElement &element : elements)
-        checkElement(element, &media, findings);
-    if (elements.empty() || message.smilResult.value_or(SmilResult::Ok) < SmilResult::Ok)
+    checkElements(elements, isRefused(message), &media, findings);
+    if (elements.empty() || isRefused(message))
         return;
     if (message.slides().getTotalSlidesNum() == 0)
         findings->add(Rule::NoSlides, {}, u"the presentation has no slides"_s);
-    const SentBody body(message);
-    for (int i = 0; i < message.parts().getPartCount(); ++i) {
-        if (message.parts().getBodypartByIndex(i) != smil && !media.isUsed(i))
-            findings->add(Rule::UnusedPart, body.placeOf(i), u"no slide refers to the part"_s);
-    }
+    checkUse(message, media, findings);
 }
 
 } // namespace Check

@@ -112,8 +112,11 @@ std::vector<std::pair<SmilAttribute, QString>> usedOf(const QXmlStreamAttributes
 {
     std::vector<std::pair<SmilAttribute, QString>> used;
     for (const auto &[name, attribute] : usedAttributes) {
-        if (attributes.hasAttribute(name))
-            used.emplace_back(attribute, attributes.value(name).trimmed().toString());
+        if (!attributes.hasAttribute(name))
+            continue;
+        const QStringView value = attributes.value(name);
+        const bool isExact = attribute == SmilAttribute::Id; // blanks count in ids
+        used.emplace_back(attribute, (isExact ? value : value.trimmed()).toString());
     }
     return used;
 }
@@ -123,26 +126,21 @@ class PlaceCounter
 {
 public:
     explicit PlaceCounter(const SmilText &text)
-        : m_text(text.text()), m_line(text.lineOfStart()), m_column(text.columnOfStart())
+        : m_text(text.text()), m_place{text.lineOfStart(), text.columnOfStart()}
     {
     }
 
     SmilText::Place placeOf(qsizetype position)
     {
-        for (; m_position < position; ++m_position) {
-            const QChar character = m_text[m_position];
-            const bool endsLine = character == u'\n';
-            m_line += endsLine;
-            m_column = endsLine ? 1 : m_column + !character.isLowSurrogate();
-        }
-        return {m_line, m_column};
+        for (; m_position < position; ++m_position)
+            m_place.pass(m_text[m_position]);
+        return m_place;
     }
 
 private:
     const QString &m_text;
     qsizetype m_position = 0;
-    qint64 m_line;
-    qint64 m_column;
+    SmilText::Place m_place;
 };
 
 } // namespace

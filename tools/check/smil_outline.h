@@ -19,7 +19,7 @@ enum class SmilAttribute : unsigned char { Dur, End, Fit, Height, Id, Region, Sr
 struct SmilElement
 {
     QString tag;
-    std::vector<std::pair<SmilAttribute, QString>> attributes; ///< values are trimmed
+    std::vector<std::pair<SmilAttribute, QString>> attributes; ///< trimmed, except ids
     qint64 line; ///< where it begins, from 1
     qint64 column; ///< from 1
     bool isSkipped; ///< the library passes over it and its content

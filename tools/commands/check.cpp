@@ -153,13 +153,16 @@ Command Commands::check()
                              {.name = "limit",
                               .value = "KB",
                               .help = "largest message, in units of 1,024 octets",
-                              .numbers = {.standard = 300, .most = MostKilobytes}},
+                              .numbers = {.standard = UsualKilobytes, .most = MostKilobytes}},
                              {.name = "explain",
                               .value = "ID",
                               .help = "explain the rule with this identifier, or all",
                               .replacesArguments = true},
                              {.name = "json", .help = "print one JSON object per line"},
-                         } + manyFilesOptions()}}},
+                         } + manyFilesOptions()}},
+             .values = {{"WORD",
+                         "the severity from which on the exit code is 1; without the option, "
+                         "errors count"}}},
         .run = runCheck,
     };
 }

@@ -17,6 +17,13 @@ QString reasonOf(const QXmlStreamReader &reader)
     return reason.endsWith(u'.') ? reason.chopped(1) : reason;
 }
 
+// Without a declaration of another encoding.
+bool isInUtf8(const QXmlStreamReader &reader)
+{
+    const QStringView encoding = reader.documentEncoding();
+    return encoding.isEmpty() || encoding.compare(u"UTF-8", Qt::CaseInsensitive) == 0;
+}
+
 // Reads up to the end, the first error, or one level too many. Returns the level.
 int readLevels(QXmlStreamReader *reader)
 {
@@ -54,5 +61,8 @@ std::optional<SmilMistake> findXmlMistake(const QByteArray &smil)
     readLevels(&reader);
     if (!reader.hasError())
         return std::nullopt;
+    const auto notUtf8 = isInUtf8(reader) ? SmilText::placeNotUtf8(smil) : std::nullopt;
+    if (notUtf8)
+        return SmilMistake{*notUtf8, QStringLiteral("an octet is no UTF-8")};
     return SmilMistake{{reader.lineNumber(), reader.columnNumber()}, reasonOf(reader)};
 }

@@ -1,8 +1,16 @@
 #include "input/smil_text.h"
 
+#include <QStringDecoder>
 #include <QXmlStreamReader>
 
 #include <algorithm>
+
+void SmilText::Place::pass(QChar character)
+{
+    const bool endsLine = character == u'\n';
+    line += endsLine;
+    column = endsLine ? 1 : column + !character.isLowSurrogate();
+}
 
 SmilText::SmilText(const QByteArray &smil)
 {
@@ -18,6 +26,22 @@ bool SmilText::hasDeclarations() const
 {
     return m_text.contains(QLatin1StringView("<!ENTITY"))
         || m_text.contains(QLatin1StringView("<!ATTLIST"));
+}
+
+std::optional<SmilText::Place> SmilText::placeNotUtf8(const QByteArray &smil)
+{
+    if (smil.isValidUtf8())
+        return std::nullopt;
+    QStringDecoder decoder(QStringDecoder::Utf8);
+    Place place{1, 1};
+    for (char octet : smil) {
+        const QString text = decoder(QByteArrayView(&octet, 1));
+        if (decoder.hasError())
+            break;
+        for (QChar character : text)
+            place.pass(character);
+    }
+    return place;
 }
 
 SmilText::Place SmilText::placeOf(const QXmlStreamReader &reader) const

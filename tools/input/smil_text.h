@@ -7,6 +7,8 @@
 #include <QByteArray>
 #include <QString>
 
+#include <optional>
+
 class QXmlStreamReader;
 
 /// The text from its first "<smil" on, as the library reads it.
@@ -18,6 +20,9 @@ public:
     {
         qint64 line; ///< from 1
         qint64 column; ///< from 1; 0 before the first character of a line
+
+        /// Moves the place to the other side of @p character. A pair of surrogates is one.
+        void pass(QChar character);
     };
 
     explicit SmilText(const QByteArray &smil);
@@ -29,6 +34,8 @@ public:
     qint64 columnOfStart() const { return m_columnsBefore + 1; }
     /// Whether the text declares entities or attributes. Expanding them may take long.
     bool hasDeclarations() const;
+    /// The place of the first octet that is no UTF-8 in the part; nothing if there is none.
+    static std::optional<Place> placeNotUtf8(const QByteArray &smil);
     /// The place of the last character that @p reader, which reads text(), has passed.
     Place placeOf(const QXmlStreamReader &reader) const;
 

@@ -163,6 +163,8 @@ const std::vector<Row> &rows()
          SendReq + ToPhone + ToPhone + body},
         {Rule::MalformedField, SendReq + field(Priority, text("high")) + ToPhone + body,
          SendReq + field(Priority, token(130)) + ToPhone + body},
+        {Rule::UnknownValue, SendReq + field(Priority, token(131)) + ToPhone + body,
+         SendReq + field(Priority, token(130)) + ToPhone + body},
         {Rule::HeaderForm, SendReq + field(Priority, withLength(token(128))) + ToPhone + body,
          whole},
         {Rule::NoRecipient, SendReq + body, whole},
@@ -171,6 +173,8 @@ const std::vector<Row> &rows()
          SendReq + field(Subject, encodedText(Utf8, text("\xE4"))) + ToPhone + body,
          SendReq + field(Subject, encodedText(Latin1, text("\xE4"))) + ToPhone + body},
         {Rule::BodyRefused, whole.chopped(1), whole},
+        {Rule::NoParts, mixed({}), whole},
+        {Rule::ExtraOctets, whole + 'x', whole},
         {Rule::PartForm,
          mixed({part(text("text/plain"), field(Location, withLength(integer(Utf8) + text("a"))),
                      "x")}),
@@ -273,8 +277,40 @@ TEST(CheckHeader, FindsEveryMandatoryFieldThatIsMissing)
 {
     EXPECT_FALSE(finds(Rule::MissingField, withFields(Transaction + Version10 + Sender)));
     EXPECT_TRUE(finds(Rule::MissingField, withFields(Version10 + Sender)));
-    EXPECT_TRUE(finds(Rule::MissingField, withFields(Transaction + Sender)));
     EXPECT_TRUE(finds(Rule::MissingField, withFields(Transaction + Version10)));
+}
+
+// Each message has all mandatory fields, in order.
+TEST(CheckMessage, FindsNothingInGoodMessages)
+{
+    constexpr int Class = 0x0A;
+    constexpr int Size = 0x0E;
+    constexpr int Expiry = 0x08;
+    constexpr int ContentLocation = 0x03;
+    constexpr int Date = 0x05;
+    constexpr int MessageId = 0x0B;
+    constexpr int Status = 0x15;
+    const auto start = [](int type) { return field(MessageType, token(type)); };
+    const QByteArray date = field(Date, longInteger(1'300'000'000, 4));
+    const QByteArray slides = field(Content, mediaCode(Related))
+        + body({smilPart(Smil), named(mediaCode(Png), "a.png", png(8, 8))});
+    const QByteArray id = field(MessageId, text("I"));
+    const std::vector good{
+        start(128) + Transaction + Version10 + Sender + ToPhone + slides,
+        start(129) + Transaction + Version10 + field(ResponseStatus, token(128)),
+        start(130) + Transaction + Version10 + field(Class, token(128)) + field(Size, integer(300))
+            + field(Expiry, withLength(token(129) + integer(60)))
+            + field(ContentLocation, text("http://relay/1")),
+        start(131) + Transaction + Version10 + field(Status, token(129)),
+        start(132) + Version10 + date + Sender + slides,
+        start(133) + Transaction + Version10,
+        start(134) + Version10 + id + ToPhone + date + field(Status, token(129)),
+    };
+    for (const QByteArray &octets : good) {
+        const Findings findings = findingsIn(octets);
+        EXPECT_TRUE(findings.inOrder().empty())
+            << octets.toHex().constData() << ' ' << textOf(findings.inOrder().front().rule).id;
+    }
 }
 
 TEST(CheckHeader, NamesTheFieldThatIsNotAtItsPlace)
@@ -284,6 +320,12 @@ TEST(CheckHeader, NamesTheFieldThatIsNotAtItsPlace)
     EXPECT_EQ(findings.inOrder().front().place.name, "MMS-Version");
     const QByteArray date = field(0x05, octet(4) + QByteArray("\x40\xF8\0\0", 4));
     EXPECT_FALSE(finds(Rule::FieldOrder, withFields(Transaction + Version10 + date + date)));
+}
+
+TEST(CheckHeader, FindsAMissingVersion)
+{
+    EXPECT_TRUE(finds(Rule::WrongVersion, withFields(Transaction + Sender)));
+    EXPECT_FALSE(finds(Rule::MissingField, withFields(Transaction + Sender)));
 }
 
 TEST(CheckHeader, TakesFieldsOfTheDeclaredVersion)
@@ -300,6 +342,25 @@ TEST(CheckHeader, TakesAnOrderFaultForAMessage)
     EXPECT_TRUE(finds(Rule::NoMessage, "HTTP/1.1 200 OK\r\n" + octet(0) + SendReq + ToPhone));
 }
 
+TEST(CheckParts, FindsABodyWithoutACount)
+{
+    EXPECT_TRUE(finds(Rule::NoParts, SendReq + ToPhone + field(Content, mediaCode(Mixed))));
+    EXPECT_FALSE(finds(Rule::NoParts, SendReq + ToPhone));
+}
+
+TEST(CheckNames, AsksOfAContentIdWhatReferencesNeed)
+{
+    const auto withId = [](const QByteArray &id) {
+        return mixed({part(withCharset(Utf8), field(Id, quotedString("<" + id + ">")), "x")});
+    };
+    EXPECT_TRUE(finds(Rule::LongName, withId(QByteArray(101, 'a'))));
+    EXPECT_FALSE(finds(Rule::LongName, withId(QByteArray(100, 'a'))));
+    EXPECT_TRUE(finds(Rule::ForeignName, withId("\xC3\xA4")));
+    EXPECT_TRUE(finds(Rule::UnsafeName, withId("a/b")));
+    const QByteArray located = field(Id, quotedString("<a/b>")) + field(Location, text("a"));
+    EXPECT_FALSE(finds(Rule::UnsafeName, mixed({part(withCharset(Utf8), located, "x")})));
+}
+
 TEST(CheckSmil, FindsAPresentationWithoutSlides)
 {
     const QByteArray withoutSlides = "<smil><head/><body/></smil>";
@@ -312,14 +373,36 @@ TEST(CheckSmil, TakesElementsWithAPrefixForOthers)
                       withSmil("<par dur=\"2s\"", "<par><x:par xmlns:x=\"y\"/></par><par")));
 }
 
-Place placeOfSkipped(const QByteArray &octets)
+Place placeOf(Rule rule, const QByteArray &octets)
 {
     const Findings findings = findingsIn(octets);
     for (const Finding &finding : findings.inOrder()) {
-        if (finding.rule == Rule::SkippedElement)
+        if (finding.rule == rule)
             return finding.place;
     }
     return {};
+}
+
+Place placeOfSkipped(const QByteArray &octets)
+{
+    return placeOf(Rule::SkippedElement, octets);
+}
+
+TEST(CheckSmil, NamesAnElementAtTheWrongPlaceOnlyOnce)
+{
+    const QByteArray twoBodies = withSmil("</smil>", "\n<body/></smil>");
+    const Place place = placeOf(Rule::SmilRefused, twoBodies);
+    EXPECT_EQ(place.line, 2);
+    EXPECT_EQ(place.column, 1);
+    EXPECT_FALSE(finds(Rule::SkippedElement, twoBodies));
+}
+
+TEST(CheckSmil, FindsTheOctetThatIsNoUtf8)
+{
+    const Place place =
+        placeOf(Rule::InvalidXml, withSmil("<body>", "\n<body title=\"\u00E4\xFF\">"));
+    EXPECT_EQ(place.line, 2);
+    EXPECT_EQ(place.column, QByteArray("<body title=\"a").size() + 1);
 }
 
 TEST(CheckSmil, CountsLinesAndColumnsInCharacters)
@@ -363,12 +446,43 @@ TEST(CheckPicture, FindsPicturesThatEndTooEarly)
     EXPECT_TRUE(findsInPart(Rule::BrokenPicture, "image/png", picture.chopped(12)));
     const QByteArray scan("\xFF\xD8\xFF\xE0 \xFF\xD9 thumbnail \xFF\xDA picture");
     EXPECT_TRUE(findsInPart(Rule::BrokenPicture, "image/jpeg", scan));
+    const QByteArray webp = "RIFF" + octet(6) + octet(0, 3) + "WEBPVP";
+    EXPECT_FALSE(findsInPart(Rule::BrokenPicture, "image/webp", webp));
+    EXPECT_TRUE(findsInPart(Rule::BrokenPicture, "image/webp", webp.chopped(1)));
 }
 
 TEST(CheckPicture, SaysNothingOfFormatsThatSomeMachinesCannotDecode)
 {
     EXPECT_FALSE(findsInPart(Rule::BrokenPicture, "image/svg+xml", "<svg/>"));
     EXPECT_TRUE(findsInPart(Rule::BrokenPicture, "image/bmp", "BMbroken"));
+}
+
+QByteArray box(const QByteArray &type, const QByteArray &content)
+{
+    return octet(0, 3) + octet(int(content.size()) + 8) + type + content;
+}
+
+// The boxes of an MP4 file up to the size of its video, 176x144.
+QByteArray videoBoxes()
+{
+    const QByteArray numbers = octet(0, 76);
+    const QByteArray size = octet(0) + octet(176) + octet(0, 3) + octet(144) + octet(0, 2);
+    return box("ftyp", "3gp4") + box("moov", box("trak", box("tkhd", numbers + size)));
+}
+
+TEST(CheckRegion, IsLargeEnoughForAVideo)
+{
+    const auto inRegion = [](const QByteArray &width, const QByteArray &video) {
+        const QByteArray smil = QByteArray(Smil)
+                                    .replace("120\"/></layout>", "144\"/></layout>")
+                                    .replace("100%", width)
+                                    .replace("<img", "<video");
+        return related(smil, {named(text("video/3gpp"), "a.png", video)});
+    };
+    EXPECT_FALSE(finds(Rule::SmallRegion, inRegion("176", videoBoxes())));
+    EXPECT_TRUE(finds(Rule::SmallRegion, inRegion("175", videoBoxes())));
+    for (qsizetype size = 0; size < videoBoxes().size(); ++size)
+        EXPECT_FALSE(finds(Rule::SmallRegion, inRegion("175", videoBoxes().first(size)))) << size;
 }
 
 TEST(CheckDuration, FindsZeroInEveryForm)

@@ -1,8 +1,0 @@
-#include "check/picture_size.h"
-
-#include "render/picture_source.h"
-
-QSize Check::pictureSize(const MMS_COMP_SMILMultipartBodypart &part)
-{
-    return examinePicture(part.getBodyData()).storedSize;
-}
