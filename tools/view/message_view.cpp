@@ -1,5 +1,6 @@
 #include "view/message_view.h"
 
+#include "check/check.h"
 #include "input/message.h"
 #include "input/smil_diagnosis.h"
 #include "view/changes_view.h"
@@ -25,25 +26,34 @@ namespace {
 
 using TerminalText::visible;
 
-struct Check
+/// A rule of `qvlmms check` that all messages are held against.
+struct HeaderCheck
 {
     const char *name; // for a person
     const char *key; // for a program
-    bool (MMS_UA_UAMsg::*passes)() const;
+    Check::Rule rule;
 };
 
 constexpr std::array checks{
-    Check{"version", "version", &MMS_UA_UAMsg::isMMSVersionCorrect},
-    Check{"minor version", "minorVersion", &MMS_UA_UAMsg::isMMSMinorVersionCorrect},
-    Check{"mandatory fields", "mandatoryFields", &MMS_UA_UAMsg::mandatoryFldsPresentInPDU},
-    Check{"order", "order", &MMS_UA_UAMsg::pduOrderCheck},
+    HeaderCheck{"version", "version", Check::Rule::WrongVersion},
+    HeaderCheck{"minor version", "minorVersion", Check::Rule::LaterVersion},
+    HeaderCheck{"mandatory fields", "mandatoryFields", Check::Rule::MissingField},
+    HeaderCheck{"order", "order", Check::Rule::FieldOrder},
 };
 
 constexpr std::array checksByKey = [] {
     std::array sorted = checks;
-    std::ranges::sort(sorted, {}, [](const Check &check) { return std::string_view(check.key); });
+    std::ranges::sort(sorted, {},
+                      [](const HeaderCheck &check) { return std::string_view(check.key); });
     return sorted;
 }();
+
+Check::Findings findingsInHeader(const Message &message)
+{
+    Check::Findings findings;
+    Check::checkHeader(message, &findings);
+    return findings;
+}
 
 constexpr qsizetype TitleWidth = 18;
 
@@ -52,13 +62,13 @@ QString line(const QString &title, const QString &text, qsizetype width = TitleW
     return "  "_L1 + title.leftJustified(width) + u' ' + visible(text) + u'\n';
 }
 
-QString checksText(const MMS_UA_UAMsg &header)
+QString checksText(const Message &message)
 {
+    const Check::Findings findings = findingsInHeader(message);
     QStringList texts;
-    for (const Check &check : checks) {
+    for (const HeaderCheck &check : checks)
         texts += QString::fromLatin1(check.name)
-            + ((header.*check.passes)() ? QLatin1String(" ok") : QLatin1String(" FAILED"));
-    }
+            + (findings.has(check.rule) ? QLatin1String(" FAILED") : QLatin1String(" ok"));
     return texts.join(QLatin1String(", "));
 }
 
@@ -112,12 +122,13 @@ QString presentationText(const Message &message)
                : line(QStringLiteral("REFUSED"), refusedSmilText(message)));
 }
 
-void writeChecks(const MMS_UA_UAMsg &header, JsonWriter *json)
+void writeChecks(const Message &message, JsonWriter *json)
 {
+    const Check::Findings findings = findingsInHeader(message);
     json->key("checks");
     json->beginObject();
-    for (const Check &check : checksByKey)
-        json->member(check.key, (header.*check.passes)());
+    for (const HeaderCheck &check : checksByKey)
+        json->member(check.key, !findings.has(check.rule));
     json->endObject();
 }
 
@@ -196,7 +207,7 @@ QString messageText(const Message &message)
     if (message.octets.isEmpty())
         text += line(u"REFUSED"_s, whyNoMessage(message));
     else if (message.headerResult == WireResult::Read)
-        text += line(u"Checks"_s, checksText(header)) + bodyText(message, parts)
+        text += line(u"Checks"_s, checksText(message)) + bodyText(message, parts)
             + presentationText(message);
     else
         text += line(u"REFUSED"_s, refusedHeaderText(message));
@@ -223,7 +234,7 @@ std::string messageJson(const Message &message)
         writeBody(message, parts, &json);
     writeChanges(message, &json);
     if (isDecoded)
-        writeChecks(message.header(), &json);
+        writeChecks(message, &json);
     writeFields(message, &json);
     json.member("file", message.fileName);
     writeHeader(message.header(), &json);
