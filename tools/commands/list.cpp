@@ -171,7 +171,9 @@ Command Commands::list()
              .summary = "list messages, one line for each",
              .purpose = "Lists messages, one line for each: date, type, sender or recipients, "
                         "subject, slides, parts, octets and state. A message is ok, changed "
-                        "(something was left out or rewritten to read it) or refused.",
+                        "(something was left out or rewritten to read it) or refused. Parts are "
+                        "counted by kind: i for images, a for audio, v for video, t for texts, s "
+                        "for SMIL and o for others.",
              .exitCodes =
                  "0 all decoded, 1 a message was refused, 2 wrong usage or an unreadable file.",
              .arguments = {FilesArgument},
@@ -191,7 +193,18 @@ Command Commands::list()
                          } + manyFilesOptions()}},
              .values = {{"CONDITION",
                          "from=ADDRESS, to=ADDRESS, subject~TEXT, type=TYPE, since=DATE, "
-                         "until=DATE, has=KIND, larger=OCTETS or state=STATE"}}},
+                         "until=DATE, has=KIND, larger=SIZE or state=STATE"},
+                        {"ADDRESS",
+                         "a phone number, with or without spaces and punctuation, or an e-mail "
+                         "address"},
+                        {"TEXT", "a part of the subject; case does not matter"},
+                        {"TYPE", "the name or number of a message type, such as send-req or 128"},
+                        {"DATE",
+                         "a date such as 2026-05-01 or 2026-05-01T12:00, in local time; a date "
+                         "alone is midnight"},
+                        {"KIND", "image, audio, video, text or smil"},
+                        {"SIZE", "a number of octets such as 100k; k and M are 1,024 and 1,024k"},
+                        {"STATE", "ok, changed or refused"}}},
         .run = listFiles,
     };
 }

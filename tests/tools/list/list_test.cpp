@@ -37,6 +37,11 @@ struct Case
     bool holds;
 };
 
+void PrintTo(const Case &one, std::ostream *out)
+{
+    *out << one.condition;
+}
+
 class ListCondition : public testing::TestWithParam<Case>
 {
 };
