@@ -69,7 +69,8 @@ TEST(PictureOctets, AreNotCopiedIfNothingIsLeftOut)
 
 TEST(PictureOctets, KeepOctetsOfOtherFormats)
 {
-    for (const QByteArray &start : {QByteArray("\x89PNG\r\n\x1A"), QByteArray("GIF89a"), QByteArray()}) {
+    for (const QByteArray &start :
+         {QByteArray("\x89PNG\r\n\x1A"), QByteArray("GIF89a"), QByteArray()}) {
         const QByteArray octets = start + Text;
         EXPECT_EQ(qvlPictureOctets(octets), octets);
     }

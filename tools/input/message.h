@@ -36,8 +36,7 @@ struct Message : QvlMessage
 
     bool isRefused() const
     {
-        return headerResult != WireResult::Read
-            || bodyResult.value_or(MultipartResult::Ok) != 0
+        return headerResult != WireResult::Read || bodyResult.value_or(MultipartResult::Ok) != 0
             || smilResult.value_or(SmilResult::Ok) != 0;
     }
 
