@@ -89,7 +89,7 @@ private:
     const PageLimits m_limits;
     Work m_octets;
     Work m_clips;
-    Work m_measured{40'000}; ///< characters
+    Work m_measured{100'000}; ///< characters
     Pictures m_pictures;
     Texts m_texts;
     ShownParts m_shown;

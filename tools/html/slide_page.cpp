@@ -114,7 +114,7 @@ void writePage(HtmlWriter *html, const QList<PlacedObject> &places, const QSize 
     html->close();
 }
 
-// The texts that do not fit, whole, below the page.
+// The texts that do not fit, or were not measured, whole, below the page.
 void writeLongTexts(HtmlWriter *html, const QList<PlacedObject> &places, const QSize &size,
                     double textHeight, PageMedia *media)
 {
@@ -127,7 +127,7 @@ void writeLongTexts(HtmlWriter *html, const QList<PlacedObject> &places, const Q
         if (media->fits(*object.getData(), area.size(), textHeight)
             || !media->take(object, text.size() * OctetsForCharacter))
             continue;
-        html->element("p", object.getSrc() + u" does not fit on the slide:"_s,
+        html->element("p", u"The whole text of "_s + object.getSrc() + u':',
                       {{"class", u"caption"_s}});
         writeText(html, text,
                   {{"class", u"whole"_s},
