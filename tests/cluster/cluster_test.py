@@ -67,6 +67,12 @@ def fill(tree):
     (tree / "zz-link.mms").symlink_to(tree / "zz-notes.txt")
 
 
+def address_in(description):
+    """The address in the scheduler's file; None until the scheduler has written all of it."""
+    with contextlib.suppress(OSError, ValueError):
+        return json.loads(description.read_text())["address"]
+
+
 class Cluster:
     """A scheduler and two workers on the loopback interface."""
 
@@ -76,8 +82,8 @@ class Cluster:
         description = folder / "scheduler.json"
         common = ["--scheduler-file", description, "--host", "127.0.0.1", "--no-dashboard"]
         self.processes = [self.start("scheduler", *common, "--port", "0")]
-        wait_until(description.exists)
-        self.address = json.loads(description.read_text())["address"]
+        wait_until(lambda: address_in(description))
+        self.address = address_in(description)
         self.workers = [self.start("worker", *common, "--no-nanny", "--nthreads", "1",
                                    "--local-directory", folder / f"worker-{number}")
                         for number in range(2)]

@@ -55,7 +55,7 @@ public:
 
 private:
     std::vector<Finding> m_findings;
-    std::array<int, std::size_t(Rule::ZeroDuration) + 1> m_counts{};
+    std::array<int, std::size_t(Rule::UnreadableDuration) + 1> m_counts{};
 };
 
 } // namespace Check

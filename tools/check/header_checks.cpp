@@ -54,9 +54,9 @@ void checkRefusal(const Message &message, Findings *findings)
 void checkVersion(const MMS_UA_UAMsg &header, const std::vector<MessageField> &fields,
                   Findings *findings)
 {
-    const Place place = placeOf(HeaderFieldCode::MmsVersion, fields);
     if (!header.fieldsPresent(headerFieldMask(HeaderFieldCode::MmsVersion)))
-        return findings->add(Rule::WrongVersion, place, u"the message has no version"_s);
+        return findings->add(Rule::WrongVersion, {}, u"the message has no version"_s);
+    const Place place = placeOf(HeaderFieldCode::MmsVersion, fields);
     const QString problem = u"the version is "_s + FieldValue::version(header.getMMSVersion());
     if (!header.isMMSVersionCorrect())
         findings->add(Rule::WrongVersion, place, problem);
@@ -90,6 +90,13 @@ void checkMandatoryFields(const MMS_UA_UAMsg &header, const std::vector<MessageF
     }
 }
 
+// False if the decoder divides the header in another way than the standard.
+bool isDivided(const std::vector<MessageField> &fields)
+{
+    return std::ranges::any_of(fields,
+                               [](const MessageField &field) { return field.scanned.has_value(); });
+}
+
 // The first field that is not where it belongs; null when the order is right.
 const QvlScannedField *misplaced(const std::vector<MessageField> &fields)
 {
@@ -111,10 +118,13 @@ const QvlScannedField *misplaced(const std::vector<MessageField> &fields)
     return nullptr;
 }
 
-void checkOrder(const std::vector<MessageField> &fields, Findings *findings)
+void checkOrder(const MMS_UA_UAMsg &header, const std::vector<MessageField> &fields,
+                Findings *findings)
 {
     if (const QvlScannedField *field = misplaced(fields))
         findings->add(Rule::FieldOrder, placeOf(*field), u"the field is not at its place"_s);
+    else if (!isDivided(fields) && !header.pduOrderCheck())
+        findings->add(Rule::FieldOrder, {.octet = 0}, u"the fields are not in order"_s);
 }
 
 // MMS 1.0 if the message does not say.
@@ -139,7 +149,8 @@ void checkKind(const QvlScannedField &field, unsigned char declared, Findings *f
 bool hasToken(QvlFieldForm form)
 {
     constexpr std::array forms{QvlFieldForm::Token, QvlFieldForm::TokenOrText,
-                               QvlFieldForm::TokenAndInteger, QvlFieldForm::TokenAndText};
+                               QvlFieldForm::TokenAndInteger, QvlFieldForm::TokenAndText,
+                               QvlFieldForm::Sender};
     return std::ranges::find(forms, form) != forms.end();
 }
 
@@ -156,14 +167,28 @@ void checkValue(const QvlScannedField &field, Findings *findings)
                       u"no version of MMS has the value %1"_s.arg(value.token));
 }
 
-// Then the decoder divides the header in another way than the standard's rule for lengths.
-void checkDivision(const std::vector<MessageField> &fields, Findings *findings)
+// Octets that are left out have a rule of their own.
+bool hasForeignEnd(const Message &message)
 {
-    const bool isDivided = std::ranges::any_of(
-        fields, [](const MessageField &field) { return field.scanned.has_value(); });
-    if (!fields.empty() && !isDivided)
-        findings->add(Rule::MalformedField, {.octet = 0},
-                      u"a value has a wrong length, so the header can be read in two ways"_s);
+    return std::ranges::any_of(message.changes(), [](const QvlChange &change) {
+        return change.place == QvlChange::HeaderEnd;
+    });
+}
+
+void checkDivision(const Message &message, const std::vector<MessageField> &fields,
+                   Findings *findings)
+{
+    // Then the decoder divides the header in another way than the standard's rule for lengths.
+    if (!fields.empty() && !isDivided(fields))
+        return findings->add(
+            Rule::MalformedField, {.octet = 0},
+            u"a value has a wrong length, so the header can be read in two ways"_s);
+    QvlHeaderScanner scanner(message.octets);
+    QvlScannedField field;
+    while (scanner.next(&field)) { }
+    if (!scanner.isComplete() && !hasForeignEnd(message))
+        findings->add(Rule::MalformedField, {.octet = scanner.position()},
+                      QString::fromLatin1(scanner.meaning()));
 }
 
 void checkRepetition(const std::vector<MessageField> &fields, Findings *findings)
@@ -275,15 +300,15 @@ void checkHeader(const Message &message, Findings *findings)
             checkCharset(*field.scanned, findings);
         }
     }
-    checkDivision(fields, findings);
     checkRepetition(fields, findings);
     checkForms(message, findings);
     checkRefusal(message, findings);
     if (message.headerResult != WireResult::Read)
         return;
+    checkDivision(message, fields, findings);
     checkVersion(message.header(), fields, findings);
     checkMandatoryFields(message.header(), fields, findings);
-    checkOrder(fields, findings);
+    checkOrder(message.header(), fields, findings);
     checkRecipients(message.header(), fields, findings);
 }
 

@@ -49,21 +49,28 @@ QByteArrayView findBox(QByteArrayView boxes, QByteArrayView type)
     return {};
 }
 
-// The header of a track ends with width and height, in pixels times 65,536; 0 for sounds.
+// The header of a track ends with a matrix of nine numbers, and with width and height in pixels
+// times 65,536; 0 for sounds. Phones turn a portrait video by the matrix 0 b, c 0.
 QSize sizeOfTrack(QByteArrayView header)
 {
     constexpr qsizetype Shortest = 84;
     if (header.size() < Shortest)
         return {};
-    const char *end = header.end();
-    return {qFromBigEndian<quint16>(end - 8), qFromBigEndian<quint16>(end - 4)};
+    const char *size = header.end() - 8;
+    const char *matrix = size - 9 * 4;
+    const auto number = [matrix](int index) {
+        return qFromBigEndian<qint32>(matrix + qsizetype(index) * 4);
+    };
+    const bool isTurned = number(0) == 0 && number(4) == 0 && number(1) != 0 && number(3) != 0;
+    const QSize stored(qFromBigEndian<quint16>(size), qFromBigEndian<quint16>(size + 4));
+    return isTurned ? stored.transposed() : stored;
 }
 
 } // namespace
 
 QSize pictureSize(const MMS_COMP_SMILMultipartBodypart &part)
 {
-    return examinePicture(part.getBodyData()).storedSize;
+    return examinePicture(part.getBodyData()).shownSize();
 }
 
 QSize videoSize(QByteArrayView file)

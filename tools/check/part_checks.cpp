@@ -141,10 +141,20 @@ void checkForms(const Message &message, const SentBody &body, Findings *findings
     }
 }
 
+// The relay answers so when it cannot hand over the message.
+bool isFailedRetrieval(const Message &message)
+{
+    QvlHeaderScanner scanner(message.octets);
+    QvlScannedField field;
+    while (scanner.next(&field)) {
+        if (field.code == QvlLaterFieldCode::RetrieveStatus)
+            return field.decoded().token != QvlResponseStatus::Ok;
+    }
+    return false;
+}
+
 void checkCount(int count, const Place &place, Findings *findings)
 {
-    if (count == 0)
-        findings->add(Rule::NoParts, place, u"the body has no part"_s);
     if (count > QvlMessage::MostParts)
         findings->add(Rule::TooManyParts, place, u"the message has %1 parts"_s.arg(count));
 }
@@ -152,6 +162,12 @@ void checkCount(int count, const Place &place, Findings *findings)
 // The body as it was sent.
 void checkDivision(const Message &message, Findings *findings)
 {
+    const bool hasBody =
+        message.header().fieldsPresent(headerFieldMask(HeaderFieldCode::ContentType));
+    if (hasBody && !message.bodyResult.value_or(MultipartResult::Ok)
+        && message.parts().getPartCount() == 0 && !isFailedRetrieval(message))
+        findings->add(Rule::NoParts, {.octet = message.sentBodyOffset()},
+                      u"the body has no part"_s);
     if (!message.isMultipart())
         return;
     const qsizetype start = message.sentBodyOffset();
@@ -187,7 +203,7 @@ void checkSize(const Message &message, qint64 limit, const SentBody &body, Findi
     const QString problem =
         u"%1 octets, %2 above the limit of %3"_s.arg(octets).arg(octets - limit).arg(limit);
     const int largest = largestPart(message);
-    if (largest < 0)
+    if (largest < 0 || message.parts().getBodypartByIndex(largest)->getBodyDataLen() == 0)
         return findings->add(Rule::TooLarge, {}, problem);
     findings->add(Rule::TooLarge, body.placeOf(largest),
                   problem

@@ -12,6 +12,7 @@
 #include <QUrl>
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <optional>
 
@@ -204,35 +205,39 @@ private:
         if (element.tag == "text"_L1 && (region.width < LowestText || region.height < LowestText))
             m_findings->add(Rule::SmallRegion, placeOf(element),
                             u"the region of %1 pixels has no room for a text"_s.arg(size));
-        if (element.tag == "text"_L1 || !region.isCutting)
+        if (element.tag == "text"_L1 || element.tag == "audio"_L1 || !region.isCutting)
             return;
-        const QSize medium = sizeOf(part);
-        if (medium.width() > region.width || medium.height() > region.height)
+        const Measured &medium = measured(part);
+        if (medium.size.width() > region.width || medium.size.height() > region.height)
             m_findings->add(Rule::SmallRegion, placeOf(element),
                             u"the %1 has %2 pixels and the region %3"_s.arg(
-                                element.tag == "video"_L1 ? u"video"_s : u"picture"_s,
-                                sizeText(medium.width(), medium.height()), size));
+                                QLatin1StringView(medium.name),
+                                sizeText(medium.size.width(), medium.size.height()), size));
     }
 
-    QSize sizeOf(int part)
+    struct Measured
     {
-        const auto known = m_sizes.constFind(part);
-        return known != m_sizes.constEnd()
-            ? *known
-            : *m_sizes.insert(part, measured(*m_message.parts().getBodypartByIndex(part)));
-    }
+        const char *name;
+        QSize size; // empty if it is not known
+    };
 
-    static QSize measured(const MMS_COMP_SMILMultipartBodypart &part)
+    const Measured &measured(int index)
     {
+        const auto known = m_measured.constFind(index);
+        if (known != m_measured.constEnd())
+            return *known;
+        const auto &part = *m_message.parts().getBodypartByIndex(index);
         const QSize video = videoSize(part.getBodyData());
-        return video.isEmpty() ? pictureSize(part) : video;
+        return *m_measured.insert(index,
+                                  video.isEmpty() ? Measured{"picture", pictureSize(part)}
+                                                  : Measured{"video", video});
     }
 
     const Message &m_message;
     const PartsByName m_names;
     const Regions m_regions;
     Findings *m_findings;
-    QHash<int, QSize> m_sizes;
+    QHash<int, Measured> m_measured; // by the index of the part
     QSet<int> m_used;
 };
 
@@ -250,22 +255,45 @@ bool isRefused(const Message &message)
     return message.smilResult.value_or(SmilResult::Ok) < SmilResult::Ok;
 }
 
-// An element at the wrong place is the first one that is skipped.
-Place placeOfRefusal(const std::vector<SmilElement> &elements)
+/// Why a presentation is refused, and the skipped element that is the reason.
+struct Refusal
 {
-    const auto skipped = std::ranges::find_if(elements, &SmilElement::isSkipped);
-    return skipped == elements.end() ? Place{} : placeOf(*skipped);
+    int result;
+    const char *tag; // null for any
+    int level;
+};
+
+constexpr std::array refusals{
+    Refusal{SmilResult::NotSmil, nullptr, 0},
+    Refusal{SmilResult::HeadAfterBody, "head", 1},
+    Refusal{SmilResult::SecondHead, "head", 1},
+    Refusal{SmilResult::SecondBody, "body", 1},
+};
+
+// The element at the wrong place; null for other reasons.
+const SmilElement *misplaced(int result, const std::vector<SmilElement> &elements)
+{
+    const auto refusal = std::ranges::find(refusals, result, &Refusal::result);
+    if (refusal == refusals.end())
+        return nullptr;
+    const auto found = std::ranges::find_if(elements, [&](const SmilElement &element) {
+        return element.isSkipped && element.level == refusal->level
+            && (!refusal->tag || element.tag == QLatin1StringView(refusal->tag));
+    });
+    return found == elements.end() ? nullptr : &*found;
 }
 
-void checkSmil(const Message &message, const std::vector<SmilElement> &elements, Findings *findings)
+void checkSmil(const Message &message, const SmilElement *misplacedElement, Findings *findings)
 {
     if (!isRefused(message))
         return message.smilResult ? checkXml(message.smil, findings) : void();
     const int result = *message.smilResult;
     const auto mistake =
         result == SmilResult::NotWellFormed ? findMistake(message.smil) : std::nullopt;
-    findings->add(Rule::SmilRefused, mistake ? placeOf(mistake->place) : placeOfRefusal(elements),
-                  mistake ? mistake->reason : QString::fromLatin1(SmilResult::meaning(result)));
+    if (mistake)
+        return findings->add(Rule::SmilRefused, placeOf(mistake->place), mistake->reason);
+    findings->add(Rule::SmilRefused, misplacedElement ? placeOf(*misplacedElement) : Place{},
+                  QString::fromLatin1(SmilResult::meaning(result)));
 }
 
 // clock-value ::= [hours ":"] minutes ":" seconds | number ["h" | "min" | "s" | "ms"]
@@ -274,6 +302,14 @@ bool isNoTime(const QString &clockValue)
     static const QRegularExpression zero(u"^[+]?(0+:){0,2}0*[.]?0+[.]?(h|min|s|ms)?$"_s);
     const QString value = clockValue.trimmed();
     return value.startsWith(u'-') || zero.match(value).hasMatch();
+}
+
+// Also "media", the length of the clips.
+bool isDuration(const QString &text)
+{
+    static const QRegularExpression clockValue(
+        u"^[+]?((\\d+:)?[0-5]\\d:[0-5]\\d([.]\\d*)?|\\d+([.]\\d*)?(h|min|s|ms)?)$"_s);
+    return text == "indefinite"_L1 || text == "media"_L1 || clockValue.match(text).hasMatch();
 }
 
 void checkTime(const SmilElement &element, Findings *findings)
@@ -285,23 +321,20 @@ void checkTime(const SmilElement &element, Findings *findings)
         if ((isDur || attribute == SmilAttribute::End) && isNoTime(value))
             findings->add(Rule::ZeroDuration, placeOf(element),
                           u"<%1> has %2=\"%3\""_s.arg(element.tag, isDur ? u"dur" : u"end", value));
+        else if (isDur && !isDuration(value))
+            findings->add(Rule::UnreadableDuration, placeOf(element),
+                          u"<%1> has dur=\"%2\""_s.arg(element.tag, value));
     }
 }
 
-// Of a refused presentation, a skipped element is the reason, or as much as all others.
-void checkElements(const std::vector<SmilElement> &elements, bool isRefused, MediaChecks *media,
-                   Findings *findings)
+void checkElement(const SmilElement &element, MediaChecks *media, Findings *findings)
 {
-    for (const SmilElement &element : elements) {
-        if (!element.isSkipped) {
-            checkTime(element, findings);
-            if (isMedia(element))
-                media->check(element);
-        } else if (!isRefused) {
-            findings->add(Rule::SkippedElement, placeOf(element),
-                          u"<%1> is skipped"_s.arg(element.tag));
-        }
-    }
+    if (element.isSkipped)
+        return findings->add(Rule::SkippedElement, placeOf(element),
+                             u"<%1> is skipped"_s.arg(element.tag));
+    checkTime(element, findings);
+    if (isMedia(element))
+        media->check(element);
 }
 
 void checkUse(Message &message, const MediaChecks &media, Findings *findings)
@@ -324,9 +357,14 @@ void checkPresentation(Message &message, Findings *findings)
         return;
     }
     const std::vector<SmilElement> elements = smilOutline(message.smil);
-    checkSmil(message, elements, findings);
+    const SmilElement *reason =
+        isRefused(message) ? misplaced(*message.smilResult, elements) : nullptr;
+    checkSmil(message, reason, findings);
     MediaChecks media(message, elements, findings);
-    checkElements(elements, isRefused(message), &media, findings);
+    for (const SmilElement &element : elements) {
+        if (&element != reason)
+            checkElement(element, &media, findings);
+    }
     if (elements.empty() || isRefused(message))
         return;
     if (message.slides().getTotalSlidesNum() == 0)

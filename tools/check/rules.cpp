@@ -78,7 +78,8 @@ constexpr std::array table{
     RuleText{Rule::SameName, Error, "same-name",
              "two parts with the same Content-Location or Content-ID, apart from case and brackets",
              "receivers show one of them in place of the other", "name each part differently"},
-    RuleText{Rule::NoName, Warning, "no-name", "a part without a Content-Location and a Content-ID",
+    RuleText{Rule::NoName, Warning, "no-name",
+             "a part without a Content-Location, a Content-ID and a file name",
              "no presentation can show it", "name the part"},
     RuleText{Rule::UnsafeName, Warning, "unsafe-name",
              "a name with a character that file systems do not allow, or that begins with a point "
@@ -111,7 +112,8 @@ constexpr std::array table{
     RuleText{Rule::NoSlides, Note, "no-slides",
              "a message with parts and no presentation, or none with slides",
              "each receiver chooses what it shows together", "add slides in SMIL"},
-    RuleText{Rule::SmilRefused, Error, "smil-refused", "SMIL that is not well-formed",
+    RuleText{Rule::SmilRefused, Error, "smil-refused",
+             "SMIL that is not well-formed, or whose head and body are not as the standard says",
              "receivers show no slides", "correct the SMIL"},
     RuleText{Rule::InvalidXml, Warning, "invalid-xml",
              "SMIL that the handset reads and XML does not allow", "other receivers show no slides",
@@ -136,8 +138,11 @@ constexpr std::array table{
         "receivers cut it off", "make the region larger or write fit=\"meet\""},
     RuleText{Rule::ZeroDuration, Warning, "zero-duration", "a slide or medium that lasts no time",
              "receivers skip it or show it for a moment", "write a longer duration"},
+    RuleText{Rule::UnreadableDuration, Warning, "unreadable-duration",
+             "a duration of a slide or medium that is no time of SMIL",
+             "each receiver chooses another duration", "write a number of seconds such as 5s"},
 };
-static_assert(table.size() == std::size_t(Rule::ZeroDuration) + 1
+static_assert(table.size() == std::size_t(Rule::UnreadableDuration) + 1
                   && std::ranges::is_sorted(table, {}, &RuleText::rule),
               "a row stands at its place");
 

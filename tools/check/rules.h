@@ -64,6 +64,7 @@ enum class Rule : unsigned char {
     UnusedPart,
     SmallRegion,
     ZeroDuration,
+    UnreadableDuration,
 };
 
 /// What is said of every problem that a rule finds.

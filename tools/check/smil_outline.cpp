@@ -166,7 +166,8 @@ std::vector<SmilElement> smilOutline(const QByteArray &smil)
         // No attribute has this character.
         const qsizetype begin = text.text().lastIndexOf(u'<', reader.characterOffset() - 1);
         const SmilText::Place place = places.placeOf(begin);
-        elements.push_back({tag, usedOf(reader.attributes()), place.line, place.column, !row});
+        elements.push_back({tag, usedOf(reader.attributes()), place.line, place.column,
+                            int(levels.size()) - 1, !row});
         if (row)
             levels.emplace_back(row->content);
         else

@@ -22,6 +22,7 @@ struct SmilElement
     std::vector<std::pair<SmilAttribute, QString>> attributes; ///< trimmed, except ids
     qint64 line; ///< where it begins, from 1
     qint64 column; ///< from 1
+    int level; ///< 0 for the document element
     bool isSkipped; ///< the library passes over it and its content
 
     /// The value of an attribute; empty if the element does not have it.

@@ -160,9 +160,7 @@ Command Commands::check()
                               .replacesArguments = true},
                              {.name = "json", .help = "print one JSON object per line"},
                          } + manyFilesOptions()}},
-             .values = {{"WORD",
-                         "the severity from which on the exit code is 1; without the option, "
-                         "errors count"}}},
+             .values = {{"WORD", "the least severity that gives the exit code 1 (default error)"}}},
         .run = runCheck,
     };
 }

@@ -200,8 +200,8 @@ Command Commands::list()
                         {"TEXT", "a part of the subject; case does not matter"},
                         {"TYPE", "the name or number of a message type, such as send-req or 128"},
                         {"DATE",
-                         "a date such as 2026-05-01 or 2026-05-01T12:00, in local time; a date "
-                         "alone is midnight"},
+                         "a date such as 2026-05-01 or 2026-05-01T12:00, in local time "
+                         "unless it has an offset; a date alone is midnight"},
                         {"KIND", "image, audio, video, text or smil"},
                         {"SIZE", "a number of octets such as 100k; k and M are 1,024 and 1,024k"},
                         {"STATE", "ok, changed or refused"}}},

@@ -144,14 +144,20 @@ bool isClip(const Object &object)
     return type == SMIL_MEDIA_AUDIO || type == SMIL_MEDIA_VIDEO;
 }
 
-// Such as "1.5 s" or "21 min 40 s".
+// Such as "1.5 s", "21 min 40 s" or "1 h".
 QString timeText(int milliseconds)
 {
     constexpr int Second = 1000;
     constexpr int Minute = 60 * Second;
-    const int minutes = milliseconds / Minute;
-    const QString seconds = number(double(milliseconds % Minute) / Second) + u" s"_s;
-    return minutes > 0 ? u"%1 min "_s.arg(minutes) + seconds : seconds;
+    constexpr int Hour = 60 * Minute;
+    QStringList words;
+    if (milliseconds >= Hour)
+        words += u"%1 h"_s.arg(milliseconds / Hour);
+    if (const int minutes = milliseconds % Hour / Minute)
+        words += u"%1 min"_s.arg(minutes);
+    if (milliseconds % Minute > 0 || words.isEmpty())
+        words += number(double(milliseconds % Minute) / Second) + u" s"_s;
+    return words.join(u' ');
 }
 
 QString lengthText(int milliseconds)

@@ -4,6 +4,8 @@
 
 #include <QXmlStreamReader>
 
+#include <algorithm>
+
 QString SmilMistake::text() const
 {
     return QStringLiteral("line %1, column %2: ").arg(place.line).arg(place.column) + reason;
@@ -63,6 +65,7 @@ std::optional<SmilMistake> findXmlMistake(const QByteArray &smil)
         return std::nullopt;
     const auto notUtf8 = isInUtf8(reader) ? SmilText::placeNotUtf8(smil) : std::nullopt;
     if (notUtf8)
-        return SmilMistake{*notUtf8, QStringLiteral("an octet is no UTF-8")};
-    return SmilMistake{{reader.lineNumber(), reader.columnNumber()}, reasonOf(reader)};
+        return SmilMistake{*notUtf8, QStringLiteral("an octet is not valid UTF-8")};
+    return SmilMistake{{reader.lineNumber(), std::max<qint64>(reader.columnNumber(), 1)},
+                       reasonOf(reader)};
 }

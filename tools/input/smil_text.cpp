@@ -48,5 +48,5 @@ SmilText::Place SmilText::placeOf(const QXmlStreamReader &reader) const
 {
     const bool isFirstLine = reader.lineNumber() == 1;
     return {reader.lineNumber() + m_linesBefore,
-            reader.columnNumber() + (isFirstLine ? m_columnsBefore : 0)};
+            std::max<qint64>(reader.columnNumber(), 1) + (isFirstLine ? m_columnsBefore : 0)};
 }

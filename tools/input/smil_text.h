@@ -19,7 +19,7 @@ public:
     struct Place
     {
         qint64 line; ///< from 1
-        qint64 column; ///< from 1; 0 before the first character of a line
+        qint64 column; ///< from 1
 
         /// Moves the place to the other side of @p character. A pair of surrogates is one.
         void pass(QChar character);
@@ -36,7 +36,8 @@ public:
     bool hasDeclarations() const;
     /// The place of the first octet that is no UTF-8 in the part; nothing if there is none.
     static std::optional<Place> placeNotUtf8(const QByteArray &smil);
-    /// The place of the last character that @p reader, which reads text(), has passed.
+    /// The place of the last character that @p reader, which reads text(), has passed in its line;
+    /// of the first one if it passed none.
     Place placeOf(const QXmlStreamReader &reader) const;
 
 private:

@@ -212,6 +212,7 @@ const std::vector<Row> &rows()
          withPicture(8, 8)},
         {Rule::SmallRegion, withPicture(161, 120), withPicture(160, 120)},
         {Rule::ZeroDuration, withSmil("2s", "0ms"), withPicture(8, 8)},
+        {Rule::UnreadableDuration, withSmil("2s", "2sec"), withSmil("2s", "00:02")},
     };
     return rows;
 }
@@ -328,6 +329,29 @@ TEST(CheckHeader, FindsAMissingVersion)
     EXPECT_FALSE(finds(Rule::MissingField, withFields(Transaction + Sender)));
 }
 
+TEST(CheckHeader, FindsThatTheMessageEndsWithinAText)
+{
+    const QByteArray whole = SendReq + field(Subject, text("Photos"));
+    EXPECT_FALSE(finds(Rule::MalformedField, whole));
+    EXPECT_TRUE(finds(Rule::MalformedField, whole.chopped(1)));
+}
+
+TEST(CheckHeader, FindsTheOrderOfAHeaderThatCanBeReadInTwoWays)
+{
+    const QByteArray sender = field(0x09, octet(9) + token(129));
+    EXPECT_TRUE(
+        finds(Rule::FieldOrder, field(MessageType, token(129)) + Version10 + Transaction + sender));
+}
+
+TEST(CheckHeader, FindsASenderThatIsNeitherPresentNorInserted)
+{
+    const auto from = [](int sender) {
+        return SendReq + field(0x09, withLength(token(sender))) + ToPhone;
+    };
+    EXPECT_TRUE(finds(Rule::UnknownValue, from(131)));
+    EXPECT_FALSE(finds(Rule::UnknownValue, from(129)));
+}
+
 TEST(CheckHeader, TakesFieldsOfTheDeclaredVersion)
 {
     const QByteArray readStatus = field(ReadStatus, token(128));
@@ -346,6 +370,18 @@ TEST(CheckParts, FindsABodyWithoutACount)
 {
     EXPECT_TRUE(finds(Rule::NoParts, SendReq + ToPhone + field(Content, mediaCode(Mixed))));
     EXPECT_FALSE(finds(Rule::NoParts, SendReq + ToPhone));
+    EXPECT_TRUE(finds(Rule::NoParts, SendReq + ToPhone + field(Content, mediaCode(TextPlain))));
+}
+
+TEST(CheckParts, AreNotMissedWhereTheRelayReportsAFailure)
+{
+    constexpr int RetrieveStatus = 0x19;
+    const auto retrieved = [](int status) {
+        return field(MessageType, token(132)) + Version10 + field(RetrieveStatus, token(status))
+            + field(Content, mediaCode(Mixed)) + octet(0);
+    };
+    EXPECT_TRUE(finds(Rule::NoParts, retrieved(128)));
+    EXPECT_FALSE(finds(Rule::NoParts, retrieved(224)));
 }
 
 TEST(CheckNames, AsksOfAContentIdWhatReferencesNeed)
@@ -395,6 +431,24 @@ TEST(CheckSmil, NamesAnElementAtTheWrongPlaceOnlyOnce)
     EXPECT_EQ(place.line, 2);
     EXPECT_EQ(place.column, 1);
     EXPECT_FALSE(finds(Rule::SkippedElement, twoBodies));
+}
+
+TEST(CheckSmil, DoesNotTakeAHarmlessElementForTheReasonOfARefusal)
+{
+    const QByteArray body = "<body><foo/><par><body/></par></body>";
+    const auto document = [&](const QByteArray &after) {
+        return related("<smil>" + body + after + "</smil>", {textPart("a")});
+    };
+    for (const char *second : {"<body/>", "<head/>"}) {
+        const QByteArray octets = document(QByteArray("\n") + second);
+        EXPECT_EQ(placeOf(Rule::SmilRefused, octets).line, 2) << second;
+        EXPECT_EQ(findingsIn(octets).count(Rule::SkippedElement), 2) << second;
+    }
+    QByteArray deep = "<par/>";
+    for (int i = 0; i < 11; ++i)
+        deep = "<par>" + deep + "</par>";
+    const QByteArray nested = "<smil><body><foo/>" + deep + "</body></smil>";
+    EXPECT_EQ(placeOf(Rule::SmilRefused, related(nested, {})).line, 0);
 }
 
 TEST(CheckSmil, FindsTheOctetThatIsNoUtf8)
@@ -462,25 +516,33 @@ QByteArray box(const QByteArray &type, const QByteArray &content)
     return octet(0, 3) + octet(int(content.size()) + 8) + type + content;
 }
 
-// The boxes of an MP4 file up to the size of its video, 176x144.
+// The boxes of an MP4 file up to the size of its video, 176x144, with the matrix that turns it.
+QByteArray videoBoxes(const QByteArray &matrix)
+{
+    const QByteArray size = octet(0) + octet(176) + octet(0, 3) + octet(144) + octet(0, 2);
+    return box("ftyp", "3gp4")
+        + box("moov", box("trak", box("tkhd", octet(0, 40) + matrix + size)));
+}
+
 QByteArray videoBoxes()
 {
-    const QByteArray numbers = octet(0, 76);
-    const QByteArray size = octet(0) + octet(176) + octet(0, 3) + octet(144) + octet(0, 2);
-    return box("ftyp", "3gp4") + box("moov", box("trak", box("tkhd", numbers + size)));
+    return videoBoxes(octet(0, 36));
 }
 
 TEST(CheckRegion, IsLargeEnoughForAVideo)
 {
     const auto inRegion = [](const QByteArray &width, const QByteArray &video) {
         const QByteArray smil = QByteArray(Smil)
-                                    .replace("120\"/></layout>", "144\"/></layout>")
+                                    .replace("120\"/></layout>", "176\"/></layout>")
                                     .replace("100%", width)
                                     .replace("<img", "<video");
         return related(smil, {named(text("video/3gpp"), "a.png", video)});
     };
     EXPECT_FALSE(finds(Rule::SmallRegion, inRegion("176", videoBoxes())));
     EXPECT_TRUE(finds(Rule::SmallRegion, inRegion("175", videoBoxes())));
+    const QByteArray one = octet(0) + octet(1) + octet(0, 2);
+    const QByteArray quarter = octet(0, 4) + one + octet(0, 4) + one + octet(0, 20);
+    EXPECT_FALSE(finds(Rule::SmallRegion, inRegion("144", videoBoxes(quarter))));
     for (qsizetype size = 0; size < videoBoxes().size(); ++size)
         EXPECT_FALSE(finds(Rule::SmallRegion, inRegion("175", videoBoxes().first(size)))) << size;
 }

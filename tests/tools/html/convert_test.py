@@ -138,7 +138,7 @@ class ConvertTest(unittest.TestCase):
         frame = b"\x04" + bytes(12)  # 20 ms at the lowest rate
         frames = b"#!AMR\n" + frame * 40_000
         page = self.page_of(message_of(frames), decoder=REAL)
-        self.assertEqual(self.captions(page), ["0.amr, 13 min 20 s, only the first 10 min 0 s"])
+        self.assertEqual(self.captions(page), ["0.amr, 13 min 20 s, only the first 10 min"])
         self.assertEqual([self.seconds_of(wav) for wav in self.sounds(page)], [NEVER_ENDING_SECONDS])
 
     def test_without_the_decoder_the_page_is_written(self):
