@@ -337,6 +337,26 @@ class PageTest(unittest.TestCase):
         self.assertEqual(captions, ["Slide 1, no duration, plays 5 s",
                                     "Slide 2, no duration, plays 1 s", "Slide 3, 2 s"])
 
+    def test_a_slide_without_an_end_waits_for_the_reader(self):
+        smil = (b"<smil><body><par dur='indefinite'><text src='a.txt'/></par>"
+                b"<par dur='0.2s'><text src='a.txt'/></par></body></smil>")
+        message = self.work / "indefinite.mms"
+        message.write_bytes(b"\x8c\x84\x8d\x90\x84\xb3\x02" + part("application/smil", "s.smil", smil)
+                            + part("text/plain", "a.txt", b"text"))
+        self.page_of(message)
+        self.assertEqual(self.stage("return stage.querySelector('.current > :last-child').textContent"),
+                         "Slide 1, no end")
+        self.stage("stage.focus()")
+        self.driver.press(SPACE)
+        time.sleep(0.5)
+        self.driver.press(SPACE) # a pause has no end to keep
+        self.driver.press(SPACE)
+        time.sleep(0.5)
+        self.assertEqual(self.current(), 0)
+        self.driver.press(RIGHT)
+        self.wait_for("stage.dataset.state === 'paused'")
+        self.assertEqual(self.current(), 1)
+
     def test_keys_of_the_browser_and_of_players_stay_theirs(self):
         self.page_of(self.composed("--slide", "--audio", FIXTURES / "clips" / "sound.amr", "--slide", "--text", "t"))
         self.stage("stage.focus()")
