@@ -1,0 +1,4 @@
+#include "window/main_window.h"
+
+MainWindow::MainWindow() = default;
+MainWindow::~MainWindow() = default;
