@@ -1,0 +1,136 @@
+/*
+ * Parts that other programs may open, the names and the files that they get.
+ */
+#include "window/attachment.h"
+
+#include <qvlsmilparser.h>
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QImage>
+#include <QTest>
+
+using Part = MMS_COMP_SMILMultipartBodypart;
+
+class AttachmentTest : public QObject
+{
+    Q_OBJECT
+
+private slots:
+    void mayBeOpened_data();
+    void mayBeOpened();
+    void extensionFitsTheContent();
+    void fileIsPrivateAndNotExecutable();
+    void filesOfOneNameDoNotReplaceEachOther();
+    void filesEndWithTheObject();
+};
+
+namespace {
+
+QByteArray png()
+{
+    QByteArray octets;
+    QBuffer buffer(&octets);
+    QImage image(2, 2, QImage::Format_RGB32);
+    image.fill(Qt::red);
+    image.save(&buffer, "PNG");
+    return octets;
+}
+
+Attachment examined(const QString &location, const QByteArray &octets)
+{
+    Part part;
+    part.setContentLocation(location);
+    part.setDispFileName(location);
+    part.setBodyData(octets);
+    return examineAttachment(part, 0);
+}
+
+} // namespace
+
+void AttachmentTest::mayBeOpened_data()
+{
+    QTest::addColumn<QString>("name");
+    QTest::addColumn<QByteArray>("octets");
+    QTest::addColumn<bool>("isOpened");
+    QTest::newRow("a picture") << "a.png" << png() << true;
+    QTest::newRow("a picture named like a text") << "a.txt" << png() << true;
+    QTest::newRow("a text") << "a.txt" << QByteArray("Hello") << true;
+    QTest::newRow("a page") << "a.html" << QByteArray("<!DOCTYPE html><html></html>") << false;
+    QTest::newRow("a page named like a picture")
+        << "a.png" << QByteArray("<!DOCTYPE html><html></html>") << false;
+    QTest::newRow("a text named like a page") << "a.html" << QByteArray("Hello") << false;
+    QTest::newRow("a vector picture")
+        << "a.svg" << QByteArray("<svg xmlns=\"http://www.w3.org/2000/svg\"/>") << false;
+    QTest::newRow("a script") << "a.txt" << QByteArray("#!/bin/sh\necho\n") << false;
+    QTest::newRow("a text named like a script") << "a.sh" << QByteArray("echo") << false;
+    QTest::newRow("a Python script") << "a.py" << QByteArray("print()") << false;
+    QTest::newRow("a desktop entry")
+        << "a.txt" << QByteArray("[Desktop Entry]\nType=Application\nExec=x\n") << false;
+    QTest::newRow("a text named like a desktop entry")
+        << "a.desktop" << QByteArray("Hello") << false;
+    QTest::newRow("a program") << "a.png"
+                               << QByteArray("\x7F"
+                                             "ELF\2\1\1\0\0\0\0\0\0\0\0\0\2\0\x3E",
+                                             19)
+                               << false;
+    QTest::newRow("a Windows program") << "a.exe" << QByteArray("MZ\x90\0\3\0\0\0", 8) << false;
+    QTest::newRow("unknown octets") << "a.bin" << QByteArray("\1\2\3\4\0\xFF", 6) << false;
+}
+
+void AttachmentTest::mayBeOpened()
+{
+    QFETCH(QString, name);
+    QFETCH(QByteArray, octets);
+    QTEST(examined(name, octets).mayBeOpened, "isOpened");
+}
+
+void AttachmentTest::extensionFitsTheContent()
+{
+    QCOMPARE(examined("a.jpg", png()).name, "a.png");
+    QCOMPARE(examined("a.PNG", png()).name, "a.PNG");
+    QCOMPARE(examined("../../a", png()).name, "a.png");
+    QCOMPARE(examined(".bashrc", "Hello").name, "bashrc.txt");
+}
+
+void AttachmentTest::fileIsPrivateAndNotExecutable()
+{
+    OpenedAttachments opened;
+    QString error;
+    const QFileInfo file(opened.write("Hello", "a.txt", &error));
+    QVERIFY2(file.exists(), qPrintable(error));
+    QCOMPARE(file.permissions(),
+             QFileDevice::ReadOwner | QFileDevice::WriteOwner | QFileDevice::ReadUser
+                 | QFileDevice::WriteUser);
+    const auto others = QFileDevice::ReadGroup | QFileDevice::ReadOther;
+    QVERIFY(!(QFileInfo(file.path()).permissions() & others)
+            || !(QFileInfo(QFileInfo(file.path()).path()).permissions() & others));
+}
+
+void AttachmentTest::filesOfOneNameDoNotReplaceEachOther()
+{
+    OpenedAttachments opened;
+    QString error;
+    const QString first = opened.write("1", "a.txt", &error);
+    const QString second = opened.write("2", "a.txt", &error);
+    QVERIFY(first != second);
+    QCOMPARE(QFileInfo(second).fileName(), "a.txt");
+    QFile file(first);
+    QVERIFY(file.open(QIODevice::ReadOnly));
+    QCOMPARE(file.readAll(), "1");
+}
+
+void AttachmentTest::filesEndWithTheObject()
+{
+    QString path;
+    {
+        OpenedAttachments opened;
+        QString error;
+        path = opened.write("1", "a.txt", &error);
+        QVERIFY(QFileInfo::exists(path));
+    }
+    QVERIFY(!QFileInfo::exists(path));
+}
+
+QTEST_GUILESS_MAIN(AttachmentTest)
+#include "attachment_test.moc"
