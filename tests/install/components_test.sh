@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# The packages are built from the install components runtime, dev and qvlmms. Each has the files of the list
+# The packages are built from the install components runtime, dev, qvlmms and, if the window is built,
+# qvlmms-gui. Each has the files of the list
 # beside this script, and together they have the same files as a complete installation.
 #     components_test.sh BUILD_DIR VERSION
 set -euo pipefail
@@ -19,7 +20,9 @@ generally() {
 }
 
 quietly cmake --install "$build_dir" --prefix "$work/all"
-for component in runtime dev qvlmms; do
+components=(runtime dev qvlmms)
+[ ! -e "$build_dir/gui/qvlmms-gui" ] || components+=(qvlmms-gui)
+for component in "${components[@]}"; do
   quietly cmake --install "$build_dir" --prefix "$work/$component" --component "$component"
   files "$work/$component" >>"$work/parts"
   files "$work/$component" | generally | diff -u "$here/$component.files" - \
