@@ -11,6 +11,7 @@
 #include "presentation/smil_values.h"
 
 #include <QDomElement>
+#include <QScopeGuard>
 
 #include <algorithm>
 #include <memory>
@@ -160,6 +161,22 @@ Slide *MMS_COMP_SMILData::appendSlide(unsigned int dur)
         appendSlide(slide);
         return slide;
     });
+}
+
+bool MMS_COMP_SMILData::insertSlide(unsigned int index, Slide *slide)
+{
+    if (!slide || index > getTotalSlidesNum())
+        return false;
+    return unlessOutOfMemory(false, [&] {
+        const auto ownAgain = qScopeGuard([this] { m_slides.setAutoDelete(true); });
+        m_slides.setAutoDelete(false); // without memory the caller keeps the slide
+        return m_slides.insert(int(index), slide);
+    });
+}
+
+Slide *MMS_COMP_SMILData::takeSlide(unsigned int index)
+{
+    return index < getTotalSlidesNum() ? m_slides.take(int(index)) : nullptr;
 }
 
 unsigned int MMS_COMP_SMILData::getMediaObjectCount(unsigned int slide) const

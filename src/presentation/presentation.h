@@ -111,6 +111,12 @@ public:
     /// Adds an empty slide of @p dur milliseconds, taken as signed. Returns the slide, owned by the
     /// presentation, or null when there is no memory.
     MMS_COMP_SMILTimingContainer *appendSlide(unsigned int dur);
+    /// Inserts @p slide, which the presentation then owns, at @p index. False for null, beyond the
+    /// end or without memory; the caller then keeps the slide.
+    bool insertSlide(unsigned int index, MMS_COMP_SMILTimingContainer *slide);
+    /// Removes the slide at @p index and returns it, still with its content; the caller owns it.
+    /// Null out of range.
+    MMS_COMP_SMILTimingContainer *takeSlide(unsigned int index);
 
     /// @name Operations of a slide
     /// @{

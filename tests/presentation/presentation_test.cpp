@@ -221,6 +221,30 @@ TEST_F(PresentationTest, SlidesAreCreatedOnItsMessageWithASignedDuration)
         EXPECT_EQ(data.getSlide(index), nullptr);
 }
 
+TEST_F(PresentationTest, SlidesCanBeMoved)
+{
+    appendSlides(data, {"t", "a", "ti"});
+    Slide *taken = data.takeSlide(2);
+    ASSERT_TRUE(taken);
+    EXPECT_EQ(kindsOf(data), (QStringList{"t", "a"}));
+    EXPECT_EQ(taken->getMediaObjectCount(), 2U);
+    EXPECT_TRUE(data.insertSlide(0, taken));
+    EXPECT_EQ(kindsOf(data), (QStringList{"ti", "t", "a"}));
+    taken = data.takeSlide(0);
+    EXPECT_TRUE(data.insertSlide(2, taken));
+    EXPECT_EQ(kindsOf(data), (QStringList{"t", "a", "ti"}));
+}
+
+TEST_F(PresentationTest, SlidesOutOfRangeAreNotMoved)
+{
+    appendSlides(data, {"t"});
+    EXPECT_FALSE(data.takeSlide(1));
+    EXPECT_FALSE(data.insertSlide(0, nullptr));
+    const auto kept = std::make_unique<Slide>(&message);
+    EXPECT_FALSE(data.insertSlide(2, kept.get()));
+    EXPECT_EQ(data.getTotalSlidesNum(), 1U);
+}
+
 TEST_F(PresentationTest, ObjectOperationsGoToTheSlide)
 {
     appendSlides(data, {"t", "ta"});
