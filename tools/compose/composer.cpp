@@ -1,12 +1,10 @@
 #include "compose/composer.h"
 
+#include "compose/file_type.h"
+#include "compose/new_message.h"
 #include "compose/read_back.h"
 #include "compose/values.h"
 #include "input/files.h"
-
-#include <QMimeDatabase>
-#include <QStringDecoder>
-#include <QUuid>
 
 #include <algorithm>
 #include <array>
@@ -48,13 +46,6 @@ QLatin1String optionTaking(const QString &type)
     return QLatin1String(kind != mediaKinds.end() ? kind->option : "--attach");
 }
 
-bool isImageOrClip(const QString &type)
-{
-    return std::ranges::any_of(mediaKinds, [&](const MediaKind &kind) {
-        return kind.element != SMIL_MEDIA_TEXT && type == qvlMediaKind(kind.element)->mainType;
-    });
-}
-
 Problem refused(const QString &text)
 {
     return {Problem::Content, text};
@@ -71,79 +62,11 @@ Problem tooLarge(const QString &what, qint64 limit)
               .arg(limit / 1024));
 }
 
-bool isUtf8(const QByteArray &octets)
-{
-    QStringDecoder decode(QStringDecoder::Utf8, QStringDecoder::Flag::Stateless);
-    const QString text = decode(octets);
-    return !decode.hasError();
-}
-
-// The type of a file, and how it was found.
-struct FileType
-{
-    QString type;
-    QString subtype;
-    QLatin1String source; ///< in words
-
-    bool isKnown() const { return !type.isEmpty(); }
-};
-
-// Finds the type of files with an extension.
-FileType typeByExtension(const QString &extension)
-{
-    FileType found{.type = {}, .subtype = {}, .source = QLatin1String("by its extension")};
-    MMS_COMP_Util::getMIMETypeByExtName(extension, found.type, found.subtype);
-    return found;
-}
-
-// Recognizes texts in UTF-8, images, audio and video. The tables may know a type by another name
-// than the database, or know only the type that it extends.
-FileType typeByContent(const QByteArray &octets)
-{
-    const QMimeType recognized = QMimeDatabase().mimeTypeForData(octets);
-    const bool isText = recognized.name() == QLatin1String("text/plain") && isUtf8(octets);
-    for (const QString &name :
-         QStringList(recognized.name()) + recognized.aliases() + recognized.allAncestors()) {
-        FileType found = typeByExtension(MMS_COMP_Util::getFirstSupportExtNameByMIMEType(
-            Part::getTypePartFromFormat(name), Part::getSubTypePartFromFormat(name)));
-        if (!isText && !isImageOrClip(found.type))
-            continue;
-        found.source = QLatin1String("by its content");
-        return found;
-    }
-    return {};
-}
-
-FileType typeOf(const QString &fileName, const QByteArray &octets)
-{
-    const FileType found = typeByExtension(MMS_COMP_Util::getExtName(fileName));
-    return found.isKnown() ? found : typeByContent(octets);
-}
-
-std::unique_ptr<Part> newPart(const FileType &type, const QString &location,
-                              const QByteArray &octets)
-{
-    auto part = std::make_unique<Part>();
-    part->setContentType(type.type);
-    part->setContentSubType(type.subtype);
-    part->setContentLocation(location);
-    part->setBodyData(octets);
-    return part;
-}
-
 } // namespace
 
 Composer::Composer() : m_limit(qint64(MMS_UTIL_Setting::getMaxiumMOMMSSize()) * 1024)
 {
-    const QString unique = QUuid::createUuid().toString(QUuid::Id128).first(12);
-    header().setTransactionId(QString::number(QDateTime::currentSecsSinceEpoch()) + QLatin1Char('-')
-                              + unique);
-    header().setMMSVersion(QvlMmsVersion::Version10);
-    header().setDate(QDateTime::currentDateTime());
-    for (const unsigned char code :
-         {HeaderFieldCode::MessageType, HeaderFieldCode::TransactionId, HeaderFieldCode::MmsVersion,
-          HeaderFieldCode::Date, HeaderFieldCode::ContentType})
-        header().addFieldsPresent(headerFieldMask(code));
+    beginHeader(&header());
 }
 
 Outcome Composer::attach(const QString &fileName)
@@ -151,9 +74,7 @@ Outcome Composer::attach(const QString &fileName)
     QByteArray octets;
     if (auto problem = read(fileName, &octets))
         return problem;
-    FileType type = typeOf(fileName, octets);
-    if (!type.isKnown())
-        type = {QStringLiteral("application"), QStringLiteral("octet-stream"), {}};
+    const FileType type = attachmentType(fileName, octets);
     const QString location =
         m_message.parts().createUniqueLocation(ComposeValues::locationFor(fileName));
     m_message.parts().appendBodypart(newPart(type, location, octets).release());
@@ -198,7 +119,7 @@ Outcome Composer::addMedia(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString 
         return problem;
     if (auto problem = read(fileName, &octets))
         return problem;
-    const FileType type = typeOf(fileName, octets);
+    const FileType type = fileTypeOf(fileName, octets);
     if (!type.isKnown())
         return refused(
             QLatin1String("the type of ") + fileName
@@ -243,11 +164,9 @@ Outcome Composer::place(MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind, const QString &na
                         const QString &subtype, const QByteArray &octets)
 {
     MMS_COMP_SMILData &slides = m_message.slides();
-    const QString region = kind == SMIL_MEDIA_TEXT ? slides.getTextRegionId()
-        : kind == SMIL_MEDIA_AUDIO                 ? QString()
-                                                   : slides.getImgRegionId();
     const QString source = slides.createUniqueSrc(ComposeValues::locationFor(name));
-    if (!slide().updateData(region, source, kind, subtype, octets, true, &m_message.parts()))
+    if (!slide().updateData(regionOf(slides, kind), source, kind, subtype, octets, true,
+                            &m_message.parts()))
         return refused(QStringLiteral("there is no memory"));
     return {};
 }

@@ -2,19 +2,24 @@
 
 #include "convert/decoder_module.h"
 #include "convert/limits.h"
+#include "convert/stream_writer.h"
 #include "convert/wav.h"
 
 #include <QFile>
 #include <QImage>
 #include <QLibrary>
 
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <unistd.h>
 
 #include <algorithm>
 #include <array>
+#include <charconv>
+#include <csignal>
 #include <cstdio>
-#include <cstring>
+#include <optional>
+#include <string_view>
 
 namespace ConvertChild {
 
@@ -47,14 +52,17 @@ void limit(int resource, rlim_t most)
     ::setrlimit(resource, &limits);
 }
 
-// Sanitizers reserve terabytes, so their builds have no limit on memory.
-void limitProcess()
+// Sanitizers reserve terabytes, so their builds have no limit on memory. A clip that is streamed
+// may wait for long: its child ends with the program at the latest.
+void limitProcess(bool isStreamed)
 {
-    limit(RLIMIT_CPU, ConvertLimits::Seconds);
+    limit(RLIMIT_CPU, isStreamed ? ConvertLimits::StreamSeconds : ConvertLimits::Seconds);
     limit(RLIMIT_CORE, 0);
 #ifndef QVLMMS_UNLIMITED_MEMORY
     limit(RLIMIT_DATA, ConvertLimits::Octets);
 #endif
+    if (isStreamed)
+        ::prctl(PR_SET_PDEATHSIG, SIGKILL);
     constexpr unsigned int FirstOther = 3;
     ::close_range(FirstOther, ~0U, 0);
 }
@@ -108,7 +116,55 @@ void writePicture(void *, const char *codec, int width, int height, const uint8_
         QImage(pixels, width, height, stride, QImage::Format_RGB888).save(&out, "PNG");
 }
 
+/// A clip, and what decodes it.
+struct Work
+{
+    const DecoderModule &module;
+    const char *demuxer;
+    const uint8_t *clip;
+    std::size_t size;
+};
+
+bool convertSound(const Work &work)
+{
+    SoundWriter writer;
+    return work.module.decodeSound(work.clip, work.size, work.demuxer, &writer, SoundWriter::take)
+        && std::fflush(stdout) == 0;
+}
+
+bool convertPicture(const Work &work)
+{
+    return work.module.decodePicture(work.clip, work.size, work.demuxer, nullptr, writePicture)
+        && std::fflush(stdout) == 0;
+}
+
+bool stream(const Work &work, int64_t fromMs)
+{
+    StreamWriter writer;
+    const int64_t end = work.module.decodeClip(work.clip, work.size, work.demuxer, fromMs,
+                                               ConvertLimits::PictureSide, &writer);
+    return end >= 0 && writer.finish(end);
+}
+
+// The time from which a clip is streamed; nothing for clips that are converted.
+std::optional<int64_t> startOf(std::string_view what)
+{
+    constexpr std::string_view Prefix = "stream=";
+    int64_t ms = -1;
+    if (what.starts_with(Prefix))
+        std::from_chars(what.data() + Prefix.size(), what.data() + what.size(), ms);
+    return ms >= 0 ? std::optional(ms) : std::nullopt;
+}
+
 } // namespace
+
+QStringList extensions()
+{
+    QStringList all;
+    for (const Demuxer &demuxer : demuxers)
+        all += QString::fromLatin1(demuxer.extension.data(), qsizetype(demuxer.extension.size()));
+    return all;
+}
 
 bool canConvert(std::string_view extension)
 {
@@ -118,23 +174,24 @@ bool canConvert(std::string_view extension)
 int run(int argc, char **argv)
 {
     if (argc != 3)
-        return 2;
+        return NotStarted;
+    const std::string_view what = argv[0];
+    const std::optional<int64_t> start = startOf(what);
     const char *demuxer = demuxerFor(argv[1]);
     const DecoderModule *module = demuxer ? loadModule(argv[2]) : nullptr;
     if (!module)
-        return 2;
-    limitProcess();
+        return NotStarted;
+    limitProcess(start.has_value());
     QFile in;
     if (!in.open(stdin, QIODevice::ReadOnly))
-        return 2;
+        return NotStarted;
     const QByteArray clip = in.readAll();
-    const auto *octets = reinterpret_cast<const uint8_t *>(clip.constData());
-    SoundWriter writer;
-    const bool isSound = std::strcmp(argv[0], "sound") == 0;
-    const bool isDone = isSound
-        ? module->decodeSound(octets, std::size_t(clip.size()), demuxer, &writer, SoundWriter::take)
-        : module->decodePicture(octets, std::size_t(clip.size()), demuxer, nullptr, writePicture);
-    return std::fflush(stdout) == 0 && isDone ? 0 : 1;
+    const Work work{*module, demuxer, reinterpret_cast<const uint8_t *>(clip.constData()),
+                    std::size_t(clip.size())};
+    const bool isDone = start ? stream(work, *start)
+        : what == "sound"     ? convertSound(work)
+                              : convertPicture(work);
+    return isDone ? Converted : NotDecoded;
 }
 
 } // namespace ConvertChild

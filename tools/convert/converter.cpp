@@ -1,12 +1,11 @@
 #include "convert/converter.h"
 
 #include "convert/child.h"
+#include "convert/child_command.h"
 #include "convert/limits.h"
 #include "convert/wav.h"
 
-#include <QCoreApplication>
 #include <QDeadlineTimer>
-#include <QDir>
 #include <QProcess>
 
 #include <cstring>
@@ -15,15 +14,6 @@
 namespace {
 
 constexpr int Milliseconds = 1000;
-
-// The module is beside the program in a build, and in the folder for libraries once installed.
-QString moduleFolder()
-{
-    const QDir program(QCoreApplication::applicationDirPath());
-    return program.exists(QStringLiteral("decoder.so"))
-        ? program.path()
-        : program.filePath(QStringLiteral(QVLMMS_MODULE_FOLDER));
-}
 
 // Reads what the child writes. False if it does not end, or writes too much.
 bool takeResult(QProcess *child, QByteArray *result)
@@ -46,9 +36,8 @@ QByteArray converted(const QString &what, const QByteArray &clip, const QString 
     QProcess child;
     child.setProcessChannelMode(QProcess::SeparateChannels);
     child.setStandardErrorFile(QProcess::nullDevice());
-    child.start(
-        QCoreApplication::applicationFilePath(),
-        {QString::fromLatin1(ConvertChild::Argument), what, extension.toLower(), moduleFolder()});
+    const ChildCommand command;
+    child.start(command.program, command.arguments(what, extension));
     if (!child.waitForStarted())
         return {};
     child.write(clip);

@@ -1,6 +1,7 @@
 #include "html/media.h"
 
 #include "check/media_signatures.h"
+#include "convert/clip_extension.h"
 #include "convert/wav.h"
 #include "input/message.h"
 
@@ -43,14 +44,6 @@ bool isPlayedWav(const QByteArray &octets)
         && octets[CodecOffset + 1] == 0;
 }
 
-// By the media type; by the name if the type says nothing.
-QString extensionOf(const Part &part)
-{
-    const QString extension =
-        MMS_COMP_Util::getFirstSupportExtNameByMIMEType(part.getContentType(), part.getSubType());
-    return extension.isEmpty() ? MMS_COMP_Util::getExtName(part.getContentLocation()) : extension;
-}
-
 // A frame of MPEG layer 3, which files without a tag begin with.
 bool beginsLikeMp3(QByteArrayView octets)
 {
@@ -60,7 +53,7 @@ bool beginsLikeMp3(QByteArrayView octets)
 // The sound that the browser plays as it is.
 BrowserMedia playedSound(const Part &part)
 {
-    if (extensionOf(part) == u"mp3" && beginsLikeMp3(part.getBodyData()))
+    if (clipExtension(part) == u"mp3" && beginsLikeMp3(part.getBodyData()))
         return {"audio/mpeg", part.getBodyData()};
     const BrowserMedia sound = recognized(part, sounds);
     const bool isOtherWav =
@@ -108,7 +101,7 @@ bool PageMedia::fits(const Part &part, const QSizeF &size, double height)
 // Counts a clip to convert. Returns why it is not converted, or null.
 const char *PageMedia::takeClip(const Part &part)
 {
-    if (!Converter::canConvert(extensionOf(part)))
+    if (!Converter::canConvert(clipExtension(part)))
         return NotPlayed;
     if (m_clips.take(1))
         return nullptr;
@@ -150,7 +143,7 @@ BrowserMedia PageMedia::soundOf(const Part &part)
     sound->whyNot = takeClip(part);
     if (sound->whyNot)
         return *sound;
-    const QByteArray wav = Converter::wavOf(part.getBodyData(), extensionOf(part));
+    const QByteArray wav = Converter::wavOf(part.getBodyData(), clipExtension(part));
     sound = wav.isEmpty() ? BrowserMedia{.whyNot = Failed}
                           : BrowserMedia{"audio/wav", wav, nullptr, Sound::milliseconds(wav)};
     return *sound;
@@ -164,7 +157,7 @@ const PageMedia::Converted &PageMedia::videoOf(const Part &part)
     converted.whyNoVideo = takeClip(part);
     converted.video = converted.whyNoVideo
         ? Converter::VideoPicture()
-        : Converter::firstPictureOf(part.getBodyData(), extensionOf(part));
+        : Converter::firstPictureOf(part.getBodyData(), clipExtension(part));
     if (!converted.whyNoVideo)
         converted.whyNoVideo = converted.video->png.isEmpty() ? Failed : NotPlayed;
     return converted;

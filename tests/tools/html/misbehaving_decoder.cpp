@@ -38,17 +38,14 @@ void writeWithoutEnd()
     while (::write(STDOUT_FILENO, octets.data(), octets.size()) > 0) { }
 }
 
-bool misbehave(const uint8_t *clip, std::size_t size, const char *, void *taker, TakeSound take)
+// Does what the clip says. False when it says nothing of that.
+bool misbehave(std::string_view wish)
 {
-    const std::string_view wish(reinterpret_cast<const char *>(clip), size);
     if (wish == "compute") {
         for (std::atomic<unsigned> i = 0;; ++i) { }
     } else if (wish == "sleep") {
         while (true)
             ::pause();
-    } else if (wish == "play on") {
-        while (playSecond(taker, take)) { }
-        return true;
     } else if (wish == "write on") {
         writeWithoutEnd();
     } else if (wish == "memory") {
@@ -57,8 +54,24 @@ bool misbehave(const uint8_t *clip, std::size_t size, const char *, void *taker,
         std::raise(SIGSEGV);
     } else if (wish == "kill") {
         std::raise(SIGKILL);
+    } else {
+        return false;
     }
-    return playSecond(taker, take);
+    return true;
+}
+
+std::string_view wishOf(const uint8_t *clip, std::size_t size)
+{
+    return {reinterpret_cast<const char *>(clip), size};
+}
+
+bool playSound(const uint8_t *clip, std::size_t size, const char *, void *taker, TakeSound take)
+{
+    const std::string_view wish = wishOf(clip, size);
+    misbehave(wish);
+    if (wish == "play on")
+        while (playSecond(taker, take)) { }
+    return wish == "play on" || playSecond(taker, take);
 }
 
 bool showNothing(const uint8_t *, std::size_t, const char *, void *, TakePicture)
@@ -66,6 +79,32 @@ bool showNothing(const uint8_t *, std::size_t, const char *, void *, TakePicture
     return false;
 }
 
+// A picture and half a second of sound; false once nobody wants more.
+bool playHalf(int64_t ms, ClipTaker *taker)
+{
+    constexpr int Side = 256;
+    static constexpr std::array<uint8_t, Side * Side * 3> black{};
+    constexpr std::array<int16_t, Rate / 2> silence{};
+    return taker->takePicture(ms, Side, Side, black.data())
+        && taker->takeSound(ms, Rate, 1, silence.data(), silence.size());
+}
+
+int64_t playClip(const uint8_t *clip, std::size_t size, const char *, int64_t, int,
+                 ClipTaker *taker)
+{
+    constexpr int64_t Half = 500; // milliseconds
+    const std::string_view wish = wishOf(clip, size);
+    if (wish == "play and kill")
+        playHalf(0, taker);
+    misbehave(wish == "play and kill" ? "kill" : wish);
+    if (wish == "same time")
+        while (playHalf(0, taker)) { }
+    int64_t ms = 0;
+    while (playHalf(ms, taker) && wish == "play on")
+        ms += Half;
+    return ms + Half;
+}
+
 } // namespace
 
-const DecoderModule qvlmmsDecoder{misbehave, showNothing};
+const DecoderModule qvlmmsDecoder{playSound, showNothing, playClip};
