@@ -1,6 +1,7 @@
 #include "render/picture.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -39,6 +40,24 @@ View clipped(const View &view, const QRectF &area)
                    seen.height() * down)};
 }
 
+double wholeFactor(double size, double onPage, double scale)
+{
+    constexpr double Rounding = 1e-9; // of the division
+    return std::floor(onPage * scale / size + Rounding);
+}
+
+// The largest place within @p place for a picture that is enlarged by whole factors, on whole
+// drawn pixels.
+QRectF crispPlace(const QSizeF &size, const QRectF &place, double scale)
+{
+    const QSizeF drawn(size.width() * wholeFactor(size.width(), place.width(), scale),
+                       size.height() * wholeFactor(size.height(), place.height(), scale));
+    QRectF target(QPointF(), drawn);
+    target.moveCenter(place.center() * scale);
+    return {std::round(target.x()) / scale, std::round(target.y()) / scale, drawn.width() / scale,
+            drawn.height() / scale};
+}
+
 QSize reducedSize(const QSize &size, double across, double down)
 {
     return {std::max(int(size.width() * std::min(across, 1.0)), 1),
@@ -62,12 +81,18 @@ QSizeF sizeOnPage(const QSizeF &size, const PlacedObject &place)
 }
 
 PictureDrawing::PictureDrawing(const Picture &picture, const PlacedObject &place, const QSize &page,
-                               double scale)
+                               const Magnification &magnification)
     : m_image(picture.image)
 {
+    const double scale = magnification.scale;
     QRectF target(place.area.topLeft(), sizeOnPage(picture.size, place));
     if (place.sharesPage)
         target.moveCenter(place.area.center());
+    m_isCrisp = magnification.enlarging == Enlarging::WholeFactors
+        && place.fit != SMIL_REGION_FIT_SLICE && scale >= 1
+        && isWithin(picture.size, target.size());
+    if (m_isCrisp)
+        target = crispPlace(picture.size, target, scale);
     const View view = clipped({target, QRectF(QPointF(0, 0), picture.size)},
                               place.area & QRectF(QPointF(0, 0), page));
     if (view.target.isEmpty() || view.source.isEmpty())
@@ -95,6 +120,8 @@ void PictureDrawing::draw(QPainter *painter) const
     const QImage image = scaledPixels() == 0
         ? m_image
         : m_image.scaled(m_drawnSize, Qt::IgnoreAspectRatio, Qt::SmoothTransformation);
+    if (m_isCrisp)
+        painter->setRenderHint(QPainter::SmoothPixmapTransform, false);
     painter->drawImage(m_target, image,
                        QRectF(m_source.x() * image.width(), m_source.y() * image.height(),
                               m_source.width() * image.width(),

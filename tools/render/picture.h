@@ -19,13 +19,25 @@ struct Picture
 /// Size of a picture of the size @p size at its place, in handset pixels.
 QSizeF sizeOnPage(const QSizeF &size, const PlacedObject &place);
 
+/// How a picture becomes larger than it is.
+enum class Enlarging : unsigned char {
+    Smooth,
+    WholeFactors, ///< each pixel of a picture that is smaller than its place becomes a square
+};
+
+/// How handset pixels become drawn ones.
+struct Magnification
+{
+    double scale; ///< drawn pixels for one handset pixel
+    Enlarging enlarging = Enlarging::Smooth;
+};
+
 /// Draws a picture at its place on a page.
 class PictureDrawing
 {
 public:
-    /// @p scale is the number of drawn pixels for one handset pixel.
     PictureDrawing(const Picture &picture, const PlacedObject &place, const QSize &page,
-                   double scale);
+                   const Magnification &magnification);
 
     /// The pixels that draw() scales down first, because the painter would skip some of them.
     qint64 scaledPixels() const;
@@ -37,4 +49,5 @@ private:
     QSize m_drawnSize; ///< of the image once it is scaled down
     QRectF m_target; ///< of the visible part on the page; empty if nothing is visible
     QRectF m_source; ///< of the visible part, relative to the picture
+    bool m_isCrisp = false; ///< drawn in squares of whole pixels
 };

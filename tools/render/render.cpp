@@ -7,6 +7,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace {
 
@@ -86,6 +87,24 @@ void drawNotShown(QPainter *painter, double unit, const QColor &ink, const QRect
              QStringLiteral("cannot be shown"));
 }
 
+// Where the media objects are on their slide, if the moment needs that.
+QHash<const Object *, int> indicesOf(const Slide &slide, const SlideMoment &moment)
+{
+    QHash<const Object *, int> indices;
+    if (moment.hidden.isEmpty() && moment.pictures.isEmpty())
+        return indices;
+    for (unsigned int i = 0; i < slide.getMediaObjectCount(); ++i)
+        indices.insert(slide.getMediaObject(i), int(i));
+    return indices;
+}
+
+double largestScreenScale(const QSize &page)
+{
+    const double longest = std::max(page.width(), page.height());
+    return std::min(LongestDrawnSide / longest,
+                    std::sqrt(double(MostDrawnPixels) / page.width() / page.height()));
+}
+
 int scaleWithin(const QSize &page, int scale)
 {
     const auto isTooMuch = [&page](int tried) {
@@ -114,6 +133,13 @@ SlideRenderer::SlideRenderer(const Message &message, int scale, const RenderLimi
 {
 }
 
+void SlideRenderer::setScreenScale(double scale)
+{
+    m_scale = std::min(scale, largestScreenScale(m_page.size()));
+    m_enlarging = Enlarging::WholeFactors;
+    m_drawn = Work(m_drawn.most());
+}
+
 QSize SlideRenderer::wholeSize() const
 {
     return m_page.size() + QSize(0, stripHeight(m_unit));
@@ -135,7 +161,8 @@ qint64 SlideRenderer::costOf(const Style &style, const Object &object, const QRe
     return cost;
 }
 
-void SlideRenderer::drawObject(QPainter *painter, const Style &style, const PlacedObject &place)
+void SlideRenderer::drawObject(QPainter *painter, const Style &style, const PlacedObject &place,
+                               const QImage &picture)
 {
     const QRectF area = place.area & QRectF(QPointF(0, 0), m_page.size());
     if (area.isEmpty())
@@ -145,7 +172,10 @@ void SlideRenderer::drawObject(QPainter *painter, const Style &style, const Plac
     painter->save();
     painter->setClipRect(area);
     painter->setFont(pictureFont(LabelHeight * m_unit));
-    drawMedia(painter, style, place, area);
+    if (picture.isNull())
+        drawMedia(painter, style, place, area);
+    else
+        drawPicture(painter, style, place, {picture, picture.size()});
     painter->restore();
 }
 
@@ -171,7 +201,13 @@ void SlideRenderer::drawImage(QPainter *painter, const Style &style, const Place
         m_notDecoded.add(style.slide);
     if (picture.image.isNull())
         return drawNotShown(painter, m_unit, style.ink, area, place.object->getSrc());
-    const PictureDrawing drawing(picture, place, m_page.size(), m_scale);
+    drawPicture(painter, style, place, picture);
+}
+
+void SlideRenderer::drawPicture(QPainter *painter, const Style &style, const PlacedObject &place,
+                                const Picture &picture)
+{
+    const PictureDrawing drawing(picture, place, m_page.size(), {m_scale, m_enlarging});
     if (!m_drawn.take(drawing.scaledPixels() / DrawnPixelsForOne))
         return m_notDrawn.add(style.slide);
     drawing.draw(painter);
@@ -189,11 +225,11 @@ void SlideRenderer::drawTextOf(QPainter *painter, const Style &style, const Plac
         m_longTexts += {place.object->getSrc(), text};
 }
 
-QImage SlideRenderer::render(unsigned int index, const QSize &size)
+QImage SlideRenderer::render(unsigned int index, const QSize &size, const SlideMoment &moment)
 {
     m_longTexts.clear();
     const Slide *slide = m_message.slides().getSlide(index);
-    const QSize pixels = size * m_scale;
+    const QSize pixels = pixelsOf(size);
     if (!slide || !m_drawn.take(SlideWork + qint64(pixels.width()) * pixels.height()))
         return QImage();
     const Style style = styleOf(*slide, index);
@@ -203,8 +239,12 @@ QImage SlideRenderer::render(unsigned int index, const QSize &size)
     painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing
                            | QPainter::SmoothPixmapTransform);
     painter.scale(m_scale, m_scale);
-    for (const PlacedObject &place : m_page.place(objectsOnPage(*slide, &m_texts)))
-        drawObject(&painter, style, place);
+    const QHash<const Object *, int> indices = indicesOf(*slide, moment);
+    for (const PlacedObject &place : m_page.place(objectsOnPage(*slide, &m_texts))) {
+        const int object = indices.value(place.object, -1);
+        if (!moment.hidden.contains(object))
+            drawObject(&painter, style, place, moment.pictures.value(object));
+    }
     const QRectF strip(0, m_page.size().height(), size.width(),
                        size.height() - m_page.size().height());
     if (!strip.isEmpty())
