@@ -6,7 +6,7 @@ mapfile -t all_targets < <(basename -s .cpp fuzz/targets/*.cpp)
 # Prints the file, or nothing if the target has none.
 dictionary_of() { # TARGET
   case $1 in
-  header | message | multipart | output | parts | readable | scanner | work) echo fuzz/dictionaries/wsp.dict ;;
+  header | message | multipart | output | parts | readable | scanner | window_edit | work) echo fuzz/dictionaries/wsp.dict ;;
   clip | imelody | midi | smil | values) echo "fuzz/dictionaries/$1.dict" ;;
   esac
 }
