@@ -1,0 +1,271 @@
+#include "list/message_list_view.h"
+
+#include "edit/opened_files.h"
+#include "input/file_name.h"
+#include "input/message_files.h"
+#include "view/terminal_text.h"
+
+#include <QAction>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFileInfo>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QProgressBar>
+#include <QScrollBar>
+#include <QTableView>
+#include <QVBoxLayout>
+
+#include <algorithm>
+#include <filesystem>
+
+namespace {
+
+constexpr int TurnMilliseconds = 10; // of adding messages, until the event loop runs again
+constexpr std::size_t BatchSize = 100;
+constexpr int MostThumbnails = 500;
+constexpr QSize ThumbnailSize(64, 48);
+
+QString cleaned(const QString &name)
+{
+    return QDir::cleanPath(QFileInfo(name).absoluteFilePath());
+}
+
+bool isMessage(const QString &file)
+{
+    return beginsLikeMessage(std::filesystem::path(FileName::toOctets(file).toStdString()));
+}
+
+} // namespace
+
+MessageListView::MessageListView(QWidget *parent)
+    : QWidget(parent), m_thumbnails([](const QString &file) {
+          return Thumbnails::drawFirstSlide(file, ThumbnailSize);
+      }),
+      m_words(new QLineEdit(this)), m_table(new QTableView(this)),
+      m_progress(new QProgressBar(this)), m_empty(new QLabel(this))
+{
+    makeFilterLine();
+    makeTable();
+    m_progress->setAccessibleName(tr("Progress of reading"));
+    m_progress->setMaximum(1000);
+    m_progress->hide();
+    m_empty->setAlignment(Qt::AlignCenter);
+    m_empty->setWordWrap(true);
+    m_empty->setTextFormat(Qt::PlainText);
+    m_empty->hide();
+    auto *layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(m_words);
+    layout->addWidget(m_empty, 1);
+    layout->addWidget(m_table, 4);
+    layout->addWidget(m_progress);
+    m_turn.setSingleShot(true);
+    connect(&m_turn, &QTimer::timeout, this, &MessageListView::takeResults);
+    m_visible.setSingleShot(true);
+    connect(&m_visible, &QTimer::timeout, this, &MessageListView::wantVisibleThumbnails);
+    connect(&m_thumbnails, &Thumbnails::ready, this, &MessageListView::keep);
+    connect(&m_watch, &FolderWatch::changed, this, &MessageListView::reload);
+}
+
+MessageListView::~MessageListView() = default;
+
+void MessageListView::makeFilterLine()
+{
+    m_words->setPlaceholderText(tr("Filter by address, subject or text (Ctrl+F)"));
+    m_words->setAccessibleName(tr("Filter"));
+    m_words->setClearButtonEnabled(true);
+    m_words->installEventFilter(this);
+    connect(m_words, &QLineEdit::textChanged, this, [this](const QString &text) {
+        m_filter.setWords(text);
+        updateState();
+        m_visible.start();
+    });
+    auto *find = new QAction(tr("&Filter"), this);
+    find->setShortcut(QKeySequence::Find);
+    connect(find, &QAction::triggered, this, [this] {
+        m_words->setFocus();
+        m_words->selectAll();
+    });
+    addAction(find);
+}
+
+void MessageListView::makeTable()
+{
+    m_filter.setSourceModel(&m_model);
+    m_table->setModel(&m_filter);
+    m_table->setAccessibleName(tr("Messages"));
+    m_table->setSelectionBehavior(QAbstractItemView::SelectRows);
+    m_table->setSelectionMode(QAbstractItemView::SingleSelection);
+    m_table->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    m_table->setTabKeyNavigation(false);
+    m_table->setShowGrid(false);
+    m_table->setAlternatingRowColors(true);
+    m_table->setWordWrap(false);
+    m_table->setIconSize(ThumbnailSize);
+    m_table->verticalHeader()->hide();
+    m_table->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+    m_table->verticalHeader()->setDefaultSectionSize(ThumbnailSize.height() + 4);
+    m_table->horizontalHeader()->setHighlightSections(false);
+    m_table->horizontalHeader()->setSortIndicatorClearable(true);
+    m_table->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    m_table->setSortingEnabled(true);
+    for (const auto &[column, width] :
+         {std::pair(MessageListModel::Slide, ThumbnailSize.width() + 8),
+          {MessageListModel::Address, 125},
+          {MessageListModel::Subject, 120},
+          {MessageListModel::Date, 115},
+          {MessageListModel::Size, 70},
+          {MessageListModel::Media, 120}})
+        m_table->setColumnWidth(column, width);
+    m_table->horizontalHeader()->setStretchLastSection(true);
+    m_table->installEventFilter(this);
+    connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex &index) {
+                if (index.isValid())
+                    emit current(fileOf(index));
+            });
+    connect(m_table, &QTableView::doubleClicked, this,
+            [this](const QModelIndex &index) { emit opened(fileOf(index)); });
+    connect(m_table->verticalScrollBar(), &QScrollBar::valueChanged, &m_visible,
+            qOverload<>(&QTimer::start));
+    connect(&m_filter, &QAbstractItemModel::layoutChanged, &m_visible, qOverload<>(&QTimer::start));
+}
+
+bool MessageListView::eventFilter(QObject *object, QEvent *event)
+{
+    if (event->type() == QEvent::Resize && object == m_table)
+        m_visible.start();
+    if (event->type() != QEvent::KeyPress)
+        return false;
+    const int key = static_cast<QKeyEvent *>(event)->key();
+    const bool isReturn = key == Qt::Key_Return || key == Qt::Key_Enter;
+    if (object == m_table && isReturn && m_table->currentIndex().isValid()) {
+        emit opened(fileOf(m_table->currentIndex()));
+        return true;
+    }
+    if (object == m_words && key == Qt::Key_Escape) {
+        m_words->clear();
+        m_table->setFocus();
+        return true;
+    }
+    if (object == m_words && (key == Qt::Key_Down || isReturn)) {
+        m_table->setFocus();
+        return true;
+    }
+    return false;
+}
+
+void MessageListView::open(const QStringList &names)
+{
+    m_loader.reset();
+    m_thumbnails.want({});
+    m_kept.clear();
+    m_model.clear();
+    QStringList paths;
+    for (const QString &name : names)
+        paths += cleaned(name);
+    m_watch.watch(paths);
+    m_table->setFocus();
+    m_progress->setVisible(true);
+    m_isFirstReading = true;
+    m_loader = std::make_unique<FolderLoader>(paths, [this] {
+        QMetaObject::invokeMethod(&m_turn, qOverload<>(&QTimer::start), Qt::QueuedConnection);
+    });
+    updateState();
+}
+
+void MessageListView::takeResults()
+{
+    if (!m_loader)
+        return;
+    QElapsedTimer spent;
+    spent.start();
+    do {
+        std::vector<LoadedMessage> messages = m_loader->take(BatchSize);
+        if (messages.empty())
+            break;
+        for (const LoadedMessage &message : messages)
+            OpenedFiles::add(message.entry.file);
+        m_model.add(std::move(messages));
+    } while (spent.elapsed() < TurnMilliseconds);
+    m_progress->setValue(int(m_loader->fraction() * m_progress->maximum()));
+    m_visible.start();
+    chooseFirst();
+    if (m_loader->isDone())
+        finishLoading();
+    else if (spent.elapsed() >= TurnMilliseconds)
+        m_turn.start(); // there may be more
+}
+
+void MessageListView::finishLoading()
+{
+    m_progress->setVisible(false);
+    updateState();
+    if (std::exchange(m_isFirstReading, false) && m_loader->skipped() > 0)
+        emit reported(tr("%n other file(s) skipped", nullptr, int(m_loader->skipped())));
+}
+
+// Tells why the table has no rows.
+void MessageListView::updateState()
+{
+    const bool isEmpty = m_filter.rowCount() == 0 && !isBusy();
+    m_empty->setVisible(isEmpty);
+    m_empty->setText(m_model.rowCount() > 0 ? tr("No message contains these words.")
+                                            : tr("There are no messages here."));
+}
+
+void MessageListView::chooseFirst()
+{
+    if (!m_table->currentIndex().isValid() && m_filter.rowCount() > 0 && m_words->text().isEmpty())
+        m_table->setCurrentIndex(m_filter.index(0, 0));
+}
+
+void MessageListView::reload(const QStringList &added, const QStringList &modified,
+                             const QStringList &removed)
+{
+    QStringList changed;
+    for (const QString &file : added + modified) {
+        if (m_model.rowOf(file) >= 0 || isMessage(file))
+            changed += file;
+    }
+    m_model.remove(removed);
+    if (!changed.isEmpty())
+        m_loader->reload(changed);
+    const QString shown = fileOf(m_table->currentIndex());
+    if (modified.contains(shown))
+        emit current(shown);
+    updateState();
+}
+
+QString MessageListView::fileOf(const QModelIndex &index) const
+{
+    return index.data(MessageListModel::FileRole).toString();
+}
+
+void MessageListView::wantVisibleThumbnails()
+{
+    const int top = m_table->rowAt(0);
+    if (top < 0)
+        return m_thumbnails.want({});
+    const int below = m_table->rowAt(m_table->viewport()->height() - 1);
+    const int bottom = below < 0 ? m_filter.rowCount() - 1 : below;
+    QStringList wanted;
+    for (int row = top; row <= bottom; ++row) {
+        const int source = m_filter.mapToSource(m_filter.index(row, 0)).row();
+        if (m_model.hasSlides(source) && !m_model.hasThumbnail(source))
+            wanted += m_model.file(source);
+    }
+    m_thumbnails.want(wanted);
+}
+
+void MessageListView::keep(const QString &file, const QImage &image)
+{
+    m_model.setThumbnail(file, image);
+    m_kept.removeOne(file);
+    m_kept += file;
+    if (m_kept.size() > MostThumbnails) // many more than are visible
+        m_model.dropThumbnail(m_kept.takeFirst());
+}

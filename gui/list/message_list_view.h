@@ -1,0 +1,77 @@
+/*
+ * The list of messages: reads folders in the background, filters, sorts, and shows first slides.
+ */
+#pragma once
+
+#include "list/folder_watch.h"
+#include "list/message_filter.h"
+#include "list/message_list_model.h"
+#include "list/thumbnails.h"
+#include "loader/folder_loader.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <memory>
+
+class QLabel;
+class QLineEdit;
+class QProgressBar;
+class QTableView;
+
+class MessageListView : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit MessageListView(QWidget *parent = nullptr);
+    ~MessageListView() override;
+
+    /// Lists the files and the messages in the folders @p names instead of what was listed.
+    void open(const QStringList &names);
+
+    /// Whether every message is listed with sender, subject, date and size.
+    bool isListed() const { return m_loader && m_loader->isListed(); }
+    /// Whether messages are still being read.
+    bool isBusy() const { return m_loader && !m_loader->isDone(); }
+
+    const MessageListModel &model() const { return m_model; }
+    const Thumbnails &thumbnails() const { return m_thumbnails; }
+
+signals:
+    /// The user chose the message in @p file.
+    void current(const QString &file);
+    /// The user wants the message in @p file in a window of its own.
+    void opened(const QString &file);
+    /// A line for the status bar.
+    void reported(const QString &line);
+
+protected:
+    bool eventFilter(QObject *object, QEvent *event) override;
+
+private:
+    void makeTable();
+    void makeFilterLine();
+    void takeResults();
+    void finishLoading();
+    void updateState();
+    void reload(const QStringList &added, const QStringList &modified, const QStringList &removed);
+    void chooseFirst();
+    QString fileOf(const QModelIndex &index) const;
+    void wantVisibleThumbnails();
+    void keep(const QString &file, const QImage &image);
+
+    MessageListModel m_model;
+    MessageFilter m_filter;
+    Thumbnails m_thumbnails;
+    FolderWatch m_watch;
+    QLineEdit *m_words;
+    QTableView *m_table;
+    QProgressBar *m_progress;
+    QLabel *m_empty;
+    QTimer m_turn; ///< takes results
+    QTimer m_visible; ///< looks for visible rows
+    bool m_isFirstReading = false; ///< of the folders, not of files that changed
+    QStringList m_kept; ///< files with thumbnails, the oldest first
+    std::unique_ptr<FolderLoader> m_loader; ///< last, because it calls the rest
+};
