@@ -1,0 +1,32 @@
+/*
+ * The problems that the check of a message found.
+ */
+#pragma once
+
+#include <QWidget>
+
+class QListWidget;
+namespace Check {
+class Findings;
+}
+
+class ProblemsPanel : public QWidget
+{
+    Q_OBJECT
+
+public:
+    explicit ProblemsPanel(QWidget *parent = nullptr);
+
+    void setFindings(const Check::Findings &findings);
+
+signals:
+    /// The user chose a problem at @p octet of the file.
+    void octetChosen(qsizetype octet);
+    /// The user chose a problem at @p line of the SMIL, from 1.
+    void lineChosen(int line);
+
+private:
+    void choose();
+
+    QListWidget *m_list;
+};
