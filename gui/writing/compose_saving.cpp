@@ -1,0 +1,164 @@
+// Saving, closing and drafts of the window to write in.
+#include "writing/compose_window.h"
+
+#include "check/check.h"
+#include "edit/beginnings.h"
+#include "edit/opened_files.h"
+#include "input/file_name.h"
+#include "output/write_file.h"
+#include "view/findings_view.h"
+#include "view/terminal_text.h"
+#include "writing/attachments_list.h"
+#include "writing/header_form.h"
+#include "writing/slide_form.h"
+
+#include <QCloseEvent>
+#include <QFileInfo>
+#include <QMimeData>
+#include <QMimeDatabase>
+
+using TerminalText::visible;
+
+namespace {
+
+QStringList localFiles(const QMimeData &data)
+{
+    QStringList names;
+    for (const QUrl &url : data.urls()) {
+        if (url.isLocalFile())
+            names += url.toLocalFile();
+    }
+    return names;
+}
+
+std::unique_ptr<Editor> editorOf(const QString &draft)
+{
+    QString error;
+    const std::unique_ptr<Message> message = readMessage(draft, {}, &error);
+    return message ? Beginnings::resume(*message) : nullptr;
+}
+
+bool openDraft(const QString &name, const Questions &questions)
+{
+    std::unique_ptr<MessageDraft> draft = MessageDraft::open(name);
+    std::unique_ptr<Editor> editor = draft ? editorOf(name) : nullptr;
+    if (!editor)
+        return false;
+    auto *window = new ComposeWindow(std::move(editor), std::move(draft), questions);
+    window->setVisible(true);
+    return true;
+}
+
+} // namespace
+
+ComposeWindow *ComposeWindow::open(std::unique_ptr<Editor> editor, const Questions &questions)
+{
+    QString error;
+    std::unique_ptr<MessageDraft> draft =
+        MessageDraft::create(MessageDraft::standardFolder(), &error);
+    auto *window = new ComposeWindow(std::move(editor), std::move(draft), questions);
+    window->setVisible(true);
+    if (!error.isEmpty())
+        window->report(visible(error));
+    return window;
+}
+
+int ComposeWindow::offerDrafts(QWidget *parent, const Questions &questions)
+{
+    const QStringList names = MessageDraft::abandoned(MessageDraft::standardFolder());
+    if (names.isEmpty())
+        return 0;
+    const Questions::Answer answer = questions.drafts(parent, int(names.size()));
+    int opened = 0;
+    for (const QString &name : names) {
+        if (answer == Questions::Save)
+            opened += openDraft(name, questions);
+        else if (const auto draft = MessageDraft::open(name); draft && answer == Questions::Discard)
+            draft->remove();
+    }
+    return opened;
+}
+
+bool ComposeWindow::save()
+{
+    if (!m_header->commit())
+        return false;
+    return m_fileName.isEmpty() ? saveAs() : write(m_fileName);
+}
+
+bool ComposeWindow::saveAs()
+{
+    if (!m_header->commit())
+        return false;
+    const QString name = m_questions.saveAs(this, tr("message.mms"));
+    return !name.isEmpty() && write(name);
+}
+
+bool ComposeWindow::confirmErrors(const QByteArray &pdu)
+{
+    const std::unique_ptr<Message> message = decodeMessage(pdu);
+    const Check::Findings findings = Check::checkMessage(*message, {});
+    QStringList errors;
+    for (const Check::Finding &finding : findings.inOrder()) {
+        if (finding.severity() == Check::Severity::Error)
+            errors += visible(sentenceOf(finding));
+    }
+    return errors.isEmpty() || m_questions.saveWithErrors(this, errors);
+}
+
+bool ComposeWindow::write(const QString &fileName)
+{
+    const Outgoing outgoing = m_editor->encodeToSave();
+    QString problem = outgoing.problem;
+    if (problem.isEmpty() && !confirmErrors(outgoing.pdu))
+        return false;
+    const bool isOwn = fileName == m_fileName;
+    if (problem.isEmpty() && !isOwn && OpenedFiles::contains(fileName))
+        problem = tr("%1 was opened to be read. Choose another name.").arg(fileName);
+    if (!problem.isEmpty() || !replaceFile(outgoing.pdu, fileName, &problem)) {
+        m_questions.refuse(this, tr("Save Message"), problem);
+        return false;
+    }
+    m_fileName = fileName;
+    m_editor->setSaved();
+    updateTitle();
+    report(tr("Saved %1").arg(visible(fileName)));
+    emit saved(fileName);
+    return true;
+}
+
+void ComposeWindow::closeEvent(QCloseEvent *event)
+{
+    if (!m_editor->isModified())
+        return event->accept();
+    const Questions::Answer answer = m_questions.unsaved(this);
+    if (answer == Questions::Discard && m_keeper)
+        m_keeper->discard();
+    event->setAccepted(answer == Questions::Discard || (answer == Questions::Save && save()));
+}
+
+void ComposeWindow::dragEnterEvent(QDragEnterEvent *event)
+{
+    if (!localFiles(*event->mimeData()).isEmpty())
+        event->acceptProposedAction();
+}
+
+void ComposeWindow::dropEvent(QDropEvent *event)
+{
+    for (const QString &name : localFiles(*event->mimeData()))
+        addFile(name);
+    event->acceptProposedAction();
+}
+
+// Pictures, videos and sounds go on the slide; other files are attached.
+void ComposeWindow::addFile(const QString &fileName)
+{
+    const QString type = QMimeDatabase().mimeTypeForFile(fileName).name();
+    const bool isMedia = type.startsWith(QLatin1StringView("image/"))
+        || type.startsWith(QLatin1StringView("audio/"))
+        || type.startsWith(QLatin1StringView("video/"));
+    if (isMedia)
+        m_slide->addFile(fileName);
+    else
+        m_attachments->attach(fileName);
+}
