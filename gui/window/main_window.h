@@ -1,15 +1,107 @@
 /*
- * A window that shows a file or a folder of messages.
+ * A window that shows a message, or a folder of messages beside the chosen one.
  */
 #pragma once
 
+#include "window/message_reader.h"
+
 #include <QMainWindow>
+#include <QStringList>
+
+#include <memory>
+
+class Editor;
+class HeaderPanel;
+class MessageListView;
+class OctetsPanel;
+class PartsPanel;
+class ProblemsPanel;
+class QDockWidget;
+class QMenu;
+class QSplitter;
+class QStackedWidget;
+class SmilPanel;
+class StagePanel;
+class StateBar;
+class SummaryPanel;
 
 class MainWindow : public QMainWindow
 {
     Q_OBJECT
 
 public:
+    /// An empty window. It deletes itself when it is closed.
     MainWindow();
     ~MainWindow() override;
+
+    /// Opens @p names: one file alone, or files and folders as a list. Nothing for an empty list.
+    void open(const QStringList &names);
+
+    /// What is shown; without a message before one was read.
+    const ReadMessage &shown() const { return m_shown; }
+    /// Whether messages or pictures are still being read.
+    bool isBusy() const;
+
+protected:
+    void closeEvent(QCloseEvent *event) override;
+    void dragEnterEvent(QDragEnterEvent *event) override;
+    void dropEvent(QDropEvent *event) override;
+
+private:
+    void makeCenter();
+    void makePanels();
+    QDockWidget *addPanel(const QString &title, const char *name, QWidget *panel);
+    void connectPanels();
+
+    void makeFileMenu();
+    void makeMessageMenu();
+    void makeViewMenu();
+    void makeHelpMenu();
+    QAction *addCommand(QMenu *menu, const QString &text, const QKeySequence &keys,
+                        void (MainWindow::*run)());
+    void enableActions();
+    void fillRecentMenu();
+
+    void chooseFiles();
+    void chooseFolder();
+    void openNewWindow();
+    void openInNewWindow(const QString &file);
+
+    void read(const QString &file);
+    void showResult(const ReadMessage &result);
+    void showMessage();
+    void showProblems();
+
+    void writeNew();
+    void reply();
+    void replyToAll();
+    void forward();
+    void editAsNew();
+    void write(std::unique_ptr<Editor> editor);
+
+    void print();
+    void exportAsPage();
+    void report(const QString &line);
+    void warn(const QString &title, const QString &text);
+    void restoreLayout();
+
+    MessageReader m_reader;
+    ReadMessage m_shown;
+    bool m_isReading = false;
+    QSplitter *m_splitter;
+    MessageListView *m_list;
+    StateBar *m_state;
+    QStackedWidget *m_center;
+    StagePanel *m_stage;
+    SummaryPanel *m_summary;
+    HeaderPanel *m_header;
+    PartsPanel *m_parts;
+    ProblemsPanel *m_problems;
+    SmilPanel *m_smil;
+    OctetsPanel *m_octets;
+    QList<QDockWidget *> m_docks;
+    QMenu *m_recent = nullptr;
+    QList<QAction *> m_forMessage; ///< enabled while a message is shown
+    QList<QAction *> m_forReply; ///< enabled while its sender can be answered
+    QList<QAction *> m_forContent; ///< enabled while it has content
 };

@@ -4,12 +4,23 @@
 
 #include <QtConcurrentRun>
 
+#include <new>
+
 ReadMessage readAndCheck(const QString &fileName)
 {
-    ReadMessage result{fileName, nullptr, {}, {}};
-    result.message = readMessage(fileName, {}, &result.error);
-    if (result.message)
+    ReadMessage result;
+    result.fileName = fileName;
+    try {
+        result.message = readMessage(fileName, {}, &result.error);
+        if (!result.message)
+            return result;
         result.findings = Check::checkMessage(*result.message, {});
+        result.timing = timingOf(*result.message);
+    } catch (const std::bad_alloc &) {
+        result = {};
+        result.fileName = fileName;
+        result.error = MessageReader::tr("There is not enough memory.");
+    }
     return result;
 }
 

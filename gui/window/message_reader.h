@@ -5,12 +5,14 @@
 
 #include "check/findings.h"
 #include "input/message.h"
+#include "stage/timing.h"
 
 #include <QFutureWatcher>
 #include <QObject>
 #include <QString>
 
 #include <memory>
+#include <vector>
 
 /// A message that was read and checked.
 struct ReadMessage
@@ -18,6 +20,7 @@ struct ReadMessage
     QString fileName;
     std::shared_ptr<Message> message; ///< null if the file cannot be read
     Check::Findings findings;
+    std::vector<SlideTiming> timing; ///< of the slides
     QString error; ///< why the file cannot be read
 };
 

@@ -3,6 +3,7 @@
 #include "extract/extract.h"
 #include "input/message.h"
 #include "output/write_file.h"
+#include "texts/plain_tool_tip.h"
 #include "view/terminal_text.h"
 
 #include <QAction>
@@ -83,7 +84,7 @@ void PartsPanel::setMessage(std::shared_ptr<Message> message)
              locale().toString(part.getBodyDataLen()),
              part.getDispFileType() == Part::Shown ? tr("shown") : tr("attachment")});
         item->setTextAlignment(2, Qt::AlignRight | Qt::AlignVCenter);
-        item->setToolTip(0, visible(part.getContentLocation()).toHtmlEscaped());
+        item->setToolTip(0, plainToolTip(part.getContentLocation()));
     }
     enableCommands();
 }

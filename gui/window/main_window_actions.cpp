@@ -1,0 +1,203 @@
+// The menus of the main window, and what their actions do.
+#include "window/main_window.h"
+
+#include "edit/beginnings.h"
+#include "stage/stage_panel.h"
+#include "view/terminal_text.h"
+#include "window/parts_panel.h"
+#include "window/printing.h"
+#include "window/recent_files.h"
+#include "window/settings_dialog.h"
+#include "window/shortcuts_dialog.h"
+#include "writing/compose_window.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QDockWidget>
+#include <QFileDialog>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QSettings>
+
+using TerminalText::visible;
+
+namespace {
+
+constexpr Qt::KeyboardModifiers CtrlShift = Qt::ControlModifier | Qt::ShiftModifier;
+
+QKeySequence keys(Qt::KeyboardModifiers modifiers, Qt::Key key)
+{
+    return QKeySequence(QKeyCombination(modifiers, key));
+}
+
+} // namespace
+
+QAction *MainWindow::addCommand(QMenu *menu, const QString &text, const QKeySequence &keys,
+                                void (MainWindow::*run)())
+{
+    QAction *action = menu->addAction(text, this, run);
+    action->setShortcut(keys);
+    return action;
+}
+
+void MainWindow::makeFileMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&File"));
+    addCommand(menu, tr("New &Window"), keys(CtrlShift, Qt::Key_N), &MainWindow::openNewWindow);
+    addCommand(menu, tr("&Open Messages…"), QKeySequence::Open, &MainWindow::chooseFiles);
+    addCommand(menu, tr("Open &Folder…"), keys(CtrlShift, Qt::Key_O), &MainWindow::chooseFolder);
+    m_recent = menu->addMenu(tr("Open &Recent"));
+    connect(m_recent, &QMenu::aboutToShow, this, &MainWindow::fillRecentMenu);
+    menu->addSeparator();
+    menu->addActions(m_parts->commands());
+    menu->addSeparator();
+    m_forMessage += addCommand(menu, tr("&Export as Page…"), keys(Qt::ControlModifier, Qt::Key_E),
+                               &MainWindow::exportAsPage);
+    m_forContent += addCommand(menu, tr("&Print…"), QKeySequence::Print, &MainWindow::print);
+    menu->addSeparator();
+    menu->addAction(tr("Se&ttings…"), this, [this] { SettingsDialog(this).exec(); });
+    menu->addSeparator();
+    menu->addAction(tr("&Close"), this, &QWidget::close)->setShortcut(QKeySequence::Close);
+    menu->addAction(tr("&Quit"), qApp, &QApplication::closeAllWindows)
+        ->setShortcut(keys(Qt::ControlModifier, Qt::Key_Q));
+}
+
+void MainWindow::makeMessageMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&Message"));
+    addCommand(menu, tr("&New Message"), QKeySequence::New, &MainWindow::writeNew);
+    m_forReply +=
+        addCommand(menu, tr("&Reply"), keys(Qt::ControlModifier, Qt::Key_R), &MainWindow::reply);
+    m_forReply +=
+        addCommand(menu, tr("Reply to &All"), keys(CtrlShift, Qt::Key_R), &MainWindow::replyToAll);
+    m_forContent += addCommand(menu, tr("&Forward"), keys(Qt::ControlModifier, Qt::Key_L),
+                               &MainWindow::forward);
+    m_forContent +=
+        addCommand(menu, tr("&Edit as New"), keys(CtrlShift, Qt::Key_E), &MainWindow::editAsNew);
+}
+
+void MainWindow::makeViewMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&View"));
+    menu->addActions(m_stage->commands());
+    menu->addSeparator();
+    int number = 1;
+    for (const QDockWidget *dock : m_docks) {
+        QAction *action = dock->toggleViewAction();
+        action->setShortcut(keys(Qt::AltModifier, Qt::Key(Qt::Key_0 + number++)));
+        menu->addAction(action);
+    }
+}
+
+void MainWindow::makeHelpMenu()
+{
+    QMenu *menu = menuBar()->addMenu(tr("&Help"));
+    menu->addAction(tr("&Keyboard Shortcuts"), this, [this] { ShortcutsDialog(this).exec(); })
+        ->setShortcut(QKeySequence::HelpContents);
+    menu->addAction(tr("&About"), this, [this] {
+        QMessageBox::about(this, tr("About"),
+                           tr("Multimedia Messages %1\n\nLooks at multimedia messages (MMS) and "
+                              "writes them.")
+                               .arg(QApplication::applicationVersion()));
+    });
+}
+
+void MainWindow::enableActions()
+{
+    const Message *message = m_shown.message.get();
+    for (QAction *action : m_forMessage)
+        action->setEnabled(message);
+    for (QAction *action : m_forReply)
+        action->setEnabled(message && Beginnings::canReplyTo(*message));
+    for (QAction *action : m_forContent)
+        action->setEnabled(message && Beginnings::canForward(*message));
+}
+
+void MainWindow::fillRecentMenu()
+{
+    QSettings settings;
+    m_recent->clear();
+    for (const QString &name : RecentFiles(&settings).names())
+        m_recent->addAction(visible(name).replace(QLatin1Char('&'), QLatin1StringView("&&")), this,
+                            [this, name] { open({name}); });
+    m_recent->addSeparator();
+    m_recent->addAction(tr("&Clear"), this, [] {
+        QSettings all;
+        RecentFiles(&all).clear();
+    });
+}
+
+void MainWindow::chooseFiles()
+{
+    open(QFileDialog::getOpenFileNames(this, tr("Open Messages"), {},
+                                       tr("Multimedia messages (*.mms);;All files (*)")));
+}
+
+void MainWindow::chooseFolder()
+{
+    const QString name = QFileDialog::getExistingDirectory(this, tr("Open Folder"));
+    if (!name.isEmpty())
+        open({name});
+}
+
+void MainWindow::writeNew()
+{
+    write(Beginnings::newMessage());
+}
+
+void MainWindow::reply()
+{
+    write(Beginnings::replyTo(*m_shown.message));
+}
+
+void MainWindow::replyToAll()
+{
+    write(Beginnings::replyToAll(*m_shown.message, SettingsDialog::ownAddress()));
+}
+
+void MainWindow::forward()
+{
+    write(Beginnings::forward(*m_shown.message));
+}
+
+void MainWindow::editAsNew()
+{
+    write(Beginnings::editAsNew(*m_shown.message));
+}
+
+void MainWindow::write(std::unique_ptr<Editor> editor)
+{
+    ComposeWindow *window = ComposeWindow::open(std::move(editor));
+    connect(window, &ComposeWindow::saved, this,
+            [this](const QString &name) { report(tr("Saved %1").arg(visible(name))); });
+}
+
+void MainWindow::print()
+{
+    QPrinter printer;
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() == QDialog::Accepted && !printSlides(*m_shown.message, &printer))
+        warn(tr("Print"), tr("The printer cannot be used."));
+}
+
+void MainWindow::exportAsPage()
+{
+    const QString name =
+        QFileDialog::getSaveFileName(this, tr("Export as Page"), {}, tr("Pages (*.html)"));
+    if (name.isEmpty())
+        return;
+    QString error;
+    if (exportPage(*m_shown.message, m_shown.findings, name, &error))
+        report(tr("Saved %1").arg(visible(name)));
+    else
+        warn(tr("Export as Page"), visible(error));
+}
+
+void MainWindow::warn(const QString &title, const QString &text)
+{
+    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, this);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
