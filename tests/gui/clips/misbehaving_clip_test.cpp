@@ -91,16 +91,14 @@ void MisbehavingClipTest::endsAClipThatNeverEnds()
         mostMemory = std::max(mostMemory, memory());
         ++pictures;
     });
-    [[maybe_unused]] const qint64 before = memory();
+    const qint64 before = memory();
     played.player->start(0);
     QVERIFY(played.playToEnd(500));
     QCOMPARE(played.ends, 1);
     QCOMPARE(played.player->position(), 600'000);
     QVERIFY(pictures > 10);
     QVERIFY(mostQueued < MostQueued);
-#ifndef QVL_SANITIZED // sanitizers keep what was freed
     QVERIFY(mostMemory < before + 64 * MB);
-#endif
 }
 
 void MisbehavingClipTest::letsTheChildWaitDuringAPause()
@@ -112,13 +110,15 @@ void MisbehavingClipTest::letsTheChildWaitDuringAPause()
     // The player's queue is full, then the pipe.
     qsizetype queued = -1;
     qint64 ticks = -1;
+    int calm = 0;
     QVERIFY(PlayedClip::until([&] {
         const Process process = childProcesses().value(child);
         const bool isWaiting = process.state == 'S' && process.ticks == ticks
             && played.player->queuedOctets() == queued && queued > MB;
         queued = played.player->queuedOctets();
         ticks = process.ticks;
-        return isWaiting;
+        calm = isWaiting ? calm + 1 : 0; // on a busy machine a process rests between two reads
+        return calm > 20;
     }));
     for (int i = 0; i < 20; ++i) {
         QTest::qWait(int(ShortPatience / 10ms)); // longer than the patience in all
@@ -139,9 +139,7 @@ void MisbehavingClipTest::saysThatAClipStoppedItsDecoder_data()
     QTest::addColumn<int>("pictures");
     QTest::newRow("crash") << 0;
     QTest::newRow("kill") << 0;
-#ifndef QVL_SANITIZED // a sanitizer's build does not limit the memory of the child process
     QTest::newRow("memory") << 0;
-#endif
     QTest::newRow("write on") << 0;
     QTest::newRow("same time") << 1;
     QTest::newRow("play and kill") << 1;

@@ -131,7 +131,8 @@ void OctetsTest::truncatedBodyEndsWithWhatWasNotRead()
 
 void OctetsTest::octetsAfterThePartsAreNamed()
 {
-    VERIFY_RANGE(treeOf(pdu + "more"), "After the parts", 59, 4);
+    const OctetTree tree = treeOf(pdu + "more");
+    VERIFY_RANGE(tree, "After the parts", 59, 4);
 }
 
 void OctetsTest::innermostItemIsFound()
