@@ -1,14 +1,14 @@
 /*
- * Notices files that are added to folders, changed or removed.
+ * Notices messages that are added to folders, changed or removed.
  */
 #pragma once
 
-#include <QDateTime>
-#include <QFileSystemWatcher>
-#include <QHash>
 #include <QObject>
 #include <QStringList>
-#include <QTimer>
+#include <QThread>
+
+#include <atomic>
+#include <functional>
 
 class FolderWatch : public QObject
 {
@@ -19,32 +19,27 @@ public:
     static constexpr int Delay = 300; // milliseconds
 
     explicit FolderWatch(QObject *parent = nullptr);
+    ~FolderWatch() override;
 
-    /// Watches the folders among @p names and those in them, instead of others. A folder that the
-    /// system cannot watch, because it watches many, is left out.
+    /// Watches the folders among @p names and those in them, instead of others. Files and folders
+    /// that the system cannot watch, because it watches many, are left out. All work is done in a
+    /// thread, because folders may be large or far away.
     void watch(const QStringList &names);
 
 signals:
-    /// Files that are there now, have other contents, or are gone. Any file may be among them, also
-    /// one that is no message.
-    void changed(const QStringList &added, const QStringList &modified, const QStringList &removed);
+    /// From now on, every change is noticed.
+    void watching();
+    /// Messages that were added or written, other files that were written, and files that are gone.
+    void changed(const QStringList &messages, const QStringList &others,
+                 const QStringList &removed);
 
 private:
-    struct Stamp
-    {
-        QDateTime time;
-        qint64 size;
-        bool operator==(const Stamp &other) const = default;
-    };
-    using Stamps = QHash<QString, Stamp>;
+    class Worker;
 
-    void addFolder(const QString &folder, QStringList *found);
-    void compare();
-    void compareFolder(const QString &folder, QStringList *added, QStringList *modified,
-                       QStringList *removed);
+    /// Does @p tell in the thread of this object, unless watch() is called before.
+    void report(int turn, std::function<void()> tell);
 
-    QFileSystemWatcher m_watcher;
-    QTimer m_delay;
-    QStringList m_touched; ///< folders in which something changed
-    QHash<QString, Stamps> m_folders;
+    QThread m_thread;
+    Worker *m_worker; ///< lives in the thread
+    std::atomic<int> m_turn = 0; ///< counts the calls of watch()
 };

@@ -1,8 +1,6 @@
 #include "list/message_list_view.h"
 
 #include "edit/opened_files.h"
-#include "input/file_name.h"
-#include "input/message_files.h"
 #include "view/terminal_text.h"
 
 #include <QAction>
@@ -19,7 +17,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
-#include <filesystem>
+#include <chrono>
 
 namespace {
 
@@ -33,11 +31,6 @@ QString cleaned(const QString &name)
     return QDir::cleanPath(QFileInfo(name).absoluteFilePath());
 }
 
-bool isMessage(const QString &file)
-{
-    return beginsLikeMessage(std::filesystem::path(FileName::toOctets(file).toStdString()));
-}
-
 } // namespace
 
 MessageListView::MessageListView(QWidget *parent)
@@ -49,6 +42,7 @@ MessageListView::MessageListView(QWidget *parent)
 {
     makeFilterLine();
     makeTable();
+    makeSortCommands();
     m_progress->setAccessibleName(tr("Progress of reading"));
     m_progress->setMaximum(1000);
     m_progress->hide();
@@ -67,10 +61,14 @@ MessageListView::MessageListView(QWidget *parent)
     m_visible.setSingleShot(true);
     connect(&m_visible, &QTimer::timeout, this, &MessageListView::wantVisibleThumbnails);
     connect(&m_thumbnails, &Thumbnails::ready, this, &MessageListView::keep);
+    connect(&m_watch, &FolderWatch::watching, this, &MessageListView::beginReading);
     connect(&m_watch, &FolderWatch::changed, this, &MessageListView::reload);
 }
 
-MessageListView::~MessageListView() = default;
+MessageListView::~MessageListView()
+{
+    endReading();
+}
 
 void MessageListView::makeFilterLine()
 {
@@ -134,6 +132,24 @@ void MessageListView::makeTable()
     connect(&m_filter, &QAbstractItemModel::layoutChanged, &m_visible, qOverload<>(&QTimer::start));
 }
 
+void MessageListView::makeSortCommands()
+{
+    for (int column = MessageListModel::Address; column < MessageListModel::Columns; ++column) {
+        auto *command = new QAction(
+            m_model.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString(), this);
+        connect(command, &QAction::triggered, this, [this, column] { sortBy(column); });
+        m_sortCommands += command;
+    }
+}
+
+void MessageListView::sortBy(int column)
+{
+    const QHeaderView *header = m_table->horizontalHeader();
+    const bool isAscending = header->sortIndicatorSection() == column
+        && header->sortIndicatorOrder() == Qt::AscendingOrder;
+    m_table->sortByColumn(column, isAscending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
 bool MessageListView::eventFilter(QObject *object, QEvent *event)
 {
     if (event->type() == QEvent::Resize && object == m_table)
@@ -160,21 +176,40 @@ bool MessageListView::eventFilter(QObject *object, QEvent *event)
 
 void MessageListView::open(const QStringList &names)
 {
-    m_loader.reset();
+    endReading();
     m_thumbnails.want({});
     m_kept.clear();
     m_model.clear();
-    QStringList paths;
+    m_names.clear();
     for (const QString &name : names)
-        paths += cleaned(name);
-    m_watch.watch(paths);
+        m_names += cleaned(name);
+    m_watch.watch(m_names);
     m_table->setFocus();
+    m_progress->setValue(0);
     m_progress->setVisible(true);
     m_isFirstReading = true;
-    m_loader = std::make_unique<FolderLoader>(paths, [this] {
+    updateState();
+}
+
+// What is added while the folders are read is not lost, because they are watched by now.
+void MessageListView::beginReading()
+{
+    m_loader = std::make_unique<FolderLoader>(std::exchange(m_names, {}), [this] {
         QMetaObject::invokeMethod(&m_turn, qOverload<>(&QTimer::start), Qt::QueuedConnection);
     });
-    updateState();
+}
+
+// A thread waits for the loader's threads, because each ends only after its message.
+void MessageListView::endReading()
+{
+    std::erase_if(m_ending, [](const std::future<void> &end) {
+        return end.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+    });
+    if (!m_loader)
+        return;
+    m_loader->cancel();
+    m_ending.push_back(std::async(std::launch::async,
+                                  [loader = std::move(m_loader)]() mutable { loader.reset(); }));
 }
 
 void MessageListView::takeResults()
@@ -223,19 +258,17 @@ void MessageListView::chooseFirst()
         m_table->setCurrentIndex(m_filter.index(0, 0));
 }
 
-void MessageListView::reload(const QStringList &added, const QStringList &modified,
+void MessageListView::reload(const QStringList &messages, const QStringList &others,
                              const QStringList &removed)
 {
-    QStringList changed;
-    for (const QString &file : added + modified) {
-        if (m_model.rowOf(file) >= 0 || isMessage(file))
-            changed += file;
-    }
+    QStringList changed = messages;
+    std::ranges::copy_if(others, std::back_inserter(changed),
+                         [this](const QString &file) { return m_model.rowOf(file) >= 0; });
     m_model.remove(removed);
     if (!changed.isEmpty())
         m_loader->reload(changed);
     const QString shown = fileOf(m_table->currentIndex());
-    if (modified.contains(shown))
+    if (changed.contains(shown))
         emit current(shown);
     updateState();
 }

@@ -12,8 +12,11 @@
 #include <QTimer>
 #include <QWidget>
 
+#include <future>
 #include <memory>
+#include <vector>
 
+class QAction;
 class QLabel;
 class QLineEdit;
 class QProgressBar;
@@ -33,7 +36,10 @@ public:
     /// Whether every message is listed with sender, subject, date and size.
     bool isListed() const { return m_loader && m_loader->isListed(); }
     /// Whether messages are still being read.
-    bool isBusy() const { return m_loader && !m_loader->isDone(); }
+    bool isBusy() const { return m_loader ? !m_loader->isDone() : !m_names.isEmpty(); }
+
+    /// A command for each column. The second time, it reverses the order.
+    const QList<QAction *> &sortCommands() const { return m_sortCommands; }
 
     const MessageListModel &model() const { return m_model; }
     const Thumbnails &thumbnails() const { return m_thumbnails; }
@@ -52,10 +58,14 @@ protected:
 private:
     void makeTable();
     void makeFilterLine();
+    void makeSortCommands();
+    void sortBy(int column);
+    void beginReading();
+    void endReading();
     void takeResults();
     void finishLoading();
     void updateState();
-    void reload(const QStringList &added, const QStringList &modified, const QStringList &removed);
+    void reload(const QStringList &messages, const QStringList &others, const QStringList &removed);
     void chooseFirst();
     QString fileOf(const QModelIndex &index) const;
     void wantVisibleThumbnails();
@@ -69,9 +79,12 @@ private:
     QTableView *m_table;
     QProgressBar *m_progress;
     QLabel *m_empty;
+    QList<QAction *> m_sortCommands;
     QTimer m_turn; ///< takes results
     QTimer m_visible; ///< looks for visible rows
     bool m_isFirstReading = false; ///< of the folders, not of files that changed
+    QStringList m_names; ///< to read as soon as they are watched
     QStringList m_kept; ///< files with thumbnails, the oldest first
+    std::vector<std::future<void>> m_ending; ///< of loaders that end; waits when it is destroyed
     std::unique_ptr<FolderLoader> m_loader; ///< last, because it calls the rest
 };

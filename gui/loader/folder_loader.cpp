@@ -27,13 +27,18 @@ FolderLoader::FolderLoader(const QStringList &names, std::function<void()> notif
 
 FolderLoader::~FolderLoader()
 {
+    cancel();
+    for (std::thread &thread : m_threads)
+        thread.join();
+}
+
+void FolderLoader::cancel()
+{
     {
         const std::lock_guard lock(m_mutex);
         m_isCanceled = true;
     }
     m_hasWork.notify_all();
-    for (std::thread &thread : m_threads)
-        thread.join();
 }
 
 void FolderLoader::readHeaders(const QStringList &names)

@@ -27,7 +27,7 @@ public:
     /// Begins to read the files and the messages in the folders @p names. A thread calls
     /// @p notify when there are results and the queue was empty before, and at the end.
     FolderLoader(const QStringList &names, std::function<void()> notify);
-    /// Ends the threads as soon as each has read the message that it is reading.
+    /// Cancels, and waits for the threads.
     ~FolderLoader();
     FolderLoader(const FolderLoader &) = delete;
     FolderLoader &operator=(const FolderLoader &) = delete;
@@ -36,6 +36,10 @@ public:
     std::vector<LoadedMessage> take(std::size_t most);
     /// Reads files again, or for the first time, as whole messages.
     void reload(const QStringList &files);
+
+    /// Each thread ends as soon as it has read the message that it is reading. Any thread may call
+    /// this.
+    void cancel();
 
     /// The part of the work that is done, from 0 to 1.
     double fraction() const;

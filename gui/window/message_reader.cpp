@@ -34,10 +34,12 @@ MessageReader::MessageReader(QObject *parent) : QObject(parent)
 
 void MessageReader::read(const QString &fileName)
 {
+    m_watcher.future().cancel(); // what did not begin is never read
     m_watcher.setFuture(QtConcurrent::run(readAndCheck, fileName));
 }
 
 void MessageReader::cancel()
 {
+    m_watcher.future().cancel();
     m_watcher.setFuture({});
 }
