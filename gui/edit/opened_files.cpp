@@ -1,5 +1,6 @@
 #include "edit/opened_files.h"
 
+#include <QCoreApplication>
 #include <QFileInfo>
 #include <QSet>
 
@@ -13,14 +14,7 @@ QSet<QString> &names()
     return opened;
 }
 
-} // namespace
-
-void OpenedFiles::add(const QString &fileName)
-{
-    names().insert(QFileInfo(fileName).absoluteFilePath());
-}
-
-bool OpenedFiles::contains(const QString &fileName)
+bool contains(const QString &fileName)
 {
     const QFileInfo file(fileName);
     const QString path = file.canonicalFilePath();
@@ -28,4 +22,23 @@ bool OpenedFiles::contains(const QString &fileName)
         || (!path.isEmpty() && std::ranges::any_of(names(), [&path](const QString &name) {
                return QFileInfo(name).canonicalFilePath() == path;
            }));
+}
+
+struct Text
+{
+    Q_DECLARE_TR_FUNCTIONS(OpenedFiles)
+};
+
+} // namespace
+
+void OpenedFiles::add(const QString &fileName)
+{
+    names().insert(QFileInfo(fileName).absoluteFilePath());
+}
+
+QString OpenedFiles::refusal(const QString &fileName)
+{
+    return contains(fileName)
+        ? Text::tr("%1 was opened to be read. Choose another name.").arg(fileName)
+        : QString();
 }

@@ -9,7 +9,8 @@ namespace OpenedFiles {
 
 /// Notes that @p fileName was opened. To be called in the thread of the windows.
 void add(const QString &fileName);
-/// Whether @p fileName is a file that was opened, under this name or another.
-bool contains(const QString &fileName);
+/// Why @p fileName must not be written: it was opened, under this name or another. Empty for other
+/// files.
+QString refusal(const QString &fileName);
 
 } // namespace OpenedFiles

@@ -66,10 +66,6 @@
         <translation>nachricht.mms</translation>
     </message>
     <message>
-        <source>%1 was opened to be read. Choose another name.</source>
-        <translation>%1 wurde zum Lesen geöffnet. Wählen Sie einen anderen Namen.</translation>
-    </message>
-    <message>
         <source>Save Message</source>
         <translation>Nachricht speichern</translation>
     </message>
@@ -527,6 +523,14 @@ Zeigt und schreibt Multimedia-Nachrichten (MMS).</translation>
         <source>Pages (*.html)</source>
         <translation>Seiten (*.html)</translation>
     </message>
+    <message>
+        <source>Sort Messages &amp;By</source>
+        <translation>Nachrichten sortieren &amp;nach</translation>
+    </message>
+    <message>
+        <source>Writing %1</source>
+        <translation>%1 wird geschrieben</translation>
+    </message>
 </context>
 <context>
     <name>MessageDraft</name>
@@ -746,6 +750,13 @@ Zeigt und schreibt Multimedia-Nachrichten (MMS).</translation>
     </message>
 </context>
 <context>
+    <name>OpenedFiles</name>
+    <message>
+        <source>%1 was opened to be read. Choose another name.</source>
+        <translation>%1 wurde zum Lesen geöffnet. Wählen Sie einen anderen Namen.</translation>
+    </message>
+</context>
+<context>
     <name>OptionsForm</name>
     <message>
         <source>De&amp;livery report</source>
@@ -829,6 +840,13 @@ Zeigt und schreibt Multimedia-Nachrichten (MMS).</translation>
     <message>
         <source>%1 would read back differently. Change it, or remove it.</source>
         <translation>%1 würde anders gelesen werden. Ändern oder entfernen Sie es.</translation>
+    </message>
+</context>
+<context>
+    <name>PageExport</name>
+    <message>
+        <source>There is not enough memory.</source>
+        <translation>Es ist nicht genug Speicher da.</translation>
     </message>
 </context>
 <context>

@@ -2,8 +2,11 @@
 #include "window/main_window.h"
 
 #include "edit/beginnings.h"
+#include "edit/opened_files.h"
+#include "list/message_list_view.h"
 #include "stage/stage_panel.h"
 #include "view/terminal_text.h"
+#include "window/page_export.h"
 #include "window/parts_panel.h"
 #include "window/printing.h"
 #include "window/recent_files.h"
@@ -20,6 +23,7 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QSettings>
+#include <QtConcurrentRun>
 
 using TerminalText::visible;
 
@@ -82,6 +86,8 @@ void MainWindow::makeViewMenu()
 {
     QMenu *menu = menuBar()->addMenu(tr("&View"));
     menu->addActions(m_stage->commands());
+    menu->addSeparator();
+    menu->addMenu(tr("Sort Messages &By"))->addActions(m_list->sortCommands());
     menu->addSeparator();
     int number = 1;
     for (const QDockWidget *dock : m_docks) {
@@ -188,11 +194,18 @@ void MainWindow::exportAsPage()
         QFileDialog::getSaveFileName(this, tr("Export as Page"), {}, tr("Pages (*.html)"));
     if (name.isEmpty())
         return;
-    QString error;
-    if (exportPage(*m_shown.message, m_shown.findings, name, &error))
+    if (const QString refusal = OpenedFiles::refusal(name); !refusal.isEmpty())
+        return warn(tr("Export as Page"), visible(refusal));
+    report(tr("Writing %1").arg(visible(name)));
+    auto *writing = new QFutureWatcher<QString>(this);
+    connect(writing, &QFutureWatcherBase::finished, this, [this, writing, name] {
+        writing->deleteLater();
+        if (const QString error = writing->result(); !error.isEmpty())
+            return warn(tr("Export as Page"), visible(error));
         report(tr("Saved %1").arg(visible(name)));
-    else
-        warn(tr("Export as Page"), visible(error));
+    });
+    const PageSource source{m_shown.message->octets, m_shown.fileName, m_shown.findings};
+    writing->setFuture(QtConcurrent::run(exportPage, source, name));
 }
 
 void MainWindow::warn(const QString &title, const QString &text)

@@ -1,7 +1,6 @@
 #include "window/printing.h"
 
 #include "html/message_page.h"
-#include "html/one_page.h"
 #include "input/message.h"
 #include "render/render.h"
 #include "view/terminal_text.h"
@@ -68,13 +67,4 @@ bool printSlides(const Message &message, QPrinter *printer)
         drawInside(&painter, sheet.cell(cell), image);
     }
     return painter.end();
-}
-
-bool exportPage(const Message &message, const Check::Findings &findings, const QString &fileName,
-                QString *error)
-{
-    OnePage page(fileName, {}, false);
-    PageMedia media(message, {});
-    Report report;
-    return page.add(message, findings, &media, error) && page.finish(&report, error);
 }

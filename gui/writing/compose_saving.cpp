@@ -113,8 +113,8 @@ bool ComposeWindow::write(const QString &fileName)
     if (problem.isEmpty() && !confirmErrors(outgoing.pdu))
         return false;
     const bool isOwn = fileName == m_fileName;
-    if (problem.isEmpty() && !isOwn && OpenedFiles::contains(fileName))
-        problem = tr("%1 was opened to be read. Choose another name.").arg(fileName);
+    if (problem.isEmpty() && !isOwn)
+        problem = OpenedFiles::refusal(fileName);
     if (!problem.isEmpty() || !replaceFile(outgoing.pdu, fileName, &problem)) {
         m_questions.refuse(this, tr("Save Message"), problem);
         return false;

@@ -244,7 +244,15 @@ void MainWindowTest::replyToAllLeavesOutTheOwnAddress()
     SettingsDialog settings;
     settings.findChild<QLineEdit *>()->setText(QStringLiteral(" +4915187654321 "));
     settings.accept();
-    QCOMPARE(SettingsDialog::ownAddress(), QStringLiteral("+4915187654321"));
+    open({fixture(QStringLiteral("messages/mixed.mms"))}); // to this number and, in copy, to Anna
+    action(QStringLiteral("Reply to All"))->trigger();
+    const QList<ComposeWindow *> windows = topLevel<ComposeWindow>();
+    QCOMPARE(windows.size(), 1);
+    const EditedHeader &header = *windows.first()->editor().state().header;
+    std::vector<EditedAddress> recipients = header.to;
+    recipients.insert(recipients.end(), header.cc.begin(), header.cc.end());
+    QCOMPARE(recipients.size(), std::size_t(1));
+    QCOMPARE(recipients.front().address, QStringLiteral("anna@example.org"));
 }
 
 void MainWindowTest::actionsFollowTheMessage()
