@@ -18,6 +18,9 @@
 #include <cerrno>
 #include <cstring>
 
+constexpr int AmrSecond = 16'000; ///< octets of samples
+inline const QList<qint64> AllTimes{0, 200, 400, 600, 800}; ///< of the video in the fixtures
+
 /// The octets of a clip in the fixtures.
 inline QByteArray fixture(const QString &name)
 {

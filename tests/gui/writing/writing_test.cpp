@@ -1,22 +1,15 @@
 /*
- * The window to write in: what each control does, and what is saved, kept and asked.
+ * The window to write in: what each control does.
  */
+#include "open_compose_window.h"
+
+#include "edit/smaller_picture.h"
 #include "writing/attachments_list.h"
-#include "writing/compose_window.h"
 #include "writing/size_gauge.h"
 #include "writing/slide_form.h"
 #include "writing/slide_strip.h"
 
-#include "edit/beginnings.h"
-#include "edit/opened_files.h"
-#include "edit/smaller_picture.h"
-#include "input/message.h"
-#include "user_folders.h"
-
-#include <QAccessible>
-#include <QAction>
 #include <QApplication>
-#include <QBuffer>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDoubleSpinBox>
@@ -26,27 +19,16 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QPlainTextEdit>
-#include <QPointer>
 #include <QPushButton>
-#include <QSignalSpy>
 #include <QSpinBox>
-#include <QTest>
 
-class WritingTest : public QObject
+class WritingTest : public OpenComposeWindow
 {
     Q_OBJECT
 
-public:
-    static void initMain() { useFoldersOfTheTest(); }
-
 private slots:
-    void init();
-    void cleanup();
-
-    void messageIsWrittenByKeysAndSaved();
     void typingIsOneStepAndUndoShowsEverywhere();
     void invalidRecipientSaysWhy();
-    void invalidRecipientPreventsSaving();
     void optionsChangeTheMessage();
     void slidesAreAddedDuplicatedMovedAndDeleted();
     void pictureIsAddedReplacedAndRemoved();
@@ -56,41 +38,7 @@ private slots:
     void droppedFilesAreAdded();
     void smallerCopyIsOffered();
     void gaugeSaysTheExcess();
-    void openedFileIsNeverOverwritten();
-    void errorsHaveToBeConfirmed();
-    void savedMessageIsSavedAgainUnderItsName();
-    void closingUnsavedWorkAsks();
-    void closingSavedWorkDoesNotAsk();
-    void draftIsOfferedAfterACrash();
-    void discardedDraftsAreRemoved();
     void replyHasTheSender();
-
-private:
-    QAction *action(const QString &text) const;
-    template <typename Control>
-    Control *control(const QString &accessibleName) const;
-    QString path(const QString &name) const { return m_folder.filePath(name); }
-    QString write(const QString &name, const QByteArray &octets) const;
-    std::unique_ptr<Message> saved() const;
-
-    QTemporaryDir m_folder;
-    QPointer<ComposeWindow> m_window;
-    Editor *m_editor = nullptr;
-
-    // Answers
-    QString m_saveAs;
-    QStringList m_files;
-    bool m_savesWithErrors = true;
-    Questions::Answer m_unsaved = Questions::Cancel;
-    bool m_takesSmaller = false;
-    Questions::Answer m_drafts = Questions::Cancel;
-    // What was asked
-    QStringList m_errors;
-    QStringList m_refused;
-    int m_unsavedAsked = 0;
-    int m_smallerAsked = 0;
-
-    Questions questions();
 };
 
 namespace {
@@ -106,136 +54,7 @@ QByteArray picture(Qt::GlobalColor color, QSize size = {8, 6})
     return octets;
 }
 
-QByteArray noise(QSize size)
-{
-    QImage image(size, QImage::Format_RGB32);
-    quint32 state = 1;
-    for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x) {
-            state = state * 1664525 + 1013904223;
-            image.setPixel(x, y, state);
-        }
-    }
-    QByteArray octets;
-    QBuffer buffer(&octets);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return octets;
-}
-
-QString plain(QString text)
-{
-    return text.remove(u'&').remove(QChar(0x2026));
-}
-
 } // namespace
-
-Questions WritingTest::questions()
-{
-    Questions answers;
-    answers.saveAs = [this](QWidget *, const QString &) { return m_saveAs; };
-    answers.files = [this](QWidget *, const QString &, const QString &) { return m_files; };
-    answers.saveWithErrors = [this](QWidget *, const QStringList &errors) {
-        m_errors = errors;
-        return m_savesWithErrors;
-    };
-    answers.unsaved = [this](QWidget *) {
-        ++m_unsavedAsked;
-        return m_unsaved;
-    };
-    answers.takeSmaller = [this](QWidget *, qint64, const SmallerPicture &) {
-        ++m_smallerAsked;
-        return m_takesSmaller;
-    };
-    answers.drafts = [this](QWidget *, int) { return m_drafts; };
-    answers.refuse = [this](QWidget *, const QString &, const QString &why) { m_refused += why; };
-    return answers;
-}
-
-void WritingTest::init()
-{
-    m_saveAs = path(QStringLiteral("saved.mms"));
-    QFile::remove(m_saveAs);
-    m_files.clear();
-    m_savesWithErrors = true;
-    m_unsaved = Questions::Cancel;
-    m_takesSmaller = false;
-    m_errors.clear();
-    m_refused.clear();
-    m_unsavedAsked = m_smallerAsked = 0;
-    m_window = ComposeWindow::open(Beginnings::newMessage(), questions());
-    m_editor = &m_window->editor();
-}
-
-void WritingTest::cleanup()
-{
-    if (m_window && m_window->editor().isModified())
-        m_unsaved = Questions::Discard;
-    if (m_window)
-        m_window->close();
-    delete m_window;
-    m_drafts = Questions::Discard;
-    ComposeWindow::offerDrafts(nullptr, questions());
-    m_drafts = Questions::Cancel;
-}
-
-QAction *WritingTest::action(const QString &text) const
-{
-    for (QAction *action : m_window->findChildren<QAction *>()) {
-        const QString shown = plain(action->text()); // "Undo" names the step
-        if (shown == text || (text.endsWith(u"do") && shown.startsWith(text)))
-            return action;
-    }
-    qFatal("no action %s", qPrintable(text));
-}
-
-template <typename Control>
-Control *WritingTest::control(const QString &name) const
-{
-    for (Control *control : m_window->findChildren<Control *>()) {
-        QAccessibleInterface *interface = QAccessible::queryAccessibleInterface(control);
-        if (control->accessibleName() == name
-            || plain(interface->text(QAccessible::Name)).remove(u':') == name)
-            return control;
-    }
-    qFatal("no control %s", qPrintable(name));
-}
-
-QString WritingTest::write(const QString &name, const QByteArray &octets) const
-{
-    QFile file(path(name));
-    if (!file.open(QIODevice::WriteOnly) || file.write(octets) != octets.size())
-        qFatal("cannot write");
-    return path(name);
-}
-
-std::unique_ptr<Message> WritingTest::saved() const
-{
-    QString error;
-    std::unique_ptr<Message> message = readMessage(m_saveAs, {}, &error);
-    if (!message)
-        qFatal("%s", qPrintable(error));
-    return message;
-}
-
-void WritingTest::messageIsWrittenByKeysAndSaved()
-{
-    QTest::keyClicks(control<QLineEdit>(QStringLiteral("To")),
-                     QStringLiteral("+491, a@example.org"));
-    QTest::keyClicks(control<QLineEdit>(QStringLiteral("Subject")), QStringLiteral("Hello"));
-    QTest::keyClicks(control<QPlainTextEdit>(QStringLiteral("Text")), QStringLiteral("First"));
-    action(QStringLiteral("Add Slide"))->trigger();
-    QTest::keyClicks(control<QPlainTextEdit>(QStringLiteral("Text")), QStringLiteral("Second"));
-    QSignalSpy signal(m_window, &ComposeWindow::saved);
-    action(QStringLiteral("Save"))->trigger();
-    QCOMPARE(signal.count(), 1);
-    const std::unique_ptr<Message> message = saved();
-    QVERIFY(!message->isRefused());
-    QCOMPARE(message->subject(), QStringLiteral("Hello"));
-    QCOMPARE(message->header().getToRecipients().count(), 2);
-    QCOMPARE(message->slides().getTotalSlidesNum(), 2U);
-    QVERIFY(!m_window->isWindowModified());
-}
 
 void WritingTest::typingIsOneStepAndUndoShowsEverywhere()
 {
@@ -266,13 +85,6 @@ void WritingTest::invalidRecipientSaysWhy()
         QTest::keyClick(to, Qt::Key_Backspace);
     QCOMPARE(to->accessibleDescription(), QString());
     QCOMPARE(m_editor->message().header().getToRecipients().count(), 1);
-}
-
-void WritingTest::invalidRecipientPreventsSaving()
-{
-    QTest::keyClicks(control<QLineEdit>(QStringLiteral("To")), QStringLiteral("nonsense"));
-    QVERIFY(!m_window->save());
-    QVERIFY(!QFile::exists(m_saveAs));
 }
 
 void WritingTest::optionsChangeTheMessage()
@@ -422,117 +234,6 @@ void WritingTest::gaugeSaysTheExcess()
     QVERIFY(!gauge.text().contains(QStringLiteral("large")));
     gauge.setSize(310 * 1024, 300 * 1024);
     QVERIFY2(gauge.text().contains(QStringLiteral("too large by 10")), qPrintable(gauge.text()));
-}
-
-void WritingTest::openedFileIsNeverOverwritten()
-{
-    const QString opened = write(QStringLiteral("opened.mms"), "as it was");
-    OpenedFiles::add(opened);
-    QVERIFY(QFile::link(opened, path(QStringLiteral("link.mms"))));
-    QTest::keyClicks(control<QLineEdit>(QStringLiteral("To")), QStringLiteral("+491"));
-    QTest::keyClicks(control<QPlainTextEdit>(QStringLiteral("Text")), QStringLiteral("a"));
-    for (const char *name : {"opened.mms", "link.mms"}) {
-        m_saveAs = path(QString::fromLatin1(name));
-        QVERIFY(!m_window->save());
-    }
-    QCOMPARE(m_refused.size(), 2);
-    QFile file(opened);
-    QVERIFY(file.open(QIODevice::ReadOnly));
-    QCOMPARE(file.readAll(), QByteArray("as it was"));
-}
-
-void WritingTest::errorsHaveToBeConfirmed()
-{
-    QTest::keyClicks(control<QLineEdit>(QStringLiteral("To")), QStringLiteral("+491"));
-    m_files = {write(QStringLiteral("noise.png"), noise({400, 400}))}; // above 300 KB
-    control<QPushButton>(QStringLiteral("Choose Picture"))->click();
-    QTRY_VERIFY(m_editor->objectIndex(0, SMIL_MEDIA_IMAGE) >= 0);
-    m_savesWithErrors = false;
-    QVERIFY(!m_window->save());
-    QVERIFY(!m_errors.isEmpty());
-    QVERIFY(!QFile::exists(m_saveAs));
-    m_savesWithErrors = true;
-    QVERIFY(m_window->save());
-    QVERIFY(QFile::exists(m_saveAs));
-}
-
-void WritingTest::savedMessageIsSavedAgainUnderItsName()
-{
-    m_saveAs = path(QStringLiteral("again.mms"));
-    QTest::keyClicks(control<QLineEdit>(QStringLiteral("To")), QStringLiteral("+491"));
-    auto *text = control<QPlainTextEdit>(QStringLiteral("Text"));
-    QTest::keyClicks(text, QStringLiteral("a"));
-    QVERIFY(m_window->save());
-    OpenedFiles::add(m_saveAs); // looked at meanwhile
-    QTest::keyClicks(text, QStringLiteral("b"));
-    QVERIFY(m_window->isWindowModified());
-    const QString name = std::exchange(m_saveAs, QString());
-    QVERIFY(m_window->save());
-    m_saveAs = name;
-    QCOMPARE(saved()->text(*saved()->parts().getBodypartByIndex(1)), QStringLiteral("ab"));
-}
-
-void WritingTest::closingUnsavedWorkAsks()
-{
-    QTest::keyClicks(control<QPlainTextEdit>(QStringLiteral("Text")), QStringLiteral("a"));
-    QVERIFY(!m_window->close());
-    QCOMPARE(m_unsavedAsked, 1);
-    m_unsaved = Questions::Save; // which fails without recipients
-    QVERIFY(!m_window->close());
-    QTest::keyClicks(control<QLineEdit>(QStringLiteral("To")), QStringLiteral("+491"));
-    QVERIFY(m_window->close());
-    QVERIFY(QFile::exists(m_saveAs));
-}
-
-void WritingTest::closingSavedWorkDoesNotAsk()
-{
-    QVERIFY(m_window->close());
-    QCOMPARE(m_unsavedAsked, 0);
-}
-
-void WritingTest::draftIsOfferedAfterACrash()
-{
-    // The editor of a program that ended without closing its window.
-    {
-        QString error;
-        std::unique_ptr<MessageDraft> draft =
-            MessageDraft::create(MessageDraft::standardFolder(), &error);
-        QVERIFY2(draft, qPrintable(error));
-        const std::unique_ptr<Editor> editor = Beginnings::newMessage();
-        editor->setText(0, QStringLiteral("survives"));
-        QVERIFY(draft->write(editor->encodeDraft().pdu, &error));
-    }
-    m_drafts = Questions::Save;
-    QCOMPARE(ComposeWindow::offerDrafts(nullptr, questions()), 1);
-    ComposeWindow *resumed = nullptr;
-    for (QWidget *widget : QApplication::topLevelWidgets()) {
-        auto *window = qobject_cast<ComposeWindow *>(widget);
-        if (window && window != m_window)
-            resumed = window;
-    }
-    QVERIFY(resumed);
-    QCOMPARE(resumed->editor().text(0), QStringLiteral("survives"));
-    QVERIFY(resumed->isWindowModified()); // it was never saved
-    QCOMPARE(ComposeWindow::offerDrafts(nullptr, questions()), 0); // the window has it
-    m_unsaved = Questions::Discard;
-    resumed->close();
-    QCOMPARE(MessageDraft::abandoned(MessageDraft::standardFolder()).size(), 0);
-}
-
-void WritingTest::discardedDraftsAreRemoved()
-{
-    QString error;
-    {
-        std::unique_ptr<MessageDraft> draft =
-            MessageDraft::create(MessageDraft::standardFolder(), &error);
-        QVERIFY(draft->write(Beginnings::newMessage()->encodeDraft().pdu, &error));
-    }
-    m_drafts = Questions::Cancel;
-    QCOMPARE(ComposeWindow::offerDrafts(nullptr, questions()), 0);
-    QCOMPARE(MessageDraft::abandoned(MessageDraft::standardFolder()).size(), 1);
-    m_drafts = Questions::Discard;
-    QCOMPARE(ComposeWindow::offerDrafts(nullptr, questions()), 0);
-    QCOMPARE(MessageDraft::abandoned(MessageDraft::standardFolder()).size(), 0);
 }
 
 void WritingTest::replyHasTheSender()
