@@ -1,6 +1,6 @@
 #include "list/message_list_model.h"
 
-#include "texts/plain_tool_tip.h"
+#include "common/plain_tool_tip.h"
 #include "view/terminal_text.h"
 
 #include <QDateTime>

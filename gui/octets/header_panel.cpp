@@ -1,7 +1,7 @@
 #include "octets/header_panel.h"
 
+#include "common/plain_tool_tip.h"
 #include "input/message.h"
-#include "texts/plain_tool_tip.h"
 #include "view/changes_view.h"
 #include "view/message_view.h"
 #include "view/terminal_text.h"

@@ -1,6 +1,6 @@
 #include "octets/octet_tree_model.h"
 
-#include "texts/plain_tool_tip.h"
+#include "common/plain_tool_tip.h"
 
 void OctetTreeModel::setTree(OctetTree tree)
 {

@@ -1,5 +1,6 @@
 #include "window/main_window.h"
 
+#include "common/local_files.h"
 #include "edit/opened_files.h"
 #include "list/message_list_view.h"
 #include "octets/header_panel.h"
@@ -16,7 +17,6 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QFileInfo>
-#include <QMimeData>
 #include <QScrollArea>
 #include <QSettings>
 #include <QSplitter>
@@ -37,16 +37,6 @@ constexpr int UsualList = 450; // pixels of the width
 bool isList(const QStringList &names)
 {
     return names.size() > 1 || QFileInfo(names.first()).isDir();
-}
-
-QStringList localFiles(const QMimeData &data)
-{
-    QStringList names;
-    for (const QUrl &url : data.urls()) {
-        if (url.isLocalFile())
-            names += url.toLocalFile();
-    }
-    return names;
 }
 
 QString titleOf(const QString &fileName)

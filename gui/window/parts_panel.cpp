@@ -1,9 +1,9 @@
 #include "window/parts_panel.h"
 
+#include "common/plain_tool_tip.h"
 #include "extract/extract.h"
 #include "input/message.h"
 #include "output/write_file.h"
-#include "texts/plain_tool_tip.h"
 #include "view/terminal_text.h"
 
 #include <QAction>

@@ -2,6 +2,7 @@
 #include "writing/compose_window.h"
 
 #include "check/check.h"
+#include "common/local_files.h"
 #include "edit/beginnings.h"
 #include "edit/opened_files.h"
 #include "input/file_name.h"
@@ -14,22 +15,11 @@
 
 #include <QCloseEvent>
 #include <QFileInfo>
-#include <QMimeData>
 #include <QMimeDatabase>
 
 using TerminalText::visible;
 
 namespace {
-
-QStringList localFiles(const QMimeData &data)
-{
-    QStringList names;
-    for (const QUrl &url : data.urls()) {
-        if (url.isLocalFile())
-            names += url.toLocalFile();
-    }
-    return names;
-}
 
 std::unique_ptr<Editor> editorOf(const QString &draft)
 {

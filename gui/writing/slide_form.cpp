@@ -1,9 +1,9 @@
 #include "writing/slide_form.h"
 
+#include "common/plain_tool_tip.h"
 #include "edit/editor.h"
 #include "edit/smaller_picture.h"
 #include "input/files.h"
-#include "texts/plain_tool_tip.h"
 #include "view/terminal_text.h"
 
 #include <QCheckBox>

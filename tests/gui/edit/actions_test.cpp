@@ -55,8 +55,7 @@ void duplicateFirstSlide(Message &message)
 void replacePicture(Message &message)
 {
     slideOf(message, 0).removeImgLikeElem();
-    SampleMessage::put(&message, 0, SMIL_MEDIA_IMAGE, "new.png", "png",
-                       SampleMessage::picture(Qt::green));
+    SampleMessage::put(&message, 0, SMIL_MEDIA_IMAGE, "new.png", "png", coloredPicture(Qt::green));
 }
 
 void attach(Message &message)
@@ -170,12 +169,11 @@ const std::vector<Row> &rows()
          [](Message &m) { slideOf(m, 0).insert(0, slideOf(m, 0).getTextElem(true)); }},
         {"add a picture",
          [](Editor &e) {
-             return e.addMedia(1, "/tmp/new.png", SampleMessage::picture(Qt::green),
-                               Editor::Insert);
+             return e.addMedia(1, "/tmp/new.png", coloredPicture(Qt::green), Editor::Insert);
          },
          [](Message &m) {
              SampleMessage::put(&m, 1, SMIL_MEDIA_IMAGE, "new.png", "png",
-                                SampleMessage::picture(Qt::green));
+                                coloredPicture(Qt::green));
          }},
         {"add a sound",
          [](Editor &e) {
@@ -187,7 +185,7 @@ const std::vector<Row> &rows()
          }},
         {"replace a picture",
          [](Editor &e) {
-             return e.addMedia(0, "new.png", SampleMessage::picture(Qt::green), Editor::Replace);
+             return e.addMedia(0, "new.png", coloredPicture(Qt::green), Editor::Replace);
          },
          replacePicture},
         {"remove a text", [](Editor &e) { return e.removeObject(1, 0); },

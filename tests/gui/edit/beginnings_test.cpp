@@ -224,7 +224,7 @@ private slots:
     {
         const auto editor = Beginnings::replyTo(*received());
         QCOMPARE(editor->setText(0, "Yes, at noon"), QString());
-        QCOMPARE(editor->addMedia(0, "map.png", SampleMessage::picture(Qt::blue), Editor::Insert),
+        QCOMPARE(editor->addMedia(0, "map.png", coloredPicture(Qt::blue), Editor::Insert),
                  QString());
         QCOMPARE(editor->addSlide(1), QString());
         QCOMPARE(editor->setText(1, "See you"), QString());

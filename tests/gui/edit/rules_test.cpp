@@ -185,8 +185,7 @@ private slots:
     void aPictureInPlaceOfAVideoResetsTheDuration()
     {
         Editor editor(SampleMessage::create());
-        QCOMPARE(editor.addMedia(2, "p.png", SampleMessage::picture(Qt::red), Editor::Replace),
-                 QString());
+        QCOMPARE(editor.addMedia(2, "p.png", coloredPicture(Qt::red), Editor::Replace), QString());
         QCOMPARE(editor.slide(2)->getDur(), int(QvlDuration::Default));
         QCOMPARE(editor.slide(2)->getMediaObjectCount(), 1U);
     }
@@ -195,7 +194,7 @@ private slots:
     {
         Editor editor(SampleMessage::create());
         const QStringList before = facts(editor.message());
-        const QByteArray png = SampleMessage::picture(Qt::red);
+        const QByteArray png = coloredPicture(Qt::red);
         const QStringList reasons{
             editor.addMedia(0, "p.png", png, Editor::Insert),
             editor.addMedia(2, "p.png", png, Editor::Insert),

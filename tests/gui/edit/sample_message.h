@@ -4,26 +4,14 @@
 #pragma once
 
 #include "input/message.h"
+#include "pictures.h"
 
-#include <QBuffer>
 #include <QFile>
-#include <QImage>
 #include <QStringList>
 
 #include <memory>
 
 namespace SampleMessage {
-
-inline QByteArray picture(Qt::GlobalColor color)
-{
-    QImage image(8, 6, QImage::Format_RGB32);
-    image.fill(color);
-    QByteArray octets;
-    QBuffer buffer(&octets);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return octets;
-}
 
 inline QByteArray clip(const QString &name)
 {
@@ -72,7 +60,7 @@ inline std::unique_ptr<Message> create()
     for (int i = 0; i < 3; ++i)
         slides.appendSlide(unsigned(QvlDuration::Default));
     put(message.get(), 0, SMIL_MEDIA_TEXT, "a.txt", "plain", "one");
-    put(message.get(), 0, SMIL_MEDIA_IMAGE, "a.png", "png", picture(Qt::red));
+    put(message.get(), 0, SMIL_MEDIA_IMAGE, "a.png", "png", coloredPicture(Qt::red));
     slides.getSlide(0)->setPageColor(color(QColor(Qt::darkBlue)));
     put(message.get(), 1, SMIL_MEDIA_TEXT, "b.txt", "plain", "two");
     put(message.get(), 1, SMIL_MEDIA_AUDIO, "b.amr", "amr", clip("sound.amr"));

@@ -3,8 +3,8 @@
  */
 #include "edit/smaller_picture.h"
 
-#include <QBuffer>
-#include <QImage>
+#include "pictures.h"
+
 #include <QtTest>
 
 namespace {
@@ -18,15 +18,6 @@ QImage image(const QSize &size, QImage::Format format)
             result.setPixelColor(x, y, QColor((x * 7) % 256, (y * 5) % 256, (x * y) % 256, 200));
     }
     return result;
-}
-
-QByteArray encoded(const QImage &image, const char *format)
-{
-    QByteArray octets;
-    QBuffer buffer(&octets);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, format, 95);
-    return octets;
 }
 
 QImage decoded(const QByteArray &octets, const char *format)
@@ -43,7 +34,7 @@ class SmallerPictureTest : public QObject
 private slots:
     void keepsTheProportions()
     {
-        const QByteArray octets = encoded(image({800, 400}, QImage::Format_RGB32), "JPEG");
+        const QByteArray octets = encoded(image({800, 400}, QImage::Format_RGB32), "JPEG", 95);
         const auto copy = smallerPicture("/tmp/a.photo.jpeg", octets, {200, 200});
         QVERIFY(copy);
         QCOMPARE(copy->fileName, QStringLiteral("a.photo.jpg"));
@@ -55,7 +46,7 @@ private slots:
 
     void transparentPicturesStayTransparent()
     {
-        const QByteArray octets = encoded(image({400, 400}, QImage::Format_ARGB32), "PNG");
+        const QByteArray octets = encoded(image({400, 400}, QImage::Format_ARGB32));
         const auto copy = smallerPicture("a.png", octets, {100, 100});
         QVERIFY(copy);
         QCOMPARE(copy->fileName, QStringLiteral("a.png"));
@@ -64,7 +55,7 @@ private slots:
 
     void largeOpaquePngsBecomeJpegs()
     {
-        const QByteArray octets = encoded(image({300, 300}, QImage::Format_RGB32), "PNG");
+        const QByteArray octets = encoded(image({300, 300}, QImage::Format_RGB32));
         const auto copy = smallerPicture("a.png", octets, {300, 300});
         QVERIFY(copy);
         QCOMPARE(copy->fileName, QStringLiteral("a.jpg"));
@@ -73,7 +64,7 @@ private slots:
 
     void thinPicturesKeepAPixel()
     {
-        const QByteArray octets = encoded(image({2000, 2}, QImage::Format_RGB32), "PNG");
+        const QByteArray octets = encoded(image({2000, 2}, QImage::Format_RGB32), "PNG", 95);
         const auto copy = smallerPicture("a.png", octets, {50, 50});
         QVERIFY(copy);
         QCOMPARE(copy->size, QSize(50, 1));
@@ -81,10 +72,7 @@ private slots:
 
     void thereIsNoneWhenItWouldNotBeSmaller()
     {
-        QByteArray octets;
-        QBuffer buffer(&octets);
-        QVERIFY(buffer.open(QIODevice::WriteOnly));
-        QVERIFY(image({200, 200}, QImage::Format_RGB32).save(&buffer, "JPEG", 1));
+        const QByteArray octets = encoded(image({200, 200}, QImage::Format_RGB32), "JPEG", 1);
         QVERIFY(!smallerPicture("a.jpg", octets, {200, 200}));
     }
 

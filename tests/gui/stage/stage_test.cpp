@@ -6,11 +6,11 @@
 #include "edit/beginnings.h"
 #include "input/message.h"
 #include "manual_clock.h"
+#include "pictures.h"
 #include "stage/animation.h"
 #include "stage/stage.h"
 
 #include <QAction>
-#include <QBuffer>
 #include <QDir>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
@@ -51,12 +51,7 @@ QByteArray messageWithPicture(QSize size, Qt::GlobalColor color, const QString &
                               int slides = 1)
 {
     const std::unique_ptr<Editor> editor = Beginnings::newMessage();
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(color);
-    QByteArray octets;
-    QBuffer buffer(&octets);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
+    const QByteArray octets = coloredPicture(color, size);
     editor->setRecipients(Recipients::To, {QStringLiteral("+491")});
     for (int i = 0; i < slides; ++i) {
         if (i > 0)

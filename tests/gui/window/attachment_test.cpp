@@ -3,11 +3,11 @@
  */
 #include "window/attachment.h"
 
+#include "pictures.h"
+
 #include <qvlsmilparser.h>
 
-#include <QBuffer>
 #include <QFileInfo>
-#include <QImage>
 #include <QTest>
 
 using Part = MMS_COMP_SMILMultipartBodypart;
@@ -27,16 +27,6 @@ private slots:
 
 namespace {
 
-QByteArray png()
-{
-    QByteArray octets;
-    QBuffer buffer(&octets);
-    QImage image(2, 2, QImage::Format_RGB32);
-    image.fill(Qt::red);
-    image.save(&buffer, "PNG");
-    return octets;
-}
-
 Attachment examined(const QString &location, const QByteArray &octets)
 {
     Part part;
@@ -53,8 +43,8 @@ void AttachmentTest::mayBeOpened_data()
     QTest::addColumn<QString>("name");
     QTest::addColumn<QByteArray>("octets");
     QTest::addColumn<bool>("isOpened");
-    QTest::newRow("a picture") << "a.png" << png() << true;
-    QTest::newRow("a picture named like a text") << "a.txt" << png() << true;
+    QTest::newRow("a picture") << "a.png" << coloredPicture(Qt::red) << true;
+    QTest::newRow("a picture named like a text") << "a.txt" << coloredPicture(Qt::red) << true;
     QTest::newRow("a text") << "a.txt" << QByteArray("Hello") << true;
     QTest::newRow("a page") << "a.html" << QByteArray("<!DOCTYPE html><html></html>") << false;
     QTest::newRow("a page named like a picture")
@@ -87,9 +77,9 @@ void AttachmentTest::mayBeOpened()
 
 void AttachmentTest::extensionFitsTheContent()
 {
-    QCOMPARE(examined("a.jpg", png()).name, "a.png");
-    QCOMPARE(examined("a.PNG", png()).name, "a.PNG");
-    QCOMPARE(examined("../../a", png()).name, "a.png");
+    QCOMPARE(examined("a.jpg", coloredPicture(Qt::red)).name, "a.png");
+    QCOMPARE(examined("a.PNG", coloredPicture(Qt::red)).name, "a.PNG");
+    QCOMPARE(examined("../../a", coloredPicture(Qt::red)).name, "a.png");
     QCOMPARE(examined(".bashrc", "Hello").name, "bashrc.txt");
 }
 

@@ -1,6 +1,7 @@
 /*
  * The main window: what it opens, shows and remembers.
  */
+#include "shown_texts.h"
 #include "user_folders.h"
 
 #include "list/message_list_view.h"
@@ -69,11 +70,6 @@ namespace {
 QString fixture(const QString &name)
 {
     return QStringLiteral(QVL_FIXTURES "/") + name;
-}
-
-QString plain(QString text)
-{
-    return text.remove(u'&').remove(QChar(0x2026));
 }
 
 QString textOf(const StateBar &bar)

@@ -7,33 +7,15 @@
 
 #include "edit/beginnings.h"
 #include "input/message.h"
+#include "pictures.h"
+#include "shown_texts.h"
 #include "user_folders.h"
 
 #include <QAccessible>
 #include <QAction>
-#include <QBuffer>
 #include <QFile>
-#include <QImage>
 #include <QPointer>
 #include <QTest>
-
-/// A PNG picture that hardly compresses.
-inline QByteArray noise(QSize size)
-{
-    QImage image(size, QImage::Format_RGB32);
-    quint32 state = 1;
-    for (int y = 0; y < size.height(); ++y) {
-        for (int x = 0; x < size.width(); ++x) {
-            state = state * 1664525 + 1013904223;
-            image.setPixel(x, y, state);
-        }
-    }
-    QByteArray octets;
-    QBuffer buffer(&octets);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return octets;
-}
 
 class OpenComposeWindow : public QObject
 {
@@ -72,9 +54,6 @@ protected:
     int m_smallerAsked = 0;
 
     Questions questions();
-
-private:
-    static QString plain(QString text) { return text.remove(u'&').remove(QChar(0x2026)); }
 };
 
 inline Questions OpenComposeWindow::questions()

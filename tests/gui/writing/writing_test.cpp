@@ -41,21 +41,6 @@ private slots:
     void replyHasTheSender();
 };
 
-namespace {
-
-QByteArray picture(Qt::GlobalColor color, QSize size = {8, 6})
-{
-    QImage image(size, QImage::Format_RGB32);
-    image.fill(color);
-    QByteArray octets;
-    QBuffer buffer(&octets);
-    buffer.open(QIODevice::WriteOnly);
-    image.save(&buffer, "PNG");
-    return octets;
-}
-
-} // namespace
-
 void WritingTest::typingIsOneStepAndUndoShowsEverywhere()
 {
     auto *subject = control<QLineEdit>(QStringLiteral("Subject"));
@@ -134,13 +119,13 @@ void WritingTest::slidesAreAddedDuplicatedMovedAndDeleted()
 
 void WritingTest::pictureIsAddedReplacedAndRemoved()
 {
-    m_files = {write(QStringLiteral("red.png"), picture(Qt::red))};
+    m_files = {write(QStringLiteral("red.png"), coloredPicture(Qt::red))};
     control<QPushButton>(QStringLiteral("Choose Picture"))->click();
     const auto index = [this] { return m_editor->objectIndex(0, SMIL_MEDIA_IMAGE); };
     QVERIFY(index() >= 0);
     QCOMPARE(m_editor->slide(0)->getMediaObject(unsigned(index()))->getSrc(),
              QStringLiteral("red.png"));
-    m_files = {write(QStringLiteral("blue.png"), picture(Qt::blue))};
+    m_files = {write(QStringLiteral("blue.png"), coloredPicture(Qt::blue))};
     control<QPushButton>(QStringLiteral("Choose Picture"))->click();
     QCOMPARE(m_editor->slide(0)->getMediaObject(unsigned(index()))->getSrc(),
              QStringLiteral("blue.png"));
@@ -201,7 +186,7 @@ void WritingTest::filesThatAreNoMediaAreAttached()
 void WritingTest::droppedFilesAreAdded()
 {
     QMimeData data;
-    data.setUrls({QUrl::fromLocalFile(write(QStringLiteral("a.png"), picture(Qt::red))),
+    data.setUrls({QUrl::fromLocalFile(write(QStringLiteral("a.png"), coloredPicture(Qt::red))),
                   QUrl::fromLocalFile(write(QStringLiteral("a.vcf"), "BEGIN:VCARD\n"))});
     QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(m_window, &enter);
