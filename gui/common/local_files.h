@@ -3,6 +3,7 @@
  */
 #pragma once
 
+#include <QDropEvent>
 #include <QMimeData>
 #include <QStringList>
 #include <QUrl>
@@ -16,4 +17,14 @@ inline QStringList localFiles(const QMimeData &data)
             names += url.toLocalFile();
     }
     return names;
+}
+
+/// Accepts a copy of the files of this machine. Nothing else is accepted: whoever dragged would
+/// delete files that are moved.
+inline void acceptFiles(QDropEvent *event)
+{
+    if (!(event->possibleActions() & Qt::CopyAction) || localFiles(*event->mimeData()).isEmpty())
+        return event->ignore();
+    event->setDropAction(Qt::CopyAction);
+    event->accept();
 }

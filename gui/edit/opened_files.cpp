@@ -1,10 +1,14 @@
 #include "edit/opened_files.h"
 
+#include "input/file_name.h"
+#include "input/message_files.h"
+
 #include <QCoreApplication>
 #include <QFileInfo>
 #include <QSet>
 
 #include <algorithm>
+#include <filesystem>
 
 namespace {
 
@@ -12,6 +16,12 @@ QSet<QString> &names()
 {
     static QSet<QString> opened;
     return opened;
+}
+
+bool isMessage(const QString &fileName)
+{
+    return QFileInfo::exists(fileName)
+        && beginsLikeMessage(std::filesystem::path(FileName::toOctets(fileName).toStdString()));
 }
 
 bool contains(const QString &fileName)
@@ -38,7 +48,9 @@ void OpenedFiles::add(const QString &fileName)
 
 QString OpenedFiles::refusal(const QString &fileName)
 {
-    return contains(fileName)
-        ? Text::tr("%1 was opened to be read. Choose another name.").arg(fileName)
+    if (contains(fileName))
+        return Text::tr("%1 was opened to be read. Choose another name.").arg(fileName);
+    return isMessage(fileName)
+        ? Text::tr("%1 is another message. Choose another name.").arg(fileName)
         : QString();
 }

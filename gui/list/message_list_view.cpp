@@ -7,6 +7,7 @@
 #include <QDir>
 #include <QElapsedTimer>
 #include <QFileInfo>
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -14,6 +15,7 @@
 #include <QProgressBar>
 #include <QScrollBar>
 #include <QTableView>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -37,15 +39,13 @@ MessageListView::MessageListView(QWidget *parent)
     : QWidget(parent), m_thumbnails([](const QString &file) {
           return Thumbnails::drawFirstSlide(file, ThumbnailSize);
       }),
-      m_words(new QLineEdit(this)), m_table(new QTableView(this)),
-      m_progress(new QProgressBar(this)), m_empty(new QLabel(this))
+      m_words(new QLineEdit(this)), m_table(new QTableView(this)), m_reading(new QWidget(this)),
+      m_progress(new QProgressBar(m_reading)), m_empty(new QLabel(this))
 {
     makeFilterLine();
     makeTable();
     makeSortCommands();
-    m_progress->setAccessibleName(tr("Progress of reading"));
-    m_progress->setMaximum(1000);
-    m_progress->hide();
+    makeProgress();
     m_empty->setAlignment(Qt::AlignCenter);
     m_empty->setWordWrap(true);
     m_empty->setTextFormat(Qt::PlainText);
@@ -55,7 +55,7 @@ MessageListView::MessageListView(QWidget *parent)
     layout->addWidget(m_words);
     layout->addWidget(m_empty, 1);
     layout->addWidget(m_table, 4);
-    layout->addWidget(m_progress);
+    layout->addWidget(m_reading);
     m_turn.setSingleShot(true);
     connect(&m_turn, &QTimer::timeout, this, &MessageListView::takeResults);
     m_visible.setSingleShot(true);
@@ -132,6 +132,22 @@ void MessageListView::makeTable()
     connect(&m_filter, &QAbstractItemModel::layoutChanged, &m_visible, qOverload<>(&QTimer::start));
 }
 
+void MessageListView::makeProgress()
+{
+    m_progress->setAccessibleName(tr("Progress of reading"));
+    m_progress->setMaximum(1000);
+    auto *stop = new QToolButton(m_reading);
+    stop->setText(tr("Stop"));
+    stop->setAccessibleName(tr("Stop reading"));
+    stop->setFocusPolicy(Qt::StrongFocus);
+    connect(stop, &QToolButton::clicked, this, &MessageListView::stop);
+    auto *layout = new QHBoxLayout(m_reading);
+    layout->setContentsMargins({});
+    layout->addWidget(m_progress, 1);
+    layout->addWidget(stop);
+    m_reading->hide();
+}
+
 void MessageListView::makeSortCommands()
 {
     for (int column = MessageListModel::Address; column < MessageListModel::Columns; ++column) {
@@ -140,6 +156,18 @@ void MessageListView::makeSortCommands()
         connect(command, &QAction::triggered, this, [this, column] { sortBy(column); });
         m_sortCommands += command;
     }
+}
+
+QByteArray MessageListView::columns() const
+{
+    return m_table->horizontalHeader()->saveState();
+}
+
+void MessageListView::setColumns(const QByteArray &columns)
+{
+    QHeaderView *header = m_table->horizontalHeader();
+    if (header->restoreState(columns))
+        m_table->sortByColumn(header->sortIndicatorSection(), header->sortIndicatorOrder());
 }
 
 void MessageListView::sortBy(int column)
@@ -180,20 +208,35 @@ void MessageListView::open(const QStringList &names)
     m_thumbnails.want({});
     m_kept.clear();
     m_model.clear();
+    m_removed.clear();
     m_names.clear();
     for (const QString &name : names)
         m_names += cleaned(name);
     m_watch.watch(m_names);
-    m_table->setFocus();
+    if (!names.isEmpty())
+        m_table->setFocus();
     m_progress->setValue(0);
-    m_progress->setVisible(true);
+    m_reading->setVisible(!names.isEmpty());
     m_isFirstReading = true;
+    updateState();
+}
+
+void MessageListView::stop()
+{
+    m_watch.watch({});
+    m_names.clear();
+    if (m_loader)
+        m_loader->cancel();
+    takeResults();
+    m_reading->hide();
     updateState();
 }
 
 // What is added while the folders are read is not lost, because they are watched by now.
 void MessageListView::beginReading()
 {
+    if (m_names.isEmpty())
+        return;
     m_loader = std::make_unique<FolderLoader>(std::exchange(m_names, {}), [this] {
         QMetaObject::invokeMethod(&m_turn, qOverload<>(&QTimer::start), Qt::QueuedConnection);
     });
@@ -222,9 +265,7 @@ void MessageListView::takeResults()
         std::vector<LoadedMessage> messages = m_loader->take(BatchSize);
         if (messages.empty())
             break;
-        for (const LoadedMessage &message : messages)
-            OpenedFiles::add(message.entry.file);
-        m_model.add(std::move(messages));
+        add(std::move(messages));
     } while (spent.elapsed() < TurnMilliseconds);
     m_progress->setValue(int(m_loader->fraction() * m_progress->maximum()));
     m_visible.start();
@@ -235,9 +276,19 @@ void MessageListView::takeResults()
         m_turn.start(); // there may be more
 }
 
+void MessageListView::add(std::vector<LoadedMessage> messages)
+{
+    std::erase_if(messages, [this](const LoadedMessage &message) {
+        return m_removed.contains(message.entry.file);
+    });
+    for (const LoadedMessage &message : messages)
+        OpenedFiles::add(message.entry.file);
+    m_model.add(std::move(messages));
+}
+
 void MessageListView::finishLoading()
 {
-    m_progress->setVisible(false);
+    m_reading->hide();
     updateState();
     if (std::exchange(m_isFirstReading, false) && m_loader->skipped() > 0)
         emit reported(tr("%n other file(s) skipped", nullptr, int(m_loader->skipped())));
@@ -264,13 +315,23 @@ void MessageListView::reload(const QStringList &messages, const QStringList &oth
     QStringList changed = messages;
     std::ranges::copy_if(others, std::back_inserter(changed),
                          [this](const QString &file) { return m_model.rowOf(file) >= 0; });
+    const QString shown = fileOf(m_table->currentIndex());
     m_model.remove(removed);
+    m_removed.unite({removed.begin(), removed.end()});
+    m_removed.subtract({changed.begin(), changed.end()});
     if (!changed.isEmpty())
         m_loader->reload(changed);
-    const QString shown = fileOf(m_table->currentIndex());
+    if (!m_table->currentIndex().isValid()) // many rows are removed at once
+        choose(shown);
     if (changed.contains(shown))
         emit current(shown);
     updateState();
+}
+
+void MessageListView::choose(const QString &file)
+{
+    if (const int row = m_model.rowOf(file); row >= 0)
+        m_table->setCurrentIndex(m_filter.mapFromSource(m_model.index(row, 0)));
 }
 
 QString MessageListView::fileOf(const QModelIndex &index) const

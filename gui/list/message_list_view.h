@@ -9,6 +9,7 @@
 #include "list/thumbnails.h"
 #include "loader/folder_loader.h"
 
+#include <QSet>
 #include <QTimer>
 #include <QWidget>
 
@@ -32,6 +33,14 @@ public:
 
     /// Lists the files and the messages in the folders @p names instead of what was listed.
     void open(const QStringList &names);
+    /// Lists nothing any more.
+    void clear() { open({}); }
+    /// Reads no more, and follows no changes. What was read stays.
+    void stop();
+
+    /// Widths and order of the columns.
+    QByteArray columns() const;
+    void setColumns(const QByteArray &columns);
 
     /// Whether every message is listed with sender, subject, date and size.
     bool isListed() const { return m_loader && m_loader->isListed(); }
@@ -59,14 +68,17 @@ private:
     void makeTable();
     void makeFilterLine();
     void makeSortCommands();
+    void makeProgress();
     void sortBy(int column);
     void beginReading();
     void endReading();
     void takeResults();
+    void add(std::vector<LoadedMessage> messages);
     void finishLoading();
     void updateState();
     void reload(const QStringList &messages, const QStringList &others, const QStringList &removed);
     void chooseFirst();
+    void choose(const QString &file);
     QString fileOf(const QModelIndex &index) const;
     void wantVisibleThumbnails();
     void keep(const QString &file, const QImage &image);
@@ -77,12 +89,14 @@ private:
     FolderWatch m_watch;
     QLineEdit *m_words;
     QTableView *m_table;
+    QWidget *m_reading; ///< progress, and a button to stop
     QProgressBar *m_progress;
     QLabel *m_empty;
     QList<QAction *> m_sortCommands;
     QTimer m_turn; ///< takes results
     QTimer m_visible; ///< looks for visible rows
     bool m_isFirstReading = false; ///< of the folders, not of files that changed
+    QSet<QString> m_removed; ///< files whose results may still arrive
     QStringList m_names; ///< to read as soon as they are watched
     QStringList m_kept; ///< files with thumbnails, the oldest first
     std::vector<std::future<void>> m_ending; ///< of loaders that end; waits when it is destroyed

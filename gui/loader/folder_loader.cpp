@@ -143,5 +143,6 @@ bool FolderLoader::isListed() const
 bool FolderLoader::isDone() const
 {
     const std::lock_guard lock(m_mutex);
-    return m_areHeadersRead && m_names.empty() && m_reading == 0 && m_results.empty();
+    const bool isRead = m_isCanceled || (m_areHeadersRead && m_names.empty() && m_reading == 0);
+    return isRead && m_results.empty();
 }

@@ -45,7 +45,7 @@ public:
     double fraction() const;
     /// Whether the headers of all messages were read and their results taken.
     bool isListed() const;
-    /// Whether everything was read and all results were taken.
+    /// Whether everything was read, or reading was canceled, and all results were taken.
     bool isDone() const;
     /// Files that were passed over because they are no messages.
     qsizetype skipped() const { return m_skipped; }

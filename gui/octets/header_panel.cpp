@@ -1,9 +1,6 @@
 #include "octets/header_panel.h"
 
 #include "common/plain_tool_tip.h"
-#include "input/message.h"
-#include "view/changes_view.h"
-#include "view/message_view.h"
 #include "view/terminal_text.h"
 
 #include <QAction>
@@ -18,6 +15,7 @@ using TerminalText::visible;
 HeaderPanel::HeaderPanel(QWidget *parent) : QWidget(parent), m_fields(new QTreeWidget(this))
 {
     m_fields->setAccessibleName(tr("Header"));
+    setFocusProxy(m_fields);
     m_fields->setHeaderLabels({tr("Field"), tr("Value")});
     m_fields->setRootIsDecorated(false);
     m_fields->setAlternatingRowColors(true);
@@ -35,21 +33,13 @@ HeaderPanel::HeaderPanel(QWidget *parent) : QWidget(parent), m_fields(new QTreeW
     layout->addWidget(m_fields);
 }
 
-void HeaderPanel::setMessage(const Message *message)
+void HeaderPanel::setLines(const QList<FieldView> &lines)
 {
     m_fields->clear();
-    if (!message)
-        return;
-    for (const FieldView &field : fieldViews(*message))
-        add(field.name, field.text);
-    for (const QString &line : changeLines(*message))
-        add(tr("Changed to read it"), line.trimmed());
-}
-
-void HeaderPanel::add(const QString &name, const QString &text)
-{
-    auto *item = new QTreeWidgetItem(m_fields, {visible(name), visible(text)});
-    item->setToolTip(1, plainToolTip(text));
+    for (const FieldView &line : lines) {
+        auto *item = new QTreeWidgetItem(m_fields, {visible(line.name), visible(line.text)});
+        item->setToolTip(1, plainToolTip(line.text));
+    }
 }
 
 void HeaderPanel::copy() const

@@ -3,10 +3,11 @@
  */
 #pragma once
 
+#include "octets/header_lines.h"
+
 #include <QWidget>
 
 class QTreeWidget;
-struct Message;
 
 class HeaderPanel : public QWidget
 {
@@ -15,11 +16,10 @@ class HeaderPanel : public QWidget
 public:
     explicit HeaderPanel(QWidget *parent = nullptr);
 
-    /// Shows @p message, which must exist only during the call; nothing for null.
-    void setMessage(const Message *message);
+    /// Shows what headerLines() returned.
+    void setLines(const QList<FieldView> &lines);
 
 private:
-    void add(const QString &name, const QString &text);
     void copy() const;
 
     QTreeWidget *m_fields;

@@ -18,6 +18,7 @@ OctetsPanel::OctetsPanel(QWidget *parent)
     m_tree->setUniformRowHeights(true);
     m_tree->setEditTriggers(QAbstractItemView::NoEditTriggers);
     m_tree->header()->setStretchLastSection(true);
+    setFocusProxy(m_tree);
     auto *splitter = new QSplitter(Qt::Vertical, this);
     splitter->addWidget(m_tree);
     splitter->addWidget(m_octets);

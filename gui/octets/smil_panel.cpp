@@ -1,7 +1,7 @@
 #include "octets/smil_panel.h"
 
+#include "common/visible_lines.h"
 #include "input/message.h"
-#include "view/terminal_text.h"
 
 #include <QFontDatabase>
 #include <QPlainTextEdit>
@@ -15,18 +15,11 @@ namespace {
 
 constexpr qsizetype MostOctets = 1 << 20; // more would take long to lay out
 
-// Lines stay lines; other control characters become visible.
 QString shown(const QByteArray &smil)
 {
     const auto encoding = QStringConverter::encodingForData(smil);
     QStringDecoder decoder(encoding.value_or(QStringConverter::Utf8));
-    const QString text = decoder(smil.first(std::min(smil.size(), MostOctets)));
-    QStringList lines;
-    for (QString line : text.split(QLatin1Char('\n'))) {
-        line.remove(QLatin1Char('\r'));
-        lines += TerminalText::visible(line.replace(QLatin1Char('\t'), QLatin1StringView("    ")));
-    }
-    return lines.join(QLatin1Char('\n'));
+    return visibleLines(decoder(smil.first(std::min(smil.size(), MostOctets))));
 }
 
 } // namespace
@@ -34,6 +27,7 @@ QString shown(const QByteArray &smil)
 SmilPanel::SmilPanel(QWidget *parent) : QWidget(parent), m_text(new QPlainTextEdit(this))
 {
     m_text->setReadOnly(true);
+    setFocusProxy(m_text);
     m_text->setAccessibleName(tr("SMIL"));
     m_text->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
     m_text->setLineWrapMode(QPlainTextEdit::NoWrap);

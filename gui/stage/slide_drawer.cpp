@@ -47,7 +47,7 @@ void SlideDrawer::Work::open(int index)
         message = decodeMessage(pdu);
     if (slide == index)
         return;
-    slide = index;
+    slide = -1; // until all of it was opened
     renderer = std::make_unique<SlideRenderer>(*message, 1);
     animations.clear();
     const Slide *shown = message->slides().getSlide(unsigned(index));
@@ -60,6 +60,7 @@ void SlideDrawer::Work::open(int index)
         if (!animation.isEmpty())
             animations.emplace(int(i), std::move(animation));
     }
+    slide = index;
 }
 
 void SlideDrawer::Work::addAnimations(const SlideRequest &request, SlideMoment *moment) const

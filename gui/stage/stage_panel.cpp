@@ -1,5 +1,6 @@
 #include "stage/stage_panel.h"
 
+#include "common/visible_lines.h"
 #include "input/message.h"
 #include "stage/stage.h"
 #include "view/terminal_text.h"
@@ -262,7 +263,7 @@ void StagePanel::showSlide(int slide)
     m_longTexts.clear();
     m_isAnimated = false;
     if (hasSlide)
-        m_stage->setSlideText(visible(textsOf(*m_message, slide).join(QLatin1Char('\n'))));
+        m_stage->setSlideText(visibleLines(textsOf(*m_message, slide).join(QLatin1Char('\n'))));
     m_clips.jump(m_player.position(), m_player.isPlaying());
     requestDrawing();
     updateControls();
@@ -314,7 +315,7 @@ void StagePanel::showDrawn(const DrawnSlide &drawn)
     m_stage->setImage(drawn.image, tr("The slide takes too much time or memory to draw."));
     QStringList texts;
     for (const LongText &text : drawn.longTexts)
-        texts += visible(text.name) + QLatin1StringView(": ") + visible(text.text);
+        texts += visible(text.name) + QLatin1StringView(": ") + visibleLines(text.text);
     if (texts == m_longTexts)
         return;
     m_longTexts = texts;

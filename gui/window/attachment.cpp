@@ -17,47 +17,31 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-// Kinds of files that some program runs, or that load other files from elsewhere. Whatever inherits
-// from one of them is one, too.
-constexpr std::array runTypes{
-    "application/x-executable"_L1,
-    "application/x-sharedlib"_L1,
-    "application/x-shellscript"_L1,
-    "application/x-desktop"_L1,
-    "application/x-ms-dos-executable"_L1,
-    "application/x-msdownload"_L1,
-    "application/vnd.microsoft.portable-executable"_L1,
-    "application/x-msi"_L1,
-    "application/x-bat"_L1,
-    "application/x-java-archive"_L1,
-    "application/java-archive"_L1,
-    "application/vnd.appimage"_L1,
-    "application/vnd.android.package-archive"_L1,
-    "application/vnd.debian.binary-package"_L1,
-    "application/x-rpm"_L1,
-    "application/javascript"_L1,
-    "text/javascript"_L1,
-    "application/x-perl"_L1,
-    "application/x-ruby"_L1,
-    "text/x-python"_L1,
-    "application/xhtml+xml"_L1,
-    "text/html"_L1,
-    "image/svg+xml"_L1,
-    "application/x-mswinurl"_L1,
-    "application/x-mimearchive"_L1,
+// What other programs only show or play. Other types may be run, or refer to other files and
+// addresses, as playlists, pages, vector pictures and movies of QuickTime do.
+constexpr std::array openedTypes{
+    "application/pdf"_L1,    "audio/AMR"_L1,       "audio/AMR-WB"_L1,       "audio/aac"_L1,
+    "audio/flac"_L1,         "audio/midi"_L1,      "audio/mp4"_L1,          "audio/mpeg"_L1,
+    "audio/ogg"_L1,          "audio/vnd.wave"_L1,  "audio/x-wav"_L1,        "audio/x-opus+ogg"_L1,
+    "audio/x-vorbis+ogg"_L1, "image/bmp"_L1,       "image/gif"_L1,          "image/jpeg"_L1,
+    "image/png"_L1,          "image/tiff"_L1,      "image/vnd.wap.wbmp"_L1, "image/webp"_L1,
+    "text/calendar"_L1,      "text/plain"_L1,      "text/vcard"_L1,         "video/3gpp"_L1,
+    "video/3gpp2"_L1,        "video/mp4"_L1,       "video/mpeg"_L1,         "video/vnd.avi"_L1,
+    "video/webm"_L1,         "video/x-msvideo"_L1,
 };
 
-bool isRun(const QMimeType &type)
+bool isOpened(const QMimeType &type)
 {
-    return std::ranges::any_of(runTypes,
-                               [&type](QLatin1StringView name) { return type.inherits(name); });
+    return std::ranges::any_of(openedTypes, [&type](QLatin1StringView name) {
+        return type.name() == name || type.aliases().contains(name);
+    });
 }
 
-// Only types with content of their own are opened: an unknown one says nothing about what the other
-// program does with it.
+// The content decides. The name must not say that it is something else, either: some programs go by
+// the name.
 bool mayBeOpened(const QMimeType &content, const QMimeType &name)
 {
-    return content.isValid() && !content.isDefault() && !isRun(content) && !isRun(name);
+    return isOpened(content) && (name.isDefault() || isOpened(name));
 }
 
 QString withExtensionOf(const QString &name, const QMimeType &content)

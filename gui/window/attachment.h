@@ -17,7 +17,7 @@ struct Attachment
     QString name; ///< a harmless file name whose extension fits the content
     QString typeByContent; ///< for people, such as "PNG image"
     QString typeByName; ///< for people; of the name that the message gives
-    bool mayBeOpened; ///< false for what other programs would run: it can only be saved
+    bool mayBeOpened; ///< false unless other programs only show or play it: it can only be saved
 };
 
 /// Examines @p part, which is at @p index in its message.

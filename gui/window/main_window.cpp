@@ -31,17 +31,13 @@ namespace {
 constexpr QLatin1StringView Geometry("window/geometry");
 constexpr QLatin1StringView State("window/state");
 constexpr QLatin1StringView Splitter("window/splitter");
+constexpr QLatin1StringView Columns("window/columns");
 constexpr QSize UsualSize(1280, 760);
 constexpr int UsualList = 450; // pixels of the width
 
 bool isList(const QStringList &names)
 {
     return names.size() > 1 || QFileInfo(names.first()).isDir();
-}
-
-QString titleOf(const QString &fileName)
-{
-    return visible(QFileInfo(fileName).fileName());
 }
 
 } // namespace
@@ -68,7 +64,11 @@ MainWindow::MainWindow()
     restoreLayout();
 }
 
-MainWindow::~MainWindow() = default;
+MainWindow::~MainWindow()
+{
+    for (QDockWidget *dock : std::as_const(m_docks))
+        dock->disconnect(this); // they are hidden after the members of this class are gone
+}
 
 void MainWindow::makeCenter()
 {
@@ -110,6 +110,12 @@ QDockWidget *MainWindow::addPanel(const QString &title, const char *name, QWidge
     if (!m_docks.isEmpty())
         tabifyDockWidget(m_docks.last(), dock);
     m_docks += dock;
+    connect(dock, &QDockWidget::visibilityChanged, this, [this, dock](bool isInFront) {
+        if (isInFront)
+            m_inFront.insert(dock);
+        else
+            m_inFront.remove(dock);
+    });
     return dock;
 }
 
@@ -135,8 +141,10 @@ void MainWindow::open(const QStringList &names)
     for (const QString &name : names)
         recent.add(name);
     m_list->setVisible(isList(names));
-    if (!isList(names))
+    if (!isList(names)) {
+        m_list->clear(); // what it lists does not replace the message any more
         return read(names.first());
+    }
     setWindowTitle(titleOf(names.first()));
     m_list->open(names);
 }
@@ -165,6 +173,10 @@ void MainWindow::showResult(const ReadMessage &result)
     m_isReading = false;
     m_shown = result;
     OpenedFiles::add(result.fileName);
+    if (!result.message) {
+        QSettings settings;
+        RecentFiles(&settings).remove(result.fileName);
+    }
     setWindowTitle(titleOf(result.fileName));
     showMessage();
     enableActions();
@@ -181,11 +193,11 @@ void MainWindow::showMessage()
     if (!message)
         m_summary->setError(m_shown.error);
     else if (!hasSlides)
-        m_summary->setMessage(*message);
+        m_summary->setMessage(*message, m_shown.header);
     m_state->setVisible(message != nullptr);
     if (message)
         m_state->setMessage(*message, m_shown.findings);
-    m_header->setMessage(message.get());
+    m_header->setLines(m_shown.header);
     m_parts->setMessage(message);
     m_problems->setFindings(m_shown.findings);
     m_smil->setMessage(message.get());
@@ -195,17 +207,35 @@ void MainWindow::showMessage()
 void MainWindow::showProblems()
 {
     for (QDockWidget *dock : m_docks) {
-        if (dock->widget() != m_problems)
-            continue;
-        dock->setVisible(true);
-        dock->raise();
-        m_problems->setFocus();
+        if (dock->widget() == m_problems)
+            showPanel(dock);
     }
+}
+
+void MainWindow::showPanel(QDockWidget *dock)
+{
+    dock->setVisible(true);
+    dock->raise();
+    dock->widget()->setFocus();
+}
+
+// A panel in a tab that another one covers comes to the front.
+void MainWindow::togglePanel(QDockWidget *dock)
+{
+    if (m_inFront.contains(dock))
+        dock->hide();
+    else
+        showPanel(dock);
 }
 
 bool MainWindow::isBusy() const
 {
     return m_isReading || m_stage->isBusy() || m_list->isBusy();
+}
+
+QString MainWindow::titleOf(const QString &fileName)
+{
+    return visible(QFileInfo(fileName).fileName());
 }
 
 void MainWindow::report(const QString &line)
@@ -220,6 +250,7 @@ void MainWindow::restoreLayout()
     if (!restoreGeometry(settings.value(Geometry).toByteArray()))
         resize(UsualSize);
     restoreState(settings.value(State).toByteArray());
+    m_list->setColumns(settings.value(Columns).toByteArray());
     if (!m_splitter->restoreState(settings.value(Splitter).toByteArray()))
         m_splitter->setSizes({UsualList, UsualSize.width() - UsualList});
 }
@@ -229,6 +260,7 @@ void MainWindow::closeEvent(QCloseEvent *event)
     QSettings settings;
     settings.setValue(Geometry, saveGeometry());
     settings.setValue(State, saveState());
+    settings.setValue(Columns, m_list->columns());
     if (m_list->isVisible())
         settings.setValue(Splitter, m_splitter->saveState());
     event->accept();
@@ -236,11 +268,12 @@ void MainWindow::closeEvent(QCloseEvent *event)
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!localFiles(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    acceptFiles(event);
 }
 
 void MainWindow::dropEvent(QDropEvent *event)
 {
-    open(localFiles(*event->mimeData()));
+    acceptFiles(event);
+    if (event->isAccepted())
+        open(localFiles(*event->mimeData()));
 }

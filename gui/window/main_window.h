@@ -6,10 +6,13 @@
 #include "window/message_reader.h"
 
 #include <QMainWindow>
+#include <QSet>
 #include <QStringList>
 
 #include <memory>
 
+struct ExportedPage;
+struct MessageSource;
 class Editor;
 class HeaderPanel;
 class MessageListView;
@@ -71,6 +74,8 @@ private:
     void showResult(const ReadMessage &result);
     void showMessage();
     void showProblems();
+    void showPanel(QDockWidget *dock);
+    void togglePanel(QDockWidget *dock);
 
     void writeNew();
     void reply();
@@ -81,8 +86,13 @@ private:
 
     void print();
     void exportAsPage();
+    void reportPage(const ExportedPage &page, const QString &name);
+    static QString titleOf(const QString &fileName);
+    MessageSource source() const;
+    /// Runs @p work in a thread, and then @p finish with its result, unless the window is gone.
+    template <typename Result>
+    void runInThread(std::function<Result()> work, std::function<void(const Result &)> finish);
     void report(const QString &line);
-    void warn(const QString &title, const QString &text);
     void restoreLayout();
 
     MessageReader m_reader;
@@ -100,6 +110,7 @@ private:
     SmilPanel *m_smil;
     OctetsPanel *m_octets;
     QList<QDockWidget *> m_docks;
+    QSet<QDockWidget *> m_inFront; ///< those that no other tab covers
     QMenu *m_recent = nullptr;
     QList<QAction *> m_forMessage; ///< enabled while a message is shown
     QList<QAction *> m_forReply; ///< enabled while its sender can be answered

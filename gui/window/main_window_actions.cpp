@@ -1,11 +1,13 @@
 // The menus of the main window, and what their actions do.
 #include "window/main_window.h"
 
+#include "common/plain_box.h"
 #include "edit/beginnings.h"
 #include "edit/opened_files.h"
 #include "list/message_list_view.h"
 #include "stage/stage_panel.h"
 #include "view/terminal_text.h"
+#include "window/message_source.h"
 #include "window/page_export.h"
 #include "window/parts_panel.h"
 #include "window/printing.h"
@@ -90,11 +92,9 @@ void MainWindow::makeViewMenu()
     menu->addMenu(tr("Sort Messages &By"))->addActions(m_list->sortCommands());
     menu->addSeparator();
     int number = 1;
-    for (const QDockWidget *dock : m_docks) {
-        QAction *action = dock->toggleViewAction();
-        action->setShortcut(keys(Qt::AltModifier, Qt::Key(Qt::Key_0 + number++)));
-        menu->addAction(action);
-    }
+    for (QDockWidget *dock : m_docks)
+        menu->addAction(dock->windowTitle(), this, [this, dock] { togglePanel(dock); })
+            ->setShortcut(keys(Qt::AltModifier, Qt::Key(Qt::Key_0 + number++)));
 }
 
 void MainWindow::makeHelpMenu()
@@ -180,37 +180,56 @@ void MainWindow::write(std::unique_ptr<Editor> editor)
             [this](const QString &name) { report(tr("Saved %1").arg(visible(name))); });
 }
 
+template <typename Result>
+void MainWindow::runInThread(std::function<Result()> work,
+                             std::function<void(const Result &)> finish)
+{
+    auto *watcher = new QFutureWatcher<Result>(this);
+    connect(watcher, &QFutureWatcherBase::finished, this, [watcher, finish] {
+        watcher->deleteLater();
+        finish(watcher->result());
+    });
+    watcher->setFuture(QtConcurrent::run(work));
+}
+
+MessageSource MainWindow::source() const
+{
+    return {m_shown.message->octets, m_shown.fileName, m_shown.findings};
+}
+
 void MainWindow::print()
 {
-    QPrinter printer;
-    QPrintDialog dialog(&printer, this);
-    if (dialog.exec() == QDialog::Accepted && !printSlides(*m_shown.message, &printer))
-        warn(tr("Print"), tr("The printer cannot be used."));
+    const MessageSource printed = source(); // the dialog may outlast the message
+    auto printer = std::make_shared<QPrinter>();
+    if (QPrintDialog(printer.get(), this).exec() != QDialog::Accepted)
+        return;
+    report(tr("Printing %1").arg(titleOf(printed.fileName)));
+    runInThread<bool>([printed, printer] { return printSlides(printed, printer.get()); },
+                      [this, printed](bool isPrinted) {
+                          if (!isPrinted)
+                              return warn(this, tr("Print"), tr("The printer cannot be used."));
+                          report(tr("Printed %1").arg(titleOf(printed.fileName)));
+                      });
 }
 
 void MainWindow::exportAsPage()
 {
+    const MessageSource exported = source(); // the dialog may outlast the message
     const QString name =
         QFileDialog::getSaveFileName(this, tr("Export as Page"), {}, tr("Pages (*.html)"));
     if (name.isEmpty())
         return;
     if (const QString refusal = OpenedFiles::refusal(name); !refusal.isEmpty())
-        return warn(tr("Export as Page"), visible(refusal));
+        return warn(this, tr("Export as Page"), refusal);
     report(tr("Writing %1").arg(visible(name)));
-    auto *writing = new QFutureWatcher<QString>(this);
-    connect(writing, &QFutureWatcherBase::finished, this, [this, writing, name] {
-        writing->deleteLater();
-        if (const QString error = writing->result(); !error.isEmpty())
-            return warn(tr("Export as Page"), visible(error));
-        report(tr("Saved %1").arg(visible(name)));
-    });
-    const PageSource source{m_shown.message->octets, m_shown.fileName, m_shown.findings};
-    writing->setFuture(QtConcurrent::run(exportPage, source, name));
+    runInThread<ExportedPage>([exported, name] { return exportPage(exported, name); },
+                              [this, name](const ExportedPage &page) { reportPage(page, name); });
 }
 
-void MainWindow::warn(const QString &title, const QString &text)
+void MainWindow::reportPage(const ExportedPage &page, const QString &name)
 {
-    QMessageBox box(QMessageBox::Warning, title, text, QMessageBox::Ok, this);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
+    if (!page.error.isEmpty())
+        return warn(this, tr("Export as Page"), page.error);
+    report(page.isComplete ? tr("Saved %1").arg(visible(name))
+                           : tr("Saved %1. The page says which media it lacks").arg(visible(name)));
 }

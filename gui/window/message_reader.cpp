@@ -14,6 +14,7 @@ ReadMessage readAndCheck(const QString &fileName)
         result.message = readMessage(fileName, {}, &result.error);
         if (!result.message)
             return result;
+        result.header = headerLines(*result.message);
         result.findings = Check::checkMessage(*result.message, {});
         result.timing = timingOf(*result.message);
     } catch (const std::bad_alloc &) {

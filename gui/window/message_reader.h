@@ -5,6 +5,7 @@
 
 #include "check/findings.h"
 #include "input/message.h"
+#include "octets/header_lines.h"
 #include "stage/timing.h"
 
 #include <QFutureWatcher>
@@ -19,6 +20,7 @@ struct ReadMessage
 {
     QString fileName;
     std::shared_ptr<Message> message; ///< null if the file cannot be read
+    QList<FieldView> header; ///< as headerLines() returns it
     Check::Findings findings;
     std::vector<SlideTiming> timing; ///< of the slides
     QString error; ///< why the file cannot be read

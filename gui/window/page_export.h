@@ -3,19 +3,17 @@
  */
 #pragma once
 
-#include "check/findings.h"
-
-#include <QByteArray>
 #include <QString>
 
-/// What is exported. The thread that exports decodes a message of its own.
-struct PageSource
+struct MessageSource;
+
+/// What became of a page.
+struct ExportedPage
 {
-    QByteArray pdu;
-    QString fileName; ///< of the message; the page shows only the last part
-    Check::Findings findings;
+    QString error; ///< why it cannot be written; empty if it was
+    bool isComplete =
+        true; ///< false if media are left out, because they take too much time or space
 };
 
-/// Writes the page @p fileName, as `qvlmms html` does. Any thread may call it. Returns why the page
-/// cannot be written; empty if it was.
-QString exportPage(const PageSource &source, const QString &fileName);
+/// Writes the page @p fileName, as `qvlmms html` does. Any thread may call it.
+ExportedPage exportPage(const MessageSource &source, const QString &fileName);

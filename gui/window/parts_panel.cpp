@@ -1,6 +1,8 @@
 #include "window/parts_panel.h"
 
+#include "common/plain_box.h"
 #include "common/plain_tool_tip.h"
+#include "edit/opened_files.h"
 #include "extract/extract.h"
 #include "input/message.h"
 #include "output/write_file.h"
@@ -13,7 +15,6 @@
 #include <QFileDialog>
 #include <QGuiApplication>
 #include <QHeaderView>
-#include <QMessageBox>
 #include <QMimeData>
 #include <QToolBar>
 #include <QTreeWidget>
@@ -42,6 +43,7 @@ PartsPanel::PartsPanel(QWidget *parent) : QWidget(parent), m_list(new QTreeWidge
 {
     m_list->setHeaderLabels({tr("Name"), tr("Type"), tr("Octets"), tr("Kind")});
     m_list->setRootIsDecorated(false);
+    setFocusProxy(m_list);
     m_list->setAccessibleName(tr("Parts"));
     m_list->setContextMenuPolicy(Qt::ActionsContextMenu);
     addCommand(tr("&Save Part…"), QKeySequence::Save, &PartsPanel::save);
@@ -107,13 +109,13 @@ void PartsPanel::save()
     const int index = chosen();
     if (index < 0)
         return;
-    const Part &part = *m_message->parts().getBodypartByIndex(index);
+    const Part part = *m_message->parts().getBodypartByIndex(index); // a dialog may outlast it
     const QString name = QFileDialog::getSaveFileName(
         this, tr("Save Part"), QDir::home().filePath(partFileName(part, index)));
     if (name.isEmpty())
         return;
-    QString error;
-    if (replaceFile(part.getBodyData(), name, &error))
+    QString error = OpenedFiles::refusal(name);
+    if (error.isEmpty() && replaceFile(part.getBodyData(), name, &error))
         emit reported(tr("Saved %1").arg(visible(name)));
     else
         refuse(error);
@@ -121,12 +123,13 @@ void PartsPanel::save()
 
 void PartsPanel::saveAll()
 {
+    const std::shared_ptr<Message> message = m_message; // a dialog may outlast it
     const QString folder = QFileDialog::getExistingDirectory(this, tr("Save All Parts"));
     if (folder.isEmpty())
         return;
     Report report;
     QString error;
-    if (extractParts(*m_message, folder, &report, &error))
+    if (extractParts(*message, folder, &report, &error))
         emit reported(tr("Saved %n part(s)", nullptr, int(report.written.size())));
     else
         refuse(error);
@@ -156,12 +159,12 @@ void PartsPanel::open()
     const int index = chosen();
     if (index < 0)
         return;
-    const Part &part = *m_message->parts().getBodypartByIndex(index);
+    const Part part = *m_message->parts().getBodypartByIndex(index); // a dialog may outlast it
     const Attachment attachment = examineAttachment(part, index);
     if (!attachment.mayBeOpened)
         return refuse(
-            tr("“%1” can only be saved: other programs could run it, or its type is not "
-               "known.\nBy its content it is: %2\nBy its name it is: %3")
+            tr("“%1” can only be saved: other programs could run it or follow its addresses, or "
+               "its type is not known.\nBy its content it is: %2\nBy its name it is: %3")
                 .arg(visible(attachment.name), attachment.typeByContent, attachment.typeByName));
     if (!confirmOpening(attachment))
         return;
@@ -175,7 +178,5 @@ void PartsPanel::open()
 
 void PartsPanel::refuse(const QString &why)
 {
-    QMessageBox box(QMessageBox::Warning, tr("Part"), visible(why), QMessageBox::Ok, this);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
+    warn(this, tr("Part"), why);
 }

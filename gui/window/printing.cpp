@@ -1,14 +1,15 @@
 #include "window/printing.h"
 
 #include "html/message_page.h"
-#include "input/message.h"
 #include "render/render.h"
 #include "view/terminal_text.h"
+#include "window/message_source.h"
 
 #include <QPainter>
 #include <QPrinter>
 
 #include <algorithm>
+#include <new>
 
 namespace {
 
@@ -48,15 +49,16 @@ void drawInside(QPainter *painter, const QRectF &area, const QImage &image)
 
 } // namespace
 
-bool printSlides(const Message &message, QPrinter *printer)
-{
+bool printSlides(const MessageSource &source, QPrinter *printer)
+try {
+    const std::unique_ptr<Message> message = source.decode();
     QPainter painter;
     if (!painter.begin(printer))
         return false;
     const Sheet sheet(QRectF(QPointF(), printer->pageRect(QPrinter::DevicePixel).size()));
-    painter.drawText(sheet.title(), Qt::AlignCenter, TerminalText::visible(titleOf(message)));
-    SlideRenderer renderer(message, LargestScale / 2);
-    const unsigned int count = message.slides().getTotalSlidesNum();
+    painter.drawText(sheet.title(), Qt::AlignCenter, TerminalText::visible(titleOf(*message)));
+    SlideRenderer renderer(*message, LargestScale / 2);
+    const unsigned int count = message->slides().getTotalSlidesNum();
     for (unsigned int i = 0; i < count; ++i) {
         const int cell = int(i) % (Columns * Rows);
         if (i > 0 && cell == 0)
@@ -67,4 +69,6 @@ bool printSlides(const Message &message, QPrinter *printer)
         drawInside(&painter, sheet.cell(cell), image);
     }
     return painter.end();
+} catch (const std::bad_alloc &) {
+    return false;
 }

@@ -4,8 +4,8 @@
 #pragma once
 
 class QPrinter;
-struct Message;
+struct MessageSource;
 
-/// Prints the slides of @p message, several on each sheet, with a title on the first. False if
-/// the printer cannot be used.
-bool printSlides(const Message &message, QPrinter *printer);
+/// Prints the slides of @p source, several on each sheet, with a title on the first. Any thread may
+/// call it. False if the printer cannot be used.
+bool printSlides(const MessageSource &source, QPrinter *printer);

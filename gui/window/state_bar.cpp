@@ -35,8 +35,11 @@ QString countsOf(const Check::Findings &findings)
 
 QString sentence(const Message &message, const Check::Findings &findings)
 {
-    if (message.isRefused())
-        return StateBar::tr("The message is refused. %1").arg(firstError(findings)).trimmed();
+    if (message.isRefused()) {
+        const QString error = firstError(findings);
+        return error.isEmpty() ? StateBar::tr("The message is refused.")
+                               : StateBar::tr("The message is refused: %1").arg(error);
+    }
     QStringList sentences;
     if (message.state() == MessageState::Changed)
         sentences += StateBar::tr("The message was read with %n change(s).", nullptr,

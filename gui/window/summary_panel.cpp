@@ -1,8 +1,6 @@
 #include "window/summary_panel.h"
 
 #include "input/message.h"
-#include "view/message_view.h"
-#include "view/result_view.h"
 #include "view/terminal_text.h"
 
 #include <QFormLayout>
@@ -42,6 +40,15 @@ constexpr std::array kinds{
          QT_TRANSLATE_NOOP("SummaryPanel", "A recipient says whether a message was read.")},
 };
 
+// Labels that wrap their lines take long to lay out.
+constexpr qsizetype MostRows = 60;
+constexpr qsizetype LongestText = 500; // characters
+
+QString shortened(const QString &text)
+{
+    return text.size() > LongestText ? text.left(LongestText) + QChar(0x2026) : text;
+}
+
 QLabel *plainLabel(QWidget *parent)
 {
     auto *label = new QLabel(parent);
@@ -70,7 +77,7 @@ SummaryPanel::SummaryPanel(QWidget *parent)
     setWelcome();
 }
 
-void SummaryPanel::setMessage(const Message &message)
+void SummaryPanel::setMessage(const Message &message, const QList<FieldView> &header)
 {
     const auto kind = std::ranges::find(kinds, message.header().getMessageType(), &Kind::type);
     if (message.isRefused())
@@ -79,8 +86,10 @@ void SummaryPanel::setMessage(const Message &message)
         setTexts(tr(kind->title), tr(kind->explanation));
     else
         setTexts(tr("No slides"), tr("The message has no slides. Its parts are listed beside."));
-    for (const FieldView &field : fieldViews(message))
-        addRow(field.name, field.text);
+    for (const FieldView &field : header.first(std::min(header.size(), MostRows)))
+        addRow(field.name, shortened(field.text));
+    if (header.size() > MostRows)
+        addRow(tr("and more"), tr("The panel Details shows them."));
 }
 
 void SummaryPanel::setError(const QString &error)

@@ -4,6 +4,8 @@
  */
 #pragma once
 
+#include "octets/header_lines.h"
+
 #include <QWidget>
 
 class QFormLayout;
@@ -17,8 +19,9 @@ class SummaryPanel : public QWidget
 public:
     explicit SummaryPanel(QWidget *parent = nullptr);
 
-    /// Shows what @p message, which must exist only during the call, is.
-    void setMessage(const Message &message);
+    /// Shows what @p message, which must exist only during the call, is, and the first of its
+    /// @p header, which headerLines() returned.
+    void setMessage(const Message &message, const QList<FieldView> &header);
     /// Shows that a file cannot be read, and why.
     void setError(const QString &error);
     /// Shows what the window is for, before a message was opened.

@@ -1,12 +1,11 @@
 #include "writing/questions.h"
 
+#include "common/plain_box.h"
 #include "edit/smaller_picture.h"
-#include "view/terminal_text.h"
 
 #include <QCoreApplication>
 #include <QFileDialog>
 #include <QLocale>
-#include <QMessageBox>
 #include <QPushButton>
 
 namespace {
@@ -28,8 +27,12 @@ int ask(QWidget *parent, const QString &title, const QString &text, const QStrin
 
 QString saveAs(QWidget *parent, const QString &suggested)
 {
-    return QFileDialog::getSaveFileName(parent, Text::tr("Save Message"), suggested,
-                                        Text::tr("Multimedia messages (*.mms)"));
+    QFileDialog dialog(parent, Text::tr("Save Message"), {},
+                       Text::tr("Multimedia messages (*.mms)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("mms"));
+    dialog.selectFile(suggested);
+    return dialog.exec() == QDialog::Accepted ? dialog.selectedFiles().value(0) : QString();
 }
 
 QStringList files(QWidget *parent, const QString &title, const QString &kinds)
@@ -95,17 +98,9 @@ Questions::Answer drafts(QWidget *parent, int count)
                                          : Questions::Cancel;
 }
 
-void refuse(QWidget *parent, const QString &title, const QString &why)
-{
-    QMessageBox box(QMessageBox::Warning, title, TerminalText::visible(why), QMessageBox::Ok,
-                    parent);
-    box.setTextFormat(Qt::PlainText);
-    box.exec();
-}
-
 } // namespace
 
 Questions Questions::dialogs()
 {
-    return {::saveAs, ::files, ::saveWithErrors, ::unsaved, ::takeSmaller, ::drafts, ::refuse};
+    return {::saveAs, ::files, ::saveWithErrors, ::unsaved, ::takeSmaller, ::drafts, ::warn};
 }

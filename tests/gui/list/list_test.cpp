@@ -14,6 +14,7 @@
 #include <QTableView>
 #include <QTest>
 #include <QThread>
+#include <QToolButton>
 
 #include <algorithm>
 
@@ -34,6 +35,8 @@ private slots:
     void sortCommandReversesTheOrderTheSecondTime();
     void listIsReplacedWhileItIsRead();
     void hostileFilesAreListed();
+    void filesThatAreRemovedWhileTheyAreReadGetNoRows();
+    void stopKeepsWhatWasRead();
 };
 
 namespace {
@@ -127,11 +130,11 @@ void ListTest::folderIsListedWithItsHeadersFirst()
     QSignalSpy current(&view, &MessageListView::current);
     view.open({folder.path()});
     QVERIFY(view.isBusy());
-    QVERIFY(!view.findChild<QProgressBar *>()->isHidden());
+    QVERIFY(!view.findChild<QProgressBar *>()->parentWidget()->isHidden());
     QTRY_VERIFY(view.isListed());
     QCOMPARE(view.model().rowCount(), 20);
     QTRY_VERIFY(!view.isBusy());
-    QTRY_VERIFY(view.findChild<QProgressBar *>()->isHidden());
+    QTRY_VERIFY(view.findChild<QProgressBar *>()->parentWidget()->isHidden());
     QCOMPARE(current.count(), 1); // the first message
     QCOMPARE(current[0][0].toString(), folder.filePath(QStringLiteral("00000.mms")));
 }
@@ -262,6 +265,38 @@ void ListTest::hostileFilesAreListed()
     QVERIFY(view.model().rowCount() > 10);
     for (int row = 0; row < view.model().rowCount(); ++row)
         QCOMPARE(view.model().rowOf(view.model().file(row)), row);
+}
+
+void ListTest::filesThatAreRemovedWhileTheyAreReadGetNoRows()
+{
+    const MessageFolder folder;
+    QStringList files;
+    for (int i = 0; i < 2000; ++i)
+        files += folder.add(i);
+    MessageListView view;
+    view.open({folder.path()});
+    QTRY_VERIFY(view.isListed());
+    for (const QString &file : files.sliced(3))
+        QVERIFY(QFile::remove(file));
+    QTRY_COMPARE(view.model().rowCount(), 3);
+    QTRY_VERIFY(!view.isBusy());
+    QTest::qWait(2 * FolderWatch::Delay);
+    QCOMPARE(view.model().rowCount(), 3);
+}
+
+void ListTest::stopKeepsWhatWasRead()
+{
+    const MessageFolder folder;
+    for (int i = 0; i < 3000; ++i)
+        folder.add(i);
+    MessageListView view;
+    view.open({folder.path()});
+    QTRY_VERIFY(view.model().rowCount() > 0);
+    QVERIFY(view.isBusy());
+    view.findChild<QToolButton *>()->click();
+    QTRY_VERIFY(!view.isBusy());
+    QVERIFY(view.model().rowCount() > 0);
+    QVERIFY(view.findChild<QProgressBar *>()->parentWidget()->isHidden());
 }
 
 QTEST_MAIN(ListTest)

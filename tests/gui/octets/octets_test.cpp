@@ -290,7 +290,7 @@ void OctetsTest::headerPanelCopiesFields()
 {
     HeaderPanel panel;
     const std::unique_ptr<Message> message = decodeMessage(pdu);
-    panel.setMessage(message.get());
+    panel.setLines(headerLines(*message));
     auto *fields = panel.findChild<QTreeWidget *>();
     QVERIFY(fields->topLevelItemCount() >= 6);
     fields->show();
@@ -300,7 +300,7 @@ void OctetsTest::headerPanelCopiesFields()
     subject[0]->setSelected(true);
     fields->actions().first()->trigger();
     QCOMPARE(QGuiApplication::clipboard()->text(), QStringLiteral("Subject: 00007"));
-    panel.setMessage(nullptr);
+    panel.setLines({});
     QCOMPARE(fields->topLevelItemCount(), 0);
 }
 
@@ -348,7 +348,7 @@ void OctetsTest::everyFixtureIsShown()
             QVERIFY2(message, qPrintable(error));
             const Check::Findings findings = findingsOf(*message);
             octets.setMessage(message.get(), findings);
-            header.setMessage(message.get());
+            header.setLines(headerLines(*message));
             smil.setMessage(message.get());
             problems.setFindings(findings);
             for (const OctetItem &item : octets.model().tree().items()) {

@@ -27,6 +27,14 @@ private slots:
 
 namespace {
 
+QByteArray clip(const char *name)
+{
+    QFile file(QStringLiteral(QVL_FIXTURES "/clips/") + QString::fromLatin1(name));
+    if (!file.open(QIODevice::ReadOnly))
+        qFatal("no fixture");
+    return file.readAll();
+}
+
 Attachment examined(const QString &location, const QByteArray &octets)
 {
     Part part;
@@ -65,6 +73,28 @@ void AttachmentTest::mayBeOpened_data()
                                              19)
                                << false;
     QTest::newRow("a Windows program") << "a.exe" << QByteArray("MZ\x90\0\3\0\0\0", 8) << false;
+    const QByteArray hls = "#EXTM3U\n#EXTINF:10,\nhttp://example.org/a.ts\n";
+    QTest::newRow("a playlist") << "a.m3u8" << hls << false;
+    QTest::newRow("a playlist named like a sound") << "a.amr" << hls << false;
+    QTest::newRow("a playlist before sound") << "a.mp3" << hls + clip("sound.mp3") << false;
+    QTest::newRow("a playlist named like a text") << "a.txt" << hls << false;
+    QTest::newRow("a list of addresses")
+        << "a.pls" << QByteArray("[playlist]\nFile1=http://example.org/a\n") << false;
+    QTest::newRow("a shared playlist")
+        << "a.xspf"
+        << QByteArray("<?xml version=\"1.0\"?><playlist xmlns=\"http://xspf.org/ns/0/\"/>")
+        << false;
+    QTest::newRow("a stream description")
+        << "a.mp4" << QByteArray("<?xml version=\"1.0\"?><MPD xmlns=\"urn:mpeg:dash\"/>") << false;
+    QTest::newRow("a PHP script") << "a.txt" << QByteArray("<?php echo 1;") << false;
+    QTest::newRow("a text named like a VBScript") << "a.vbs" << QByteArray("x = 1") << false;
+    QTest::newRow("a text named like Emacs Lisp") << "a.el" << QByteArray("(x)") << false;
+    QTest::newRow("a sound") << "a.amr" << clip("sound.amr") << true;
+    QTest::newRow("a sound with frames") << "a.mp3" << clip("sound.mp3") << true;
+    QTest::newRow("a video") << "a.3gp" << clip("video.3gp") << true;
+    QTest::newRow("a card") << "a.vcf" << QByteArray("BEGIN:VCARD\r\nVERSION:2.1\r\nEND:VCARD\r\n")
+                            << true;
+    QTest::newRow("a document") << "a.pdf" << QByteArray("%PDF-1.4\n") << true;
     QTest::newRow("unknown octets") << "a.bin" << QByteArray("\1\2\3\4\0\xFF", 6) << false;
 }
 
@@ -81,6 +111,8 @@ void AttachmentTest::extensionFitsTheContent()
     QCOMPARE(examined("a.PNG", coloredPicture(Qt::red)).name, "a.PNG");
     QCOMPARE(examined("../../a", coloredPicture(Qt::red)).name, "a.png");
     QCOMPARE(examined(".bashrc", "Hello").name, "bashrc.txt");
+    QCOMPARE(examined("a.bat", "dir").name, "a.txt");
+    QCOMPARE(examined("a.ps1", "dir").name, "a.txt");
 }
 
 void AttachmentTest::fileIsPrivateAndNotExecutable()

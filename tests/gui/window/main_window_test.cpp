@@ -1,15 +1,18 @@
 /*
  * The main window: what it opens, shows and remembers.
  */
+#include "message_folder.h"
 #include "shown_texts.h"
 #include "user_folders.h"
 
+#include "list/folder_watch.h"
 #include "list/message_list_view.h"
 #include "octets/octets_panel.h"
 #include "octets/problems_panel.h"
 #include "stage/stage_panel.h"
 #include "window/main_window.h"
 #include "window/parts_panel.h"
+#include "window/recent_files.h"
 #include "window/settings_dialog.h"
 #include "window/state_bar.h"
 #include "window/summary_panel.h"
@@ -20,10 +23,12 @@
 #include <QDir>
 #include <QDockWidget>
 #include <QDropEvent>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPointer>
+#include <QTableView>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -55,6 +60,9 @@ private slots:
     void chosenListEntryOpensAWindow();
     void layoutIsRestored();
     void shortcutsAreDifferent();
+    void keyOfAPanelBringsItToTheFront();
+    void hiddenListDoesNotReplaceTheMessage();
+    void fileThatIsGoneIsNotRecent();
     void everyFixtureIsShownAndReplaced();
 
 private:
@@ -274,13 +282,63 @@ void MainWindowTest::layoutIsRestored()
 {
     dock(QStringLiteral("octets"))->setVisible(false);
     m_window->resize(900, 600);
+    auto *columns = m_window->findChild<MessageListView *>()->findChild<QTableView *>();
+    columns->setColumnWidth(MessageListModel::Subject, 321);
+    columns->sortByColumn(MessageListModel::Date, Qt::DescendingOrder);
     m_window->close();
     QTRY_VERIFY(!m_window);
     init();
     QVERIFY(dock(QStringLiteral("octets"))->isHidden());
     QCOMPARE(m_window->size(), QSize(900, 600));
+    const auto *table = m_window->findChild<MessageListView *>()->findChild<QTableView *>();
+    QCOMPARE(table->columnWidth(MessageListModel::Subject), 321);
+    QCOMPARE(table->horizontalHeader()->sortIndicatorSection(), int(MessageListModel::Date));
+    QCOMPARE(table->horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
     dock(QStringLiteral("octets"))->setVisible(true);
     m_window->close();
+}
+
+void MainWindowTest::keyOfAPanelBringsItToTheFront()
+{
+    dock(QStringLiteral("details"))->raise();
+    QCoreApplication::processEvents();
+    const auto isInFront = [this] {
+        const QDockWidget *octets = dock(QStringLiteral("octets"));
+        return octets->isVisible() && m_window->rect().contains(octets->geometry().center());
+    };
+    const auto pressKey = [this] {
+        for (QAction *action : m_window->findChildren<QAction *>()) {
+            if (action->shortcut() == QKeySequence(Qt::ALT | Qt::Key_5))
+                action->trigger();
+        }
+    };
+    QVERIFY(!isInFront());
+    pressKey();
+    QTRY_VERIFY(isInFront());
+    pressKey();
+    QVERIFY(dock(QStringLiteral("octets"))->isHidden());
+    pressKey();
+    QTRY_VERIFY(isInFront());
+}
+
+void MainWindowTest::hiddenListDoesNotReplaceTheMessage()
+{
+    const MessageFolder folder;
+    folder.add(1);
+    open({folder.path()});
+    open({fixture(QStringLiteral("messages/mixed.mms"))});
+    folder.write(QStringLiteral("00001.mms"), MessageFolder::message(2));
+    QTest::qWait(3 * FolderWatch::Delay);
+    QVERIFY(!m_window->isBusy());
+    QCOMPARE(m_window->shown().fileName, fixture(QStringLiteral("messages/mixed.mms")));
+}
+
+void MainWindowTest::fileThatIsGoneIsNotRecent()
+{
+    const QString name = fixture(QStringLiteral("messages/gone.mms"));
+    open({name});
+    QSettings settings;
+    QVERIFY(!RecentFiles(&settings).names().contains(name));
 }
 
 void MainWindowTest::shortcutsAreDifferent()

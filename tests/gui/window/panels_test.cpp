@@ -27,6 +27,7 @@ private slots:
     void notificationIsShownAsOne();
     void refusedMessageIsShownAsFarAsItWasRead();
     void rowsOfTheLastMessageAreGone();
+    void manyFieldsAreShownInPart();
 };
 
 namespace {
@@ -124,7 +125,7 @@ void PanelsTest::namesAreNeverMarkup()
     QCOMPARE(item->text(0), "<b>\\u{202e}a");
     QCOMPARE(item->toolTip(0), "<span>&lt;b&gt;\\u{202e}a</span>");
     SummaryPanel summary;
-    summary.setMessage(*message);
+    summary.setMessage(*message, headerLines(*message));
     for (const QLabel *label : summary.findChildren<QLabel *>())
         QCOMPARE(label->textFormat(), Qt::PlainText);
 }
@@ -132,7 +133,8 @@ void PanelsTest::namesAreNeverMarkup()
 void PanelsTest::notificationIsShownAsOne()
 {
     SummaryPanel panel;
-    panel.setMessage(*fixture("messages/notification.mms"));
+    const auto message = fixture("messages/notification.mms");
+    panel.setMessage(*message, headerLines(*message));
     const QStringList texts = textsOf(panel);
     QVERIFY(texts.contains("Notification"));
     QVERIFY(texts.contains("Expiry"));
@@ -144,7 +146,7 @@ void PanelsTest::refusedMessageIsShownAsFarAsItWasRead()
     SummaryPanel panel;
     const auto message = decodeMessage(fixture("messages/related.mms")->octets.chopped(1));
     QVERIFY(message->isRefused());
-    panel.setMessage(*message);
+    panel.setMessage(*message, headerLines(*message));
     QVERIFY(textsOf(panel).contains("Refused"));
     QVERIFY(textsOf(panel).contains("Transaction-Id"));
 }
@@ -152,11 +154,27 @@ void PanelsTest::refusedMessageIsShownAsFarAsItWasRead()
 void PanelsTest::rowsOfTheLastMessageAreGone()
 {
     SummaryPanel panel;
-    panel.setMessage(*fixture("messages/notification.mms"));
+    const auto message = fixture("messages/notification.mms");
+    panel.setMessage(*message, headerLines(*message));
     panel.setError("no such file");
     const QStringList texts = textsOf(panel);
     QVERIFY(texts.contains("no such file"));
     QVERIFY(!texts.contains("Expiry"));
+}
+
+void PanelsTest::manyFieldsAreShownInPart()
+{
+    QByteArray pdu = QByteArray::fromHex("8C8498610 08D90"); // m-retrieve-conf 1.0
+    for (int i = 0; i < 50'000; ++i)
+        pdu += QByteArray("x\0y\0", 4);
+    const std::unique_ptr<Message> message = decodeMessage(pdu + QByteArray::fromHex("84A300"));
+    const QList<FieldView> header = headerLines(*message);
+    QVERIFY(header.size() < MostHeaderLines + 100); // with what was left out
+    QCOMPARE(header[MostHeaderLines].name, QStringLiteral("48004 more field(s)"));
+    SummaryPanel panel;
+    panel.setMessage(*message, header);
+    QVERIFY(textsOf(panel).size() < 200);
+    QVERIFY(textsOf(panel).contains(QStringLiteral("and more")));
 }
 
 QTEST_MAIN(PanelsTest)
