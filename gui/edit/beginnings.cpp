@@ -5,13 +5,30 @@
 #include "edit/content_copy.h"
 #include "edit/header_fields.h"
 
+#include <QSet>
+
 #include <algorithm>
 #include <limits>
 #include <vector>
 
 namespace {
 
-using Addresses = std::vector<MMS_UTIL_Entry>;
+/// Addresses without repetitions, in their order.
+class Addresses
+{
+public:
+    /// Adds @p entry unless it is there, or is nobody.
+    void add(const MMS_UTIL_Entry &entry);
+    void add(const QPtrList<MMS_UTIL_Entry> &entries);
+    /// From now on, leaves out @p address.
+    void leaveOut(const QString &address) { m_known.insert(address.toCaseFolded()); }
+
+    const std::vector<MMS_UTIL_Entry> &entries() const { return m_entries; }
+
+private:
+    std::vector<MMS_UTIL_Entry> m_entries;
+    QSet<QString> m_known; ///< addresses that are not added any more
+};
 
 std::unique_ptr<Message> emptyMessage()
 {
@@ -45,40 +62,28 @@ bool isKnown(const MMS_UTIL_Entry &entry)
         && !entry.getAddress().isEmpty() && ComposeValues::isLine(entry.getAddress());
 }
 
-bool isSame(const QString &address, const QString &other)
+void Addresses::add(const MMS_UTIL_Entry &entry)
 {
-    return address.compare(other, Qt::CaseInsensitive) == 0;
+    const QString key = entry.getAddress().toCaseFolded();
+    if (!isKnown(entry) || m_known.contains(key))
+        return;
+    m_known.insert(key);
+    m_entries.push_back(entry);
 }
 
-// Adds @p entry unless it is there, or is nobody.
-void add(const MMS_UTIL_Entry &entry, Addresses *addresses)
-{
-    const bool isThere = std::ranges::any_of(*addresses, [&](const MMS_UTIL_Entry &other) {
-        return isSame(other.getAddress(), entry.getAddress());
-    });
-    if (isKnown(entry) && !isThere)
-        addresses->push_back(entry);
-}
-
-void add(const QPtrList<MMS_UTIL_Entry> &entries, Addresses *addresses)
+void Addresses::add(const QPtrList<MMS_UTIL_Entry> &entries)
 {
     for (const MMS_UTIL_Entry *entry : entries) {
         if (entry)
-            add(*entry, addresses);
+            add(*entry);
     }
 }
 
-Addresses addressesOf(const QPtrList<MMS_UTIL_Entry> &entries)
+std::vector<MMS_UTIL_Entry> addressesOf(const QPtrList<MMS_UTIL_Entry> &entries)
 {
     Addresses addresses;
-    add(entries, &addresses);
-    return addresses;
-}
-
-void remove(const QString &address, Addresses *addresses)
-{
-    std::erase_if(*addresses,
-                  [&](const MMS_UTIL_Entry &entry) { return isSame(entry.getAddress(), address); });
+    addresses.add(entries);
+    return addresses.entries();
 }
 
 // "Re: Lunch" stays.
@@ -90,19 +95,20 @@ QString prefixed(const QString &subject, const QString &prefix)
 }
 
 // The sender; of a message to send, its recipients.
-Addresses answered(const Message &message)
+void addAnswered(const Message &message, Addresses *addresses)
 {
-    Addresses addresses;
-    add(message.header().getFrom(), &addresses);
     if (message.header().getMessageType() == QvlMessageType::SendReq)
-        return addressesOf(message.header().getToRecipients());
-    return addresses;
+        addresses->add(message.header().getToRecipients());
+    else
+        addresses->add(message.header().getFrom());
 }
 
 std::unique_ptr<Message> answerTo(const Message &message)
 {
     auto answer = emptyMessage();
-    HeaderFields::setRecipients(Recipients::To, answered(message), &answer->header());
+    Addresses to;
+    addAnswered(message, &to);
+    HeaderFields::setRecipients(Recipients::To, to.entries(), &answer->header());
     HeaderFields::setSubject(prefixed(lineOf(message.subject()), QStringLiteral("Re:")),
                              &answer->header());
     return answer;
@@ -135,7 +141,11 @@ std::unique_ptr<Editor> Beginnings::newMessage()
 
 bool Beginnings::canReplyTo(const Message &message)
 {
-    return !answered(message).empty();
+    if (message.header().getMessageType() != QvlMessageType::SendReq)
+        return isKnown(message.header().getFrom());
+    const QPtrList<MMS_UTIL_Entry> &entries = message.header().getToRecipients();
+    return std::ranges::any_of(
+        entries, [](const MMS_UTIL_Entry *entry) { return entry && isKnown(*entry); });
 }
 
 std::unique_ptr<Editor> Beginnings::replyTo(const Message &message)
@@ -146,15 +156,17 @@ std::unique_ptr<Editor> Beginnings::replyTo(const Message &message)
 std::unique_ptr<Editor> Beginnings::replyToAll(const Message &message, const QString &ownAddress)
 {
     auto answer = answerTo(message);
-    Addresses to = answered(message);
-    add(message.header().getToRecipients(), &to);
-    remove(ownAddress, &to);
-    Addresses cc = addressesOf(message.header().getCcRecipients());
-    remove(ownAddress, &cc);
-    for (const MMS_UTIL_Entry &entry : to)
-        remove(entry.getAddress(), &cc);
-    HeaderFields::setRecipients(Recipients::To, to, &answer->header());
-    HeaderFields::setRecipients(Recipients::Cc, cc, &answer->header());
+    Addresses to;
+    to.leaveOut(ownAddress);
+    addAnswered(message, &to);
+    to.add(message.header().getToRecipients());
+    Addresses cc;
+    cc.leaveOut(ownAddress);
+    for (const MMS_UTIL_Entry &entry : to.entries())
+        cc.leaveOut(entry.getAddress());
+    cc.add(message.header().getCcRecipients());
+    HeaderFields::setRecipients(Recipients::To, to.entries(), &answer->header());
+    HeaderFields::setRecipients(Recipients::Cc, cc.entries(), &answer->header());
     return editorOf(std::move(answer));
 }
 

@@ -1,5 +1,7 @@
 #include "edit/draft_keeper.h"
 
+#include <QCoreApplication>
+
 SystemDraftTimer::SystemDraftTimer()
 {
     m_timer.setSingleShot(true);
@@ -18,6 +20,7 @@ DraftKeeper::DraftKeeper(Editor *editor, std::unique_ptr<MessageDraft> draft,
 {
     connect(editor, &Editor::changed, this, &DraftKeeper::update);
     connect(editor, &Editor::saved, this, &DraftKeeper::discard);
+    connect(qApp, &QCoreApplication::aboutToQuit, this, &DraftKeeper::flush);
 }
 
 void DraftKeeper::update()

@@ -142,8 +142,10 @@ std::unique_ptr<Object> newObject(const EditedObject &state, MMS_COMP_SMILMultip
     return object;
 }
 
-void restoreSlide(const EditedSlide &state, MMS_COMP_SMILMultipart *parts,
-                  MMS_COMP_SMILData *slides)
+} // namespace
+
+std::unique_ptr<MMS_COMP_SMILTimingContainer> newSlide(const EditedSlide &state,
+                                                       MMS_COMP_SMILMultipart *parts)
 {
     auto slide = std::make_unique<Slide>(parts);
     for (const EditedObject &object : state.objects)
@@ -153,8 +155,10 @@ void restoreSlide(const EditedSlide &state, MMS_COMP_SMILMultipart *parts,
     slide->setPageColor(state.pageColor.color);
     slide->setTextColor(state.textColor.color);
     slide->setTextSize(state.textSize);
-    slides->appendSlide(slide.release());
+    return slide;
 }
+
+namespace {
 
 EditedFrame frameOf(const MMS_COMP_SMILData &slides, const MMS_COMP_SMILMultipart &parts)
 {
@@ -277,5 +281,5 @@ void EditedState::restore(QvlMessage *message) const
     for (const auto &[name, content] : frame->metas)
         message->slides().appendMeta(name, content);
     for (const auto &slide : slides)
-        restoreSlide(*slide, &body, &message->slides());
+        message->slides().appendSlide(newSlide(*slide, &body).release());
 }

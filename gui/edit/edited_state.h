@@ -125,6 +125,10 @@ struct EditedSlide
     bool operator==(const EditedSlide &) const = default;
 };
 
+/// A slide with this state, whose media objects are bound to parts of @p parts.
+std::unique_ptr<MMS_COMP_SMILTimingContainer> newSlide(const EditedSlide &state,
+                                                       MMS_COMP_SMILMultipart *parts);
+
 struct EditedRegion
 {
     float left = 0;

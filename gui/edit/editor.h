@@ -25,7 +25,7 @@
  * Owns the message and its steps. Actions return "" when they are done, else the reason, a sentence
  * for people, why they are not possible. Slides and media objects are counted from 0.
  *
- * Pointers at parts, slides and media objects of the message are valid until changed().
+ * Pointers to parts, slides and media objects of the message are valid until changed().
  */
 class Editor : public QObject
 {
@@ -61,7 +61,7 @@ public:
     void setSaved();
     /// Notes that the message comes from a draft, and was never saved.
     void setRecovered() { m_isRecovered = true; }
-    /// What is typed from now on is a new step. To be called when a field loses the focus.
+    /// Ends the step of what was typed. To be called when a field loses the focus.
     void endTyping() { ++m_typing; }
 
     /// @name Encoding
@@ -161,7 +161,7 @@ private:
     void restore(const EditedState &state);
     QString whyNoMoreParts(int more) const;
     QString duplicate(int index);
-    void copyObject(const MMS_COMP_SMILMediaObject &source, MMS_COMP_SMILTimingContainer *target);
+    void bindCopy(const MMS_COMP_SMILMultipartBodypart &part, MMS_COMP_SMILMediaObject *object);
     QString placeText(MMS_COMP_SMILTimingContainer *slide, int index, const QString &text);
     QString placeMedia(int slide, const QString &fileName, const QByteArray &octets,
                        Placement placement);

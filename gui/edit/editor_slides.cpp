@@ -24,41 +24,6 @@ bool isSame(const MMS_COMP_COLOR &color, const std::optional<QColor> &wanted)
     return wanted ? color.isUsable() && color.color.rgb() == wanted->rgb() : !color.isUsable();
 }
 
-// Not MMS_COMP_SMILMediaObject::copyTo(), which shares the part and moves the end into the begin.
-std::unique_ptr<Object> copyWithoutPart(const Object &source, MMS_COMP_SMILMultipart *parts)
-{
-    auto copy = std::make_unique<Object>(parts);
-    copy->setMediaElementType(source.getMediaElementType());
-    copy->setMediaType(source.getMediaType());
-    copy->setSrc(source.getSrc());
-    copy->setRegionId(source.getRegionId());
-    copy->setMimeType(source.getMimeType());
-    copy->setAlt(source.getAlt());
-    const MMS_COMP_SMIL_TIME begin = source.getBegin();
-    copy->setBeginTimeType(begin.timeType);
-    copy->setBeginTimeEvent(begin.eventId);
-    copy->setBeginTimeLength(begin.timeValue);
-    const MMS_COMP_SMIL_TIME end = source.getEnd();
-    copy->setEndTimeType(end.timeType);
-    copy->setEndTimeEvent(end.eventId);
-    copy->setEndTimeLength(end.timeValue);
-    for (int i = 0; i < source.getParamCount(); ++i) {
-        const auto *param = source.getParam(i);
-        copy->appendParamElem(param->getName(), param->getValue(), param->getValueType(),
-                              param->getRefValueType());
-    }
-    return copy;
-}
-
-void copyLook(const Slide &source, Slide *target)
-{
-    target->setDur(source.getDur());
-    target->setSetDurManually(source.getSetDurManually());
-    target->setPageColor(source.getPageColor());
-    target->setTextColor(source.getTextColor());
-    target->setTextSize(source.getTextSize());
-}
-
 } // namespace
 
 QString Editor::addSlide(int index)
@@ -92,36 +57,37 @@ QString Editor::duplicateSlide(int index)
     return changeSlide(index, tr("Duplicate Slide"), [&](Slide *) { return duplicate(index); });
 }
 
+// Not MMS_COMP_SMILMediaObject::copyTo(), which shares the part and moves the end into the begin.
 QString Editor::duplicate(int index)
 {
+    EditedSlide state = *m_state.slides[std::size_t(index)];
+    for (EditedObject &object : state.objects)
+        object.part = -1; // each gets a part of its own
+    std::unique_ptr<Slide> copy = newSlide(state, &m_message->parts());
     const Slide &source = *slide(index);
-    auto copy = std::make_unique<Slide>(&m_message->parts());
-    for (unsigned int i = 0; i < source.getMediaObjectCount(); ++i)
-        copyObject(*source.getMediaObject(i), copy.get());
-    copyLook(source, copy.get());
+    for (unsigned int i = 0; i < source.getMediaObjectCount(); ++i) {
+        if (const Part *part = source.getMediaObject(i)->getData())
+            bindCopy(*part, copy->getMediaObject(i));
+    }
     if (!m_message->slides().insertSlide(unsigned(index) + 1, copy.get()))
         return tr("There is not enough memory.");
     std::ignore = copy.release(); // the presentation owns it
     return {};
 }
 
-void Editor::copyObject(const Object &source, Slide *target)
+void Editor::bindCopy(const Part &part, Object *object)
 {
-    MMS_COMP_SMILMultipart *parts = &m_message->parts();
-    auto copy = copyWithoutPart(source, parts);
-    if (const Part *part = source.getData()) {
-        const QString location = m_message->slides().createUniqueSrc(part->getContentLocation());
-        auto added = std::make_unique<Part>(*part);
-        added->setContentLocation(location);
-        added->setContentID(QString());
-        added->setDispFileName(MMS_COMP_Util::stripePath(location));
-        added->setRefCount(1);
-        copy->setSrc(location);
-        copy->setAlt(source.getAlt() == source.getSrc() ? location : source.getAlt());
-        copy->setData(added.get());
-        parts->appendBodypart(added.release());
-    }
-    target->appendObject(copy.release());
+    const QString location = m_message->slides().createUniqueSrc(part.getContentLocation());
+    auto added = std::make_unique<Part>(part);
+    added->setContentLocation(location);
+    added->setContentID(QString());
+    added->setDispFileName(MMS_COMP_Util::stripePath(location));
+    added->setRefCount(1);
+    const QString alt = object->getAlt() == object->getSrc() ? location : object->getAlt();
+    object->setSrc(location);
+    object->setAlt(alt);
+    object->setData(added.get());
+    m_message->parts().appendBodypart(added.release());
 }
 
 QString Editor::moveSlide(int from, int to)

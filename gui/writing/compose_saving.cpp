@@ -12,10 +12,13 @@
 #include "writing/attachments_list.h"
 #include "writing/header_form.h"
 #include "writing/slide_form.h"
+#include "writing/slide_strip.h"
 
 #include <QCloseEvent>
 #include <QFileInfo>
 #include <QMimeDatabase>
+
+#include <array>
 
 using TerminalText::visible;
 
@@ -28,12 +31,15 @@ std::unique_ptr<Editor> editorOf(const QString &draft)
     return message ? Beginnings::resume(*message) : nullptr;
 }
 
-bool openDraft(const QString &name, const Questions &questions)
+bool openDraft(const QString &name, QWidget *parent, const Questions &questions)
 {
     std::unique_ptr<MessageDraft> draft = MessageDraft::open(name);
     std::unique_ptr<Editor> editor = draft ? editorOf(name) : nullptr;
-    if (!editor)
+    if (!editor) {
+        questions.refuse(parent, ComposeWindow::tr("Drafts"),
+                         ComposeWindow::tr("%1 cannot be read. It stays where it is.").arg(name));
         return false;
+    }
     auto *window = new ComposeWindow(std::move(editor), std::move(draft), questions);
     window->setVisible(true);
     return true;
@@ -62,7 +68,7 @@ int ComposeWindow::offerDrafts(QWidget *parent, const Questions &questions)
     int opened = 0;
     for (const QString &name : names) {
         if (answer == Questions::Save)
-            opened += openDraft(name, questions);
+            opened += openDraft(name, parent, questions);
         else if (const auto draft = MessageDraft::open(name); draft && answer == Questions::Discard)
             draft->remove();
     }
@@ -119,8 +125,11 @@ bool ComposeWindow::write(const QString &fileName)
 
 void ComposeWindow::closeEvent(QCloseEvent *event)
 {
-    if (!m_editor->isModified())
+    saveLayout();
+    if (!m_editor->isModified() && m_header->isAccepted())
         return event->accept();
+    if (m_keeper)
+        m_keeper->flush(); // the question may stay open for long
     const Questions::Answer answer = m_questions.unsaved(this);
     if (answer == Questions::Discard && m_keeper)
         m_keeper->discard();
@@ -129,26 +138,35 @@ void ComposeWindow::closeEvent(QCloseEvent *event)
 
 void ComposeWindow::dragEnterEvent(QDragEnterEvent *event)
 {
-    if (!localFiles(*event->mimeData()).isEmpty())
-        event->acceptProposedAction();
+    acceptFiles(event);
 }
 
 void ComposeWindow::dropEvent(QDropEvent *event)
 {
-    for (const QString &name : localFiles(*event->mimeData()))
-        addFile(name);
-    event->acceptProposedAction();
+    acceptFiles(event);
+    if (event->isAccepted())
+        addFiles(localFiles(*event->mimeData()));
 }
 
-// Pictures, videos and sounds go on the slide; other files are attached.
-void ComposeWindow::addFile(const QString &fileName)
+// A slide takes one picture or video, and one sound: each further one gets a slide of its own.
+// Other files are attached.
+void ComposeWindow::addFiles(const QStringList &names)
 {
-    const QString type = QMimeDatabase().mimeTypeForFile(fileName).name();
-    const bool isMedia = type.startsWith(QLatin1StringView("image/"))
-        || type.startsWith(QLatin1StringView("audio/"))
-        || type.startsWith(QLatin1StringView("video/"));
-    if (isMedia)
-        m_slide->addFile(fileName);
-    else
-        m_attachments->attach(fileName);
+    std::array isTaken{false, false};
+    for (const QString &name : names) {
+        const QString type = QMimeDatabase().mimeTypeForFile(name).name();
+        const bool isSound = type.startsWith(QLatin1StringView("audio/"));
+        const bool isMedia = isSound || type.startsWith(QLatin1StringView("image/"))
+            || type.startsWith(QLatin1StringView("video/"));
+        if (!isMedia) {
+            m_attachments->attach(name);
+            continue;
+        }
+        if (isTaken[isSound]) {
+            m_slides->addSlide();
+            isTaken = {false, false};
+        }
+        isTaken[isSound] = true;
+        m_slide->addFile(m_slides->current(), name);
+    }
 }

@@ -9,6 +9,7 @@
 #include "writing/slide_form.h"
 #include "writing/slide_strip.h"
 
+#include <QAbstractSpinBox>
 #include <QAction>
 #include <QFileInfo>
 #include <QGroupBox>
@@ -17,12 +18,17 @@
 #include <QMenuBar>
 #include <QPlainTextEdit>
 #include <QScrollArea>
+#include <QSettings>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include <utility>
+
 namespace {
 
+constexpr QLatin1StringView Geometry("writing/geometry");
+constexpr QLatin1StringView Splitter("writing/splitter");
 constexpr QSize UsualSize(980, 760);
 constexpr std::chrono::milliseconds DrawingDelay{150}; // after the last change
 
@@ -50,7 +56,7 @@ ComposeWindow::ComposeWindow(std::unique_ptr<Editor> editor, std::unique_ptr<Mes
     m_slide->setSlide(0);
     updateTitle();
     drawSlides();
-    resize(UsualSize);
+    restoreLayout();
 }
 
 ComposeWindow::~ComposeWindow() = default;
@@ -72,18 +78,22 @@ void ComposeWindow::makeCenter()
     scroll->setWidgetResizable(true);
     scroll->setFrameShape(QFrame::NoFrame);
     scroll->setFocusPolicy(Qt::NoFocus);
-    auto *splitter = new QSplitter(this);
-    splitter->addWidget(m_slides);
-    splitter->addWidget(scroll);
-    splitter->addWidget(m_stage);
-    splitter->setStretchFactor(1, 3);
-    splitter->setStretchFactor(2, 2);
-    splitter->setChildrenCollapsible(false);
-    setCentralWidget(splitter);
+    m_splitter = new QSplitter(this);
+    m_splitter->addWidget(m_slides);
+    m_splitter->addWidget(scroll);
+    m_splitter->addWidget(m_stage);
+    m_splitter->setStretchFactor(1, 3);
+    m_splitter->setStretchFactor(2, 2);
+    m_splitter->setChildrenCollapsible(false);
+    setCentralWidget(m_splitter);
     statusBar()->addPermanentWidget(m_size);
     m_stage->setAccessibleName(tr("Preview of the slide"));
     for (QWidget *widget : findChildren<QWidget *>()) {
-        if (qobject_cast<QLineEdit *>(widget) || qobject_cast<QPlainTextEdit *>(widget))
+        const bool isText =
+            qobject_cast<QLineEdit *>(widget) || qobject_cast<QPlainTextEdit *>(widget);
+        if (isText)
+            widget->setAcceptDrops(false); // the window takes files, and texts can be pasted
+        if (isText || qobject_cast<QAbstractSpinBox *>(widget))
             widget->installEventFilter(this);
     }
     m_header->setFocus();
@@ -112,6 +122,7 @@ void ComposeWindow::connectParts()
     connect(m_slides, &SlideStrip::currentChanged, this, &ComposeWindow::drawCurrent);
     connect(m_slides, &SlideStrip::refused, this, &ComposeWindow::report);
     connect(m_slide, &SlideForm::refused, this, &ComposeWindow::report);
+    connect(m_slide, &SlideForm::reading, this, &ComposeWindow::wait);
     connect(m_attachments, &AttachmentsList::refused, this, &ComposeWindow::report);
     connect(m_stage, &Stage::resized, this, &ComposeWindow::drawCurrent);
     connect(m_editor.get(), &Editor::changed, this, &ComposeWindow::scheduleDrawing);
@@ -160,6 +171,36 @@ void ComposeWindow::drawCurrent()
     request.slide = m_slides->current();
     request.area = m_stage->area();
     m_drawer->draw(request);
+}
+
+// Disables the window until a picture was read, because it belongs to the slide that has its place.
+void ComposeWindow::wait(bool isWaiting)
+{
+    if (isWaiting && !m_focus)
+        m_focus = focusWidget();
+    m_splitter->setEnabled(!isWaiting);
+    menuBar()->setEnabled(!isWaiting); // with the keys of its commands
+    if (isWaiting)
+        report(tr("The picture is being read"));
+    else
+        statusBar()->clearMessage();
+    if (!isWaiting && m_focus)
+        std::exchange(m_focus, {})->setFocus();
+}
+
+void ComposeWindow::restoreLayout()
+{
+    const QSettings settings;
+    if (!restoreGeometry(settings.value(Geometry).toByteArray()))
+        resize(UsualSize);
+    m_splitter->restoreState(settings.value(Splitter).toByteArray());
+}
+
+void ComposeWindow::saveLayout() const
+{
+    QSettings settings;
+    settings.setValue(Geometry, saveGeometry());
+    settings.setValue(Splitter, m_splitter->saveState());
 }
 
 void ComposeWindow::updateTitle()

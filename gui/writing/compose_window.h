@@ -9,12 +9,14 @@
 #include "writing/questions.h"
 
 #include <QMainWindow>
+#include <QPointer>
 #include <QTimer>
 
 #include <memory>
 
 class AttachmentsList;
 class HeaderForm;
+class QSplitter;
 class SizeGauge;
 class SlideForm;
 class SlideStrip;
@@ -57,7 +59,10 @@ private:
     void connectParts();
     bool write(const QString &fileName);
     bool confirmErrors(const QByteArray &pdu);
-    void addFile(const QString &fileName);
+    void addFiles(const QStringList &names);
+    void wait(bool isWaiting);
+    void restoreLayout();
+    void saveLayout() const;
     void scheduleDrawing();
     void drawSlides();
     void drawCurrent();
@@ -72,6 +77,8 @@ private:
     QTimer m_drawing;
     std::unique_ptr<SlideDrawer> m_drawer;
 
+    QSplitter *m_splitter = nullptr;
+    QPointer<QWidget> m_focus; ///< while the window waits
     HeaderForm *m_header;
     SlideStrip *m_slides;
     Stage *m_stage;

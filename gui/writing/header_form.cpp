@@ -8,6 +8,9 @@
 #include <QLineEdit>
 #include <QRegularExpression>
 
+#include <algorithm>
+#include <utility>
+
 namespace {
 
 QStringList addressesIn(const QString &line)
@@ -74,7 +77,7 @@ void HeaderForm::addRecipients(const QString &title, Recipients kind)
     layout->addRow(title, line);
     QLabel *problem = problemLabel(this);
     layout->addRow(QString(), problem);
-    m_recipients.push_back({line, problem, kind, true});
+    m_recipients.push_back({line, problem, kind});
     const std::size_t index = m_recipients.size() - 1;
     connect(line, &QLineEdit::textEdited, this, [this, index] {
         // While an address is being typed, its problem is no news.
@@ -122,13 +125,19 @@ bool HeaderForm::commit()
     return true;
 }
 
-// Leaves a line alone that means the same, or whose end is still missing.
+bool HeaderForm::isAccepted() const
+{
+    return std::ranges::all_of(m_recipients, &Field::isAccepted);
+}
+
+// Leaves a line alone that means the same. Nothing that was typed is lost, also what the message
+// did not accept, unless a step changes the recipients of the line.
 void HeaderForm::follow()
 {
     for (Field &field : m_recipients) {
         const QStringList addresses = addressesOf(*m_editor, field.kind);
-        const bool isBeingTyped = field.line->hasFocus() && !field.isAccepted;
-        if (isBeingTyped || trimmed(addressesIn(field.line->text())) == addresses)
+        if (std::exchange(field.known, addresses) == addresses
+            || trimmed(addressesIn(field.line->text())) == addresses)
             continue;
         field.isAccepted = true;
         field.line->setText(addresses.join(QLatin1StringView(", ")));

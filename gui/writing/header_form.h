@@ -24,6 +24,8 @@ public:
     /// Puts what is typed, and not yet accepted, into the message. False, with the focus in its
     /// field, if it is not valid.
     bool commit();
+    /// Whether the message has what all lines say.
+    bool isAccepted() const;
 
 private:
     struct Field
@@ -31,7 +33,8 @@ private:
         QLineEdit *line;
         QLabel *problem; ///< why the line is not accepted
         Recipients kind;
-        bool isAccepted; ///< the message has what the line says
+        bool isAccepted = true; ///< the message has what the line says
+        QStringList known = {}; ///< addresses of the message when the line was set or accepted last
     };
 
     void addRecipients(const QString &title, Recipients kind);

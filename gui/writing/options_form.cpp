@@ -65,16 +65,18 @@ void OptionsForm::addReports(QFormLayout *layout)
 
 void OptionsForm::addExpiry(QFormLayout *layout)
 {
+    m_days->setKeyboardTracking(false); // a value is one step, when it is complete
     m_days->setRange(1, MostDays);
-    m_days->setSuffix(tr(" days"));
     m_days->setAccessibleName(tr("Days until the message expires"));
     layout->addRow(m_expires, m_days);
     connect(m_expires, &QCheckBox::clicked, this, &OptionsForm::applyExpiry);
     connect(m_days, &QSpinBox::valueChanged, this, &OptionsForm::applyExpiry);
+    showUnit();
 }
 
 void OptionsForm::addDeliveryTime(QFormLayout *layout)
 {
+    m_time->setKeyboardTracking(false);
     m_time->setCalendarPopup(true);
     m_time->setAccessibleName(tr("Delivery time"));
     layout->addRow(m_isLater, m_time);
@@ -86,6 +88,11 @@ void OptionsForm::applyExpiry()
 {
     m_editor->setExpiry(m_expires->isChecked() ? std::optional(m_days->value() * Day)
                                                : std::nullopt);
+}
+
+void OptionsForm::showUnit()
+{
+    m_days->setSuffix(tr(" day(s)", nullptr, m_days->value()));
 }
 
 void OptionsForm::applyDeliveryTime()
@@ -110,6 +117,7 @@ void OptionsForm::follow()
     m_days->setEnabled(expires);
     if (expires)
         m_days->setValue(std::max(1, header.expiry / Day + (header.expiry % Day > 0)));
+    showUnit();
     const bool isLater = has(header, HeaderFieldCode::DeliveryTime);
     m_isLater->setChecked(isLater);
     m_time->setEnabled(isLater);

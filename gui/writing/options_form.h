@@ -26,6 +26,7 @@ private:
     void addExpiry(QFormLayout *layout);
     void addDeliveryTime(QFormLayout *layout);
     void applyExpiry();
+    void showUnit();
     void applyDeliveryTime();
     void follow();
 

@@ -29,7 +29,21 @@ namespace {
 
 constexpr QSize UsualPicture(640, 480); // of a smaller copy
 constexpr int LargePicture = 100 * 1024; // octets, from which on one is offered
-constexpr std::array colorNames{"white", "black", "navy", "red", "green", "yellow", "silver"};
+/// A color that is offered.
+struct NamedColor
+{
+    const char *value; ///< as QColor reads it
+    const char *name;
+};
+constexpr std::array namedColors{
+    NamedColor{"white", QT_TRANSLATE_NOOP("SlideForm", "White")},
+    NamedColor{"black", QT_TRANSLATE_NOOP("SlideForm", "Black")},
+    NamedColor{"navy", QT_TRANSLATE_NOOP("SlideForm", "Navy")},
+    NamedColor{"red", QT_TRANSLATE_NOOP("SlideForm", "Red")},
+    NamedColor{"green", QT_TRANSLATE_NOOP("SlideForm", "Green")},
+    NamedColor{"yellow", QT_TRANSLATE_NOOP("SlideForm", "Yellow")},
+    NamedColor{"silver", QT_TRANSLATE_NOOP("SlideForm", "Silver")},
+};
 constexpr std::array textSizes{"", "small", "normal", "large"};
 
 QPixmap sample(const QColor &color)
@@ -106,9 +120,9 @@ QComboBox *SlideForm::addColors(ColorSetter set)
 {
     auto *box = new QComboBox(this);
     box->addItem(tr("Usual color"));
-    for (const char *name : colorNames) {
-        const QColor color(QString::fromLatin1(name));
-        box->addItem(sample(color), QString::fromLatin1(name), color);
+    for (const auto &[value, name] : namedColors) {
+        const QColor color(QString::fromLatin1(value));
+        box->addItem(sample(color), tr(name), color);
     }
     box->addItem(tr("Other…"));
     connect(box, &QComboBox::activated, this, [this, box, set](int index) {
@@ -144,6 +158,7 @@ SlideForm::MediaRow SlideForm::addMedia(QFormLayout *layout, const QString &titl
 
 void SlideForm::addDuration(QFormLayout *layout)
 {
+    m_seconds->setKeyboardTracking(false); // a value is one step, when it is complete
     m_seconds->setRange(0.5, 3600);
     m_seconds->setSingleStep(0.5);
     m_seconds->setDecimals(1);
@@ -175,10 +190,10 @@ void SlideForm::setSlide(int slide)
 void SlideForm::chooseMedia(const QString &title, const QString &kinds)
 {
     for (const QString &name : m_questions.files(this, title, kinds))
-        addFile(name);
+        addFile(m_slide, name);
 }
 
-void SlideForm::addFile(const QString &fileName)
+void SlideForm::addFile(int slide, const QString &fileName)
 {
     QByteArray octets;
     QString error;
@@ -186,31 +201,30 @@ void SlideForm::addFile(const QString &fileName)
         return report(error);
     const QString name = QFileInfo(fileName).fileName();
     if (octets.size() > LargePicture)
-        offerSmaller(name, octets);
+        offerSmaller(slide, name, octets);
     else
-        add(name, octets);
+        add(slide, name, octets);
 }
 
-void SlideForm::add(const QString &fileName, const QByteArray &octets)
+void SlideForm::add(int slide, const QString &fileName, const QByteArray &octets)
 {
-    const QString problem = m_editor->addMedia(m_slide, fileName, octets, Editor::Replace);
-    report(problem);
+    report(m_editor->addMedia(slide, fileName, octets, Editor::Replace));
 }
 
 // Decodes the picture outside the window's thread. The slide takes it when that is done.
-void SlideForm::offerSmaller(const QString &fileName, const QByteArray &octets)
+void SlideForm::offerSmaller(int slide, const QString &fileName, const QByteArray &octets)
 {
     auto *watcher = new QFutureWatcher<std::optional<SmallerPicture>>(this);
-    const int slide = m_slide;
     connect(watcher, &QFutureWatcherBase::finished, this, [=, this] {
         const std::optional<SmallerPicture> copy = watcher->result();
         watcher->deleteLater();
-        if (slide >= m_editor->slideCount())
-            return;
-        const bool takesCopy = copy && m_questions.takeSmaller(this, octets.size(), *copy);
-        report(takesCopy ? m_editor->addMedia(slide, copy->fileName, copy->octets, Editor::Replace)
-                         : m_editor->addMedia(slide, fileName, octets, Editor::Replace));
+        emit reading(--m_pictures > 0);
+        if (copy && m_questions.takeSmaller(this, octets.size(), *copy))
+            add(slide, copy->fileName, copy->octets);
+        else
+            add(slide, fileName, octets);
     });
+    emit reading(++m_pictures > 0);
     watcher->setFuture(QtConcurrent::run(smallerPicture, fileName, octets, UsualPicture));
 }
 

@@ -32,12 +32,14 @@ public:
 
     /// Shows the slide @p slide, from 0.
     void setSlide(int slide);
-    /// Adds the file @p fileName to the slide, or attaches it if no slide shows its type.
-    void addFile(const QString &fileName);
+    /// Adds the file @p fileName to the slide @p slide, from 0.
+    void addFile(int slide, const QString &fileName);
 
 signals:
     /// Something was not possible.
     void refused(const QString &why);
+    /// A picture is being read, or no more. Until then, the slides must stay where they are.
+    void reading(bool isReading);
 
 private:
     /// The controls of the picture or video, or of the sound.
@@ -56,8 +58,8 @@ private:
                       const QString &kinds, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind);
     QComboBox *addColors(ColorSetter set);
     void chooseMedia(const QString &title, const QString &kinds);
-    void add(const QString &fileName, const QByteArray &octets);
-    void offerSmaller(const QString &fileName, const QByteArray &octets);
+    void add(int slide, const QString &fileName, const QByteArray &octets);
+    void offerSmaller(int slide, const QString &fileName, const QByteArray &octets);
     void applyDuration();
     void report(const QString &problem);
 
@@ -70,6 +72,7 @@ private:
     Editor *m_editor;
     Questions m_questions;
     int m_slide = 0;
+    int m_pictures = 0; ///< that are being read
     QPlainTextEdit *m_text;
     QComboBox *m_textColor;
     QComboBox *m_textSize;

@@ -21,8 +21,7 @@ SlideStrip::SlideStrip(Editor *editor, QWidget *parent)
     : QWidget(parent), m_editor(editor), m_list(new QListWidget(this))
 {
     makeList();
-    addCommand(tr("&Add Slide"), Qt::CTRL | Qt::Key_Return,
-               [this] { perform(m_editor->addSlide(current() + 1), current() + 1); });
+    addCommand(tr("&Add Slide"), Qt::CTRL | Qt::Key_Return, [this] { addSlide(); });
     addCommand(tr("Du&plicate Slide"), Qt::CTRL | Qt::Key_D,
                [this] { perform(m_editor->duplicateSlide(current()), current() + 1); });
     m_delete = addCommand(tr("De&lete Slide"), Qt::CTRL | Qt::Key_Delete,
@@ -76,6 +75,11 @@ int SlideStrip::current() const
 void SlideStrip::setCurrent(int slide)
 {
     m_list->setCurrentRow(std::clamp(slide, 0, m_list->count() - 1));
+}
+
+void SlideStrip::addSlide()
+{
+    perform(m_editor->addSlide(current() + 1), current() + 1);
 }
 
 void SlideStrip::perform(const QString &problem, int newCurrent)

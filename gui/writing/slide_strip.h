@@ -26,6 +26,8 @@ public:
     /// The chosen slide, from 0.
     int current() const;
     void setCurrent(int slide);
+    /// Adds a slide after the chosen one, and chooses it.
+    void addSlide();
     /// Draws the slides of the message @p pdu; none for an empty one.
     void draw(const QByteArray &pdu);
 

@@ -7,6 +7,7 @@
 #include "edit/opened_files.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -20,6 +21,10 @@ private slots:
     void messageIsWrittenByKeysAndSaved();
     void invalidRecipientPreventsSaving();
     void openedFileIsNeverOverwritten();
+    void anotherMessageIsNeverOverwritten();
+    void recipientThatIsNotValidIsKept();
+    void closingWithARecipientThatIsNotValidAsks();
+    void draftIsWrittenBeforeClosingAsks();
     void errorsHaveToBeConfirmed();
     void savedMessageIsSavedAgainUnderItsName();
     void closingUnsavedWorkAsks();
@@ -69,6 +74,50 @@ void SavingTest::openedFileIsNeverOverwritten()
     QFile file(opened);
     QVERIFY(file.open(QIODevice::ReadOnly));
     QCOMPARE(file.readAll(), QByteArray("as it was"));
+}
+
+void SavingTest::anotherMessageIsNeverOverwritten()
+{
+    m_saveAs = write(QStringLiteral("received.mms"), "\x8C\x84");
+    QTest::keyClicks(control<QLineEdit>(QStringLiteral("To")), QStringLiteral("+491"));
+    QTest::keyClicks(control<QPlainTextEdit>(QStringLiteral("Text")), QStringLiteral("a"));
+    QVERIFY(!m_window->save());
+    QCOMPARE(m_refused.size(), 1);
+    m_saveAs = write(QStringLiteral("notes.mms"), "no message");
+    QVERIFY(m_window->save()); // the file dialog asked
+}
+
+void SavingTest::recipientThatIsNotValidIsKept()
+{
+    auto *to = control<QLineEdit>(QStringLiteral("To"));
+    to->setFocus();
+    QTest::keyClicks(to, QStringLiteral("+491, alice@"));
+    QTest::keyClick(to, Qt::Key_Return);
+    auto *subject = control<QLineEdit>(QStringLiteral("Subject"));
+    subject->setFocus();
+    QTest::keyClicks(subject, QStringLiteral("Hello"));
+    QCOMPARE(to->text(), QStringLiteral("+491, alice@"));
+    QVERIFY(!to->accessibleDescription().isEmpty());
+    QVERIFY(!m_window->save());
+    QVERIFY(!QFile::exists(m_saveAs));
+}
+
+void SavingTest::closingWithARecipientThatIsNotValidAsks()
+{
+    QTest::keyClicks(control<QLineEdit>(QStringLiteral("To")), QStringLiteral("alice@"));
+    QVERIFY(!m_window->close());
+    QCOMPARE(m_unsavedAsked, 1);
+    m_unsaved = Questions::Discard;
+    QVERIFY(m_window->close());
+}
+
+void SavingTest::draftIsWrittenBeforeClosingAsks()
+{
+    const QDir folder(MessageDraft::standardFolder());
+    const qsizetype before = folder.entryList({QStringLiteral("*.mms")}, QDir::Files).size();
+    QTest::keyClicks(control<QPlainTextEdit>(QStringLiteral("Text")), QStringLiteral("a"));
+    QVERIFY(!m_window->close()); // asked, and canceled
+    QCOMPARE(folder.entryList({QStringLiteral("*.mms")}, QDir::Files).size(), before + 1);
 }
 
 void SavingTest::errorsHaveToBeConfirmed()

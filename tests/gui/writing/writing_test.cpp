@@ -17,6 +17,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenuBar>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
@@ -38,6 +39,10 @@ private slots:
     void droppedFilesAreAdded();
     void smallerCopyIsOffered();
     void gaugeSaysTheExcess();
+    void durationIsTypedAsOneStep();
+    void undoKeyWorksInNumbers();
+    void furtherDroppedPicturesGetSlides();
+    void pictureStaysOnItsSlideWhileItIsRead();
     void replyHasTheSender();
 };
 
@@ -158,7 +163,7 @@ void WritingTest::colorsAndSizesFollowUndo()
 {
     QTest::keyClicks(control<QPlainTextEdit>(QStringLiteral("Text")), QStringLiteral("a"));
     auto *color = control<QComboBox>(QStringLiteral("Page color"));
-    const int navy = color->findText(QStringLiteral("navy"));
+    const int navy = color->findText(QStringLiteral("Navy"));
     color->setCurrentIndex(navy);
     emit color->activated(navy);
     QCOMPARE(m_editor->slide(0)->getPageColor().color, QColor(Qt::darkBlue));
@@ -210,6 +215,66 @@ void WritingTest::smallerCopyIsOffered()
     control<QPushButton>(QStringLiteral("Choose Picture"))->click();
     QTRY_VERIFY_WITH_TIMEOUT(m_editor->size() > large.size(), 20'000);
     QCOMPARE(m_smallerAsked, 2);
+}
+
+void WritingTest::durationIsTypedAsOneStep()
+{
+    control<QCheckBox>(QStringLiteral("Fixed"))->click();
+    auto *seconds = control<QDoubleSpinBox>(QStringLiteral("Duration of the slide in seconds"));
+    const int steps = m_editor->steps()->count();
+    seconds->setFocus();
+    seconds->selectAll();
+    QTest::keyClicks(seconds, QStringLiteral("12.5"));
+    QTest::keyClick(seconds, Qt::Key_Return);
+    QCOMPARE(m_editor->slide(0)->getDur(), 12'500);
+    QCOMPARE(m_editor->steps()->count(), steps + 1);
+}
+
+void WritingTest::undoKeyWorksInNumbers()
+{
+    control<QCheckBox>(QStringLiteral("Fixed"))->click();
+    auto *seconds = control<QDoubleSpinBox>(QStringLiteral("Duration of the slide in seconds"));
+    seconds->setFocus();
+    QKeyEvent undo(QEvent::ShortcutOverride, Qt::Key_Z, Qt::ControlModifier);
+    undo.ignore();
+    QApplication::sendEvent(seconds, &undo);
+    QVERIFY(!undo.isAccepted()); // so that it reaches the window's command
+}
+
+void WritingTest::furtherDroppedPicturesGetSlides()
+{
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile(write(QStringLiteral("a.png"), coloredPicture(Qt::red))),
+                  QUrl::fromLocalFile(QStringLiteral(QVL_FIXTURES "/clips/sound.amr")),
+                  QUrl::fromLocalFile(write(QStringLiteral("b.png"), coloredPicture(Qt::blue)))});
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton,
+                          Qt::NoModifier);
+    QApplication::sendEvent(m_window, &enter);
+    QDropEvent drop({5, 5}, Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window, &drop);
+    QVERIFY(drop.isAccepted());
+    QCOMPARE(drop.dropAction(), Qt::CopyAction); // the files stay where they are
+    QCOMPARE(m_editor->slideCount(), 2);
+    QVERIFY(m_editor->objectIndex(0, SMIL_MEDIA_IMAGE) >= 0);
+    QVERIFY(m_editor->objectIndex(0, SMIL_MEDIA_AUDIO) >= 0);
+    QVERIFY(m_editor->objectIndex(1, SMIL_MEDIA_IMAGE) >= 0);
+    QVERIFY(!control<QPlainTextEdit>(QStringLiteral("Text"))->acceptDrops());
+    QDragEnterEvent move({5, 5}, Qt::MoveAction, &data, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(m_window, &move);
+    QVERIFY(!move.isAccepted());
+    QCOMPARE(m_editor->slideCount(), 2);
+}
+
+void WritingTest::pictureStaysOnItsSlideWhileItIsRead()
+{
+    action(QStringLiteral("Add Slide"))->trigger();
+    m_files = {write(QStringLiteral("large.png"), noise({300, 300}))};
+    control<QPushButton>(QStringLiteral("Choose Picture"))->click();
+    QVERIFY(!m_window->centralWidget()->isEnabled());
+    QVERIFY(!m_window->menuBar()->isEnabled());
+    QTRY_VERIFY_WITH_TIMEOUT(m_window->centralWidget()->isEnabled(), 20'000);
+    QVERIFY(m_window->menuBar()->isEnabled());
+    QVERIFY(m_editor->objectIndex(1, SMIL_MEDIA_IMAGE) >= 0);
 }
 
 void WritingTest::gaugeSaysTheExcess()
