@@ -39,17 +39,22 @@ void setUpApplication()
     QApplication::setWindowIcon(QIcon::fromTheme(DesktopId));
 }
 
+bool installTexts(const QLocale &locale, const QString &name, const QString &folder)
+{
+    auto *translator = new QTranslator(qApp);
+    return translator->load(locale, name, QStringLiteral("_"), folder)
+        && QApplication::installTranslator(translator);
+}
+
 // Texts of Qt's own dialogs come from Qt's package of translations, if that is installed.
 void translate()
 {
-    const QString qtFolder = QLibraryInfo::path(QLibraryInfo::TranslationsPath);
-    for (const auto &[name, folder] :
-         {std::pair(QStringLiteral("qtbase"), qtFolder),
-          {QStringLiteral("qvlmms-gui"), QStringLiteral(":/translations")}}) {
-        auto *translator = new QTranslator(qApp);
-        if (translator->load(QLocale(), name, QStringLiteral("_"), folder))
-            QApplication::installTranslator(translator);
-    }
+    const QString name = QStringLiteral("qvlmms-gui");
+    const QString folder = QStringLiteral(":/translations");
+    installTexts(QLocale(), QStringLiteral("qtbase"),
+                 QLibraryInfo::path(QLibraryInfo::TranslationsPath));
+    if (!installTexts(QLocale(), name, folder))
+        installTexts(QLocale(QLocale::English), name, folder); // singular and plural
 }
 
 /// The command line; ends the program for --help and --version.

@@ -5,7 +5,7 @@
     <name>AttachmentsList</name>
     <message>
         <source>Remove Attach&amp;ment</source>
-        <translation>Anhang entfer&amp;nen</translation>
+        <translation>An&amp;hang entfernen</translation>
     </message>
     <message>
         <source>Attachments</source>
@@ -13,7 +13,7 @@
     </message>
     <message>
         <source>&amp;Attach File…</source>
-        <translation>Datei &amp;anhängen …</translation>
+        <translation>Datei anhän&amp;gen …</translation>
     </message>
     <message>
         <source>Attach File</source>
@@ -99,7 +99,7 @@
     </message>
     <message>
         <source>&amp;Edit</source>
-        <translation>&amp;Bearbeiten</translation>
+        <translation>Bea&amp;rbeiten</translation>
     </message>
     <message>
         <source>&amp;Undo</source>
@@ -111,7 +111,7 @@
     </message>
     <message>
         <source>&amp;Slide</source>
-        <translation>Fo&amp;lie</translation>
+        <translation>F&amp;olie</translation>
     </message>
     <message>
         <source>There is no preview.</source>
@@ -124,6 +124,18 @@
     <message>
         <source>New Message</source>
         <translation>Neue Nachricht</translation>
+    </message>
+    <message>
+        <source>Drafts</source>
+        <translation>Entwürfe</translation>
+    </message>
+    <message>
+        <source>%1 cannot be read. It stays where it is.</source>
+        <translation>%1 kann nicht gelesen werden. Die Datei bleibt, wo sie ist.</translation>
+    </message>
+    <message>
+        <source>The picture is being read</source>
+        <translation>Das Bild wird gelesen</translation>
     </message>
 </context>
 <context>
@@ -324,6 +336,20 @@
     </message>
 </context>
 <context>
+    <name>HeaderLines</name>
+    <message numerus="yes">
+        <source>%n more field(s)</source>
+        <translation>
+            <numerusform>%n weiteres Feld</numerusform>
+            <numerusform>%n weitere Felder</numerusform>
+        </translation>
+    </message>
+    <message>
+        <source>Changed to read it</source>
+        <translation>Zum Lesen geändert</translation>
+    </message>
+</context>
+<context>
     <name>HeaderPanel</name>
     <message>
         <source>Header</source>
@@ -340,10 +366,6 @@
     <message>
         <source>&amp;Copy</source>
         <translation>&amp;Kopieren</translation>
-    </message>
-    <message>
-        <source>Changed to read it</source>
-        <translation>Zum Lesen geändert</translation>
     </message>
 </context>
 <context>
@@ -531,6 +553,18 @@ Zeigt und schreibt Multimedia-Nachrichten (MMS).</translation>
         <source>Writing %1</source>
         <translation>%1 wird geschrieben</translation>
     </message>
+    <message>
+        <source>Printing %1</source>
+        <translation>%1 wird gedruckt</translation>
+    </message>
+    <message>
+        <source>Printed %1</source>
+        <translation>%1 ist gedruckt</translation>
+    </message>
+    <message>
+        <source>Saved %1. The page says which media it lacks</source>
+        <translation>%1 gespeichert. Die Seite sagt, welche Medien ihr fehlen</translation>
+    </message>
 </context>
 <context>
     <name>MessageDraft</name>
@@ -653,6 +687,14 @@ Zeigt und schreibt Multimedia-Nachrichten (MMS).</translation>
         <source>There are no messages here.</source>
         <translation>Hier sind keine Nachrichten.</translation>
     </message>
+    <message>
+        <source>Stop</source>
+        <translation>Anhalten</translation>
+    </message>
+    <message>
+        <source>Stop reading</source>
+        <translation>Lesen anhalten</translation>
+    </message>
 </context>
 <context>
     <name>MessageReader</name>
@@ -755,6 +797,10 @@ Zeigt und schreibt Multimedia-Nachrichten (MMS).</translation>
         <source>%1 was opened to be read. Choose another name.</source>
         <translation>%1 wurde zum Lesen geöffnet. Wählen Sie einen anderen Namen.</translation>
     </message>
+    <message>
+        <source>%1 is another message. Choose another name.</source>
+        <translation>%1 ist eine andere Nachricht. Wählen Sie einen anderen Namen.</translation>
+    </message>
 </context>
 <context>
     <name>OptionsForm</name>
@@ -772,7 +818,7 @@ Zeigt und schreibt Multimedia-Nachrichten (MMS).</translation>
     </message>
     <message>
         <source>Deli&amp;ver at</source>
-        <translation>&amp;Zustellen am</translation>
+        <translation>Zustellen a&amp;m</translation>
     </message>
     <message>
         <source>Low</source>
@@ -799,16 +845,19 @@ Zeigt und schreibt Multimedia-Nachrichten (MMS).</translation>
         <translation>Berichte:</translation>
     </message>
     <message>
-        <source> days</source>
-        <translation> Tagen</translation>
-    </message>
-    <message>
         <source>Days until the message expires</source>
         <translation>Tage, bis die Nachricht verfällt</translation>
     </message>
     <message>
         <source>Delivery time</source>
         <translation>Zustellzeit</translation>
+    </message>
+    <message numerus="yes">
+        <source> day(s)</source>
+        <translation>
+            <numerusform> Tag</numerusform>
+            <numerusform> Tagen</numerusform>
+        </translation>
     </message>
 </context>
 <context>
@@ -929,20 +978,20 @@ By its name it is: %2</source>
 Dem Namen nach ist es: %2</translation>
     </message>
     <message>
-        <source>“%1” can only be saved: other programs could run it, or its type is not known.
-By its content it is: %2
-By its name it is: %3</source>
-        <translation>„%1“ lässt sich nur speichern: Andere Programme könnten es ausführen, oder sein Typ ist unbekannt.
-Dem Inhalt nach ist es: %2
-Dem Namen nach ist es: %3</translation>
-    </message>
-    <message>
         <source>No program opens “%1”.</source>
         <translation>Kein Programm öffnet „%1“.</translation>
     </message>
     <message>
         <source>Part</source>
         <translation>Teil</translation>
+    </message>
+    <message>
+        <source>“%1” can only be saved: other programs could run it or follow its addresses, or its type is not known.
+By its content it is: %2
+By its name it is: %3</source>
+        <translation>„%1“ kann nur gespeichert werden: andere Programme könnten es ausführen oder seinen Adressen folgen, oder sein Typ ist nicht bekannt.
+Nach dem Inhalt ist es: %2
+Nach dem Namen ist es: %3</translation>
     </message>
 </context>
 <context>
@@ -1108,11 +1157,11 @@ Die kleinere Kopie: %2</translation>
     <name>SlideForm</name>
     <message>
         <source>Above t&amp;he picture</source>
-        <translation>Übe&amp;r dem Bild</translation>
+        <translation>Üb&amp;er dem Bild</translation>
     </message>
     <message>
         <source>F&amp;ixed:</source>
-        <translation>F&amp;est:</translation>
+        <translation>Fe&amp;st:</translation>
     </message>
     <message>
         <source>Picture or video:</source>
@@ -1132,7 +1181,7 @@ Die kleinere Kopie: %2</translation>
     </message>
     <message>
         <source>Choose Soun&amp;d…</source>
-        <translation>T&amp;on wählen …</translation>
+        <translation>Ton &amp;wählen …</translation>
     </message>
     <message>
         <source>Sounds (*.amr *.mp3 *.aac *.m4a *.wav *.ogg *.mid *.imy);;All files (*)</source>
@@ -1144,7 +1193,7 @@ Die kleinere Kopie: %2</translation>
     </message>
     <message>
         <source>Pa&amp;ge color:</source>
-        <translation>&amp;Seitenfarbe:</translation>
+        <translation>Seitenf&amp;arbe:</translation>
     </message>
     <message>
         <source>&amp;Text:</source>
@@ -1209,6 +1258,34 @@ Die kleinere Kopie: %2</translation>
     <message>
         <source>Duration:</source>
         <translation>Dauer:</translation>
+    </message>
+    <message>
+        <source>White</source>
+        <translation>Weiß</translation>
+    </message>
+    <message>
+        <source>Black</source>
+        <translation>Schwarz</translation>
+    </message>
+    <message>
+        <source>Navy</source>
+        <translation>Marineblau</translation>
+    </message>
+    <message>
+        <source>Red</source>
+        <translation>Rot</translation>
+    </message>
+    <message>
+        <source>Green</source>
+        <translation>Grün</translation>
+    </message>
+    <message>
+        <source>Yellow</source>
+        <translation>Gelb</translation>
+    </message>
+    <message>
+        <source>Silver</source>
+        <translation>Silber</translation>
     </message>
 </context>
 <context>
@@ -1343,10 +1420,6 @@ Die kleinere Kopie: %2</translation>
             <numerusform>%n Warnungen</numerusform>
         </translation>
     </message>
-    <message>
-        <source>The message is refused. %1</source>
-        <translation>Die Nachricht ist abgelehnt. %1</translation>
-    </message>
     <message numerus="yes">
         <source>The message was read with %n change(s).</source>
         <translation>
@@ -1365,6 +1438,14 @@ Die kleinere Kopie: %2</translation>
     <message>
         <source>Show &amp;Problems</source>
         <translation>&amp;Probleme zeigen</translation>
+    </message>
+    <message>
+        <source>The message is refused.</source>
+        <translation>Die Nachricht wird abgelehnt.</translation>
+    </message>
+    <message>
+        <source>The message is refused: %1</source>
+        <translation>Die Nachricht wird abgelehnt: %1</translation>
     </message>
 </context>
 <context>
@@ -1452,6 +1533,14 @@ Die kleinere Kopie: %2</translation>
     <message>
         <source>Open a message or a folder of messages, or drop it here.</source>
         <translation>Öffnen Sie eine Nachricht oder einen Ordner mit Nachrichten, oder ziehen Sie sie hierher.</translation>
+    </message>
+    <message>
+        <source>and more</source>
+        <translation>und weitere</translation>
+    </message>
+    <message>
+        <source>The panel Details shows them.</source>
+        <translation>Der Bereich „Details“ zeigt sie.</translation>
     </message>
 </context>
 <context>

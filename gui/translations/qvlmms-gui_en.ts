@@ -2,6 +2,16 @@
 <!DOCTYPE TS>
 <TS version="2.1" language="en">
 <context>
+    <name>HeaderLines</name>
+    <message numerus="yes">
+        <source>%n more field(s)</source>
+        <translation>
+            <numerusform>%n more field</numerusform>
+            <numerusform>%n more fields</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
     <name>MessageListModel</name>
     <message numerus="yes">
         <source>%1 and %n more</source>
@@ -35,6 +45,16 @@
         <translation>
             <numerusform>%n octet</numerusform>
             <numerusform>%n octets</numerusform>
+        </translation>
+    </message>
+</context>
+<context>
+    <name>OptionsForm</name>
+    <message numerus="yes">
+        <source> day(s)</source>
+        <translation>
+            <numerusform> day</numerusform>
+            <numerusform> days</numerusform>
         </translation>
     </message>
 </context>

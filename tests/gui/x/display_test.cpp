@@ -19,6 +19,7 @@
 #include <QDialog>
 #include <QDir>
 #include <QLabel>
+#include <QPlainTextEdit>
 #include <QPointer>
 #include <QProcess>
 #include <QScreen>
@@ -26,6 +27,7 @@
 #include <QStyleFactory>
 #include <QTest>
 #include <QTimer>
+#include <QTranslator>
 
 #include <cstring>
 
@@ -172,6 +174,8 @@ void DisplayTest::playsToItsEnd(const char *name, const char *shot)
     takeShot(*window, shot);
     QTRY_VERIFY_WITH_TIMEOUT(!stage->isPlaying(), 20'000);
     QVERIFY(stage->isAtEnd());
+    const auto *remarks = stage->findChild<QPlainTextEdit *>(); // what could not be played
+    QVERIFY2(remarks->isHidden(), qPrintable(remarks->toPlainText()));
 }
 
 void DisplayTest::messageWithSoundPlaysToItsEnd()
@@ -285,6 +289,10 @@ void DisplayTest::messageIsComposedByKeyboardAlone()
     type(QStringLiteral("By keys"));
     press(QStringLiteral("alt+t")); // the text of the slide
     type(QStringLiteral("Only keys"));
+    press(QStringLiteral("ctrl+Return")); // another slide
+    press(QStringLiteral("alt+t"));
+    type(QStringLiteral("First"));
+    press(QStringLiteral("alt+Up"));
     const QString name = shots + QStringLiteral("/by-keys.mms");
     QFile::remove(name);
     QTimer::singleShot(20'000, this, [] { // so that a dialog that stays open fails the test
@@ -301,7 +309,9 @@ void DisplayTest::messageIsComposedByKeyboardAlone()
     const std::unique_ptr<Message> saved = readMessage(name, {}, &error);
     QVERIFY2(saved && !saved->isRefused(), qPrintable(error));
     QCOMPARE(saved->subject(), QStringLiteral("By keys"));
-    QVERIFY(saved->slides().getTotalSlidesNum() == 1);
+    QCOMPARE(saved->slides().getTotalSlidesNum(), 2U);
+    const MMS_COMP_SMILTimingContainer &slide = *saved->slides().getSlide(0);
+    QCOMPARE(saved->text(*slide.getMediaObject(0)->getData()), QStringLiteral("First"));
     press(QStringLiteral("ctrl+w"));
     QTRY_VERIFY(!writing); // saved work needs no question
 }
@@ -323,6 +333,9 @@ int main(int argc, char **argv)
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     if (argc < 4)
         return 2;
+    QTranslator texts; // singular and plural
+    if (texts.load(QStringLiteral(QVL_TRANSLATIONS "/qvlmms-gui_en")))
+        QApplication::installTranslator(&texts);
     messages = QString::fromLocal8Bit(argv[1]);
     media = QString::fromLocal8Bit(argv[2]);
     shots = QString::fromLocal8Bit(argv[3]);
