@@ -73,6 +73,10 @@ done
 quietly on_user "$(sed -n 's/^Exec=//p' "$source_dir/tools/desktop/qvlmms.thumbnailer" \
   | sed 's/%s/128/; s/%i/related.mms/; s/%o/thumbnail.png/') && [ -s thumbnail.png ]"
 
+step "the window"
+install_on_user '/packages/qvlmms-gui_*.deb'
+quietly on_user /source/debian/tests/window
+
 step "a program"
 install_on_user '/packages/libqvlsmilparser-dev_*.deb cmake g++ ninja-build pkgconf'
 quietly on_user /source/debian/tests/program
