@@ -24,6 +24,12 @@ using Slide = MMS_COMP_SMILTimingContainer;
 constexpr int MostActions = 40;
 constexpr qsizetype MostOctets = 256 * 1024;
 
+// An empty text, whether or not it is null.
+QString stored(const QString &text)
+{
+    return text.isNull() ? QStringLiteral("") : text;
+}
+
 // What the library can store of a message, and what it cannot.
 QByteArray recordOf(const Message &message)
 {
@@ -37,9 +43,9 @@ QByteArray recordOf(const Message &message)
     for (unsigned int i = 0; i < message.slides().getTotalSlidesNum(); ++i) {
         const Slide &slide = *message.slides().getSlide(i);
         slide.writeToStream(stream);
-        stream << slide.getSetDurManually() << slide.getTextSize();
+        stream << slide.getSetDurManually() << stored(slide.getTextSize());
         for (const MMS_COMP_COLOR &color : {slide.getPageColor(), slide.getTextColor()})
-            stream << color.kind << color.name << color.color;
+            stream << color.kind << stored(color.name) << color.color;
     }
     return record;
 }
