@@ -15,7 +15,6 @@ constexpr int TickMs = 10;
 constexpr int LeadMs = 200; // how early sound is given to the device
 constexpr int LateMs = 200; // sound that is later is left out
 constexpr int SamePlaceMs = 50;
-constexpr int SampleOctets = 2;
 constexpr qsizetype QueueOctets = qsizetype(8) << 20;
 constexpr qsizetype RecordCost = 256; // of memory, besides its octets
 
@@ -243,7 +242,7 @@ bool ClipPlayer::writeFirstSound()
     openSound(sound.header);
     if (!m_output || sound.header.ms < position() - LateMs)
         return true;
-    const qsizetype unit = qsizetype(sound.header.channels) * SampleOctets;
+    const qsizetype unit = qsizetype(sound.header.channels) * ClipRecord::SampleOctets;
     const qsizetype room = m_output->freeOctets() / unit * unit;
     const qsizetype written = std::min(room, sound.octets.size());
     m_output->write(QByteArrayView(sound.octets).first(written));

@@ -12,7 +12,6 @@ namespace {
 
 constexpr qsizetype HeaderSize = sizeof(Header);
 constexpr qint64 MostSeconds = qint64(ConvertLimits::Minutes) * 60;
-constexpr int SampleOctets = 2;
 constexpr int NameOctets = 64; // of a codec
 
 bool isPictureSize(const Header &header)
@@ -27,7 +26,7 @@ bool isSoundForm(const Header &header)
     return header.rate > 0 && header.rate <= ConvertLimits::SampleRate && header.channels > 0
         && header.channels <= ConvertLimits::Channels && header.octets > 0
         && header.octets <= ConvertLimits::RecordOctets
-        && header.octets % (header.channels * SampleOctets) == 0;
+        && header.octets % (header.channels * ClipRecord::SampleOctets) == 0;
 }
 
 unsigned bitOf(Kind kind)
@@ -102,5 +101,5 @@ bool RecordReader::isExpectedSound(const Header &header)
     }
     m_sampleOctets += header.octets;
     return header.rate == m_rate && header.channels == m_channels
-        && m_sampleOctets <= MostSeconds * m_rate * m_channels * SampleOctets;
+        && m_sampleOctets <= MostSeconds * m_rate * m_channels * ClipRecord::SampleOctets;
 }

@@ -15,6 +15,8 @@
 
 struct ClipRecord
 {
+    static constexpr int SampleOctets = 2; ///< of one channel
+
     ClipStream::Header header;
     QByteArray octets;
 };

@@ -14,7 +14,7 @@ constexpr auto OnlyOwner = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 const QString Suffix = QStringLiteral(".mms");
 const QString LockSuffix = QStringLiteral(".lock");
 
-struct Text
+struct DraftTexts
 {
     Q_DECLARE_TR_FUNCTIONS(MessageDraft)
 };
@@ -59,7 +59,7 @@ std::unique_ptr<MessageDraft> MessageDraft::create(const QString &folder, QStrin
         if (draft->m_lock.tryLock())
             return draft;
     }
-    *error = Text::tr("Unsaved work cannot be kept: %1 cannot be written.").arg(folder);
+    *error = DraftTexts::tr("Unsaved work cannot be kept: %1 cannot be written.").arg(folder);
     return nullptr;
 }
 
@@ -88,7 +88,7 @@ bool MessageDraft::write(const QByteArray &pdu, QString *error)
     const bool isWritten = file.open(QIODevice::WriteOnly) && file.setPermissions(OnlyOwner)
         && file.write(pdu) == pdu.size() && file.commit();
     if (!isWritten)
-        *error = Text::tr("Unsaved work cannot be kept: %1").arg(file.errorString());
+        *error = DraftTexts::tr("Unsaved work cannot be kept: %1").arg(file.errorString());
     return isWritten;
 }
 

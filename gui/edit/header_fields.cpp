@@ -9,7 +9,7 @@ void setPresent(unsigned char field, bool isPresent, MMS_UA_UAMsg *header)
     header->setFieldsPresent(isPresent ? fields | mask : fields & ~mask);
 }
 
-constexpr unsigned char fieldOf(Recipients kind)
+constexpr unsigned char codeOf(Recipients kind)
 {
     constexpr unsigned char fields[] = {HeaderFieldCode::To, HeaderFieldCode::Cc,
                                         HeaderFieldCode::Bcc};
@@ -38,7 +38,7 @@ void HeaderFields::setRecipients(Recipients kind, const std::vector<MMS_UTIL_Ent
     list.clear();
     for (const MMS_UTIL_Entry &entry : entries)
         list.append(new MMS_UTIL_Entry(entry));
-    setPresent(fieldOf(kind), !entries.empty(), header);
+    setPresent(codeOf(kind), !entries.empty(), header);
 }
 
 void HeaderFields::setSubject(const QString &subject, MMS_UA_UAMsg *header)

@@ -34,7 +34,7 @@ bool contains(const QString &fileName)
            }));
 }
 
-struct Text
+struct OpenedFilesTexts
 {
     Q_DECLARE_TR_FUNCTIONS(OpenedFiles)
 };
@@ -49,8 +49,8 @@ void OpenedFiles::add(const QString &fileName)
 QString OpenedFiles::refusal(const QString &fileName)
 {
     if (contains(fileName))
-        return Text::tr("%1 was opened to be read. Choose another name.").arg(fileName);
+        return OpenedFilesTexts::tr("%1 was opened to be read. Choose another name.").arg(fileName);
     return isMessage(fileName)
-        ? Text::tr("%1 is another message. Choose another name.").arg(fileName)
+        ? OpenedFilesTexts::tr("%1 is another message. Choose another name.").arg(fileName)
         : QString();
 }

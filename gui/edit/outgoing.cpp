@@ -10,7 +10,7 @@ namespace {
 
 using Slide = MMS_COMP_SMILTimingContainer;
 
-struct Text
+struct OutgoingTexts
 {
     Q_DECLARE_TR_FUNCTIONS(Outgoing)
 };
@@ -31,13 +31,14 @@ bool hasRecipient(const MMS_UA_UAMsg &header)
 QString whyIncomplete(const Message &message)
 {
     if (!hasRecipient(message.header()))
-        return Text::tr("The message has no recipient.");
+        return OutgoingTexts::tr("The message has no recipient.");
     const unsigned int slides = message.slides().getTotalSlidesNum();
     if (slides == 0 && message.parts().getPartCount() == 0)
-        return Text::tr("The message has no content.");
+        return OutgoingTexts::tr("The message has no content.");
     for (unsigned int i = 0; i < slides; ++i) {
         if (message.slides().getMediaObjectCount(i) == 0)
-            return Text::tr("Slide %1 has no text, picture or sound. Add one, or delete the slide.")
+            return OutgoingTexts::tr(
+                       "Slide %1 has no text, picture or sound. Add one, or delete the slide.")
                 .arg(i + 1);
     }
     return {};
@@ -82,15 +83,15 @@ QString encode(Message *message)
     if (slides.getTotalSlidesNum() == 0)
         message->parts().setSubType(QStringLiteral("vnd.wap.multipart.mixed"));
     else if (!message->storeSlides())
-        return Text::tr("There is not enough memory.");
+        return OutgoingTexts::tr("There is not enough memory.");
     if (message->parts().getPartCount() > QvlMessage::MostParts)
-        return Text::tr("The message has %1 parts. It can have %2.")
+        return OutgoingTexts::tr("The message has %1 parts. It can have %2.")
             .arg(message->parts().getPartCount())
             .arg(QvlMessage::MostParts);
     const QvlMessage::Result result = message->encode(&message->octets);
-    return result.isOk()
-        ? QString()
-        : Text::tr("The message cannot be written: %1.").arg(QLatin1String(result.meaning()));
+    return result.isOk() ? QString()
+                         : OutgoingTexts::tr("The message cannot be written: %1.")
+                               .arg(QLatin1String(result.meaning()));
 }
 
 void leaveOutEmptyTexts(Message *message)
@@ -112,7 +113,8 @@ Outgoing encodeToSave(const EditedState &state)
     const QString changed = whatChanges(*message);
     if (!changed.isEmpty())
         return {{},
-                Text::tr("%1 would read back differently. Change it, or remove it.").arg(changed)};
+                OutgoingTexts::tr("%1 would read back differently. Change it, or remove it.")
+                    .arg(changed)};
     return {message->octets, {}};
 }
 

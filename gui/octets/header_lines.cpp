@@ -7,7 +7,7 @@
 
 namespace {
 
-struct Text
+struct HeaderTexts
 {
     Q_DECLARE_TR_FUNCTIONS(HeaderLines)
 };
@@ -19,10 +19,10 @@ QList<FieldView> headerLines(const Message &message)
     QList<FieldView> lines = fieldViews(message);
     if (const qsizetype more = lines.size() - MostHeaderLines; more > 0) {
         lines.resize(MostHeaderLines);
-        lines += {Text::tr("%n more field(s)", nullptr, int(more)), {}};
+        lines += {HeaderTexts::tr("%n more field(s)", nullptr, int(more)), {}};
     }
     for (const QString &line : changeLines(message))
-        lines += {Text::tr("Changed to read it"), line.trimmed()};
+        lines += {HeaderTexts::tr("Changed to read it"), line.trimmed()};
     for (FieldView &line : lines) {
         if (line.text.size() > LongestHeaderLine)
             line.text = line.text.left(LongestHeaderLine) + QChar(0x2026);

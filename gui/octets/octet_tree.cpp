@@ -17,7 +17,7 @@ using TerminalText::visible;
 constexpr qsizetype LongestValue = 200; // characters of a value that are shown
 constexpr std::size_t MostOfParts = 50'000; // items, until headers are left out
 
-struct Text
+struct TreeTexts
 {
     Q_DECLARE_TR_FUNCTIONS(OctetTree)
 };
@@ -30,14 +30,14 @@ QString shortened(const QString &text)
 
 QString octetsText(qsizetype count)
 {
-    return Text::tr("%n octet(s)", nullptr, int(count));
+    return TreeTexts::tr("%n octet(s)", nullptr, int(count));
 }
 
 QString nameOf(const QvlScannedHeader &header)
 {
     if (header.name)
         return QString::fromLatin1(header.name);
-    return header.letters.isEmpty() ? Text::tr("header %1").arg(header.code)
+    return header.letters.isEmpty() ? TreeTexts::tr("header %1").arg(header.code)
                                     : visible(QString::fromLatin1(header.letters));
 }
 
@@ -62,7 +62,7 @@ public:
     OctetItem whole() const
     {
         const std::optional<QvlContentType> type = m_part.contentType();
-        return {Text::tr("Part %1").arg(m_part.index),
+        return {TreeTexts::tr("Part %1").arg(m_part.index),
                 type ? shortened(type->mediaType) : QString(), m_body + m_part.offset,
                 m_part.octets.size(), m_parent};
     }
@@ -102,7 +102,7 @@ void OctetTree::addHeader(const Message &message)
 {
     const QByteArray &octets = message.octets;
     QvlHeaderScanner scanner(octets);
-    const int header = add({Text::tr("Header")});
+    const int header = add({TreeTexts::tr("Header")});
     QvlScannedField field;
     int count = 0;
     while (count < MostItems && scanner.next(&field)) {
@@ -115,14 +115,14 @@ void OctetTree::addHeader(const Message &message)
     while (isRest && scanner.next(&field))
         ;
     if (isRest) {
-        add({Text::tr("more fields"), {}, end, scanner.position() - end, header});
+        add({TreeTexts::tr("more fields"), {}, end, scanner.position() - end, header});
         end = scanner.position();
     }
     m_items[std::size_t(header)].length = end;
     if (scanner.result() == QvlHeaderScanner::ContentTypeRead)
         addBody(message, end);
     else if (end < octets.size())
-        add({Text::tr("Not read"), QString::fromLatin1(scanner.meaning()), end,
+        add({TreeTexts::tr("Not read"), QString::fromLatin1(scanner.meaning()), end,
              octets.size() - end});
 }
 
@@ -131,7 +131,7 @@ void OctetTree::addBody(const Message &message, qsizetype offset)
     const qsizetype size = message.octets.size() - offset;
     if (size == 0)
         return;
-    const int body = add({Text::tr("Body"), octetsText(size), offset, size});
+    const int body = add({TreeTexts::tr("Body"), octetsText(size), offset, size});
     if (message.bodyResult)
         addParts(message, offset, body);
 }
@@ -147,17 +147,17 @@ void OctetTree::addParts(const Message &message, qsizetype offset, int body)
         if (count > MostItems)
             m_items.back().length = offset + end - m_items.back().offset; // of the rest
         else if (count == MostItems)
-            add({Text::tr("more parts"), {}, offset + part.offset, part.octets.size(), body});
+            add({TreeTexts::tr("more parts"), {}, offset + part.offset, part.octets.size(), body});
         if (count >= MostItems)
             continue;
         if (count == 0)
-            add({Text::tr("Count of parts"), {}, offset, part.offset, body});
+            add({TreeTexts::tr("Count of parts"), {}, offset, part.offset, body});
         addPart(part, offset, body);
     }
     if (end == octets.size())
         return;
     const bool isExtra = parts.result() == QvlPartScanner::PartsRead;
-    add({isExtra ? Text::tr("After the parts") : Text::tr("Not read"),
+    add({isExtra ? TreeTexts::tr("After the parts") : TreeTexts::tr("Not read"),
          isExtra ? octetsText(octets.size() - end) : QString::fromLatin1(parts.meaning()),
          offset + end, octets.size() - end, body});
 }
@@ -166,18 +166,19 @@ void OctetTree::addPart(const QvlScannedPart &part, qsizetype offset, int body)
 {
     const PartItems items(part, offset, body);
     const int whole = add(items.whole());
-    add(items.inside(Text::tr("Content-Type"), item(whole).value, part.contentTypeOctets, whole));
+    add(items.inside(TreeTexts::tr("Content-Type"), item(whole).value, part.contentTypeOctets,
+                     whole));
     QvlPartHeaderScanner headers(part.headers);
     QvlScannedHeader header;
     while (m_items.size() < MostOfParts && headers.next(&header))
         add(items.inside(nameOf(header), valueOf(header), header.octets, whole));
     if (const QByteArrayView rest = part.headers.sliced(headers.position()); !rest.isEmpty())
-        add(items.inside(Text::tr("Not read"),
+        add(items.inside(TreeTexts::tr("Not read"),
                          headers.result() == QvlPartHeaderScanner::Scanning
-                             ? Text::tr("more headers")
+                             ? TreeTexts::tr("more headers")
                              : QString::fromLatin1(headers.meaning()),
                          rest, whole));
-    add(items.inside(Text::tr("Data"), octetsText(part.data.size()), part.data, whole));
+    add(items.inside(TreeTexts::tr("Data"), octetsText(part.data.size()), part.data, whole));
 }
 
 // Each problem marks the item at its place.
@@ -189,7 +190,7 @@ void OctetTree::addProblems(const Check::Findings &findings)
         if (octet < 0)
             continue;
         if (problems < 0)
-            problems = add({Text::tr("Problems")});
+            problems = add({TreeTexts::tr("Problems")});
         const int marked = innermost(octet);
         const bool isWhole = marked >= 0 && item(marked).offset == octet;
         OctetItem problem{QString::fromLatin1(textOf(finding.rule).id),
