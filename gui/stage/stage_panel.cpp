@@ -3,9 +3,11 @@
 #include "common/visible_lines.h"
 #include "input/message.h"
 #include "stage/stage.h"
+#include "stage/time_line.h"
 #include "view/terminal_text.h"
 
 #include <QAction>
+#include <QCloseEvent>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
@@ -54,7 +56,7 @@ StagePanel::StagePanel(QWidget *parent) : StagePanel(std::make_unique<SystemCloc
 
 StagePanel::StagePanel(std::unique_ptr<Clock> clock, QWidget *parent)
     : QWidget(parent), m_clock(std::move(clock)), m_player(m_clock.get()), m_stage(new Stage(this)),
-      m_remarks(new QPlainTextEdit(this)), m_timeLine(new QSlider(Qt::Horizontal, this)),
+      m_remarks(new QPlainTextEdit(this)), m_timeLine(new TimeLine(this)),
       m_position(new QLabel(this))
 {
     setTiming({});
@@ -180,6 +182,15 @@ bool StagePanel::eventFilter(QObject *object, QEvent *event)
 {
     return object == m_stage && event->type() == QEvent::KeyPress
         && pressKey(static_cast<QKeyEvent *>(event)->key());
+}
+
+// The full screen is a window of its own. When it is closed, the stage goes back into its place.
+void StagePanel::closeEvent(QCloseEvent *event)
+{
+    if (!isFullScreen())
+        return QWidget::closeEvent(event);
+    setFullScreen(false);
+    event->ignore();
 }
 
 void StagePanel::keyPressEvent(QKeyEvent *event)

@@ -86,6 +86,10 @@ bool ComposeWindow::saveAs()
 {
     if (!m_header->commit())
         return false;
+    if (const QString problem = m_editor->encodeToSave().problem; !problem.isEmpty()) {
+        m_questions.refuse(this, tr("Save Message"), problem);
+        return false;
+    }
     const QString name = m_questions.saveAs(this, tr("message.mms"));
     return !name.isEmpty() && write(name);
 }

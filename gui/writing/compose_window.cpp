@@ -17,6 +17,7 @@
 #include <QLineEdit>
 #include <QMenuBar>
 #include <QPlainTextEdit>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSettings>
 #include <QSplitter>
@@ -30,6 +31,7 @@ namespace {
 constexpr QLatin1StringView Geometry("writing/geometry");
 constexpr QLatin1StringView Splitter("writing/splitter");
 constexpr QSize UsualSize(980, 760);
+constexpr int NarrowWidth = 700; // pixels
 constexpr std::chrono::milliseconds DrawingDelay{150}; // after the last change
 
 } // namespace
@@ -38,9 +40,10 @@ ComposeWindow::ComposeWindow(std::unique_ptr<Editor> editor, std::unique_ptr<Mes
                              Questions questions)
     : m_editor(std::move(editor)), m_questions(std::move(questions)),
       m_header(new HeaderForm(m_editor.get(), this)),
-      m_slides(new SlideStrip(m_editor.get(), this)), m_stage(new Stage(this)),
       m_slide(new SlideForm(m_editor.get(), m_questions, this)),
       m_attachments(new AttachmentsList(m_editor.get(), m_questions, this)),
+      m_options(new OptionsForm(m_editor.get(), this)),
+      m_slides(new SlideStrip(m_editor.get(), this)), m_stage(new Stage(this)),
       m_size(new SizeGauge(this))
 {
     setAttribute(Qt::WA_DeleteOnClose);
@@ -65,7 +68,7 @@ void ComposeWindow::makeCenter()
 {
     auto *options = new QGroupBox(tr("Options"), this);
     auto *optionsLayout = new QVBoxLayout(options);
-    optionsLayout->addWidget(new OptionsForm(m_editor.get(), options));
+    optionsLayout->addWidget(m_options);
     auto *form = new QWidget(this);
     auto *formLayout = new QVBoxLayout(form);
     formLayout->addWidget(m_header);
@@ -192,8 +195,18 @@ void ComposeWindow::restoreLayout()
 {
     const QSettings settings;
     if (!restoreGeometry(settings.value(Geometry).toByteArray()))
-        resize(UsualSize);
+        resize(UsualSize.boundedTo(screen()->availableSize()));
     m_splitter->restoreState(settings.value(Splitter).toByteArray());
+}
+
+// On a narrow screen, such as a phone's, the slides are above, and the preview is left out.
+void ComposeWindow::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    const bool isNarrow = width() < NarrowWidth;
+    m_splitter->setOrientation(isNarrow ? Qt::Vertical : Qt::Horizontal);
+    m_slides->setRow(isNarrow);
+    m_stage->setVisible(!isNarrow);
 }
 
 void ComposeWindow::saveLayout() const

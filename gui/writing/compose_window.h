@@ -16,6 +16,7 @@
 
 class AttachmentsList;
 class HeaderForm;
+class OptionsForm;
 class QSplitter;
 class SizeGauge;
 class SlideForm;
@@ -52,6 +53,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void makeCenter();
@@ -80,9 +82,10 @@ private:
     QSplitter *m_splitter = nullptr;
     QPointer<QWidget> m_focus; ///< while the window waits
     HeaderForm *m_header;
+    SlideForm *m_slide; // these are in the order of the Tab key
+    AttachmentsList *m_attachments;
+    OptionsForm *m_options;
     SlideStrip *m_slides;
     Stage *m_stage;
-    SlideForm *m_slide;
-    AttachmentsList *m_attachments;
     SizeGauge *m_size;
 };

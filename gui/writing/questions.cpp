@@ -10,7 +10,7 @@
 
 namespace {
 
-struct Text
+struct QuestionTexts
 {
     Q_DECLARE_TR_FUNCTIONS(Questions)
 };
@@ -27,8 +27,8 @@ int ask(QWidget *parent, const QString &title, const QString &text, const QStrin
 
 QString saveAs(QWidget *parent, const QString &suggested)
 {
-    QFileDialog dialog(parent, Text::tr("Save Message"), {},
-                       Text::tr("Multimedia messages (*.mms)"));
+    QFileDialog dialog(parent, QuestionTexts::tr("Save Message"), {},
+                       QuestionTexts::tr("Multimedia messages (*.mms)"));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix(QStringLiteral("mms"));
     dialog.selectFile(suggested);
@@ -42,56 +42,66 @@ QStringList files(QWidget *parent, const QString &title, const QString &kinds)
 
 bool saveWithErrors(QWidget *parent, const QStringList &errors)
 {
-    return ask(parent, Text::tr("Save Message"),
-               Text::tr(
+    return ask(parent, QuestionTexts::tr("Save Message"),
+               QuestionTexts::tr(
                    "Receivers will refuse the message or lose something. Save it all the same?"),
                errors.join(QLatin1Char('\n')), QMessageBox::Save | QMessageBox::Cancel,
                QMessageBox::Cancel)
         == QMessageBox::Save;
 }
 
-Questions::Answer unsaved(QWidget *parent)
+QString sizes(qint64 octets, const QSize &pixels)
 {
-    switch (ask(parent, Text::tr("Close"), Text::tr("The message was not saved. Save it?"), {},
-                QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
-                QMessageBox::Save)) {
+    return QuestionTexts::tr("%1 x %2 pixels, %3")
+        .arg(pixels.width())
+        .arg(pixels.height())
+        .arg(QLocale().formattedDataSize(octets));
+}
+
+Questions::Answer answerOf(int button)
+{
+    switch (button) {
     case QMessageBox::Save:
+    case QMessageBox::Yes:
         return Questions::Save;
     case QMessageBox::Discard:
+    case QMessageBox::No:
         return Questions::Discard;
     default:
         return Questions::Cancel;
     }
 }
 
-QString sizes(qint64 octets, const QSize &pixels)
+Questions::Answer unsaved(QWidget *parent)
 {
-    return Text::tr("%1 x %2 pixels, %3")
-        .arg(pixels.width())
-        .arg(pixels.height())
-        .arg(QLocale().formattedDataSize(octets));
+    return answerOf(ask(parent, QuestionTexts::tr("Close"),
+                        QuestionTexts::tr("The message was not saved. Save it?"), {},
+                        QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel,
+                        QMessageBox::Save));
 }
 
-bool takeSmaller(QWidget *parent, qint64 octets, const SmallerPicture &copy)
+Questions::Answer takeSmaller(QWidget *parent, qint64 octets, const SmallerPicture &copy)
 {
-    return ask(parent, Text::tr("Large Picture"), Text::tr("Take a smaller copy of the picture?"),
-               Text::tr("The picture: %1\nThe smaller copy: %2")
-                   .arg(sizes(octets, copy.originalSize), sizes(copy.octets.size(), copy.size)),
-               QMessageBox::Yes | QMessageBox::No, QMessageBox::Yes)
-        == QMessageBox::Yes;
+    return answerOf(
+        ask(parent, QuestionTexts::tr("Large Picture"),
+            QuestionTexts::tr("Take a smaller copy of the picture?"),
+            QuestionTexts::tr("The picture: %1\nThe smaller copy: %2")
+                .arg(sizes(octets, copy.originalSize), sizes(copy.octets.size(), copy.size)),
+            QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel, QMessageBox::Yes));
 }
 
 Questions::Answer drafts(QWidget *parent, int count)
 {
     QMessageBox box(
-        QMessageBox::Question, Text::tr("Drafts"),
-        Text::tr("%n message(s) were not saved when the program ended.", nullptr, count),
+        QMessageBox::Question, QuestionTexts::tr("Drafts"),
+        QuestionTexts::tr("%n message(s) were not saved when the program ended.", nullptr, count),
         QMessageBox::NoButton, parent);
-    box.setInformativeText(Text::tr("Go on writing?"));
-    const QAbstractButton *open = box.addButton(Text::tr("&Go On"), QMessageBox::AcceptRole);
+    box.setInformativeText(QuestionTexts::tr("Go on writing?"));
+    const QAbstractButton *open =
+        box.addButton(QuestionTexts::tr("&Go On"), QMessageBox::AcceptRole);
     const QAbstractButton *discard =
-        box.addButton(Text::tr("&Discard"), QMessageBox::DestructiveRole);
-    box.setEscapeButton(box.addButton(Text::tr("&Later"), QMessageBox::RejectRole));
+        box.addButton(QuestionTexts::tr("&Discard"), QMessageBox::DestructiveRole);
+    box.setEscapeButton(box.addButton(QuestionTexts::tr("&Later"), QMessageBox::RejectRole));
     box.exec();
     return box.clickedButton() == open   ? Questions::Save
         : box.clickedButton() == discard ? Questions::Discard

@@ -23,8 +23,9 @@ struct Questions
     std::function<bool(QWidget *parent, const QStringList &errors)> saveWithErrors;
     /// What becomes of unsaved work.
     std::function<Answer(QWidget *parent)> unsaved;
-    /// Whether to take the smaller copy of a picture; @p octets is the size of the original.
-    std::function<bool(QWidget *parent, qint64 octets, const SmallerPicture &copy)> takeSmaller;
+    /// Whether to take the smaller copy of a picture (Save) or the original (Discard); @p octets is
+    /// the size of the original.
+    std::function<Answer(QWidget *parent, qint64 octets, const SmallerPicture &copy)> takeSmaller;
     /// What becomes of drafts that a crash left: Save opens them, Cancel leaves them for later.
     std::function<Answer(QWidget *parent, int drafts)> drafts;
     /// Says why something is not possible.

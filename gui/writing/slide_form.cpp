@@ -219,9 +219,11 @@ void SlideForm::offerSmaller(int slide, const QString &fileName, const QByteArra
         const std::optional<SmallerPicture> copy = watcher->result();
         watcher->deleteLater();
         emit reading(--m_pictures > 0);
-        if (copy && m_questions.takeSmaller(this, octets.size(), *copy))
+        const Questions::Answer answer =
+            copy ? m_questions.takeSmaller(this, octets.size(), *copy) : Questions::Discard;
+        if (answer == Questions::Save)
             add(slide, copy->fileName, copy->octets);
-        else
+        else if (answer == Questions::Discard)
             add(slide, fileName, octets);
     });
     emit reading(++m_pictures > 0);
@@ -255,6 +257,7 @@ void SlideForm::followText()
     if (m_text->toPlainText() != text) {
         const QSignalBlocker blocker(m_text);
         m_text->setPlainText(text);
+        m_text->moveCursor(QTextCursor::End);
     }
     const MMS_COMP_SMILTimingContainer &slide = *m_editor->slide(m_slide);
     const bool hasText = m_editor->objectIndex(m_slide, SMIL_MEDIA_TEXT) >= 0;

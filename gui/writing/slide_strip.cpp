@@ -28,16 +28,19 @@ SlideStrip::SlideStrip(Editor *editor, QWidget *parent)
                           [this] { perform(m_editor->deleteSlide(current()), current()); });
     m_up = addCommand(tr("Move Slide &Up"), Qt::ALT | Qt::Key_Up, [this] { moveBy(-1); });
     m_down = addCommand(tr("Move Slide Do&wn"), Qt::ALT | Qt::Key_Down, [this] { moveBy(1); });
-    auto *layout = new QVBoxLayout(this);
-    layout->setContentsMargins({});
-    layout->addWidget(m_list, 1);
+    m_layout = new QVBoxLayout(this);
+    m_layout->setContentsMargins({});
+    m_layout->addWidget(m_list, 1);
+    m_buttons = new QVBoxLayout;
+    m_layout->addLayout(m_buttons);
     for (QAction *action : std::as_const(m_commands).first(3)) {
         auto *button = new QToolButton(this);
         button->setDefaultAction(action);
         button->setFocusPolicy(Qt::StrongFocus);
         button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
-        layout->addWidget(button);
+        m_buttons->addWidget(button);
     }
+    setRow(false);
     connect(editor, &Editor::changed, this, &SlideStrip::follow);
     follow();
 }
@@ -50,9 +53,7 @@ void SlideStrip::makeList()
     m_list->setIconSize(ThumbnailSize);
     m_list->setDragDropMode(QAbstractItemView::InternalMove);
     m_list->setDefaultDropAction(Qt::MoveAction);
-    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->setSpacing(2);
-    m_list->setFixedWidth(ThumbnailSize.width() + 70);
     m_list->viewport()->installEventFilter(this);
     connect(m_list, &QListWidget::currentRowChanged, this, &SlideStrip::follow);
 }
@@ -65,6 +66,17 @@ QAction *SlideStrip::addCommand(const QString &text, const QKeySequence &keys,
     connect(action, &QAction::triggered, this, run);
     m_commands += action;
     return action;
+}
+
+void SlideStrip::setRow(bool isRow)
+{
+    const QSize place = ThumbnailSize + QSize(70, 30);
+    m_list->setFlow(isRow ? QListView::LeftToRight : QListView::TopToBottom);
+    m_list->setMinimumWidth(isRow ? 0 : place.width());
+    m_list->setMaximumWidth(isRow ? QWIDGETSIZE_MAX : place.width());
+    m_list->setMaximumHeight(isRow ? place.height() : QWIDGETSIZE_MAX);
+    m_list->setHorizontalScrollBarPolicy(isRow ? Qt::ScrollBarAsNeeded : Qt::ScrollBarAlwaysOff);
+    m_buttons->setDirection(isRow ? QBoxLayout::LeftToRight : QBoxLayout::TopToBottom);
 }
 
 int SlideStrip::current() const
@@ -108,9 +120,10 @@ bool SlideStrip::eventFilter(QObject *object, QEvent *event)
     const QPoint place = drop->position().toPoint();
     const QModelIndex target = m_list->indexAt(place);
     const QRect area = m_list->visualRect(target);
-    const int before = !target.isValid() ? m_list->count()
-        : place.y() > area.center().y()  ? target.row() + 1
-                                         : target.row();
+    const bool isAfter = m_list->flow() == QListView::LeftToRight
+        ? (place.x() > area.center().x()) != isRightToLeft()
+        : place.y() > area.center().y();
+    const int before = target.isValid() ? target.row() + int(isAfter) : m_list->count();
     const int from = current();
     const int to = before > from ? before - 1 : before;
     drop->setDropAction(Qt::IgnoreAction); // the list itself moves nothing

@@ -12,6 +12,7 @@
 
 class Editor;
 class QAction;
+class QBoxLayout;
 class QListWidget;
 
 class SlideStrip : public QWidget
@@ -28,6 +29,8 @@ public:
     void setCurrent(int slide);
     /// Adds a slide after the chosen one, and chooses it.
     void addSlide();
+    /// Shows the slides in one row, or one below the other.
+    void setRow(bool isRow);
     /// Draws the slides of the message @p pdu; none for an empty one.
     void draw(const QByteArray &pdu);
 
@@ -53,6 +56,8 @@ private:
     void showDrawn(const DrawnSlide &slide);
 
     Editor *m_editor;
+    QBoxLayout *m_layout;
+    QBoxLayout *m_buttons;
     QListWidget *m_list;
     QList<QAction *> m_commands;
     QAction *m_delete;

@@ -71,7 +71,7 @@ inline Questions OpenComposeWindow::questions()
     };
     answers.takeSmaller = [this](QWidget *, qint64, const SmallerPicture &) {
         ++m_smallerAsked;
-        return m_takesSmaller;
+        return m_takesSmaller ? Questions::Save : Questions::Discard;
     };
     answers.drafts = [this](QWidget *, int) { return m_drafts; };
     answers.refuse = [this](QWidget *, const QString &, const QString &why) { m_refused += why; };

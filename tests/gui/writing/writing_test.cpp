@@ -41,6 +41,8 @@ private slots:
     void gaugeSaysTheExcess();
     void durationIsTypedAsOneStep();
     void undoKeyWorksInNumbers();
+    void cursorStaysAtTheEndAfterUndo();
+    void narrowWindowFitsAPhone();
     void furtherDroppedPicturesGetSlides();
     void pictureStaysOnItsSlideWhileItIsRead();
     void replyHasTheSender();
@@ -228,6 +230,24 @@ void WritingTest::durationIsTypedAsOneStep()
     QTest::keyClick(seconds, Qt::Key_Return);
     QCOMPARE(m_editor->slide(0)->getDur(), 12'500);
     QCOMPARE(m_editor->steps()->count(), steps + 1);
+}
+
+void WritingTest::cursorStaysAtTheEndAfterUndo()
+{
+    auto *text = control<QPlainTextEdit>(QStringLiteral("Text"));
+    QTest::keyClicks(text, QStringLiteral("ab"));
+    action(QStringLiteral("Undo"))->trigger();
+    action(QStringLiteral("Redo"))->trigger();
+    QTest::keyClicks(text, QStringLiteral("c"));
+    QCOMPARE(text->toPlainText(), QStringLiteral("abc"));
+}
+
+void WritingTest::narrowWindowFitsAPhone()
+{
+    m_window->resize(360, 640);
+    QTRY_COMPARE(m_window->size(), QSize(360, 640));
+    QVERIFY(control<QLineEdit>(QStringLiteral("Subject"))->width() > 150);
+    m_window->resize(980, 760);
 }
 
 void WritingTest::undoKeyWorksInNumbers()
