@@ -18,19 +18,6 @@ namespace {
 constexpr qsizetype MostFolders = 500;
 constexpr qsizetype MostFiles = 20'000;
 
-struct Stamp
-{
-    QDateTime time;
-    qint64 size;
-    bool operator==(const Stamp &other) const = default;
-};
-
-struct Changes
-{
-    QStringList written; ///< added or modified
-    QStringList removed;
-};
-
 bool isMessage(const QString &file)
 {
     return beginsLikeMessage(std::filesystem::path(FileName::toOctets(file).toStdString()));
@@ -46,7 +33,18 @@ public:
     void watch(const QStringList &names, int turn);
 
 private:
+    struct Stamp
+    {
+        QDateTime time;
+        qint64 size;
+        bool operator==(const Stamp &other) const = default;
+    };
     using Stamps = QHash<QString, Stamp>;
+    struct Changes
+    {
+        QStringList written; ///< added or modified
+        QStringList removed;
+    };
 
     bool isReplaced() const { return m_owner->m_turn != m_turn; }
     void touch(const QString &folder);

@@ -24,6 +24,8 @@ QString addressOf(const Entry &entry)
 {
     if (!entry.from.isEmpty())
         return entry.from;
+    if (entry.to.isEmpty() && entry.subject.isEmpty())
+        return QFileInfo(entry.file).fileName();
     const QString first = entry.to.value(0);
     return entry.to.size() > 1
         ? MessageListModel::tr("%1 and %n more", nullptr, int(entry.to.size() - 1)).arg(first)

@@ -54,7 +54,7 @@ MessageListView::MessageListView(QWidget *parent)
     layout->setContentsMargins({});
     layout->addWidget(m_words);
     layout->addWidget(m_empty, 1);
-    layout->addWidget(m_table, 4);
+    layout->addWidget(m_table, 1);
     layout->addWidget(m_reading);
     m_turn.setSingleShot(true);
     connect(&m_turn, &QTimer::timeout, this, &MessageListView::takeResults);
@@ -76,11 +76,7 @@ void MessageListView::makeFilterLine()
     m_words->setAccessibleName(tr("Filter"));
     m_words->setClearButtonEnabled(true);
     m_words->installEventFilter(this);
-    connect(m_words, &QLineEdit::textChanged, this, [this](const QString &text) {
-        m_filter.setWords(text);
-        updateState();
-        m_visible.start();
-    });
+    connect(m_words, &QLineEdit::textChanged, this, &MessageListView::filter);
     auto *find = new QAction(tr("&Filter"), this);
     find->setShortcut(QKeySequence::Find);
     connect(find, &QAction::triggered, this, [this] {
@@ -112,17 +108,17 @@ void MessageListView::makeTable()
     m_table->setSortingEnabled(true);
     for (const auto &[column, width] :
          {std::pair(MessageListModel::Slide, ThumbnailSize.width() + 8),
-          {MessageListModel::Address, 125},
-          {MessageListModel::Subject, 120},
-          {MessageListModel::Date, 115},
-          {MessageListModel::Size, 70},
-          {MessageListModel::Media, 120}})
+          {MessageListModel::Address, 115},
+          {MessageListModel::Subject, 115},
+          {MessageListModel::Date, 110},
+          {MessageListModel::Size, 65},
+          {MessageListModel::Media, 100}})
         m_table->setColumnWidth(column, width);
     m_table->horizontalHeader()->setStretchLastSection(true);
     m_table->installEventFilter(this);
     connect(m_table->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
             [this](const QModelIndex &index) {
-                if (index.isValid())
+                if (index.isValid() && !m_isFiltering)
                     emit current(fileOf(index));
             });
     connect(m_table, &QTableView::doubleClicked, this,
@@ -178,6 +174,16 @@ void MessageListView::sortBy(int column)
     m_table->sortByColumn(column, isAscending ? Qt::DescendingOrder : Qt::AscendingOrder);
 }
 
+// The shown message stays, also when its row is filtered out.
+void MessageListView::filter(const QString &words)
+{
+    m_isFiltering = true;
+    m_filter.setWords(words);
+    m_isFiltering = false;
+    updateState();
+    m_visible.start();
+}
+
 bool MessageListView::eventFilter(QObject *object, QEvent *event)
 {
     if (event->type() == QEvent::Resize && object == m_table)
@@ -197,6 +203,8 @@ bool MessageListView::eventFilter(QObject *object, QEvent *event)
     }
     if (object == m_words && (key == Qt::Key_Down || isReturn)) {
         m_table->setFocus();
+        m_table->setCurrentIndex({});
+        m_table->setCurrentIndex(m_filter.index(0, 0));
         return true;
     }
     return false;
@@ -299,6 +307,7 @@ void MessageListView::updateState()
 {
     const bool isEmpty = m_filter.rowCount() == 0 && !isBusy();
     m_empty->setVisible(isEmpty);
+    m_table->setVisible(!isEmpty);
     m_empty->setText(m_model.rowCount() > 0 ? tr("No message contains these words.")
                                             : tr("There are no messages here."));
 }
@@ -326,6 +335,8 @@ void MessageListView::reload(const QStringList &messages, const QStringList &oth
     if (changed.contains(shown))
         emit current(shown);
     updateState();
+    if (m_model.rowCount() == 0)
+        emit emptied();
 }
 
 void MessageListView::choose(const QString &file)

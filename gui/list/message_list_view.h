@@ -60,6 +60,8 @@ signals:
     void opened(const QString &file);
     /// A line for the status bar.
     void reported(const QString &line);
+    /// The last message was removed.
+    void emptied();
 
 protected:
     bool eventFilter(QObject *object, QEvent *event) override;
@@ -67,6 +69,7 @@ protected:
 private:
     void makeTable();
     void makeFilterLine();
+    void filter(const QString &words);
     void makeSortCommands();
     void makeProgress();
     void sortBy(int column);
@@ -95,6 +98,7 @@ private:
     QList<QAction *> m_sortCommands;
     QTimer m_turn; ///< takes results
     QTimer m_visible; ///< looks for visible rows
+    bool m_isFiltering = false;
     bool m_isFirstReading = false; ///< of the folders, not of files that changed
     QSet<QString> m_removed; ///< files whose results may still arrive
     QStringList m_names; ///< to read as soon as they are watched

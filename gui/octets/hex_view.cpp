@@ -13,6 +13,7 @@
 namespace {
 
 constexpr int OffsetDigits = 8;
+constexpr float OffsetOpacity = 0.6F; // of the color of texts
 constexpr int HexDigits = 3; // of an octet, with a blank
 
 QChar asciiOf(char octet)
@@ -163,7 +164,9 @@ void HexView::drawLine(QPainter *painter, qsizetype line, int top)
     const int baseline = top + fontMetrics().ascent();
     const qsizetype begin = line * OctetsInLine;
     const QPalette::ColorGroup group = hasFocus() ? QPalette::Active : QPalette::Inactive;
-    painter->setPen(palette().color(QPalette::PlaceholderText));
+    QColor offset = palette().color(QPalette::Text);
+    offset.setAlphaF(OffsetOpacity);
+    painter->setPen(offset);
     painter->drawText(leftEdge(), baseline,
                       QStringLiteral("%1").arg(begin, OffsetDigits, 10, QLatin1Char(' ')));
     for (int column = 0; column < OctetsInLine && begin + column < m_octets.size(); ++column) {

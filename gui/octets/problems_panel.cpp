@@ -51,7 +51,8 @@ ProblemsPanel::ProblemsPanel(QWidget *parent) : QWidget(parent), m_list(new QLis
     layout->setContentsMargins({});
     layout->addWidget(m_list);
     connect(m_list, &QListWidget::currentRowChanged, this, &ProblemsPanel::choose);
-    connect(m_list, &QListWidget::itemActivated, this, &ProblemsPanel::choose);
+    connect(m_list, &QListWidget::itemActivated, this, &ProblemsPanel::showPlace);
+    connect(m_list, &QListWidget::itemClicked, this, &ProblemsPanel::showPlace);
 }
 
 void ProblemsPanel::setFindings(const Check::Findings &findings)
@@ -69,6 +70,18 @@ void ProblemsPanel::setFindings(const Check::Findings &findings)
         m_list->addItem(TerminalText::visible(line));
     if (m_list->count() == 0)
         m_list->addItem(tr("No problems were found."));
+}
+
+void ProblemsPanel::showPlace()
+{
+    choose();
+    const QListWidgetItem *item = m_list->currentItem();
+    if (!item)
+        return;
+    if (item->data(LineRole).toInt() > 0)
+        emit lineWanted();
+    else if (const QVariant octet = item->data(OctetRole); octet.isValid() && octet.toInt() >= 0)
+        emit octetWanted();
 }
 
 void ProblemsPanel::choose()

@@ -24,9 +24,13 @@ signals:
     void octetChosen(qsizetype octet);
     /// The user chose a problem at @p line of the SMIL, from 1.
     void lineChosen(int line);
+    /// The user wants to see the place of the problem: its octet, or its line.
+    void octetWanted();
+    void lineWanted();
 
 private:
     void choose();
+    void showPlace();
 
     QListWidget *m_list;
 };

@@ -1511,16 +1511,8 @@ Die kleinere Kopie: %2</translation>
         <translation>Abgelehnt</translation>
     </message>
     <message>
-        <source>The message cannot be read. Below is what was read of it.</source>
-        <translation>Die Nachricht lässt sich nicht lesen. Unten steht, was davon gelesen wurde.</translation>
-    </message>
-    <message>
         <source>No slides</source>
         <translation>Keine Folien</translation>
-    </message>
-    <message>
-        <source>The message has no slides. Its parts are listed beside.</source>
-        <translation>Die Nachricht hat keine Folien. Ihre Teile stehen daneben.</translation>
     </message>
     <message>
         <source>The file cannot be read</source>
@@ -1541,6 +1533,18 @@ Die kleinere Kopie: %2</translation>
     <message>
         <source>The panel Details shows them.</source>
         <translation>Der Bereich „Details“ zeigt sie.</translation>
+    </message>
+    <message>
+        <source>Receivers refuse the message. Below is what was read of it.</source>
+        <translation>Empfänger lehnen die Nachricht ab. Darunter steht, was von ihr gelesen wurde.</translation>
+    </message>
+    <message>
+        <source>The message has no slides. The panel Parts lists what it has.</source>
+        <translation>Die Nachricht hat keine Folien. Der Bereich „Teile“ nennt, was sie hat.</translation>
+    </message>
+    <message>
+        <source>The message has no slides and no parts.</source>
+        <translation>Die Nachricht hat keine Folien und keine Teile.</translation>
     </message>
 </context>
 <context>

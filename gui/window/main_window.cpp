@@ -17,12 +17,15 @@
 #include <QCloseEvent>
 #include <QDockWidget>
 #include <QFileInfo>
+#include <QScreen>
 #include <QScrollArea>
 #include <QSettings>
 #include <QSplitter>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QVBoxLayout>
+
+#include <algorithm>
 
 using TerminalText::visible;
 
@@ -33,6 +36,8 @@ constexpr QLatin1StringView State("window/state");
 constexpr QLatin1StringView Splitter("window/splitter");
 constexpr QLatin1StringView Columns("window/columns");
 constexpr QSize UsualSize(1280, 760);
+constexpr int NarrowWidth = 700; // pixels, below which the list is above the message
+constexpr int UsualPanels = 300; // pixels of the width
 constexpr int UsualList = 450; // pixels of the width
 
 bool isList(const QStringList &names)
@@ -98,6 +103,12 @@ void MainWindow::makePanels()
     addPanel(tr("Problems"), "problems", m_problems);
     addPanel(tr("SMIL"), "smil", m_smil);
     addPanel(tr("Octets"), "octets", m_octets);
+    // Below, so that a problem and its place are visible together.
+    m_docks[3]->hide();
+    m_docks[4]->hide();
+    addDockWidget(Qt::BottomDockWidgetArea, m_docks[3]);
+    addDockWidget(Qt::BottomDockWidgetArea, m_docks[4]);
+    tabifyDockWidget(m_docks[3], m_docks[4]);
     m_docks.first()->raise();
 }
 
@@ -115,6 +126,7 @@ QDockWidget *MainWindow::addPanel(const QString &title, const char *name, QWidge
             m_inFront.insert(dock);
         else
             m_inFront.remove(dock);
+        dock->widget()->setEnabled(isInFront); // otherwise Tab goes through what nobody sees
     });
     return dock;
 }
@@ -122,6 +134,7 @@ QDockWidget *MainWindow::addPanel(const QString &title, const char *name, QWidge
 void MainWindow::connectPanels()
 {
     connect(m_list, &MessageListView::current, this, &MainWindow::read);
+    connect(m_list, &MessageListView::emptied, this, [this] { showResult({}); });
     connect(m_list, &MessageListView::opened, this, &MainWindow::openInNewWindow);
     connect(m_list, &MessageListView::reported, this, &MainWindow::report);
     connect(&m_reader, &MessageReader::done, this, &MainWindow::showResult);
@@ -130,6 +143,8 @@ void MainWindow::connectPanels()
     connect(m_state, &StateBar::problemsWanted, this, &MainWindow::showProblems);
     connect(m_problems, &ProblemsPanel::octetChosen, m_octets, &OctetsPanel::mark);
     connect(m_problems, &ProblemsPanel::lineChosen, m_smil, &SmilPanel::markLine);
+    connect(m_problems, &ProblemsPanel::octetWanted, this, [this] { showPlace(m_octets); });
+    connect(m_problems, &ProblemsPanel::lineWanted, this, [this] { showPlace(m_smil); });
 }
 
 void MainWindow::open(const QStringList &names)
@@ -172,12 +187,14 @@ void MainWindow::showResult(const ReadMessage &result)
 {
     m_isReading = false;
     m_shown = result;
-    OpenedFiles::add(result.fileName);
-    if (!result.message) {
+    if (!result.fileName.isEmpty())
+        OpenedFiles::add(result.fileName);
+    if (!result.fileName.isEmpty() && !result.message) {
         QSettings settings;
         RecentFiles(&settings).remove(result.fileName);
     }
-    setWindowTitle(titleOf(result.fileName));
+    if (!result.fileName.isEmpty())
+        setWindowTitle(titleOf(result.fileName));
     showMessage();
     enableActions();
 }
@@ -190,7 +207,9 @@ void MainWindow::showMessage()
     m_center->setCurrentIndex(hasSlides ? 1 : 0);
     if (hasSlides && !m_list->isVisible())
         m_stage->setFocus();
-    if (!message)
+    if (m_shown.fileName.isEmpty())
+        m_summary->setWelcome();
+    else if (!message)
         m_summary->setError(m_shown.error);
     else if (!hasSlides)
         m_summary->setMessage(*message, m_shown.header);
@@ -206,10 +225,19 @@ void MainWindow::showMessage()
 
 void MainWindow::showProblems()
 {
-    for (QDockWidget *dock : m_docks) {
-        if (dock->widget() == m_problems)
-            showPanel(dock);
-    }
+    showPanel(dockOf(m_problems));
+}
+
+void MainWindow::showPlace(const QWidget *panel)
+{
+    QDockWidget *dock = dockOf(panel);
+    dock->setVisible(true);
+    dock->raise();
+}
+
+QDockWidget *MainWindow::dockOf(const QWidget *panel) const
+{
+    return *std::ranges::find(m_docks, panel, &QDockWidget::widget);
 }
 
 void MainWindow::showPanel(QDockWidget *dock)
@@ -248,7 +276,12 @@ void MainWindow::restoreLayout()
 {
     const QSettings settings;
     if (!restoreGeometry(settings.value(Geometry).toByteArray()))
-        resize(UsualSize);
+        resize(UsualSize.boundedTo(screen()->availableSize()));
+    if (width() < NarrowWidth) { // a phone
+        for (QDockWidget *dock : std::as_const(m_docks))
+            dock->hide();
+    }
+    resizeDocks({m_docks.first()}, {UsualPanels}, Qt::Horizontal);
     restoreState(settings.value(State).toByteArray());
     m_list->setColumns(settings.value(Columns).toByteArray());
     if (!m_splitter->restoreState(settings.value(Splitter).toByteArray()))
@@ -264,6 +297,12 @@ void MainWindow::closeEvent(QCloseEvent *event)
     if (m_list->isVisible())
         settings.setValue(Splitter, m_splitter->saveState());
     event->accept();
+}
+
+void MainWindow::resizeEvent(QResizeEvent *event)
+{
+    QMainWindow::resizeEvent(event);
+    m_splitter->setOrientation(width() < NarrowWidth ? Qt::Vertical : Qt::Horizontal);
 }
 
 void MainWindow::dragEnterEvent(QDragEnterEvent *event)

@@ -49,6 +49,7 @@ protected:
     void closeEvent(QCloseEvent *event) override;
     void dragEnterEvent(QDragEnterEvent *event) override;
     void dropEvent(QDropEvent *event) override;
+    void resizeEvent(QResizeEvent *event) override;
 
 private:
     void makeCenter();
@@ -74,6 +75,8 @@ private:
     void showResult(const ReadMessage &result);
     void showMessage();
     void showProblems();
+    void showPlace(const QWidget *panel);
+    QDockWidget *dockOf(const QWidget *panel) const;
     void showPanel(QDockWidget *dock);
     void togglePanel(QDockWidget *dock);
 

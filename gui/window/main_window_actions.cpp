@@ -215,10 +215,12 @@ void MainWindow::print()
 void MainWindow::exportAsPage()
 {
     const MessageSource exported = source(); // the dialog may outlast the message
-    const QString name =
-        QFileDialog::getSaveFileName(this, tr("Export as Page"), {}, tr("Pages (*.html)"));
-    if (name.isEmpty())
+    QFileDialog dialog(this, tr("Export as Page"), {}, tr("Pages (*.html)"));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix(QStringLiteral("html"));
+    if (dialog.exec() != QDialog::Accepted)
         return;
+    const QString name = dialog.selectedFiles().value(0);
     if (const QString refusal = OpenedFiles::refusal(name); !refusal.isEmpty())
         return warn(this, tr("Export as Page"), refusal);
     report(tr("Writing %1").arg(visible(name)));

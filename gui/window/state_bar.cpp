@@ -16,9 +16,16 @@ namespace {
 
 using TerminalText::visible;
 
-QString firstError(const Check::Findings &findings)
+// What refused the message comes before other errors.
+QString reasonOf(const Check::Findings &findings)
 {
     const std::vector<Check::Finding> all = findings.inOrder();
+    for (const Check::Rule rule :
+         {Check::Rule::HeaderRefused, Check::Rule::BodyRefused, Check::Rule::SmilRefused}) {
+        const auto finding = std::ranges::find(all, rule, &Check::Finding::rule);
+        if (finding != all.end())
+            return visible(sentenceOf(*finding));
+    }
     const auto error = std::ranges::find(all, Check::Severity::Error, &Check::Finding::severity);
     return error == all.end() ? QString() : visible(sentenceOf(*error));
 }
@@ -36,7 +43,7 @@ QString countsOf(const Check::Findings &findings)
 QString sentence(const Message &message, const Check::Findings &findings)
 {
     if (message.isRefused()) {
-        const QString error = firstError(findings);
+        const QString error = reasonOf(findings);
         return error.isEmpty() ? StateBar::tr("The message is refused.")
                                : StateBar::tr("The message is refused: %1").arg(error);
     }

@@ -81,11 +81,14 @@ void SummaryPanel::setMessage(const Message &message, const QList<FieldView> &he
 {
     const auto kind = std::ranges::find(kinds, message.header().getMessageType(), &Kind::type);
     if (message.isRefused())
-        setTexts(tr("Refused"), tr("The message cannot be read. Below is what was read of it."));
+        setTexts(tr("Refused"), tr("Receivers refuse the message. Below is what was read of it."));
     else if (kind != kinds.end())
         setTexts(tr(kind->title), tr(kind->explanation));
     else
-        setTexts(tr("No slides"), tr("The message has no slides. Its parts are listed beside."));
+        setTexts(tr("No slides"),
+                 message.parts().getPartCount() > 0
+                     ? tr("The message has no slides. The panel Parts lists what it has.")
+                     : tr("The message has no slides and no parts."));
     for (const FieldView &field : header.first(std::min(header.size(), MostRows)))
         addRow(field.name, shortened(field.text));
     if (header.size() > MostRows)

@@ -33,6 +33,7 @@ private slots:
     void changesOfTheFolderAreNoticed();
     void keysMoveBetweenFilterAndTable();
     void sortCommandReversesTheOrderTheSecondTime();
+    void filteringKeepsTheShownMessage();
     void listIsReplacedWhileItIsRead();
     void hostileFilesAreListed();
     void filesThatAreRemovedWhileTheyAreReadGetNoRows();
@@ -239,6 +240,25 @@ void ListTest::sortCommandReversesTheOrderTheSecondTime()
     QCOMPARE(cell(shown, 0, MessageListModel::Subject), QStringLiteral("00001"));
     (*command)->trigger();
     QCOMPARE(cell(shown, 0, MessageListModel::Subject), QStringLiteral("00002"));
+}
+
+void ListTest::filteringKeepsTheShownMessage()
+{
+    const MessageFolder folder;
+    folder.add(1);
+    folder.add(2);
+    MessageListView view;
+    view.show();
+    QSignalSpy current(&view, &MessageListView::current);
+    view.open({folder.path()});
+    QTRY_VERIFY(!view.isBusy());
+    QCOMPARE(current.count(), 1); // the first
+    auto *words = view.findChild<QLineEdit *>();
+    words->setText(QStringLiteral("00002"));
+    QCOMPARE(current.count(), 1);
+    QTest::keyClick(words, Qt::Key_Return);
+    QCOMPARE(current.count(), 2); // the first match
+    QCOMPARE(current[1][0].toString(), folder.filePath(QStringLiteral("00002.mms")));
 }
 
 void ListTest::listIsReplacedWhileItIsRead()

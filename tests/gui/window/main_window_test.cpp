@@ -26,6 +26,7 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
 #include <QMimeData>
 #include <QPointer>
 #include <QTableView>
@@ -63,6 +64,9 @@ private slots:
     void keyOfAPanelBringsItToTheFront();
     void hiddenListDoesNotReplaceTheMessage();
     void fileThatIsGoneIsNotRecent();
+    void problemShowsItsOctetsBesideIt();
+    void emptiedFolderShowsNoMessage();
+    void narrowWindowFitsAPhone();
     void everyFixtureIsShownAndReplaced();
 
 private:
@@ -303,12 +307,12 @@ void MainWindowTest::keyOfAPanelBringsItToTheFront()
     dock(QStringLiteral("details"))->raise();
     QCoreApplication::processEvents();
     const auto isInFront = [this] {
-        const QDockWidget *octets = dock(QStringLiteral("octets"));
-        return octets->isVisible() && m_window->rect().contains(octets->geometry().center());
+        const QDockWidget *problems = dock(QStringLiteral("problems"));
+        return problems->isVisible() && m_window->rect().contains(problems->geometry().center());
     };
     const auto pressKey = [this] {
         for (QAction *action : m_window->findChildren<QAction *>()) {
-            if (action->shortcut() == QKeySequence(Qt::ALT | Qt::Key_5))
+            if (action->shortcut() == QKeySequence(Qt::ALT | Qt::Key_3))
                 action->trigger();
         }
     };
@@ -316,7 +320,7 @@ void MainWindowTest::keyOfAPanelBringsItToTheFront()
     pressKey();
     QTRY_VERIFY(isInFront());
     pressKey();
-    QVERIFY(dock(QStringLiteral("octets"))->isHidden());
+    QVERIFY(dock(QStringLiteral("problems"))->isHidden());
     pressKey();
     QTRY_VERIFY(isInFront());
 }
@@ -331,6 +335,39 @@ void MainWindowTest::hiddenListDoesNotReplaceTheMessage()
     QTest::qWait(3 * FolderWatch::Delay);
     QVERIFY(!m_window->isBusy());
     QCOMPARE(m_window->shown().fileName, fixture(QStringLiteral("messages/mixed.mms")));
+}
+
+void MainWindowTest::problemShowsItsOctetsBesideIt()
+{
+    open({fixture(QStringLiteral("show/truncated-body.mms"))});
+    dock(QStringLiteral("octets"))->hide();
+    auto *problems = m_window->findChild<ProblemsPanel *>()->findChild<QListWidget *>();
+    problems->setCurrentRow(0);
+    emit problems->itemActivated(problems->item(0));
+    QVERIFY(dock(QStringLiteral("octets"))->isVisible());
+    QVERIFY(dock(QStringLiteral("problems"))->isVisible());
+    dock(QStringLiteral("octets"))->hide();
+}
+
+void MainWindowTest::emptiedFolderShowsNoMessage()
+{
+    const MessageFolder folder;
+    const QString name = folder.add(1);
+    open({folder.path()});
+    QTRY_COMPARE(m_window->shown().fileName, name);
+    QVERIFY(QFile::remove(name));
+    QTRY_VERIFY(m_window->shown().fileName.isEmpty());
+    QVERIFY(m_window->findChild<SummaryPanel *>()->isVisible());
+}
+
+void MainWindowTest::narrowWindowFitsAPhone()
+{
+    open({fixture(QStringLiteral("messages"))});
+    for (const char *name : {"details", "parts", "problems", "smil", "octets"})
+        dock(QString::fromLatin1(name))->hide();
+    m_window->resize(600, 640); // the list moves above the message
+    m_window->resize(360, 640);
+    QTRY_COMPARE(m_window->size(), QSize(360, 640));
 }
 
 void MainWindowTest::fileThatIsGoneIsNotRecent()
