@@ -72,6 +72,11 @@ void ProblemsPanel::setFindings(const Check::Findings &findings)
         m_list->addItem(tr("No problems were found."));
 }
 
+void ProblemsPanel::clear()
+{
+    m_list->clear();
+}
+
 void ProblemsPanel::showPlace()
 {
     choose();

@@ -18,6 +18,8 @@ public:
     explicit ProblemsPanel(QWidget *parent = nullptr);
 
     void setFindings(const Check::Findings &findings);
+    /// Shows nothing: there is no message.
+    void clear();
 
 signals:
     /// The user chose a problem at @p octet of the file.

@@ -11,6 +11,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QPainter>
 #include <QPlainTextEdit>
 #include <QSignalBlocker>
 #include <QSlider>
@@ -26,6 +27,7 @@ namespace {
 constexpr double ZoomStep = 1.25;
 constexpr double LeastScale = 0.25;
 constexpr double MostScale = 16;
+constexpr QSize IconSize(24, 24);
 constexpr int IndefiniteShare = 5000; // of the time line, in milliseconds
 constexpr int LongestLine = 1 << 30;
 
@@ -90,8 +92,7 @@ void StagePanel::makePlaying()
                             [this] { m_player.previous(); });
     m_next = addCommand(tr("Ne&xt Slide"), {QKeySequence(Qt::ALT | Qt::Key_PageDown)},
                         [this] { m_player.next(); });
-    m_previous->setIcon(style()->standardIcon(QStyle::SP_MediaSkipBackward));
-    m_next->setIcon(style()->standardIcon(QStyle::SP_MediaSkipForward));
+    showIcons();
 }
 
 void StagePanel::makeZoom()
@@ -182,6 +183,33 @@ bool StagePanel::eventFilter(QObject *object, QEvent *event)
 {
     return object == m_stage && event->type() == QEvent::KeyPress
         && pressKey(static_cast<QKeyEvent *>(event)->key());
+}
+
+// Styles draw these icons in black, which nobody sees on a dark palette.
+QIcon StagePanel::icon(QStyle::StandardPixmap symbol) const
+{
+    QPixmap pixmap = style()->standardIcon(symbol).pixmap(IconSize, devicePixelRatioF());
+    QPainter painter(&pixmap);
+    painter.setCompositionMode(QPainter::CompositionMode_SourceIn);
+    painter.fillRect(pixmap.rect(), palette().color(QPalette::ButtonText));
+    return pixmap;
+}
+
+void StagePanel::showIcons()
+{
+    m_previous->setIcon(icon(QStyle::SP_MediaSkipBackward));
+    m_next->setIcon(icon(QStyle::SP_MediaSkipForward));
+    m_playIcon = icon(QStyle::SP_MediaPlay);
+    m_pauseIcon = icon(QStyle::SP_MediaPause);
+}
+
+void StagePanel::changeEvent(QEvent *event)
+{
+    QWidget::changeEvent(event);
+    if (event->type() != QEvent::PaletteChange || !m_next)
+        return;
+    showIcons();
+    updateControls();
 }
 
 // The full screen is a window of its own. When it is closed, the stage goes back into its place.
@@ -350,8 +378,7 @@ void StagePanel::updateControls()
     m_previous->setEnabled(m_player.slide() > 0);
     m_next->setEnabled(count > 0 && !m_player.isAtEnd());
     m_play->setText(isPlaying ? tr("&Pause") : tr("&Play"));
-    m_play->setIcon(
-        style()->standardIcon(isPlaying ? QStyle::SP_MediaPause : QStyle::SP_MediaPlay));
+    m_play->setIcon(isPlaying ? m_pauseIcon : m_playIcon);
     m_timeLine->setEnabled(count > 0);
     const QSignalBlocker blocker(m_timeLine);
     m_timeLine->setMaximum(m_begins.back());

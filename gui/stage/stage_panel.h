@@ -8,7 +8,9 @@
 #include "stage/slide_clips.h"
 #include "stage/slide_drawer.h"
 
+#include <QIcon>
 #include <QList>
+#include <QStyle>
 #include <QWidget>
 
 #include <memory>
@@ -50,12 +52,15 @@ signals:
 
 protected:
     bool eventFilter(QObject *object, QEvent *event) override;
+    void changeEvent(QEvent *event) override;
     void closeEvent(QCloseEvent *event) override;
     void keyPressEvent(QKeyEvent *event) override;
 
 private:
     QAction *addCommand(const QString &text, const QList<QKeySequence> &keys,
                         const std::function<void()> &run);
+    QIcon icon(QStyle::StandardPixmap symbol) const;
+    void showIcons();
     void makePlaying();
     void makeZoom();
     void makeControls();
@@ -99,5 +104,7 @@ private:
     QAction *m_play = nullptr;
     QAction *m_previous = nullptr;
     QAction *m_next = nullptr;
+    QIcon m_playIcon;
+    QIcon m_pauseIcon;
     QAction *m_fullScreen = nullptr;
 };

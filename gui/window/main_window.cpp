@@ -218,7 +218,10 @@ void MainWindow::showMessage()
         m_state->setMessage(*message, m_shown.findings);
     m_header->setLines(m_shown.header);
     m_parts->setMessage(message);
-    m_problems->setFindings(m_shown.findings);
+    if (message)
+        m_problems->setFindings(m_shown.findings);
+    else
+        m_problems->clear();
     m_smil->setMessage(message.get());
     m_octets->setMessage(message.get(), m_shown.findings);
 }

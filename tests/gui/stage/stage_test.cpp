@@ -12,6 +12,7 @@
 
 #include <QAction>
 #include <QDir>
+#include <QIcon>
 #include <QPlainTextEdit>
 #include <QSignalSpy>
 #include <QSlider>
@@ -40,6 +41,7 @@ private slots:
     void zoomChangesTheScale();
     void clipThatIsNotPlayedIsNamed();
     void longTextIsShownWhole();
+    void controlsAreVisibleOnADarkPalette();
     void messageIsReplacedWhileItPlays();
     void everyFixtureIsShown();
 };
@@ -330,6 +332,28 @@ void StageTest::longTextIsShownWhole()
     const auto *remarks = panel.findChild<QPlainTextEdit *>();
     QTRY_VERIFY(remarks->toPlainText().endsWith(QStringLiteral("end")));
     QVERIFY(remarks->isVisible());
+}
+
+void StageTest::controlsAreVisibleOnADarkPalette()
+{
+    StagePanel panel;
+    QPalette dark;
+    dark.setColor(QPalette::ButtonText, Qt::white);
+    panel.setPalette(dark);
+    int icons = 0;
+    for (const QAction *command : panel.commands()) {
+        if (command->icon().isNull())
+            continue;
+        const QImage image = command->icon().pixmap(24, 24).toImage();
+        ++icons;
+        for (int y = 0; y < image.height(); ++y) {
+            for (int x = 0; x < image.width(); ++x) {
+                const QColor color = image.pixelColor(x, y);
+                QVERIFY(color.alpha() < 128 || color.lightness() > 200);
+            }
+        }
+    }
+    QCOMPARE(icons, 3);
 }
 
 void StageTest::messageIsReplacedWhileItPlays()
