@@ -27,6 +27,10 @@
         <source>%1 (%2)</source>
         <translation>%1 (%2)</translation>
     </message>
+    <message>
+        <source>Attachments:</source>
+        <translation>Anhänge:</translation>
+    </message>
 </context>
 <context>
     <name>ClipPlayer</name>
@@ -1286,6 +1290,14 @@ Die kleinere Kopie: %2</translation>
     <message>
         <source>Silver</source>
         <translation>Silber</translation>
+    </message>
+    <message>
+        <source>%1 is no sound.</source>
+        <translation>%1 ist kein Ton.</translation>
+    </message>
+    <message>
+        <source>%1 is neither a picture nor a video.</source>
+        <translation>%1 ist weder ein Bild noch ein Video.</translation>
     </message>
 </context>
 <context>

@@ -6,6 +6,7 @@
 
 #include <QFileInfo>
 #include <QHBoxLayout>
+#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 
@@ -28,10 +29,13 @@ AttachmentsList::AttachmentsList(Editor *editor, Questions questions, QWidget *p
     buttons->addWidget(add);
     buttons->addWidget(m_remove);
     buttons->addStretch();
-    auto *layout = new QHBoxLayout(this);
+    auto *row = new QHBoxLayout;
+    row->addWidget(m_list, 1);
+    row->addLayout(buttons);
+    auto *layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
-    layout->addWidget(m_list, 1);
-    layout->addLayout(buttons);
+    layout->addWidget(new QLabel(tr("Attachments:"), this));
+    layout->addLayout(row);
     connect(editor, &Editor::changed, this, &AttachmentsList::follow);
     follow();
 }

@@ -15,6 +15,7 @@
 #include <QFutureWatcher>
 #include <QHBoxLayout>
 #include <QLabel>
+#include <QMimeDatabase>
 #include <QPlainTextEdit>
 #include <QPointer>
 #include <QPushButton>
@@ -147,8 +148,8 @@ SlideForm::MediaRow SlideForm::addMedia(QFormLayout *layout, const QString &titl
     row.remove->setAccessibleName(kind == SMIL_MEDIA_AUDIO ? tr("Remove the sound")
                                                            : tr("Remove the picture or video"));
     addRow(layout, title, {row.choose, row.remove, row.name});
-    connect(row.choose, &QPushButton::clicked, this, [this, choose, kinds] {
-        chooseMedia(QString(choose).remove(QLatin1Char('&')), kinds);
+    connect(row.choose, &QPushButton::clicked, this, [this, choose, kinds, kind] {
+        chooseMedia(QString(choose).remove(QLatin1Char('&')), kinds, kind);
     });
     connect(row.remove, &QPushButton::clicked, this, [this, kind] {
         report(m_editor->removeObject(m_slide, m_editor->objectIndex(m_slide, kind)));
@@ -187,10 +188,18 @@ void SlideForm::setSlide(int slide)
     follow();
 }
 
-void SlideForm::chooseMedia(const QString &title, const QString &kinds)
+void SlideForm::chooseMedia(const QString &title, const QString &kinds,
+                            MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind)
 {
-    for (const QString &name : m_questions.files(this, title, kinds))
-        addFile(m_slide, name);
+    const bool isSound = kind == SMIL_MEDIA_AUDIO;
+    const QLatin1StringView otherType(isSound ? "image/" : "audio/");
+    for (const QString &name : m_questions.files(this, title, kinds)) {
+        if (!QMimeDatabase().mimeTypeForFile(name).name().startsWith(otherType))
+            addFile(m_slide, name);
+        else
+            report((isSound ? tr("%1 is no sound.") : tr("%1 is neither a picture nor a video."))
+                       .arg(QFileInfo(name).fileName()));
+    }
 }
 
 void SlideForm::addFile(int slide, const QString &fileName)

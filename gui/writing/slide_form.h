@@ -57,7 +57,8 @@ private:
     MediaRow addMedia(QFormLayout *layout, const QString &title, const QString &choose,
                       const QString &kinds, MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind);
     QComboBox *addColors(ColorSetter set);
-    void chooseMedia(const QString &title, const QString &kinds);
+    void chooseMedia(const QString &title, const QString &kinds,
+                     MMS_COMP_SMIL_MEDIA_ELEMENT_TYPE kind);
     void add(int slide, const QString &fileName, const QByteArray &octets);
     void offerSmaller(int slide, const QString &fileName, const QByteArray &octets);
     void applyDuration();

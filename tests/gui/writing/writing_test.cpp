@@ -33,6 +33,7 @@ private slots:
     void optionsChangeTheMessage();
     void slidesAreAddedDuplicatedMovedAndDeleted();
     void pictureIsAddedReplacedAndRemoved();
+    void pictureIsNoSound();
     void soundMakesTheDurationAutomatic();
     void colorsAndSizesFollowUndo();
     void filesThatAreNoMediaAreAttached();
@@ -141,6 +142,16 @@ void WritingTest::pictureIsAddedReplacedAndRemoved()
     m_editor->steps()->undo();
     QVERIFY(index() >= 0);
     QVERIFY(control<QPushButton>(QStringLiteral("Remove the picture or video"))->isEnabled());
+}
+
+void WritingTest::pictureIsNoSound()
+{
+    m_files = {write(QStringLiteral("red.png"), coloredPicture(Qt::red))};
+    control<QPushButton>(QStringLiteral("Choose Sound"))->click();
+    QCOMPARE(m_editor->objectIndex(0, SMIL_MEDIA_IMAGE), -1);
+    m_files = {QStringLiteral(QVL_FIXTURES "/clips/sound.amr")};
+    control<QPushButton>(QStringLiteral("Choose Picture"))->click();
+    QCOMPARE(m_editor->objectIndex(0, SMIL_MEDIA_AUDIO), -1);
 }
 
 void WritingTest::soundMakesTheDurationAutomatic()
