@@ -7,8 +7,6 @@
 
 #include "list/folder_watch.h"
 #include "list/message_list_view.h"
-#include "octets/octets_panel.h"
-#include "octets/problems_panel.h"
 #include "stage/stage_panel.h"
 #include "window/main_window.h"
 #include "window/parts_panel.h"
@@ -21,15 +19,11 @@
 #include <QAction>
 #include <QApplication>
 #include <QDir>
-#include <QDockWidget>
 #include <QDropEvent>
-#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
-#include <QListWidget>
 #include <QMimeData>
 #include <QPointer>
-#include <QTableView>
 #include <QTest>
 #include <QTreeWidget>
 
@@ -59,20 +53,15 @@ private slots:
     void replyToAllLeavesOutTheOwnAddress();
     void actionsFollowTheMessage();
     void chosenListEntryOpensAWindow();
-    void layoutIsRestored();
     void shortcutsAreDifferent();
-    void keyOfAPanelBringsItToTheFront();
     void hiddenListDoesNotReplaceTheMessage();
     void fileThatIsGoneIsNotRecent();
-    void problemShowsItsOctetsBesideIt();
     void emptiedFolderShowsNoMessage();
-    void narrowWindowFitsAPhone();
     void everyFixtureIsShownAndReplaced();
 
 private:
     void open(const QStringList &names);
     QAction *action(const QString &text) const;
-    QDockWidget *dock(const QString &name) const;
 
     QPointer<MainWindow> m_window;
 };
@@ -132,11 +121,6 @@ QAction *MainWindowTest::action(const QString &text) const
             return action;
     }
     qFatal("no action %s", qPrintable(text));
-}
-
-QDockWidget *MainWindowTest::dock(const QString &name) const
-{
-    return m_window->findChild<QDockWidget *>(name);
 }
 
 void MainWindowTest::beginsEmptyWithoutActionsForAMessage()
@@ -282,49 +266,6 @@ void MainWindowTest::chosenListEntryOpensAWindow()
         QTRY_VERIFY(!window->isBusy());
 }
 
-void MainWindowTest::layoutIsRestored()
-{
-    dock(QStringLiteral("octets"))->setVisible(false);
-    m_window->resize(900, 600);
-    auto *columns = m_window->findChild<MessageListView *>()->findChild<QTableView *>();
-    columns->setColumnWidth(MessageListModel::Subject, 321);
-    columns->sortByColumn(MessageListModel::Date, Qt::DescendingOrder);
-    m_window->close();
-    QTRY_VERIFY(!m_window);
-    init();
-    QVERIFY(dock(QStringLiteral("octets"))->isHidden());
-    QCOMPARE(m_window->size(), QSize(900, 600));
-    const auto *table = m_window->findChild<MessageListView *>()->findChild<QTableView *>();
-    QCOMPARE(table->columnWidth(MessageListModel::Subject), 321);
-    QCOMPARE(table->horizontalHeader()->sortIndicatorSection(), int(MessageListModel::Date));
-    QCOMPARE(table->horizontalHeader()->sortIndicatorOrder(), Qt::DescendingOrder);
-    dock(QStringLiteral("octets"))->setVisible(true);
-    m_window->close();
-}
-
-void MainWindowTest::keyOfAPanelBringsItToTheFront()
-{
-    dock(QStringLiteral("details"))->raise();
-    QCoreApplication::processEvents();
-    const auto isInFront = [this] {
-        const QDockWidget *problems = dock(QStringLiteral("problems"));
-        return problems->isVisible() && m_window->rect().contains(problems->geometry().center());
-    };
-    const auto pressKey = [this] {
-        for (QAction *action : m_window->findChildren<QAction *>()) {
-            if (action->shortcut() == QKeySequence(Qt::ALT | Qt::Key_3))
-                action->trigger();
-        }
-    };
-    QVERIFY(!isInFront());
-    pressKey();
-    QTRY_VERIFY(isInFront());
-    pressKey();
-    QVERIFY(dock(QStringLiteral("problems"))->isHidden());
-    pressKey();
-    QTRY_VERIFY(isInFront());
-}
-
 void MainWindowTest::hiddenListDoesNotReplaceTheMessage()
 {
     const MessageFolder folder;
@@ -337,18 +278,6 @@ void MainWindowTest::hiddenListDoesNotReplaceTheMessage()
     QCOMPARE(m_window->shown().fileName, fixture(QStringLiteral("messages/mixed.mms")));
 }
 
-void MainWindowTest::problemShowsItsOctetsBesideIt()
-{
-    open({fixture(QStringLiteral("show/truncated-body.mms"))});
-    dock(QStringLiteral("octets"))->hide();
-    auto *problems = m_window->findChild<ProblemsPanel *>()->findChild<QListWidget *>();
-    problems->setCurrentRow(0);
-    emit problems->itemActivated(problems->item(0));
-    QVERIFY(dock(QStringLiteral("octets"))->isVisible());
-    QVERIFY(dock(QStringLiteral("problems"))->isVisible());
-    dock(QStringLiteral("octets"))->hide();
-}
-
 void MainWindowTest::emptiedFolderShowsNoMessage()
 {
     const MessageFolder folder;
@@ -358,16 +287,6 @@ void MainWindowTest::emptiedFolderShowsNoMessage()
     QVERIFY(QFile::remove(name));
     QTRY_VERIFY(m_window->shown().fileName.isEmpty());
     QVERIFY(m_window->findChild<SummaryPanel *>()->isVisible());
-}
-
-void MainWindowTest::narrowWindowFitsAPhone()
-{
-    open({fixture(QStringLiteral("messages"))});
-    for (const char *name : {"details", "parts", "problems", "smil", "octets"})
-        dock(QString::fromLatin1(name))->hide();
-    m_window->resize(600, 640); // the list moves above the message
-    m_window->resize(360, 640);
-    QTRY_COMPARE(m_window->size(), QSize(360, 640));
 }
 
 void MainWindowTest::fileThatIsGoneIsNotRecent()

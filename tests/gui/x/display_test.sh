@@ -1,8 +1,8 @@
 #!/usr/bin/env bash
 # Starts a virtual X server with a window manager, makes messages, and runs the test program there.
 #     display_test.sh QVLMMS PROGRAM FOLDER [FUNCTION...]
-# The program writes its screenshots to FOLDER. Without the X server, the window manager, xdotool or ffmpeg the
-# test is skipped, or fails if CI is set in the environment.
+# The program writes its screenshots to FOLDER. Without the X server, the window manager, xdotool or ffmpeg
+# the test is skipped, or fails if CI is set in the environment.
 set -euo pipefail
 qvlmms=$(realpath "$1")
 program=$(realpath "$2")
