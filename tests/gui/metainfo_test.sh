@@ -9,4 +9,7 @@ if ! command -v appstreamcli >/dev/null; then
   [ -n "${CI:-}" ] && exit 1
   exit 77
 fi
-appstreamcli validate --no-net "$source_dir/gui/desktop/example.qvlsmilparser.window.metainfo.xml"
+metainfo=$source_dir/gui/desktop/example.qvlsmilparser.window.metainfo.xml
+# The project has no homepage, which newer versions want and older ones do not know.
+appstreamcli validate --no-net --override=url-homepage-missing=info "$metainfo" \
+  || appstreamcli validate --no-net "$metainfo"
